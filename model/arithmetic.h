@@ -1,0 +1,46 @@
+/// The program's arithmetic: 16-bit whole numbers, singles and divisions that fault instead of wrapping.
+#pragma once
+
+#include <cfloat>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+
+#include "model/faults.h"
+
+namespace model {
+
+/// Pi as the program knows it: 4 * arctangent(1), kept as a single.
+inline constexpr float Pi = 3.14159265358979323846F;
+
+/// Rounds a result to single precision, which is what every stored length or angle is.
+/// Faults  Overflow beyond the range of a single (infinities and not-a-numbers included)
+inline float Single(double value) {
+  if (!(std::fabs(value) <= double(FLT_MAX))) throw Overflow();
+  return static_cast<float>(value);
+}
+
+/// The nearest whole number, halves to even.
+double NearestWhole(double value);
+
+/// The nearest 16-bit whole number, halves to even.
+/// Faults  Overflow outside -32768 .. 32767
+std::int16_t Nearest(double value);
+
+/// The nearest 32-bit whole number, halves to even.
+/// Faults  Overflow outside the 32-bit range
+std::int32_t NearestLong(double value);
+
+/// a + b in 16 bits.
+/// Faults  Overflow
+std::int16_t Add16(std::int16_t a, std::int16_t b);
+
+/// a / b for a divisor that a file decides.
+/// Faults  DivisionByZero when b is 0 (0/0 too), with `reason`
+double Divide(double a, double b, const char* reason);
+
+/// Stands for the 16-bit counter of a loop over `count` records; `table` names them.
+/// Faults  Overflow from 32,768 records on, where the counter would have to pass 32,767
+void CountIn16Bits(std::size_t count, const char* table);
+
+}  // namespace model

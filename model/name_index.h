@@ -1,0 +1,50 @@
+/// Where each name of a package stands in its tables, found without a scan. Lives as long as one load.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+namespace model {
+
+/// First and last record of one name in the tables that are searched by name.
+struct NamePlaces {
+  static constexpr std::uint32_t kNone = UINT32_MAX;
+
+  std::uint32_t firstBond = kNone, lastBond = kNone;
+  std::uint32_t firstSDBond = kNone, lastSDBond = kNone;
+  std::uint32_t firstWire = kNone;
+  std::uint32_t firstSRing = kNone;
+};
+
+/// A hash table of names. The names are views: the text they stand in must outlive the index.
+class NameIndex {
+ public:
+  NameIndex();
+
+  /// The number of the name's places, made when the name is new.
+  std::uint32_t Add(std::string_view name);
+  /// The places of a name, or null when it is unknown. Valid until the next Add.
+  NamePlaces* Find(std::string_view name);
+  NamePlaces& At(std::uint32_t number) { return entries_[number].places; }
+
+  /// How many times two names were compared so far: what tells an index from a scan.
+  std::size_t Comparisons() const { return comparisons_; }
+
+ private:
+  struct Entry {
+    std::string_view name;
+    std::size_t hash;
+    NamePlaces places;
+  };
+
+  std::uint32_t& SlotOf(std::string_view name, std::size_t hash);
+  void Widen();
+
+  std::vector<std::uint32_t> slots_;  ///< numbers of entries, or NamePlaces::kNone; a power of two of them
+  std::vector<Entry> entries_;
+  std::size_t comparisons_ = 0;
+};
+
+}  // namespace model

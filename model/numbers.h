@@ -1,0 +1,20 @@
+/// Numbers as text, read and written alike in every locale.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace model {
+
+/// Reads the number at the start of `text`: optional sign, digits with at most one point,
+/// optional exponent. The first "," counts as "."; what follows the number is ignored.
+/// Returns 0 when there is no number, or when it is beyond the range of a single.
+float ToNumber(std::string_view text);
+
+/// The general number format: at most 7 significant digits, no exponent, no trailing zeros ("0.7", "1000000000").
+std::string GeneralText(float value);
+
+/// A fixed number of decimals; decimal halves round away from zero ("0.0": 1.25 gives "1.3").
+std::string FixedText(float value, int decimals);
+
+}  // namespace model

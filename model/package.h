@@ -1,0 +1,130 @@
+/// The package in memory: the scalars and record tables that a package file fills and the drawing reads.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace model {
+
+/// A growable table with lower bound 0 that always ends in one spare, zero-filled record.
+/// The real records are 0 .. UpperBound() - 1; iteration and Count() see only those.
+template <class Record>
+class Table {
+ public:
+  std::size_t UpperBound() const { return records_.size() - 1; }
+  std::size_t Count() const { return UpperBound(); }
+  bool Empty() const { return Count() == 0; }
+
+  Record& operator[](std::size_t index) { return records_[index]; }
+  const Record& operator[](std::size_t index) const { return records_[index]; }
+
+  /// The record that the reader fills next.
+  Record& Spare() { return records_.back(); }
+  /// Makes the spare record a real one and appends a new spare.
+  void Grow() { records_.emplace_back(); }
+  /// Makes room for `count` real records at once.
+  void Reserve(std::size_t count) { records_.reserve(count + 1); }
+
+  auto begin() { return records_.begin(); }
+  auto end() { return records_.end() - 1; }
+  auto begin() const { return records_.begin(); }
+  auto end() const { return records_.end() - 1; }
+
+ private:
+  std::vector<Record> records_ = std::vector<Record>(1);
+};
+
+/// One bond: its die pad, its substrate pad and its wire. Lengths in file units / UnitScale.
+struct BondRec {
+  float DieX = 0.0F, DieY = 0.0F, DieZ = 0.0F;   ///< die pad centre; DieZ is the base die's height, on stacked dies too
+  float DieSizeY = 0.0F, DieSizeX = 0.0F;        ///< die pad extents along y and x
+  std::string DieSide;                           ///< die edge of the pad: "L", "R", "T", "B"
+  std::string DieShape;                          ///< "RECTANGLE", "ROUND"; any other word draws no pad
+  std::string Name;                              ///< pad (net) name, by which other records find the bond
+  std::string Tier;                              ///< tier of the substrate pad, "0" to "4", as text
+  float SubX = 0.0F, SubY = 0.0F, SubZ = 0.0F;   ///< substrate pad centre; (0, 0) means no pad
+  float SubSizeY = 0.0F, SubSizeX = 0.0F;        ///< substrate pad extents
+  float SubAngle = 0.0F;                         ///< substrate pad rotation, degrees
+  std::string SubShape;                          ///< "RECTANGLE"; any other word gives round ends
+  float WireStartX = 0.0F, WireStartY = 0.0F, WireStartZ = 0.0F;  ///< die end; x = y = 0 means no wire
+  float WireEndX = 0.0F, WireEndY = 0.0F, WireEndZ = 0.0F;        ///< substrate end
+  /// Stacked-die pads: the four turned corners, X then Y, written while drawing. The last two take a
+  /// fifth turned point that nothing draws.
+  std::array<float, 10> AuxPoints{};
+};
+
+/// A stitch wire from pad to pad.
+struct StitchRec {
+  std::string Name;  ///< both pad names, "FIRST:SECOND"
+  float X1 = 0.0F, X2 = 0.0F, Y1 = 0.0F, PadSize1 = 0.0F, Y2 = 0.0F, Z1 = 0.0F, Z2 = 0.0F, PadSize2 = 0.0F;
+};
+
+/// A ring on the substrate, straight or with bowed sides.
+struct RingRec {
+  float X1 = 0.0F, X2 = 0.0F, Y1 = 0.0F, Y2 = 0.0F;  ///< left, right, bottom, top; y as drawn, so Y1 > Y2
+  float Width = 0.0F;                                ///< width of the band, centred on the sides
+  std::string Kind;                                  ///< "ARC" (any case) bows the sides; any other word is straight
+  float Param = 0.0F;                                ///< bulge of a bowed side at its middle
+};
+
+/// A piece of one side of a segmented ring.
+struct SRSegRec {
+  std::string Name;          ///< side letter: "B" at Y1, "T" at Y2, "L" at X1, "R" at X2
+  float A = 0.0F, B = 0.0F;  ///< start and end along the side: X for "B" and "T", Y for "L" and "R"
+};
+
+/// A ring drawn only in pieces.
+struct SRingRec {
+  std::string Name;
+  float X1 = 0.0F, X2 = 0.0F, Y1 = 0.0F, Y2 = 0.0F, Width = 0.0F;
+  std::string Kind;
+  float Param = 0.0F;
+  Table<SRSegRec> Segs;
+};
+
+/// A straight band of the die attach area: centre line (D1, D2) to (D3, D4), width D5.
+struct DapRec {
+  std::string Name;
+  float D1 = 0.0F, D2 = 0.0F, D3 = 0.0F, D4 = 0.0F, D5 = 0.0F;
+};
+
+/// One entry of the wire list.
+struct WireNameRec {
+  std::string Name;
+  std::string Name2;    ///< second pad of a stitch, else empty
+  std::string NetType;  ///< from the side file: "POWER", "GROUND", "SIGNAL"
+  std::string Tier;     ///< "1" to "4"
+};
+
+/// What a package has once. These values survive a load: a file that does not set one leaves it as it was.
+/// Lengths are file values divided by UnitScale.
+struct PackageScalars {
+  std::string PackagePath;      ///< full path of the package file
+  float UnitScale = 1.0F;       ///< grows by tens until the base die is at most 10 long and wide
+  float CompL = 0.0F;           ///< base die length, along y
+  float CompW = 0.0F;           ///< base die width, along x
+  float CompZ = 0.0F;           ///< base die height; never 0 once a package is read
+  std::string Technology;       ///< "WIRE_BOND", "FLIP_CHIP"; upper case
+  float SDCompL = 0.0F, SDCompW = 0.0F, SDCompZ = 0.0F;  ///< stacked die; there is one when SDCompW is not 0
+  std::string SDTechnology;
+  float SDRotation = 0.0F;                    ///< degrees, never scaled
+  float SDXOffset = 0.0F, SDYOffset = 0.0F;   ///< stacked die's centre from the base die's
+};
+
+/// One package.
+struct Package : PackageScalars {
+  bool HaveVuFile = false;  ///< a net-type side file was read
+
+  Table<BondRec> Bonds;    ///< pads on the base die
+  Table<BondRec> SDBonds;  ///< pads on the stacked die
+  Table<StitchRec> Stitches;
+  Table<RingRec> Rings;
+  Table<SRingRec> SRings;
+  Table<DapRec> Daps;
+  Table<WireNameRec> WireNames;
+};
+
+}  // namespace model

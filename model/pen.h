@@ -1,0 +1,38 @@
+/// What draws the scene's shapes: OpenGL on the screen, anything else in tests and exports.
+#pragma once
+
+#include <array>
+
+#include "model/colours.h"
+
+namespace model {
+
+/// A vertex or direction in the scene: y is up.
+struct SceneVector {
+  float X = 0.0F, Y = 0.0F, Z = 0.0F;
+};
+
+/// A lit face; its corners run clockwise when seen from where the normal points to.
+struct Face {
+  std::array<SceneVector, 4> Corners;
+  SceneVector Normal;
+  Colour Paint;
+};
+
+/// The rim of a horizontal disc, from angle 0 round to 360 in steps of 10 degrees.
+using DiscRim = std::array<SceneVector, 37>;
+
+/// The vertices of one bond wire.
+using WireStrip = std::array<SceneVector, 7>;
+
+class Pen {
+ public:
+  virtual ~Pen() = default;
+
+  virtual void Quad(const Face& face) = 0;
+  /// A disc takes the colour and normal of the quad before it.
+  virtual void Disc(const DiscRim& rim) = 0;
+  virtual void Strip(const WireStrip& points, const Colour& paint) = 0;
+};
+
+}  // namespace model

@@ -1,0 +1,50 @@
+#include "model/text.h"
+
+#include <algorithm>
+
+namespace model {
+
+namespace {
+
+char Upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+
+bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+
+}  // namespace
+
+std::string UpperCase(std::string_view text) {
+  std::string upper(text);
+  std::transform(upper.begin(), upper.end(), upper.begin(), Upper);
+  return upper;
+}
+
+bool EqualsUpper(std::string_view text, std::string_view upper) {
+  return std::equal(text.begin(), text.end(), upper.begin(), upper.end(),
+                    [](char a, char b) { return Upper(a) == b; });
+}
+
+std::string_view FileNameOf(std::string_view path) {
+#ifdef _WIN32
+  const std::size_t separator = path.find_last_of("/\\");
+#else
+  const std::size_t separator = path.rfind('/');
+#endif
+  return separator == std::string_view::npos ? path : path.substr(separator + 1);
+}
+
+void Tokens::SplitLine(std::string_view line) {
+  found_ = 0;
+  const char* at = line.data();
+  const char* const end = at + line.size();
+  for (;;) {
+    while (at != end && IsBlank(*at)) ++at;
+    if (at == end) break;
+    const char* const start = at;
+    while (at != end && !IsBlank(*at)) ++at;
+    if (found_ < kCount) fields_[found_] = std::string_view(start, static_cast<std::size_t>(at - start));
+    ++found_;
+  }
+  for (std::size_t field = found_; field < kCount; ++field) fields_[field] = {};
+}
+
+}  // namespace model

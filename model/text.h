@@ -1,0 +1,39 @@
+/// Text rules of the package files: letter case, blanks, fields and file names. Bytes beyond ASCII pass unharmed.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace model {
+
+/// Upper case of the ASCII letters; every other byte stays.
+std::string UpperCase(std::string_view text);
+
+/// True when both texts are equal once `text` is in upper case; `upper` is given so.
+bool EqualsUpper(std::string_view text, std::string_view upper);
+
+/// The part of a path after its last separator, or all of it.
+std::string_view FileNameOf(std::string_view path);
+
+/// The fields of the line being read, always 11: missing ones are empty, further ones are dropped.
+/// The views last as long as the line that was split.
+class Tokens {
+ public:
+  static constexpr std::size_t kCount = 11;
+
+  /// Takes the fields of `line`, which runs of spaces and tabs separate.
+  void SplitLine(std::string_view line);
+
+  std::string_view operator[](std::size_t field) const { return fields_[field]; }
+
+  /// How many fields the line had, those beyond the eleventh included.
+  std::size_t Found() const { return found_; }
+
+ private:
+  std::array<std::string_view, kCount> fields_;
+  std::size_t found_ = 0;
+};
+
+}  // namespace model

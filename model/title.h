@@ -1,0 +1,14 @@
+/// The words that the program shows of itself.
+#pragma once
+
+#include <string>
+
+namespace model {
+
+inline constexpr char kProgramTitle[] = "3D YAX Viewer";
+
+/// The main window's caption for a package file.
+/// Deliberate: the minor version stands twice, so version 1.2.5 shows as 1.22.5.
+std::string WindowTitle(const std::string& packagePath);
+
+}  // namespace model

@@ -1,0 +1,30 @@
+/// What the bond wires are made of and how their loops are shaped.
+#pragma once
+
+#include <string>
+
+#include "model/package.h"
+
+namespace model {
+
+/// Units: loop heights and extensions in file units (the drawing divides them by UnitScale).
+/// A height or extension of 0 is unset.
+struct WireBondSettings {
+  std::string Material;         ///< "Au", "Al" or "Cu"
+  float WireDiameter = 0.0F;    ///< mils
+  float Frequency = 0.0F;       ///< hertz
+  float BaseLoopHeight = 0.0F;  ///< wires of the base die
+  float StackLoopHeight = 0.0F; ///< wires of the stacked die, and stitches
+  float BaseExtension = 0.0F;
+  float StackExtension = 0.0F;  ///< or kEdgeOfBaseDie
+  float StitchExtension = 0.0F;
+};
+
+/// The StackExtension that means: each stacked-die wire runs level to the base die's edge.
+inline constexpr float kEdgeOfBaseDie = -1.0F;
+
+/// Gives every unset setting its default from the package that was just read: gold, 1 mil, and
+/// the dies' heights in file units.
+void SetUnsetDefaults(WireBondSettings& settings, const Package& package);
+
+}  // namespace model
