@@ -15,7 +15,8 @@ namespace {
 template <class Whole>
 Whole NearestIn(double value) {
   const double whole = NearestWhole(value);
-  if (!(whole >= double(std::numeric_limits<Whole>::min()) && whole <= double(std::numeric_limits<Whole>::max())))
+  if (!(whole >= double(std::numeric_limits<Whole>::min()) &&
+        whole <= double(std::numeric_limits<Whole>::max())))
     throw Overflow();
   return static_cast<Whole>(whole);
 }

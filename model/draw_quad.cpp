@@ -12,7 +12,8 @@ namespace {
 SceneVector ToScene(const PackagePoint& point) { return {point.X, point.Z, point.Y}; }
 
 SceneVector Difference(const SceneVector& a, const SceneVector& b) {
-  return {Single(double(a.X) - double(b.X)), Single(double(a.Y) - double(b.Y)), Single(double(a.Z) - double(b.Z))};
+  return {Single(double(a.X) - double(b.X)), Single(double(a.Y) - double(b.Y)),
+          Single(double(a.Z) - double(b.Z))};
 }
 
 }  // namespace

@@ -59,10 +59,11 @@ void RoundTo(Decimal& decimal, int decimals) {
 std::string Layout(const Decimal& decimal, int decimals) {
   std::string whole;
   std::string fraction;
-  for (int place = std::min(decimal.point, 0); place < static_cast<int>(decimal.digits.size()) || place < decimal.point;
-       ++place) {
+  for (int place = std::min(decimal.point, 0);
+       place < static_cast<int>(decimal.digits.size()) || place < decimal.point; ++place) {
     const bool given = place >= 0 && place < static_cast<int>(decimal.digits.size());
-    (place < decimal.point ? whole : fraction) += given ? decimal.digits[static_cast<std::size_t>(place)] : '0';
+    (place < decimal.point ? whole : fraction) +=
+        given ? decimal.digits[static_cast<std::size_t>(place)] : '0';
   }
   fraction.erase(fraction.find_last_not_of('0') + 1);
   whole.erase(0, std::min(whole.find_first_not_of('0'), whole.size()));
@@ -76,7 +77,8 @@ std::string Layout(const Decimal& decimal, int decimals) {
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// The part of `text` from which from_chars reads just the numbers of ours: no "inf", no "nan", and "+" allowed.
+/// The part of `text` from which from_chars reads just the numbers of ours: no "inf", no "nan", and "+"
+/// allowed.
 std::string_view NumberPart(std::string_view text) {
   const bool plus = text.starts_with('+');
   if (plus) text.remove_prefix(1);

@@ -11,7 +11,8 @@ namespace model {
 /// Returns 0 when there is no number, or when it is beyond the range of a single.
 float ToNumber(std::string_view text);
 
-/// The general number format: at most 7 significant digits, no exponent, no trailing zeros ("0.7", "1000000000").
+/// The general number format: at most 7 significant digits, no exponent, no trailing zeros ("0.7",
+/// "1000000000").
 std::string GeneralText(float value);
 
 /// A fixed number of decimals; decimal halves round away from zero ("0.0": 1.25 gives "1.3").

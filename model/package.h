@@ -39,16 +39,17 @@ class Table {
 
 /// One bond: its die pad, its substrate pad and its wire. Lengths in file units / UnitScale.
 struct BondRec {
-  float DieX = 0.0F, DieY = 0.0F, DieZ = 0.0F;   ///< die pad centre; DieZ is the base die's height, on stacked dies too
-  float DieSizeY = 0.0F, DieSizeX = 0.0F;        ///< die pad extents along y and x
-  std::string DieSide;                           ///< die edge of the pad: "L", "R", "T", "B"
-  std::string DieShape;                          ///< "RECTANGLE", "ROUND"; any other word draws no pad
-  std::string Name;                              ///< pad (net) name, by which other records find the bond
-  std::string Tier;                              ///< tier of the substrate pad, "0" to "4", as text
-  float SubX = 0.0F, SubY = 0.0F, SubZ = 0.0F;   ///< substrate pad centre; (0, 0) means no pad
-  float SubSizeY = 0.0F, SubSizeX = 0.0F;        ///< substrate pad extents
-  float SubAngle = 0.0F;                         ///< substrate pad rotation, degrees
-  std::string SubShape;                          ///< "RECTANGLE"; any other word gives round ends
+  float DieX = 0.0F, DieY = 0.0F,
+        DieZ = 0.0F;  ///< die pad centre; DieZ is the base die's height, on stacked dies too
+  float DieSizeY = 0.0F, DieSizeX = 0.0F;       ///< die pad extents along y and x
+  std::string DieSide;                          ///< die edge of the pad: "L", "R", "T", "B"
+  std::string DieShape;                         ///< "RECTANGLE", "ROUND"; any other word draws no pad
+  std::string Name;                             ///< pad (net) name, by which other records find the bond
+  std::string Tier;                             ///< tier of the substrate pad, "0" to "4", as text
+  float SubX = 0.0F, SubY = 0.0F, SubZ = 0.0F;  ///< substrate pad centre; (0, 0) means no pad
+  float SubSizeY = 0.0F, SubSizeX = 0.0F;       ///< substrate pad extents
+  float SubAngle = 0.0F;                        ///< substrate pad rotation, degrees
+  std::string SubShape;                         ///< "RECTANGLE"; any other word gives round ends
   float WireStartX = 0.0F, WireStartY = 0.0F, WireStartZ = 0.0F;  ///< die end; x = y = 0 means no wire
   float WireEndX = 0.0F, WireEndY = 0.0F, WireEndZ = 0.0F;        ///< substrate end
   /// Stacked-die pads: the four turned corners, X then Y, written while drawing. The last two take a
@@ -66,8 +67,8 @@ struct StitchRec {
 struct RingRec {
   float X1 = 0.0F, X2 = 0.0F, Y1 = 0.0F, Y2 = 0.0F;  ///< left, right, bottom, top; y as drawn, so Y1 > Y2
   float Width = 0.0F;                                ///< width of the band, centred on the sides
-  std::string Kind;                                  ///< "ARC" (any case) bows the sides; any other word is straight
-  float Param = 0.0F;                                ///< bulge of a bowed side at its middle
+  std::string Kind;    ///< "ARC" (any case) bows the sides; any other word is straight
+  float Param = 0.0F;  ///< bulge of a bowed side at its middle
 };
 
 /// A piece of one side of a segmented ring.
@@ -102,16 +103,16 @@ struct WireNameRec {
 /// What a package has once. These values survive a load: a file that does not set one leaves it as it was.
 /// Lengths are file values divided by UnitScale.
 struct PackageScalars {
-  std::string PackagePath;      ///< full path of the package file
-  float UnitScale = 1.0F;       ///< grows by tens until the base die is at most 10 long and wide
-  float CompL = 0.0F;           ///< base die length, along y
-  float CompW = 0.0F;           ///< base die width, along x
-  float CompZ = 0.0F;           ///< base die height; never 0 once a package is read
-  std::string Technology;       ///< "WIRE_BOND", "FLIP_CHIP"; upper case
+  std::string PackagePath;  ///< full path of the package file
+  float UnitScale = 1.0F;   ///< grows by tens until the base die is at most 10 long and wide
+  float CompL = 0.0F;       ///< base die length, along y
+  float CompW = 0.0F;       ///< base die width, along x
+  float CompZ = 0.0F;       ///< base die height; never 0 once a package is read
+  std::string Technology;   ///< "WIRE_BOND", "FLIP_CHIP"; upper case
   float SDCompL = 0.0F, SDCompW = 0.0F, SDCompZ = 0.0F;  ///< stacked die; there is one when SDCompW is not 0
   std::string SDTechnology;
-  float SDRotation = 0.0F;                    ///< degrees, never scaled
-  float SDXOffset = 0.0F, SDYOffset = 0.0F;   ///< stacked die's centre from the base die's
+  float SDRotation = 0.0F;                   ///< degrees, never scaled
+  float SDXOffset = 0.0F, SDYOffset = 0.0F;  ///< stacked die's centre from the base die's
 };
 
 /// One package.

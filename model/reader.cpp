@@ -123,8 +123,9 @@ void PackageReader::HeaderLine() {
     float PackageScalars::*scalar;
   };
   static constexpr Number kNumbers[] = {
-      {"SD_ROTATION", &PackageScalars::SDRotation}, {"SD_XOFFSET", &PackageScalars::SDXOffset}, {"SD_YOFFSET", &PackageScalars::SDYOffset},
-      {"COMPL", &PackageScalars::CompL},            {"SD_COMPL", &PackageScalars::SDCompL},     {"COMPW", &PackageScalars::CompW},
+      {"SD_ROTATION", &PackageScalars::SDRotation}, {"SD_XOFFSET", &PackageScalars::SDXOffset},
+      {"SD_YOFFSET", &PackageScalars::SDYOffset},   {"COMPL", &PackageScalars::CompL},
+      {"SD_COMPL", &PackageScalars::SDCompL},       {"COMPW", &PackageScalars::CompW},
       {"SD_COMPW", &PackageScalars::SDCompW},       {"SD_COMPZ", &PackageScalars::SDCompZ},
   };
   const std::string_view keyword = tokens_[0];
@@ -139,8 +140,8 @@ void PackageReader::HeaderLine() {
 void PackageReader::Rescale() {
   package_.UnitScale = 1.0F;
   while (package_.CompL > 10.0F || package_.CompW > 10.0F) {
-    for (float* scalar : {&package_.CompW, &package_.CompL, &package_.CompZ, &package_.SDCompW, &package_.SDCompL,
-                          &package_.SDCompZ, &package_.SDXOffset, &package_.SDYOffset})
+    for (float* scalar : {&package_.CompW, &package_.CompL, &package_.CompZ, &package_.SDCompW,
+                          &package_.SDCompL, &package_.SDCompZ, &package_.SDXOffset, &package_.SDYOffset})
       *scalar /= 10.0F;
     package_.UnitScale *= 10.0F;
   }
@@ -152,16 +153,26 @@ void PackageReader::ReadBody(Lines& lines) {
 
 void PackageReader::BodyLine() {
   switch (Key(tokens_[0])) {
-    case Key("CBP"): return ReadDiePad(false);
-    case Key("SD_CBP"): return ReadDiePad(true);
-    case Key("SBP"): return ReadSubstratePad();
-    case Key("WB"): return ReadWire();
-    case Key("STCH"): return ReadStitch();
-    case Key("RING"): return ReadRing();
-    case Key("SRING"): return ReadSRing();
-    case Key("SRSEG"): return ReadSegment();
-    case Key("DAP"): return ReadDap();
-    default: return;
+    case Key("CBP"):
+      return ReadDiePad(false);
+    case Key("SD_CBP"):
+      return ReadDiePad(true);
+    case Key("SBP"):
+      return ReadSubstratePad();
+    case Key("WB"):
+      return ReadWire();
+    case Key("STCH"):
+      return ReadStitch();
+    case Key("RING"):
+      return ReadRing();
+    case Key("SRING"):
+      return ReadSRing();
+    case Key("SRSEG"):
+      return ReadSegment();
+    case Key("DAP"):
+      return ReadDap();
+    default:
+      return;
   }
 }
 

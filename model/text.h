@@ -1,4 +1,5 @@
-/// Text rules of the package files: letter case, blanks, fields and file names. Bytes beyond ASCII pass unharmed.
+/// Text rules of the package files: letter case, blanks, fields and file names. Bytes beyond ASCII pass
+/// unharmed.
 #pragma once
 
 #include <array>

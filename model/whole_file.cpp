@@ -30,7 +30,8 @@ std::string TargetOf(const std::string& path) {
     if (length < 0) return target;
     const std::string next(text, static_cast<std::size_t>(length));
     const std::size_t folder = target.rfind('/');
-    target = next.starts_with('/') || folder == std::string::npos ? next : target.substr(0, folder + 1) + next;
+    target =
+        next.starts_with('/') || folder == std::string::npos ? next : target.substr(0, folder + 1) + next;
   }
   FaultOf(ELOOP, path);
 }
@@ -38,7 +39,8 @@ std::string TargetOf(const std::string& path) {
 /// The new content beside the target, gone again unless it took the target's place.
 class Draft {
  public:
-  explicit Draft(const std::string& target) : name_(target + ".XXXXXX"), number_(mkostemp(name_.data(), O_CLOEXEC)) {}
+  explicit Draft(const std::string& target)
+      : name_(target + ".XXXXXX"), number_(mkostemp(name_.data(), O_CLOEXEC)) {}
   Draft(const Draft&) = delete;
   Draft& operator=(const Draft&) = delete;
   ~Draft() {

@@ -10,11 +10,11 @@ namespace model {
 /// Units: loop heights and extensions in file units (the drawing divides them by UnitScale).
 /// A height or extension of 0 is unset.
 struct WireBondSettings {
-  std::string Material;         ///< "Au", "Al" or "Cu"
-  float WireDiameter = 0.0F;    ///< mils
-  float Frequency = 0.0F;       ///< hertz
-  float BaseLoopHeight = 0.0F;  ///< wires of the base die
-  float StackLoopHeight = 0.0F; ///< wires of the stacked die, and stitches
+  std::string Material;          ///< "Au", "Al" or "Cu"
+  float WireDiameter = 0.0F;     ///< mils
+  float Frequency = 0.0F;        ///< hertz
+  float BaseLoopHeight = 0.0F;   ///< wires of the base die
+  float StackLoopHeight = 0.0F;  ///< wires of the stacked die, and stitches
   float BaseExtension = 0.0F;
   float StackExtension = 0.0F;  ///< or kEdgeOfBaseDie
   float StitchExtension = 0.0F;

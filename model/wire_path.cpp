@@ -9,7 +9,9 @@ namespace model {
 namespace {
 
 /// Length in plan: squares and sum in double precision, the root a single.
-float PlanLength(float dx, float dy) { return Single(std::sqrt(double(dx) * double(dx) + double(dy) * double(dy))); }
+float PlanLength(float dx, float dy) {
+  return Single(std::sqrt(double(dx) * double(dx) + double(dy) * double(dy)));
+}
 
 }  // namespace
 
@@ -23,8 +25,8 @@ WirePath SevenPoints(const PackagePoint& start, const PackagePoint& end, float l
   const double h = double(loopHeight);
   const double e = double(extension);
   const auto along = [&](double out, double up) {
-    return PackagePoint{Single(double(start.X) + out * double(ux)), Single(double(start.Y) + out * double(uy)),
-                        Single(double(start.Z) + up)};
+    return PackagePoint{Single(double(start.X) + out * double(ux)),
+                        Single(double(start.Y) + out * double(uy)), Single(double(start.Z) + up)};
   };
   return {start,
           along(0.0, 0.4 * h),
@@ -35,8 +37,8 @@ WirePath SevenPoints(const PackagePoint& start, const PackagePoint& end, float l
           end};
 }
 
-float EdgeDistance(const std::string& side, const PackagePoint& start, float subX, float subY, const DiePlan& baseDie,
-                   float previous) {
+float EdgeDistance(const std::string& side, const PackagePoint& start, float subX, float subY,
+                   const DiePlan& baseDie, float previous) {
   const float a = Single(double(start.X) - double(subX));
   const float b = Single(double(start.Y) - double(subY));
   const double length = double(PlanLength(a, b));

@@ -10,9 +10,9 @@ struct Camera {
   std::int16_t CamX = 0;
   std::int16_t CamY = 0;
   std::int16_t CamZ = 5;
-  float CamYaw = 1.56F;        ///< heading, radians: the eye looks along (cos, 0, -sin)
-  double CamStep = 1.0;        ///< length of one move step
-  std::int16_t CamLook = 0;    ///< added to CamY for the height of the target
+  float CamYaw = 1.56F;      ///< heading, radians: the eye looks along (cos, 0, -sin)
+  double CamStep = 1.0;      ///< length of one move step
+  std::int16_t CamLook = 0;  ///< added to CamY for the height of the target
 };
 
 /// Rotation of the model about its own axes, degrees.

@@ -11,17 +11,30 @@ namespace {
 
 TEST(ToNumber, ReadsTheNumberAtTheStart) {
   const std::pair<const char*, float> cases[] = {
-      {"1.5", 1.5F},   {"1,5", 1.5F},     {"+2", 2.0F},     {"-3.25mil", -3.25F}, {".5", 0.5F},
-      {"5.", 5.0F},    {"-.5", -0.5F},    {"1e3", 1000.0F}, {"1E-2x", 0.01F},     {"2e", 2.0F},
-      {"2e+", 2.0F},   {"0x10", 0.0F},    {"1,2,3", 1.2F},  {"1.000,5", 1.0F},    {"1,e2", 100.0F},
-      {"3.4e38", 3.4e38F}, {"16777217", 16777216.0F},
+      {"1.5", 1.5F},
+      {"1,5", 1.5F},
+      {"+2", 2.0F},
+      {"-3.25mil", -3.25F},
+      {".5", 0.5F},
+      {"5.", 5.0F},
+      {"-.5", -0.5F},
+      {"1e3", 1000.0F},
+      {"1E-2x", 0.01F},
+      {"2e", 2.0F},
+      {"2e+", 2.0F},
+      {"0x10", 0.0F},
+      {"1,2,3", 1.2F},
+      {"1.000,5", 1.0F},
+      {"1,e2", 100.0F},
+      {"3.4e38", 3.4e38F},
+      {"16777217", 16777216.0F},
   };
   for (const auto& [text, value] : cases) EXPECT_EQ(ToNumber(text), value) << text;
 }
 
 TEST(ToNumber, IsZeroWithoutANumberOrBeyondASingle) {
-  for (const char* text : {"", "-", ".", "+", "--1", "+-1", "-+1", "nan", "inf", "-inf", "e5", "x1", " ", ",", "3.5e38",
-                           "-1e39", "1e999", "1e-999"})
+  for (const char* text : {"", "-", ".", "+", "--1", "+-1", "-+1", "nan", "inf", "-inf", "e5", "x1", " ", ",",
+                           "3.5e38", "-1e39", "1e999", "1e-999"})
     EXPECT_EQ(ToNumber(text), 0.0F) << text;
 }
 
@@ -33,8 +46,15 @@ TEST(ToNumber, RoundsToSingleAtTheEndOfTheRange) {
 
 TEST(NumberText, GeneralFormatHasSevenDigitsAndNoExponent) {
   const std::pair<float, const char*> cases[] = {
-      {0.7F, "0.7"},           {1.25F, "1.25"},     {1e9F, "1000000000"}, {-1.0F, "-1"},    {0.0F, "0"},
-      {1.0F / 3.0F, "0.3333333"}, {1e-10F, "0.0000000001"}, {123456.78F, "123456.8"}, {1e20F, "100000000000000000000"},
+      {0.7F, "0.7"},
+      {1.25F, "1.25"},
+      {1e9F, "1000000000"},
+      {-1.0F, "-1"},
+      {0.0F, "0"},
+      {1.0F / 3.0F, "0.3333333"},
+      {1e-10F, "0.0000000001"},
+      {123456.78F, "123456.8"},
+      {1e20F, "100000000000000000000"},
       {-0.0F, "0"},
   };
   for (const auto& [value, text] : cases) EXPECT_EQ(GeneralText(value), text);

@@ -1,0 +1,90 @@
+#include <cmath>
+
+#include "model/arithmetic.h"
+#include "model/text.h"
+#include "render/scene.h"
+
+namespace render {
+
+using model::Single;
+
+namespace {
+
+constexpr float kBottom = -0.001F;
+constexpr float kTop = 0.0F;
+
+bool IsRectangle(const model::BondRec& bond) { return model::EqualsUpper(bond.SubShape, "RECTANGLE"); }
+
+}  // namespace
+
+void Scene::DrawBondPads() { DrawSubstratePads(in_.package.Bonds); }
+
+void Scene::DrawSDBondPads() { DrawSubstratePads(in_.package.SDBonds); }
+
+void Scene::DrawSubstratePads(const model::Table<model::BondRec>& bonds) {
+  model::CountIn16Bits(bonds.Count(), "bonds");
+  for (const model::BondRec& bond : bonds) {
+    // A centre on the origin means that no substrate pad was given.
+    if (bond.SubX == 0.0F && bond.SubY == 0.0F) continue;
+    model::Naming([&] { return "substrate pad of " + bond.Name; }, [&] { DrawSubstratePad(bond); });
+  }
+}
+
+/// Turns the side letter and the pad's own angle into its corners. A bond on no edge leaves the slots as they
+/// are.
+void Scene::OrientPad(const model::BondRec& bond) {
+  double degrees = double(bond.SubAngle);
+  if (model::EqualsUpper(bond.DieSide, "L") || model::EqualsUpper(bond.DieSide, "R")) {
+    degrees += 90.0;
+  } else if (!model::EqualsUpper(bond.DieSide, "B") && !model::EqualsUpper(bond.DieSide, "T")) {
+    return;
+  }
+  SetPadCorners(bond, Single(degrees * double(model::Pi) / 180.0));
+}
+
+/// The corners of the pad (of the part between its round ends), turned about its centre:
+///
+///     P2 --- P3        a: half of SubSizeY, along x without rotation
+///     |   c   |        b: half of SubSizeX (a quarter with round ends), along y
+///     P1 --- P4
+void Scene::SetPadCorners(const model::BondRec& bond, float rotation) {
+  const double a = double(Single(double(bond.SubSizeY) / 2.0));
+  const double b = double(Single(double(bond.SubSizeX) / (IsRectangle(bond) ? 2.0 : 4.0)));
+  if (b == 0.0) return;
+  const double phi = double(Single(std::atan(a / b)));
+  const double theta1 = double(Single(double(rotation) + phi));
+  const double theta2 = double(Single(double(rotation) - phi));
+  const double r = double(Single(std::sqrt(a * a + b * b)));
+  const double pi = double(model::Pi);
+  const double x = double(bond.SubX);
+  const double y = double(bond.SubY);
+  padCorners_[0] = {Single(x - r * std::sin(theta1)), Single(y - r * std::cos(theta1))};
+  padCorners_[1] = {Single(x + r * std::sin(theta2)), Single(y + r * std::cos(theta2))};
+  padCorners_[2] = {Single(x - r * std::sin(pi + theta1)), Single(y - r * std::cos(pi + theta1))};
+  padCorners_[3] = {Single(x - r * std::sin(2.0 * pi + theta2)), Single(y - r * std::cos(2.0 * pi + theta2))};
+}
+
+void Scene::DrawSubstratePad(const model::BondRec& bond) {
+  OrientPad(bond);
+  const bool round = !IsRectangle(bond);
+  const auto at = [&](std::size_t k, float height) {
+    return model::PackagePoint{padCorners_[k].X, -padCorners_[k].Y, height};
+  };
+  DrawQuad(at(3, kBottom), at(2, kBottom), at(1, kBottom), at(0, kBottom), "Gray");
+  if (round) DrawPadEnds(bond, kBottom);
+  DrawQuad(at(0, kTop), at(1, kTop), at(2, kTop), at(3, kTop),
+           in_.appearance.BlackBackground ? "White" : "Gray");
+  if (round) DrawPadEnds(bond, kTop);
+}
+
+/// A disc at either end, halfway between P1 and P4 and halfway between P2 and P3.
+void Scene::DrawPadEnds(const model::BondRec& bond, float height) {
+  const auto disc = [&](const PlanPoint& p, const PlanPoint& q) {
+    DrawCircle(Single((double(p.X) + double(q.X)) / 2.0), Single(-(double(p.Y) + double(q.Y)) / 2.0), height,
+               bond.SubSizeY);
+  };
+  disc(padCorners_[0], padCorners_[3]);
+  disc(padCorners_[1], padCorners_[2]);
+}
+
+}  // namespace render

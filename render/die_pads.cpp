@@ -1,0 +1,76 @@
+#include "model/arithmetic.h"
+#include "model/text.h"
+#include "render/scene.h"
+
+namespace render {
+
+using model::Corner;
+using model::Single;
+
+namespace {
+
+/// How far pads stand above (and bumps below) their level, so that the die's top does not cover them.
+constexpr double kClearance = 0.001;
+
+// Deliberate: "RECTANGLE" in any case, but "ROUND" only as it stands; "round" draws no pad at all.
+bool IsRectangle(const model::BondRec& bond) { return model::EqualsUpper(bond.DieShape, "RECTANGLE"); }
+bool IsRound(const model::BondRec& bond) { return bond.DieShape == "ROUND"; }
+
+}  // namespace
+
+/// The quad in the middle of a round pad sets the colour; the discs over and under it take it on.
+void Scene::DrawRoundPad(const model::BondRec& bond, double quadHeight, double upperDisc, double lowerDisc) {
+  const double x = double(bond.DieX);
+  const double y = double(bond.DieY);
+  const double hx = double(bond.DieSizeX) / 4.0;
+  const double hy = double(bond.DieSizeY) / 4.0;
+  DrawQuad(Corner(x + hx, -(y + hy), quadHeight), Corner(x - hx, -(y + hy), quadHeight),
+           Corner(x - hx, -(y - hy), quadHeight), Corner(x + hx, -(y - hy), quadHeight), "Blue");
+  DrawCircle(bond.DieX, -bond.DieY, Single(upperDisc), bond.DieSizeX);
+  if (in_.package.Technology == "FLIP_CHIP")
+    DrawCircle(bond.DieX, -bond.DieY, Single(lowerDisc), bond.DieSizeX);
+}
+
+void Scene::DrawDiePads() {
+  for (const model::BondRec& bond : in_.package.Bonds) {
+    model::Naming([&] { return "die pad " + bond.Name; },
+                  [&] {
+                    const double level = double(bond.DieZ);
+                    const double z = level + kClearance;
+                    if (IsRectangle(bond)) {
+                      const double x = double(bond.DieX);
+                      const double y = double(bond.DieY);
+                      const double hx = double(bond.DieSizeX) / 2.0;
+                      const double hy = double(bond.DieSizeY) / 2.0;
+                      DrawQuad(Corner(x + hx, -(y + hy), z), Corner(x - hx, -(y + hy), z),
+                               Corner(x - hx, -(y - hy), z), Corner(x + hx, -(y - hy), z), "Blue");
+                    } else if (IsRound(bond)) {
+                      DrawRoundPad(bond, z, z, level - kClearance);
+                    }
+                  });
+  }
+}
+
+void Scene::DrawSDDiePads() {
+  const double baseHeight = double(in_.package.CompZ);
+  const double stackHeight = double(in_.package.SDCompZ);
+  for (const model::BondRec& bond : in_.package.SDBonds) {
+    model::Naming([&] { return "stacked die pad " + bond.Name; },
+                  [&] {
+                    const double level = double(bond.DieZ);
+                    if (IsRectangle(bond)) {
+                      const double z = level + kClearance + stackHeight;
+                      const auto at = [&](std::size_t k) {
+                        return Corner(double(bond.AuxPoints[k]), double(bond.AuxPoints[4 + k]), z);
+                      };
+                      DrawQuad(at(2), at(3), at(0), at(1), "Blue");
+                    } else if (IsRound(bond)) {
+                      // Deliberate: the parts of a round pad lie at three different heights.
+                      DrawRoundPad(bond, level + kClearance + baseHeight, level + kClearance,
+                                   level - kClearance + baseHeight);
+                    }
+                  });
+  }
+}
+
+}  // namespace render

@@ -1,0 +1,117 @@
+#include <cmath>
+
+#include "model/arithmetic.h"
+#include "render/scene.h"
+
+namespace render {
+
+using model::Corner;
+using model::Single;
+
+void Scene::DrawDie() {
+  const double w = double(in_.package.CompW) / 2.0;
+  const double l = double(in_.package.CompL) / 2.0;
+  const double z = double(in_.package.CompZ);
+
+  DrawQuad(Corner(w, l, z), Corner(-w, l, z), Corner(-w, -l, z), Corner(w, -l, z),
+           in_.appearance.BlackBackground ? "White" : "Cyan");
+  if (in_.package.Technology == "WIRE_BOND")
+    DrawQuad(Corner(w, -l, 0.0), Corner(-w, -l, 0.0), Corner(-w, l, 0.0), Corner(w, l, 0.0), "DarkBlue");
+  DrawQuad(Corner(w, l, 0.0), Corner(-w, l, 0.0), Corner(-w, l, z), Corner(w, l, z), "DarkCyan");
+  DrawQuad(Corner(-w, -l, 0.0), Corner(w, -l, 0.0), Corner(w, -l, z), Corner(-w, -l, z), "DarkCyan");
+  DrawQuad(Corner(-w, l, 0.0), Corner(-w, -l, 0.0), Corner(-w, -l, z), Corner(-w, l, z), "DarkCyan");
+  DrawQuad(Corner(w, -l, 0.0), Corner(w, l, 0.0), Corner(w, l, z), Corner(w, -l, z), "DarkCyan");
+}
+
+namespace {
+
+/// Turns points about a centre by one angle.
+class Turn {
+ public:
+  explicit Turn(float degrees) {
+    const double a = double(Single(double(model::Pi) / 180.0 * double(degrees)));
+    sine_ = std::sin(a);
+    cosine_ = std::cos(a);
+  }
+
+  /// The point at (x, y) from the centre, turned.
+  float X(float centreX, float x, float y) const {
+    return Single(double(x) * cosine_ - double(y) * sine_ + double(centreX));
+  }
+  float Y(float centreY, float x, float y) const {
+    return Single(double(x) * sine_ + double(y) * cosine_ + double(centreY));
+  }
+
+ private:
+  double sine_;
+  double cosine_;
+};
+
+/// Corners 0 to 3 of a rectangle about a centre, relative to it:
+///
+///     3 --- 2
+///     |  c  |      x to the right, y up
+///     0 --- 1
+struct Rectangle {
+  std::array<float, 4> x;
+  std::array<float, 4> y;
+
+  Rectangle(float centreX, float centreY, float sizeX, float sizeY) {
+    const auto relative = [](float centre, double halfSize) {
+      const float edge = Single(double(centre) + halfSize);
+      return Single(double(edge) - double(centre));
+    };
+    const float x1 = relative(centreX, -double(sizeX) / 2.0);
+    const float x2 = relative(centreX, double(sizeX) / 2.0);
+    const float y1 = relative(centreY, -double(sizeY) / 2.0);
+    const float y2 = relative(centreY, double(sizeY) / 2.0);
+    x = {x1, x2, x2, x1};
+    y = {y1, y1, y2, y2};
+  }
+};
+
+}  // namespace
+
+void Scene::RotateSDCorners() {
+  model::Package& package = in_.package;
+  const Turn turn(package.SDRotation);
+  const Rectangle die(package.SDXOffset, package.SDYOffset, package.SDCompW, package.SDCompL);
+  for (std::size_t k = 0; k < 4; ++k) {
+    SDCornerX[k] = turn.X(package.SDXOffset, die.x[k], die.y[k]);
+    SDCornerY[k] = turn.Y(package.SDYOffset, die.x[k], die.y[k]);
+  }
+  for (model::BondRec& bond : package.SDBonds) {
+    model::Naming([&] { return "stacked die pad " + bond.Name; },
+                  [&] {
+                    const float centreX = bond.DieX;
+                    const float centreY = -bond.DieY;
+                    const Rectangle pad(centreX, centreY, bond.DieSizeX, bond.DieSizeY);
+                    for (std::size_t k = 0; k < 4; ++k) {
+                      bond.AuxPoints[k] = turn.X(centreX, pad.x[k], pad.y[k]);
+                      bond.AuxPoints[4 + k] = turn.Y(centreY, pad.x[k], pad.y[k]);
+                    }
+                    // The fifth point, (0, 2 * DieY) from the centre, is kept in step though nothing draws
+                    // it.
+                    const float up = Single(double(bond.DieY) - double(centreY));
+                    bond.AuxPoints[8] = turn.X(centreX, 0.0F, up);
+                    bond.AuxPoints[9] = turn.Y(centreY, 0.0F, up);
+                  });
+  }
+}
+
+void Scene::DrawSDDie() {
+  RotateSDCorners();
+  const double bottom = double(in_.package.CompZ);
+  const double top = bottom + double(in_.package.SDCompZ);
+  const auto at = [&](std::size_t k, double z) {
+    return Corner(double(SDCornerX[k]), double(SDCornerY[k]), z);
+  };
+
+  DrawQuad(at(2, top), at(3, top), at(0, top), at(1, top), "Gray");
+  DrawQuad(at(1, top), at(0, top), at(0, bottom), at(1, bottom), "DarkCyan");
+  DrawQuad(at(2, bottom), at(3, bottom), at(3, top), at(2, top), "DarkCyan");
+  DrawQuad(at(3, bottom), at(0, bottom), at(0, top), at(3, top), "DarkCyan");
+  DrawQuad(at(2, top), at(1, top), at(1, bottom), at(2, bottom), "DarkCyan");
+}
+
+}  // namespace render

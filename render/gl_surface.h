@@ -1,0 +1,28 @@
+/// What the view needs of the thing it is drawn on: a window, or memory.
+#pragma once
+
+namespace render {
+
+/// Pixels of the device.
+struct PixelSize {
+  int Width = 0;
+  int Height = 0;
+  bool operator==(const PixelSize&) const = default;
+};
+
+class GlSurface {
+ public:
+  virtual ~GlSurface() = default;
+
+  /// Replaces the context by a fresh one and makes it current; the old one's lists go with it.
+  /// Returns false when there is no usable format: double buffer, 24 bits of depth, fixed functions.
+  virtual bool CreateContext() = 0;
+  /// Makes the context current again; false when there is none (yet, or any more).
+  virtual bool MakeCurrent() = 0;
+  /// Shows what was drawn.
+  virtual void SwapBuffers() = 0;
+  virtual void DeleteContext() = 0;
+  virtual PixelSize Size() const = 0;
+};
+
+}  // namespace render

@@ -1,0 +1,23 @@
+/// A box of green grid lines round the scene.
+#pragma once
+
+#include <cstdint>
+
+namespace render {
+
+/// Deliberate: callable, and no part of the picture that the viewer shows.
+class Grid {
+ public:
+  /// Compiles one square of 100 x 100 units, with lines 5 units apart, at y = 0 round the origin.
+  /// Needs   current context
+  /// Faults  Overflow when the list's name does not fit 16 bits
+  void BuildGrid();
+
+  /// Draws the square as the floor and the four walls of a box open at the top; nothing before BuildGrid.
+  void DisplayGrid() const;
+
+ private:
+  std::int16_t number_ = 0;
+};
+
+}  // namespace render

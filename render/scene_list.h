@@ -1,0 +1,33 @@
+/// The display list that holds the whole picture.
+#pragma once
+
+#include <cstdint>
+
+#include "render/scene.h"
+
+namespace render {
+
+/// A display-list name in the 16 bits in which the program keeps it.
+/// Faults  Overflow above 32,767
+std::int16_t ListNumber(unsigned name);
+
+class SceneList {
+ public:
+  /// Compiles the scene into a fresh list, drawing it once at the same time, and makes that list the one
+  /// shown. Needs   current context, no open list or primitive Faults  what the drawing faults with; then no
+  /// list is open and the list shown is still the one before
+  void BuildCube(Scene& scene);
+
+  /// Replays the list shown; nothing when there is none.
+  void Call() const;
+
+  /// Lists belong to a context: a new one starts with none.
+  void Forget() { number_ = 0; }
+
+  std::int16_t Number() const { return number_; }
+
+ private:
+  std::int16_t number_ = 0;
+};
+
+}  // namespace render

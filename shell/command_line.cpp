@@ -1,0 +1,15 @@
+#include "shell/command_line.h"
+
+namespace shell {
+
+std::string CommandLineText(const std::vector<std::string>& arguments) {
+  if (arguments.empty()) return {};
+  std::string text = "\"";
+  for (const std::string& argument : arguments) {
+    if (text.size() > 1 || &argument != &arguments.front()) text += ' ';
+    text += argument;
+  }
+  return text + '"';
+}
+
+}  // namespace shell

@@ -1,0 +1,41 @@
+/// The view of the main window: a plain widget that holds one window for OpenGL.
+#pragma once
+
+#include <QOpenGLContext>
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+#include "render/gl_surface.h"
+
+namespace shell {
+
+/// The GL window inside lets all input through to the widget, so events arrive here as in any other widget.
+class GlView final : public QWidget, public render::GlSurface {
+ public:
+  explicit GlView(QWidget* parent);
+  ~GlView() override;
+
+  /// The view must be drawn again: it was uncovered.
+  std::function<void()> exposed;
+  /// The view has a new size.
+  std::function<void()> resized;
+
+  bool CreateContext() override;
+  bool MakeCurrent() override;
+  void SwapBuffers() override;
+  void DeleteContext() override;
+  render::PixelSize Size() const override;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void paintEvent(QPaintEvent*) override {}
+  QPaintEngine* paintEngine() const override { return nullptr; }
+
+ private:
+  QWindow* surface_;  // owned by the widget's own window
+  std::unique_ptr<QOpenGLContext> context_;
+};
+
+}  // namespace shell

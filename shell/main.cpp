@@ -1,0 +1,83 @@
+#include <QApplication>
+#include <QMessageBox>
+#include <cstdio>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "model/title.h"
+#include "model/version.h"
+#include "shell/command_line.h"
+#include "shell/display.h"
+#include "shell/main_window.h"
+
+namespace {
+
+constexpr char kUsage[] =
+    "Usage: yaxview [FILE.yax]\n"
+    "Shows an integrated-circuit package in three dimensions.\n"
+    "\n"
+    "Without FILE the sample beside the program opens.\n"
+    "\n"
+    "  --help      show this text and end\n"
+    "  --version   show the program's version and end\n";
+
+/// --help and --version answer without a display.
+bool AnswerAtOnce(int argc, char** argv) {
+  for (int i = 1; i < argc; ++i) {
+    const std::string_view argument = argv[i];
+    if (argument == "--help") return std::fputs(kUsage, stdout) >= 0;
+    if (argument == "--version") return std::printf("yaxview %s\n", model::kVersionText) >= 0;
+  }
+  return false;
+}
+
+/// The toolkit would abort where no display answers.
+bool HasDisplay(int argc, char** argv) {
+  for (int i = 1; i < argc; ++i) {
+    if (std::string_view(argv[i]) == "-platform") return true;
+  }
+  return qgetenv("QT_QPA_PLATFORM") != "xcb" || shell::DisplayAnswers();
+}
+
+/// Nobody could close a box that no screen shows.
+void ShowCritical(const std::string& title, const std::string& text) {
+  if (qApp != nullptr && QGuiApplication::platformName() == "xcb") {
+    QMessageBox::critical(nullptr, QString::fromStdString(title), QString::fromStdString(text));
+  } else {
+    std::fprintf(stderr, "%s: %s\n", title.c_str(), text.c_str());
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (AnswerAtOnce(argc, argv)) return 0;
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "xcb");
+
+  int status = 0;
+  shell::ProgramEnd end;
+  end.showCritical = ShowCritical;
+  end.leave = [&status](int with) { status = with; };
+  if (!HasDisplay(argc, argv)) {
+    end.FatalError("Could not retrieve pixel format!");
+    return status;
+  }
+
+  QApplication application(argc, argv);
+  QCoreApplication::setApplicationName(model::kProgramTitle);
+  const shell::StartUp startUp{QCoreApplication::applicationDirPath().toLocal8Bit().toStdString(),
+                               shell::CommandLineText({argv + 1, argv + argc})};
+  shell::MainWindow window(startUp, end);
+  window.Load();
+  if (end.Ending()) return status;
+
+  end.leave = [&status](int with) {
+    status = with;
+    QApplication::closeAllWindows();
+    QCoreApplication::exit(with);
+  };
+  window.show();
+  QApplication::exec();
+  return status;
+}

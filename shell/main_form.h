@@ -1,0 +1,88 @@
+/// The main window's load, paint, resize and unload, as a walk through all that a package needs to be seen.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "model/package.h"
+#include "model/wire_bond_settings.h"
+#include "render/appearance.h"
+#include "render/camera.h"
+#include "render/frame.h"
+#include "render/gl_pen.h"
+#include "render/gl_surface.h"
+#include "render/picture.h"
+#include "render/scene.h"
+#include "render/scene_list.h"
+#include "render/wire_selection.h"
+#include "shell/program_end.h"
+
+namespace shell {
+
+/// Where the program stands and what it was told.
+struct StartUp {
+  std::string programFolder;
+  std::string commandLine;  ///< one text, a path in double quotes; see CommandLineText
+};
+
+/// What the form asks of its window. An empty function does nothing.
+struct MainFormActions {
+  std::function<void(const std::string& caption)> setCaption;
+  std::function<void(bool navigation, bool viewer)> enableHelp;
+  /// Command 3 of the wire bond setup: resets the settings from the package just read.
+  std::function<void()> resetWireBondSetup;
+};
+
+class MainForm {
+ public:
+  MainForm(const StartUp& startUp, render::GlSurface& surface, ProgramEnd& end);
+
+  MainFormActions actions;
+
+  /// Chooses, reads and shows the package.
+  /// Faults  whatever reading and drawing fault with; what was shown before is shown still, or nothing
+  void Form_Load();
+  /// Draws a frame and shows it; nothing before the first context.
+  void Form_Paint();
+  /// The window has another size: reads the package again and builds everything for that size.
+  void Form_Resize();
+  /// Takes the view down; the program ends.
+  void Form_Unload();
+
+  /// Compiles the scene anew; nothing before the first context, and nothing while a load runs, which does it
+  /// at its own end.
+  void BuildCube();
+  /// A frame as it would be shown now, in pixels of the view.
+  render::Picture FramePicture();
+
+  /// The next load keeps PackagePath instead of running the start-up routine.
+  bool SkipStartup = false;
+
+  model::Package& Package() { return package_; }
+
+ private:
+  void Main();
+  void FindHelp();
+  bool ReadPackageFile();
+  void SetupPixelFormat();
+  void DrawFrame();
+
+  StartUp startUp_;
+  render::GlSurface& surface_;
+  ProgramEnd& end_;
+
+  model::Package package_;
+  model::WireBondSettings settings_;
+  render::Appearance appearance_;
+  render::WireSelection selection_;
+  render::Camera camera_;
+  render::ModelRotation rotation_;
+
+  render::GlPen pen_;
+  render::Scene scene_{{package_, settings_, appearance_, selection_}, pen_};
+  render::SceneList sceneList_;
+  render::PixelSize loadedSize_;
+  bool loading_ = false;
+};
+
+}  // namespace shell

@@ -1,0 +1,56 @@
+/// How the program ends, and what a fault in a handler does.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "model/faults.h"
+
+namespace shell {
+
+/// Once the program is ending, no handler and no paint runs any more.
+class ProgramEnd {
+ public:
+  /// Shows a message box and returns when it is closed.
+  std::function<void(const std::string& title, const std::string& text)> showCritical;
+  /// Closes every window and leaves the program with this exit status.
+  std::function<void(int status)> leave;
+
+  bool Ending() const { return ending_; }
+
+  /// Status 0, nothing shown.
+  void EndSilently() { End(0, {}, {}); }
+  /// Reports what keeps OpenGL from being set up, then ends with status 1.
+  void FatalError(const std::string& message);
+  /// Reports an untrapped fault, then ends with status 1.
+  void RunTimeError(const model::Fault& fault);
+
+  /// Runs a handler whose faults end the program.
+  template <class Handler>
+  void Run(Handler&& handler) {
+    if (ending_) return;
+    try {
+      handler();
+    } catch (const model::Fault& fault) {
+      RunTimeError(fault);
+    }
+  }
+
+  /// Runs a handler that ends quietly on a fault, with the state as changed so far.
+  template <class Handler>
+  void RunTrapped(Handler&& handler) {
+    if (ending_) return;
+    try {
+      handler();
+    } catch (const model::Fault&) {
+      // Trapped: the view stays usable.
+    }
+  }
+
+ private:
+  void End(int status, const std::string& title, const std::string& text);
+
+  bool ending_ = false;
+};
+
+}  // namespace shell
