@@ -26,19 +26,25 @@ class Flag {
 }  // namespace
 
 MainForm::MainForm(const StartUp& startUp, render::GlSurface& surface, ProgramEnd& end)
-    : startUp_(startUp), surface_(surface), end_(end) {}
+    : startUp_(startUp), surface_(surface), end_(end) {
+  navigation_.actions.repaint = [this] {
+    // A load paints once, at its end.
+    if (!loading_) Form_Paint();
+  };
+  navigation_.actions.reload = [this] { Form_Load(); };
+  navigation_.actions.endProgram = [this] { end_.EndSilently(); };
+}
 
 void MainForm::Form_Load() {
   const Flag loading(loading_);
   if (!SkipStartup) Main();
   SkipStartup = false;
+  HookWheel();
   FindHelp();
   if (!ReadPackageFile()) return end_.EndSilently();
-  camera_ = {};
-  rotation_ = {.RotPitch = 90.0F};
-  if (!surface_.CreateContext()) return end_.FatalError("Could not retrieve pixel format!");
-  sceneList_.Forget();
-  loadedSize_ = surface_.Size();
+  navigation_.ResetCamera();
+  navigation_.ResetRotation();
+  if (!SetupPixelFormat()) return end_.FatalError("Could not retrieve pixel format!");
   render::SetUpView(loadedSize_, appearance_);
   sceneList_.BuildCube(scene_);
   Form_Paint();
@@ -51,6 +57,12 @@ void MainForm::Main() {
   const std::string& text = startUp_.commandLine;
   // Deliberate: the first and the last character go, whatever they are.
   if (!text.empty()) package_.PackagePath = text.size() > 2 ? text.substr(1, text.size() - 2) : "";
+}
+
+void MainForm::HookWheel() {
+  if (navigation_.WheelHooked) return;
+  if (actions.hookWheel) actions.hookWheel();
+  navigation_.WheelHooked = true;
 }
 
 void MainForm::FindHelp() {
@@ -70,12 +82,34 @@ bool MainForm::ReadPackageFile() {
   return true;
 }
 
+/// A fresh context for the view's present size; false when there is no usable format.
+bool MainForm::SetupPixelFormat() {
+  sceneList_.Forget();
+  loadedSize_ = surface_.Size();
+  return surface_.CreateContext();
+}
+
 void MainForm::BuildCube() {
   if (loading_ || !surface_.MakeCurrent()) return;
   sceneList_.BuildCube(scene_);
 }
 
-void MainForm::DrawFrame() { render::DrawFrame(camera_, rotation_, package_.CompW, sceneList_); }
+void MainForm::RebuildAndRepaint() {
+  if (loading_) return;
+  BuildCube();
+  Form_Paint();
+}
+
+void MainForm::SetBackground(bool black) {
+  const std::int16_t component = black ? 0 : 1;
+  appearance_ = {black, component, component, component};
+  if (surface_.MakeCurrent()) render::SetClearColour(appearance_);
+  RebuildAndRepaint();
+}
+
+void MainForm::DrawFrame() {
+  render::DrawFrame(navigation_.Camera, navigation_.Rotation, package_.CompW, sceneList_);
+}
 
 void MainForm::Form_Paint() {
   if (!surface_.MakeCurrent()) return;
@@ -98,6 +132,8 @@ void MainForm::Form_Resize() {
 }
 
 void MainForm::Form_Unload() {
+  if (navigation_.WheelHooked && actions.unhookWheel) actions.unhookWheel();
+  navigation_.WheelHooked = false;
   surface_.DeleteContext();
   end_.EndSilently();
 }

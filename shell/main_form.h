@@ -7,7 +7,6 @@
 #include "model/package.h"
 #include "model/wire_bond_settings.h"
 #include "render/appearance.h"
-#include "render/camera.h"
 #include "render/frame.h"
 #include "render/gl_pen.h"
 #include "render/gl_surface.h"
@@ -15,6 +14,7 @@
 #include "render/scene.h"
 #include "render/scene_list.h"
 #include "render/wire_selection.h"
+#include "shell/navigation.h"
 #include "shell/program_end.h"
 
 namespace shell {
@@ -29,6 +29,8 @@ struct StartUp {
 struct MainFormActions {
   std::function<void(const std::string& caption)> setCaption;
   std::function<void(bool navigation, bool viewer)> enableHelp;
+  std::function<void()> hookWheel;    ///< from now on every wheel event of the program reaches WheelMoved
+  std::function<void()> unhookWheel;
   /// Command 3 of the wire bond setup: resets the settings from the package just read.
   std::function<void()> resetWireBondSetup;
 };
@@ -52,19 +54,28 @@ class MainForm {
   /// Compiles the scene anew; nothing before the first context, and nothing while a load runs, which does it
   /// at its own end.
   void BuildCube();
+  /// BuildCube, then a frame: after every change of what is drawn.
+  void RebuildAndRepaint();
   /// A frame as it would be shown now, in pixels of the view.
   render::Picture FramePicture();
+  /// Black or white; die tops, pad tops and wires follow.
+  void SetBackground(bool black);
 
   /// The next load keeps PackagePath instead of running the start-up routine.
   bool SkipStartup = false;
 
+  const std::string& ProgramFolder() const { return startUp_.programFolder; }
   model::Package& Package() { return package_; }
+  model::WireBondSettings& Settings() { return settings_; }
+  render::WireSelection& Selection() { return selection_; }
+  Navigation& Navigator() { return navigation_; }
 
  private:
   void Main();
+  void HookWheel();
   void FindHelp();
   bool ReadPackageFile();
-  void SetupPixelFormat();
+  bool SetupPixelFormat();
   void DrawFrame();
 
   StartUp startUp_;
@@ -75,8 +86,7 @@ class MainForm {
   model::WireBondSettings settings_;
   render::Appearance appearance_;
   render::WireSelection selection_;
-  render::Camera camera_;
-  render::ModelRotation rotation_;
+  Navigation navigation_;
 
   render::GlPen pen_;
   render::Scene scene_{{package_, settings_, appearance_, selection_}, pen_};

@@ -1,0 +1,19 @@
+/// The command menu as a pop-up of the toolkit.
+#pragma once
+
+#include <QMenu>
+#include <string_view>
+
+#include "shell/commands.h"
+
+namespace shell {
+
+class CommandMenuPopup final : public QMenu {
+ public:
+  CommandMenuPopup(Commands& commands, QWidget* parent);
+
+  /// Greys an entry, or makes it usable; `name` as in the menu's table.
+  void SetEnabled(std::string_view name, bool enabled);
+};
+
+}  // namespace shell

@@ -1,0 +1,120 @@
+#include "shell/commands.h"
+
+#include <optional>
+
+#include "model/whole_file.h"
+#include "render/bitmap.h"
+#include "shell/main_form.h"
+#include "shell/program_end.h"
+
+namespace shell {
+
+namespace {
+
+constexpr MenuEntry kMenu[] = {
+    {1, "DoLoadYAX", "Load YAX File ...", &Commands::DoLoadYAX_Click},
+    {1, "do0", "-", nullptr},
+    {1, "DoSavePic", "Save Picture ...", &Commands::DoSavePic_Click},
+    {1, "do1", "-", nullptr},
+    {1, "DoPrinterSetup", "Printer Setup ...", &Commands::DoPrinterSetup_Click},
+    {1, "DoPrintPic", "Print Picture", nullptr},
+    {2, "DoNoScale", "No Scale", &Commands::DoNoScale_Click},
+    {2, "DoFitPage", "Fit Page", &Commands::DoFitPage_Click},
+    {1, "do2", "-", nullptr},
+    {1, "DoBackground", "Background", nullptr},
+    {2, "DoBlack", "Black", &Commands::DoBlack_Click},
+    {2, "DoWhite", "White", &Commands::DoWhite_Click},
+    {1, "DoBondWireSetup", "Wire Bond Setup ...", &Commands::DoBondWireSetup_Click},
+    {1, "DoWireList", "Wire List ...", &Commands::DoWireList_Click},
+    {1, "do3", "-", nullptr},
+    {1, "DoHelp", "Help", nullptr},
+    // Deliberate: this is how the entry has always been spelled.
+    {2, "DoNavHelp", "Navagation", &Commands::DoNavHelp_Click},
+    {2, "DoViewHelp", "Viewer", &Commands::DoViewHelp_Click},
+    {2, "DoAbout", "About", &Commands::DoAbout_Click},
+};
+
+template <class... Arguments, class... Values>
+void Ask(const std::function<void(Arguments...)>& action, const Values&... values) {
+  if (action) action(values...);
+}
+
+}  // namespace
+
+std::span<const MenuEntry> CommandMenu() { return kMenu; }
+
+void Commands::DoLoadYAX_Click() {
+  end_.RunTrapped([this] { LoadPackage(); });
+}
+
+void Commands::LoadPackage() {
+  // Before the dialog, and whatever is chosen in it: the list belongs to the package that goes.
+  Ask(actions.unloadWireList);
+  const std::optional<std::string> path =
+      Filn_.ShowOpen({.DialogTitle = "Load YAX File",
+                      .FileName = "*.yax",
+                      .Filter = "YAX files|*.yax|All files|*.*",
+                      .DefaultExt = ".yax",
+                      .Flags = setup::kShareAware | setup::kKeepFolder | setup::kHideReadOnly});
+  if (!path) return;
+  form_.Package().PackagePath = *path;
+  form_.SkipStartup = true;
+  form_.Form_Load();
+}
+
+void Commands::DoSavePic_Click() {
+  end_.RunTrapped([this] { SavePicture(); });
+}
+
+void Commands::SavePicture() {
+  const std::optional<std::string> path =
+      Filn_.ShowSave({.DialogTitle = "Save Picture",
+                      .FileName = "*.bmp",
+                      .Filter = "bmp files|*.bmp|All files|*.*",
+                      .Flags = setup::kCreatePrompt | setup::kKeepFolder | setup::kHideReadOnly |
+                               setup::kOverwritePrompt,
+                      .PackagePath = form_.Package().PackagePath});
+  if (path) model::WriteWholeFile(*path, render::BitmapOf(form_.FramePicture()));
+}
+
+void Commands::DoPrinterSetup_Click() {
+  end_.RunTrapped([this] { Ask(actions.setUpPrinter); });
+}
+
+void Commands::DoNoScale_Click() { Print(false); }
+
+void Commands::DoFitPage_Click() { Print(true); }
+
+void Commands::Print(bool fit) {
+  end_.Run([&] { Ask(actions.print, form_.FramePicture(), fit); });
+}
+
+void Commands::DoBlack_Click() {
+  end_.Run([this] { form_.SetBackground(true); });
+}
+
+void Commands::DoWhite_Click() {
+  end_.Run([this] { form_.SetBackground(false); });
+}
+
+void Commands::DoBondWireSetup_Click() {
+  end_.Run([this] { Ask(actions.showWireBondSetup); });
+}
+
+void Commands::DoWireList_Click() {
+  end_.Run([this] { Ask(actions.showWireList); });
+}
+
+void Commands::DoNavHelp_Click() { ShowHelp("Navigation Help", "NavHelp.rtf"); }
+
+void Commands::DoViewHelp_Click() { ShowHelp("3D Yax Viewer Help", "YaxViewHelp.rtf"); }
+
+void Commands::ShowHelp(const std::string& caption, const std::string& file) {
+  end_.Run([&] { Ask(actions.showHelp, caption, form_.ProgramFolder() + "/" + file); });
+}
+
+void Commands::DoAbout_Click() {
+  end_.Run([this] { Ask(actions.showAbout); });
+}
+
+}  // namespace shell

@@ -1,0 +1,45 @@
+/// Turns the toolkit's input events into the main window's handlers: mouse over the view, keys, wheel.
+#pragma once
+
+#include <QObject>
+
+class QKeyEvent;
+class QMouseEvent;
+class QWheelEvent;
+class QWidget;
+class QWindow;
+
+namespace shell {
+
+class MainForm;
+class ProgramEnd;
+
+/// An event filter for three places: the view (mouse), the main window's native window (keys, which it so sees
+/// before any control) and the application (wheel, whichever window of the program is under the pointer).
+class ViewInput final : public QObject {
+ public:
+  ViewInput(MainForm& form, ProgramEnd& end, QWidget& view);
+
+  /// Needs  the main window to be created
+  void WatchKeysOf(QWindow* window);
+  void HookWheel();
+  void UnhookWheel();
+
+  /// Opens the command menu at the view's middle, for those who have no mouse.
+  void OpenMenuByKey();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  bool MouseEvent(QEvent* event);
+  bool KeyEvent(const QKeyEvent& key, bool down);
+  void WheelEvent(const QWheelEvent& wheel);
+
+  MainForm& form_;
+  ProgramEnd& end_;
+  QWidget& view_;
+  QWindow* keyWindow_ = nullptr;
+};
+
+}  // namespace shell
