@@ -74,7 +74,7 @@ void Commands::SavePicture() {
                       .Flags = setup::kCreatePrompt | setup::kKeepFolder | setup::kHideReadOnly |
                                setup::kOverwritePrompt,
                       .PackagePath = form_.Package().PackagePath});
-  if (path) model::WriteWholeFile(*path, render::BitmapOf(form_.FramePicture()));
+  if (path) model::WriteWholeFile(*path, render::BitmapBytes(form_.FramePicture()));
 }
 
 void Commands::DoPrinterSetup_Click() {

@@ -1,0 +1,24 @@
+/// Where a picture lands on the printed page.
+#pragma once
+
+namespace shell {
+
+/// The part of the page that the printer reaches, in the printer's dots.
+struct PrintArea {
+  double Width = 0.0, Height = 0.0;
+  double DotsPerInchX = 96.0, DotsPerInchY = 96.0;
+};
+
+/// A piece of the picture and its place.
+struct PrintPlace {
+  double X = 0.0, Y = 0.0, Width = 0.0, Height = 0.0;  ///< dots from the area's top left corner
+  double SourceWidth = 0.0, SourceHeight = 0.0;        ///< picture pixels from the picture's top left corner
+};
+
+/// "No Scale": a picture pixel is 1/96 inch; what does not fit is cut off at the right and below.
+PrintPlace PlaceNoScale(int pictureWidth, int pictureHeight, const PrintArea& area);
+
+/// "Fit Page": the whole picture as large as the area allows, in its proportions, centred.
+PrintPlace PlaceFitPage(int pictureWidth, int pictureHeight, const PrintArea& area);
+
+}  // namespace shell

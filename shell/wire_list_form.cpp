@@ -1,0 +1,167 @@
+#include "shell/wire_list_form.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "model/arithmetic.h"
+#include "model/numbers.h"
+#include "model/text.h"
+
+namespace shell {
+
+namespace {
+
+enum Button { kTier1, kTier4 = 3, kStitch, kPower, kGround, kSignal, kClear };
+
+std::string EntryText(const model::WireNameRec& wire) {
+  return wire.Name2.empty() ? wire.Name : wire.Name + ":" + wire.Name2;
+}
+
+std::vector<std::string> EntryTexts(const model::Package& package) {
+  std::vector<std::string> texts;
+  texts.reserve(package.WireNames.Count());
+  for (const model::WireNameRec& wire : package.WireNames) texts.push_back(EntryText(wire));
+  return texts;
+}
+
+/// The button that a tier enables.
+// Deliberate: a tier is a button's number, whatever the button: "5" enables "Stitch".
+std::size_t ButtonOfTier(const model::WireNameRec& wire) {
+  const double index = model::NearestWhole(double(model::ToNumber(wire.Tier)) - 1.0);
+  if (!(index >= 0.0 && index < double(WireListForm::kButtons))) {
+    model::SubscriptOutOfRange fault("no button for tier " + wire.Tier);
+    fault.NameRecord("wire " + EntryText(wire));
+    throw fault;
+  }
+  return static_cast<std::size_t>(index);
+}
+
+std::array<bool, WireListForm::kButtons> EnabledButtons(const model::Package& package) {
+  std::array<bool, WireListForm::kButtons> enabled{};
+  enabled[kStitch] = !package.Stitches.Empty();
+  enabled[kPower] = enabled[kGround] = enabled[kSignal] = package.HaveVuFile;
+  enabled[kClear] = true;
+  for (const model::WireNameRec& wire : package.WireNames)
+    if (!wire.Tier.empty()) enabled[ButtonOfTier(wire)] = true;
+  return enabled;
+}
+
+}  // namespace
+
+const std::array<const char*, WireListForm::kButtons> WireListForm::kCaptions = {
+    "Tier1", "Tier2", "Tier3", "Tier4", "Stitch", "Power", "Ground", "Signal", "Clear"};
+
+void WireListForm::DoWireList() {
+  enabled_ = EnabledButtons(package_);
+  entries_ = EntryTexts(package_);
+  selected_.assign(entries_.size(), false);
+  PublishNames();
+}
+
+bool WireListForm::Refill() {
+  if (!selection_.Shown) return false;
+  const auto sameText = [](const std::string& entry, const model::WireNameRec& wire) {
+    return entry == EntryText(wire);
+  };
+  if (std::equal(entries_.begin(), entries_.end(), package_.WireNames.begin(), package_.WireNames.end(),
+                 sameText))
+    return false;
+
+  enabled_ = EnabledButtons(package_);
+  entries_ = EntryTexts(package_);
+  selected_.assign(entries_.size(), false);
+  for (std::size_t i = 0; i < entries_.size(); ++i) selected_[i] = selection_.Names.contains(entries_[i]);
+  PublishNames();
+  return true;
+}
+
+void WireListForm::Form_Show() {
+  selection_.Shown = true;
+  RebuildAndRepaint();
+}
+
+void WireListForm::Form_Unload() {
+  if (!selection_.Shown) return;
+  selection_.Shown = false;  // first: the rebuild below draws every wire again
+  RebuildAndRepaint();
+}
+
+void WireListForm::SetModifiers(int shift) {
+  ListShift = shift == 1;
+  ListCtrl = shift == 2;
+}
+
+bool WireListForm::Matches(int index, const model::WireNameRec& wire) const {
+  if (index <= kTier4) {
+    // The tiers are compared as text, so "1.0" enables "Tier1" and is not found by it.
+    constexpr std::array<const char*, 4> kTiers = {"1", "2", "3", "4"};
+    return wire.Tier == kTiers[static_cast<std::size_t>(index - kTier1)];
+  }
+  if (index == kStitch) return !wire.Name2.empty();
+  constexpr std::array<const char*, 3> kLetters = {"P", "G", "S"};
+  return model::EqualsUpper(wire.NetType.substr(0, 1), kLetters[static_cast<std::size_t>(index - kPower)]);
+}
+
+void WireListForm::Filter(int index) {
+  // The package may have been read again with fewer wires than are listed.
+  const std::size_t count = std::min(entries_.size(), package_.WireNames.Count());
+  for (std::size_t i = 0; i < count; ++i) {
+    const bool matches = Matches(index, package_.WireNames[i]);
+    if (ListCtrl)
+      selected_[i] = selected_[i] != matches;
+    else
+      selected_[i] = matches || (ListShift && selected_[i]);
+  }
+}
+
+void WireListForm::Cmd_Click(int index) {
+  if (index >= kTier1 && index <= kSignal) Filter(index);
+  if (index == kClear) selected_.assign(entries_.size(), false);
+  // Deliberate: any other index still moves to the first entry and rebuilds.
+  if (upward.selectAndGoToFirst) upward.selectAndGoToFirst(SelectedRanges());
+  PublishNames();
+  RebuildAndRepaint();
+}
+
+bool WireListForm::TakeSelection(const EntryRanges& selected) {
+  std::vector<bool> flags(entries_.size(), false);
+  for (const EntryRange& range : selected)
+    for (std::size_t i = range.first; i <= range.last && i < flags.size(); ++i) flags[i] = true;
+  if (flags == selected_) return false;
+  selected_ = std::move(flags);
+  PublishNames();
+  return true;
+}
+
+void WireListForm::PL_MouseUp(const EntryRanges& selected) {
+  TakeSelection(selected);
+  RebuildAndRepaint();
+}
+
+void WireListForm::PL_SelectionChanged(const EntryRanges& selected) {
+  if (TakeSelection(selected)) RebuildAndRepaint();
+}
+
+EntryRanges WireListForm::SelectedRanges() const {
+  EntryRanges ranges;
+  for (std::size_t i = 0; i < selected_.size(); ++i) {
+    if (!selected_[i]) continue;
+    if (!ranges.empty() && ranges.back().last + 1 == i)
+      ranges.back().last = i;
+    else
+      ranges.push_back({i, i});
+  }
+  return ranges;
+}
+
+void WireListForm::PublishNames() {
+  selection_.Names.clear();
+  for (std::size_t i = 0; i < entries_.size(); ++i)
+    if (selected_[i]) selection_.Names.insert(entries_[i]);
+}
+
+void WireListForm::RebuildAndRepaint() {
+  if (upward.rebuildAndRepaint) upward.rebuildAndRepaint();
+}
+
+}  // namespace shell

@@ -1,0 +1,86 @@
+/// The wire list without its widgets: which wires are listed and which of them are selected.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "model/package.h"
+#include "render/wire_selection.h"
+
+namespace shell {
+
+/// Neighbouring entries of the list.
+struct EntryRange {
+  std::size_t first = 0, last = 0;  ///< both included
+  bool operator==(const EntryRange&) const = default;
+};
+using EntryRanges = std::vector<EntryRange>;
+
+/// The form owns one selected flag per entry. A button computes all flags and hands the list one call with
+/// ranges; the list hands its selection back as ranges, never entry by entry.
+class WireListForm {
+ public:
+  static constexpr std::size_t kButtons = 9;
+  static const std::array<const char*, kButtons> kCaptions;
+
+  /// What the form asks of others; empty ones do nothing.
+  struct Upward {
+    std::function<void()> rebuildAndRepaint;
+    /// Selects exactly these entries in the list, which reports nothing back, and makes entry 0, if there is
+    /// one, the current item without touching the selection.
+    std::function<void(const EntryRanges&)> selectAndGoToFirst;
+  };
+
+  WireListForm(const model::Package& package, render::WireSelection& selection)
+      : package_(package), selection_(selection) {}
+
+  Upward upward;
+
+  /// Fills the list from the package, nothing selected. The caller then shows the window and calls Form_Show.
+  /// Faults  SubscriptOutOfRange when a tier addresses no button; the list is then as it was
+  void DoWireList();
+  /// After a load: fills the shown list again when the package's texts are no longer the entries; what was
+  /// selected stays so by its text. Rebuilds nothing, as every load does that itself. Faults  as DoWireList
+  /// Returns true when the entries are new
+  bool Refill();
+
+  void Form_Show();
+  void Form_Activate() { RebuildAndRepaint(); }
+  void Form_Unload();
+  /// `shift` is the modifier state after the key: Shift 1, Ctrl 2, Alt 4, or a sum of them.
+  void Form_KeyDown(int shift) { SetModifiers(shift); }
+  void Form_KeyUp(int shift) { SetModifiers(shift); }
+
+  void Cmd_Click(int index);
+  /// The mouse was let go over the list: rebuilds, changed or not.
+  void PL_MouseUp(const EntryRanges& selected);
+  /// The list's selection may have changed by other means: rebuilds when it has.
+  void PL_SelectionChanged(const EntryRanges& selected);
+  /// Takes the list's selection over without rebuilding.
+  /// Returns true when it has changed
+  bool TakeSelection(const EntryRanges& selected);
+
+  const std::vector<std::string>& Entries() const { return entries_; }
+  bool Enabled(std::size_t button) const { return enabled_[button]; }
+  EntryRanges SelectedRanges() const;
+
+ private:
+  bool Matches(int index, const model::WireNameRec& wire) const;
+  void Filter(int index);
+  void SetModifiers(int shift);
+  void PublishNames();
+  void RebuildAndRepaint();
+
+  const model::Package& package_;
+  render::WireSelection& selection_;
+  std::vector<std::string> entries_;
+  std::vector<bool> selected_;  ///< one flag per entry
+  std::array<bool, kButtons> enabled_{};
+  bool ListShift = false;  ///< Shift alone is down
+  bool ListCtrl = false;   ///< Ctrl alone is down
+};
+
+}  // namespace shell

@@ -1,0 +1,204 @@
+#include "shell/wire_list_window.h"
+
+#include <QAbstractListModel>
+#include <QAccessible>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QListView>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+#include <QWindow>
+#include <utility>
+
+#include "shell/key_state.h"
+
+namespace shell {
+
+/// The form's entries for the list view, read in place.
+class WireListWindow::Entries : public QAbstractListModel {
+ public:
+  explicit Entries(const WireListForm& form) : form_(form) {}
+
+  int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : count_; }
+  QVariant data(const QModelIndex& index, int role) const override {
+    if (role != Qt::DisplayRole || !index.isValid()) return {};
+    return QString::fromStdString(form_.Entries()[static_cast<std::size_t>(index.row())]);
+  }
+  Qt::ItemFlags flags(const QModelIndex& index) const override {
+    return QAbstractListModel::flags(index) | Qt::ItemNeverHasChildren;
+  }
+  void Reset() {
+    beginResetModel();
+    count_ = static_cast<int>(form_.Entries().size());
+    endResetModel();
+  }
+
+ private:
+  const WireListForm& form_;
+  int count_ = 0;
+};
+
+WireListWindow::WireListWindow(WireListForm& form)
+    : form_(form), entries_(std::make_unique<Entries>(form)), PL(new QListView) {
+  setWindowTitle("Wire List");
+  setAttribute(Qt::WA_QuitOnClose, false);
+
+  PL->setAccessibleName("Wires");
+  PL->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  PL->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  PL->setUniformItemSizes(true);
+  PL->setModel(entries_.get());
+  PL->viewport()->installEventFilter(this);
+  connect(PL->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { SelectionChanged(); });
+
+  auto* buttons = new QVBoxLayout;
+  for (std::size_t i = 0; i < Cmd.size(); ++i) {
+    Cmd[i] = new QPushButton(WireListForm::kCaptions[i]);
+    Cmd[i]->setAutoDefault(true);  // Enter presses it too, not Space alone
+    connect(Cmd[i], &QPushButton::clicked, this, [this, i] { PressButton(static_cast<int>(i)); });
+    buttons->addWidget(Cmd[i]);
+  }
+  buttons->addStretch();
+  auto* columns = new QHBoxLayout(this);
+  columns->addWidget(PL, 1);
+  columns->addLayout(buttons);
+  resize(sizeHint().expandedTo({320, 420}));
+
+  form_.upward.selectAndGoToFirst = [this](const EntryRanges& ranges) {
+    Select(ranges);
+    PL->selectionModel()->setCurrentIndex(entries_->index(0), QItemSelectionModel::NoUpdate);
+  };
+}
+
+WireListWindow::~WireListWindow() { form_.upward.selectAndGoToFirst = nullptr; }
+
+void WireListWindow::DoWireList() {
+  form_.DoWireList();
+  ShowEntries();
+  form_.Form_Show();
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  show();
+  raise();
+  activateWindow();
+}
+
+void WireListWindow::PackageChanged() {
+  TakeSelection();
+  if (!form_.Refill()) return;
+  ShowEntries();
+  Select(form_.SelectedRanges());
+}
+
+void WireListWindow::ShowEntries() {
+  const QSignalBlocker quiet(PL->selectionModel());
+  entries_->Reset();
+  for (std::size_t i = 0; i < Cmd.size(); ++i) Cmd[i]->setEnabled(form_.Enabled(i));
+}
+
+void WireListWindow::Select(const EntryRanges& ranges) {
+  QItemSelection selection;
+  selection.reserve(static_cast<qsizetype>(ranges.size()));
+  for (const EntryRange& range : ranges) {
+    const QModelIndex first = entries_->index(static_cast<int>(range.first));
+    if (range.first == range.last)
+      selection.append(QItemSelectionRange(first));  // dearer with two indexes, and the usual case when many
+    else
+      selection.append(QItemSelectionRange(first, entries_->index(static_cast<int>(range.last))));
+  }
+  {
+    // Quiet, and from an empty selection: telling what changed between two selections of thousands of
+    // ranges takes the toolkit time that grows with the product of both.
+    const QSignalBlocker quiet(PL->selectionModel());
+    const QModelIndex current = PL->currentIndex();
+    PL->selectionModel()->reset();
+    PL->selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+    PL->selectionModel()->select(selection, QItemSelectionModel::Select);
+  }
+  PL->viewport()->update();
+  QAccessibleEvent changed(PL, QAccessible::SelectionWithin);
+  QAccessible::updateAccessibility(&changed);
+}
+
+EntryRanges WireListWindow::Selected() const {
+  EntryRanges ranges;
+  for (const QItemSelectionRange& range : PL->selectionModel()->selection())
+    ranges.push_back({static_cast<std::size_t>(range.top()), static_cast<std::size_t>(range.bottom())});
+  return ranges;
+}
+
+void WireListWindow::TakeSelection() {
+  if (std::exchange(changed_, false)) form_.TakeSelection(Selected());
+}
+
+void WireListWindow::PressButton(int index) {
+  TakeSelection();  // a key just before may have changed it
+  form_.Cmd_Click(index);
+}
+
+void WireListWindow::SelectionChanged() {
+  changed_ = true;
+  // What the mouse does is reported once, when it is let go.
+  if (mouseHeld_ && QGuiApplication::mouseButtons() != Qt::NoButton) return;
+  ReportLater(false);
+}
+
+void WireListWindow::ReportLater(bool mouseUp) {
+  reportMouseUp_ = reportMouseUp_ || mouseUp;
+  if (reportPosted_) return;
+  reportPosted_ = true;
+  QMetaObject::invokeMethod(
+      this, [this] { Report(); }, Qt::QueuedConnection);
+}
+
+void WireListWindow::Report() {
+  reportPosted_ = false;
+  const bool mouseUp = std::exchange(reportMouseUp_, false);
+  if (!isVisible()) return;
+  changed_ = false;
+  if (mouseUp)
+    form_.PL_MouseUp(Selected());
+  else
+    form_.PL_SelectionChanged(Selected());
+}
+
+void WireListWindow::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  windowHandle()->installEventFilter(this);  // sees each key once, before any control
+}
+
+void WireListWindow::hideEvent(QHideEvent* event) {
+  QWidget::hideEvent(event);
+  mouseHeld_ = false;
+  if (!event->spontaneous()) form_.Form_Unload();  // made an icon, it still counts as shown
+}
+
+bool WireListWindow::event(QEvent* event) {
+  const bool handled = QWidget::event(event);
+  if (event->type() == QEvent::WindowActivate) {
+    form_.Form_KeyDown(ShiftState(QGuiApplication::queryKeyboardModifiers()));  // may be held already
+    form_.Form_Activate();
+  } else if (event->type() == QEvent::WindowDeactivate) {
+    form_.Form_KeyUp(0);  // the release will go elsewhere
+  }
+  return handled;
+}
+
+bool WireListWindow::eventFilter(QObject* watched, QEvent* event) {
+  const bool inList = watched == PL->viewport();
+  if (inList && (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick)) {
+    mouseHeld_ = true;
+  } else if (inList && event->type() == QEvent::MouseButtonRelease) {
+    mouseHeld_ = false;
+    ReportLater(true);  // once the list has seen it: the release may change the selection
+  } else if (!inList && event->type() == QEvent::KeyPress) {
+    form_.Form_KeyDown(ShiftState(static_cast<QKeyEvent&>(*event)));
+  } else if (!inList && event->type() == QEvent::KeyRelease) {
+    const auto& key = static_cast<QKeyEvent&>(*event);
+    if (!key.isAutoRepeat()) form_.Form_KeyUp(ShiftState(key));
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+}  // namespace shell

@@ -1,0 +1,58 @@
+/// The window that lists the wires and lets the user select those to be drawn.
+#pragma once
+
+#include <QWidget>
+#include <array>
+#include <memory>
+
+#include "shell/wire_list_form.h"
+
+class QListView;
+class QPushButton;
+
+namespace shell {
+
+/// Binds a list and nine buttons to the form. It stands alone on the desktop and may be closed and opened
+/// again; it does not keep the program alive.
+class WireListWindow : public QWidget {
+ public:
+  /// `form` must live longer; the window fills in its `upward.selectAndGoToFirst`.
+  explicit WireListWindow(WireListForm& form);
+  ~WireListWindow() override;
+
+  /// The command of the main window's menu: fills the list and shows the window.
+  /// Faults  as WireListForm::DoWireList; nothing has changed then
+  void DoWireList();
+  /// To be called once a load has replaced the package, before the scene is built.
+  /// Faults  as WireListForm::Refill
+  void PackageChanged();
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+  bool event(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  class Entries;
+
+  void ShowEntries();
+  void Select(const EntryRanges& ranges);
+  EntryRanges Selected() const;
+  void TakeSelection();
+  void PressButton(int index);
+  void SelectionChanged();
+  void ReportLater(bool mouseUp);
+  void Report();
+
+  WireListForm& form_;
+  std::unique_ptr<Entries> entries_;
+  QListView* PL;                                           ///< the list
+  std::array<QPushButton*, WireListForm::kButtons> Cmd{};  ///< the buttons
+  bool mouseHeld_ = false;                                 ///< a press in the list awaits its release
+  bool changed_ = false;  ///< the list's selection may differ from the form's
+  bool reportPosted_ = false;
+  bool reportMouseUp_ = false;
+};
+
+}  // namespace shell
