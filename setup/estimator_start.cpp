@@ -1,0 +1,89 @@
+#include "setup/estimator_start.h"
+
+#include <fcntl.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <utility>
+
+#include "model/faults.h"
+#include "model/files.h"
+#include "model/whole_file.h"
+#include "setup/estimator_file.h"
+
+namespace setup {
+
+namespace {
+
+std::string Beside(const std::string& folder, const std::string& name) {
+  return folder.ends_with('/') ? folder + name : folder + "/" + name;
+}
+
+/// The new program's side of the fork. Other threads' locks are lost here, so it calls only what is
+/// safe after a fork: no allocation, nothing of the C++ library.
+[[noreturn]] void BecomeProgram(const char* program, char* const* arguments) {
+  setsid();
+  // The second fork's child belongs to no one here: init takes it, and no zombie waits for us.
+  if (fork() != 0) _exit(0);
+  // What this program's libraries blocked or ignored is not the new program's business.
+  sigset_t none;
+  sigemptyset(&none);
+  sigprocmask(SIG_SETMASK, &none, nullptr);
+  signal(SIGPIPE, SIG_DFL);
+  signal(SIGCHLD, SIG_DFL);
+  const int nothing = open("/dev/null", O_RDONLY);
+  if (nothing > STDIN_FILENO) {
+    dup2(nothing, STDIN_FILENO);
+    close(nothing);
+  }
+  execv(program, arguments);
+  _exit(127);
+}
+
+}  // namespace
+
+void StartDetached(const std::string& program, const std::string& argument) {
+  std::string ownName = program;
+  std::string ownArgument = argument;
+  char* const arguments[] = {ownName.data(), ownArgument.data(), nullptr};
+  const pid_t child = fork();
+  if (child == 0) BecomeProgram(program.c_str(), arguments);
+  int status = 0;
+  while (child > 0 && waitpid(child, &status, 0) < 0 && errno == EINTR) {
+  }
+}
+
+Estimator::Estimator(std::string programFolder, std::string userFolder, StartProgram start)
+    : programFolder_(std::move(programFolder)),
+      userFolder_(std::move(userFolder)),
+      start_(std::move(start)) {}
+
+bool Estimator::Present() const { return model::FileExists(Beside(programFolder_, "ZU.exe")); }
+
+void Estimator::Run(const std::string& packagePath, std::string_view text) const {
+  const auto name = ParameterFileName(packagePath);
+  if (!name) return;
+  const std::string file = Write(*name, text);
+  if (Present()) start_(Beside(programFolder_, "ZU.exe"), file);
+}
+
+std::string Estimator::Write(const std::string& name, std::string_view text) const {
+  const std::string beside = Beside(programFolder_, name);
+  try {
+    model::WriteWholeFile(beside, text);
+    return beside;
+  } catch (const model::FileFault&) {
+    // An installed program's folder is seldom the user's.
+    if (userFolder_.empty()) throw;
+  }
+  std::error_code error;
+  std::filesystem::create_directories(userFolder_, error);
+  const std::string own = Beside(userFolder_, name);
+  model::WriteWholeFile(own, text);
+  return own;
+}
+
+}  // namespace setup

@@ -1,0 +1,39 @@
+/// The companion estimator: where it lies, and how it is started on a package's parameter file.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace setup {
+
+/// Starts `program` with one argument and does not wait for it.
+using StartProgram = std::function<void(const std::string& program, const std::string& argument)>;
+
+/// Starts a program with no shell in between. It gets a session of its own, so it outlives this program
+/// and its terminal, and it leaves no zombie. One that cannot be started is passed over in silence.
+void StartDetached(const std::string& program, const std::string& argument);
+
+class Estimator {
+ public:
+  /// `programFolder` is this program's own; `userFolder` takes the parameter file where that one cannot be
+  /// written.
+  Estimator(std::string programFolder, std::string userFolder, StartProgram start = StartDetached);
+
+  /// True when "ZU.exe" lies beside this program.
+  bool Present() const;
+
+  /// Writes `text` as the package's parameter file and starts the estimator on it, if it is there.
+  /// A package whose name is too short for a parameter file does nothing.
+  /// Faults  FileFault when neither folder can be written
+  void Run(const std::string& packagePath, std::string_view text) const;
+
+ private:
+  std::string Write(const std::string& name, std::string_view text) const;
+
+  std::string programFolder_;
+  std::string userFolder_;
+  StartProgram start_;
+};
+
+}  // namespace setup

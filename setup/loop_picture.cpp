@@ -1,0 +1,167 @@
+#include "setup/loop_picture.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "setup/side_wires.h"
+
+namespace setup {
+
+namespace {
+
+// Pixels.
+constexpr double kMargin = 10.0;
+constexpr double kTopMargin = 22.0;
+constexpr double kBottomMargin = 26.0;  ///< the labels of what stands on the substrate go here
+constexpr double kPadThickness = 3.0;
+
+/// Side-view coordinates to pixels, one scale for both axes.
+class Scale {
+ public:
+  /// Takes in a point that must be seen.
+  void Include(const SidePoint& point) {
+    left_ = std::min(left_, point.Out);
+    right_ = std::max(right_, point.Out);
+    low_ = std::min(low_, point.Up);
+    high_ = std::max(high_, point.Up);
+  }
+
+  /// Leaves room for the rest of the die at the left, and a little at the right.
+  void WidenSides() {
+    const double room = right_ > left_ ? 0.08 * (right_ - left_) : 1.0;
+    left_ -= 2.0 * room;
+    right_ += room;
+  }
+
+  void Fit(float width, float height) {
+    const double across = std::max(double(width) - 2.0 * kMargin, 1.0);
+    const double up = std::max(double(height) - kTopMargin - kBottomMargin, 1.0);
+    perUnit_ = across / (right_ - left_);
+    if (high_ > low_) perUnit_ = std::min(perUnit_, up / (high_ - low_));
+    originX_ = kMargin + (across - perUnit_ * (right_ - left_)) / 2.0 - perUnit_ * left_;
+    // The substrate stays at the bottom however high the loops are.
+    originY_ = kTopMargin + up + perUnit_ * low_;
+  }
+
+  PicturePoint At(double out, double up) const {
+    return {static_cast<float>(originX_ + perUnit_ * out), static_cast<float>(originY_ - perUnit_ * up)};
+  }
+  double Left() const { return left_; }
+  double Right() const { return right_; }
+
+ private:
+  double left_ = 0.0, right_ = 0.0, low_ = 0.0, high_ = 0.0;  // the die's foot at its edge is always seen
+  double perUnit_ = 1.0, originX_ = 0.0, originY_ = 0.0;
+};
+
+class Drawing {
+ public:
+  Drawing(const model::Package& package, const model::WireBondSettings& settings)
+      : dieHeight_(double(package.CompZ)),
+        stackHeight_(double(package.SDCompZ)),
+        stacked_(!package.SDBonds.Empty()),
+        base_(SideBaseWire(package, settings)),
+        stitch_(SideStitchWire(package, settings)) {
+    if (stacked_) stack_ = SideStackWire(package, settings);
+  }
+
+  LoopPicture Draw(float width, float height) {
+    Fit(width, height);
+    Bodies();
+    for (const SideWire* wire : {&base_, &stack_}) PadsOf(*wire);
+    Wire(PicturePart::BaseWire, base_);
+    Wire(PicturePart::StackWire, stack_);
+    Wire(PicturePart::StitchWire, stitch_);
+    Labels();
+    return std::move(picture_);
+  }
+
+ private:
+  void Fit(float width, float height) {
+    for (const SideWire* wire : {&base_, &stack_, &stitch_})
+      for (const SidePoint& point : wire->Points) scale_.Include(point);
+    scale_.Include({0.0, dieHeight_});
+    if (stacked_) scale_.Include({0.0, dieHeight_ + stackHeight_});
+    scale_.WidenSides();
+    scale_.Fit(width, height);
+  }
+
+  void Bodies() {
+    Area(PicturePart::Die, scale_.Left(), 0.0, 0.0, dieHeight_);
+    if (stacked_)
+      Area(PicturePart::StackedDie, scale_.Left(), StackEdge(), dieHeight_, dieHeight_ + stackHeight_);
+    picture_.Shapes.push_back(
+        {PicturePart::Substrate, {scale_.At(scale_.Left(), 0.0), scale_.At(scale_.Right(), 0.0)}, false});
+  }
+
+  /// The stacked die ends where the pad of its wire does; its pads lie along its edges.
+  double StackEdge() const {
+    if (stack_.Points.empty()) return scale_.Left() / 2.0;
+    return std::max(stack_.Points.front().Out + stack_.StartSize / 2.0, scale_.Left());
+  }
+
+  void Area(PicturePart part, double left, double right, double low, double high) {
+    picture_.Shapes.push_back(
+        {part,
+         {scale_.At(left, low), scale_.At(left, high), scale_.At(right, high), scale_.At(right, low)},
+         true});
+  }
+
+  /// Pads have no thickness in the package: they hang below the wire's ends, so many pixels thick.
+  void PadsOf(const SideWire& wire) {
+    if (wire.Points.empty()) return;
+    Pad(wire.Points.front(), wire.StartSize);
+    Pad(wire.Points.back(), wire.EndSize);
+  }
+
+  void Pad(const SidePoint& at, double size) {
+    const PicturePoint left = scale_.At(at.Out - size / 2.0, at.Up);
+    const PicturePoint right = scale_.At(at.Out + size / 2.0, at.Up);
+    const float x1 = std::min(left.X, right.X - 4.0F);
+    const float x2 = std::max(right.X, left.X + 4.0F);
+    const float y2 = left.Y + static_cast<float>(kPadThickness);
+    picture_.Shapes.push_back({PicturePart::Pad, {{x1, left.Y}, {x2, left.Y}, {x2, y2}, {x1, y2}}, true});
+  }
+
+  void Wire(PicturePart part, const SideWire& wire) {
+    if (wire.Points.empty()) return;
+    PictureShape shape{part, {}, false};
+    for (const SidePoint& point : wire.Points) shape.Points.push_back(scale_.At(point.Out, point.Up));
+    picture_.Shapes.push_back(std::move(shape));
+  }
+
+  void Labels() {
+    const float below = scale_.At(0.0, 0.0).Y + static_cast<float>(kBottomMargin) * 0.55F;
+    Label("Die", (scale_.At(scale_.Left(), 0.0).X + scale_.At(0.0, 0.0).X) / 2.0F, below);
+    if (!base_.Points.empty()) {
+      Label("SBP", scale_.At(base_.Points.back().Out, 0.0).X, below);
+      LabelLoop("Base", base_);
+    }
+    if (!stack_.Points.empty()) LabelLoop("Stack", stack_);
+  }
+
+  /// Above the level run of a loop.
+  void LabelLoop(const char* text, const SideWire& wire) {
+    const PicturePoint from = scale_.At(wire.Points[4].Out, wire.Points[4].Up);
+    const PicturePoint to = scale_.At(wire.Points[5].Out, wire.Points[5].Up);
+    Label(text, (from.X + to.X) / 2.0F, from.Y - 10.0F);
+  }
+
+  void Label(const char* text, float x, float y) { picture_.Labels.push_back({text, {x, y}}); }
+
+  double dieHeight_, stackHeight_;
+  bool stacked_;
+  SideWire base_, stitch_, stack_;
+  Scale scale_;
+  LoopPicture picture_;
+};
+
+}  // namespace
+
+LoopPicture DrawLoops(const model::Package& package, const model::WireBondSettings& settings, float width,
+                      float height) {
+  return Drawing(package, settings).Draw(width, height);
+}
+
+}  // namespace setup

@@ -1,0 +1,117 @@
+/// The wire bond setup window without its widgets: values, handlers and life.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "model/package.h"
+#include "model/wire_bond_settings.h"
+#include "setup/estimator_file.h"
+#include "setup/estimator_start.h"
+#include "setup/file_dialog.h"
+#include "setup/loop_picture.h"
+#include "setup/setup_controls.h"
+
+namespace setup {
+
+/// What the form asks of those above it. An empty one does nothing.
+struct SetupCalls {
+  std::function<void()> RebuildAndRepaint;  ///< the scene list, then the main window
+  std::function<void()> ControlsChanged;    ///< a window that is shown takes the values over
+  std::function<void()> UnloadWindow;       ///< the window, if there is one, goes away
+  std::function<void(OptionArray, std::size_t)> FocusOption;
+};
+
+/// The form lives apart from its window: the first load brings it to life with no window made, and it
+/// lives until it is unloaded. Handlers that arrive after that do nothing.
+///
+/// The seven buttons trap every fault; option clicks, field edits and activation let them pass.
+class SetupForm {
+ public:
+  SetupForm(model::WireBondSettings& settings, model::Package& package, FileDialog& dialog,
+            Estimator& estimator);
+
+  SetupCalls Calls;
+
+  bool Alive() const { return alive_; }
+  /// Brings the form to life, its controls filled from the settings. A form that lives keeps its controls.
+  void Load();
+  void Unload();
+  /// What each load of a package ends with: the form comes to life if needed, is reset and redrawn.
+  void RunCommand3();
+  void Form_Activate();
+
+  /// A window writes what is typed straight into a field's Text.
+  SetupControls& Controls() { return controls_; }
+  const SetupControls& Controls() const { return controls_; }
+
+  void Cmd_Click(std::size_t index);
+  void M_Click(std::size_t index);
+  void WD_Click(std::size_t index);
+  void FQ_Click(std::size_t index);
+  void LH_Click(std::size_t index);
+
+  void WDc_GotFocus();
+  void WDc_LostFocus();
+  void WDc_KeyUp(int keyCode);
+  void FQc_GotFocus();
+  void FQc_LostFocus();
+  void FQc_KeyUp(int keyCode);
+  void LHc_GotFocus(std::size_t index);
+  void LHc_LostFocus(std::size_t index);
+  void LHc_KeyUp(std::size_t index, int keyCode);
+  void LEc_GotFocus(std::size_t index);
+  void LEc_LostFocus(std::size_t index);
+  /// Escape puts the text back that the field had when it got the focus.
+  void LEc_KeyUp(std::size_t index, int keyCode);
+
+  /// Writes the settings that the controls say, then UpdatePic.
+  /// Faults  Overflow when the frequency is beyond a single
+  void UpdateVals();
+  /// Rebuilds `Vu` and what the picture shows; enables what only a stacked die needs.
+  void UpdatePic();
+
+  /// `Picture1` at a size in pixels.
+  LoopPicture Picture(float width, float height) const;
+
+ private:
+  struct EditRules;
+
+  void FillFromSettings();
+  void ReadControls(model::WireBondSettings& settings) const;
+  void Apply();
+  void Reset();
+  void RunButton(std::size_t index);
+  void LoadParameters();
+  void TakeParameter(const Parameter& parameter, const std::string& folder);
+  void SaveParameters();
+  void StartEstimator();
+
+  void SelectMaterial(std::string_view upperCaseName);
+  void SelectDiameter(float diameter);
+  /// Selects the unit that suits a frequency in hertz. Returns the value in that unit
+  float SelectUnit(float frequency);
+  void SelectLH(std::size_t index);
+  /// "Custom" for a value that is neither 0 nor the die height, else "Default to Die Height".
+  void SelectByValue(const LoopFrame& frame, float value);
+  void SetHeight(const LoopFrame& frame, std::string_view text);
+  /// The die height in file units.
+  float DieHeight() const;
+
+  void GotFocus(Field& field, const EditRules& rules);
+  void LostFocus(Field& field, const EditRules& rules);
+  void LoopKeyUp(bool height, std::size_t index, int keyCode);
+  void FocusOption(OptionArray options, std::size_t index) const;
+  void Changed() const;
+
+  model::WireBondSettings& settings_;
+  model::Package& package_;
+  FileDialog& dialog_;
+  Estimator& estimator_;
+  SetupControls controls_;
+  model::WireBondSettings pictured_;
+  bool alive_ = false;
+};
+
+}  // namespace setup

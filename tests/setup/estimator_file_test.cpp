@@ -1,0 +1,164 @@
+#include "setup/estimator_file.h"
+
+#include "tests/setup/setup_fixture.h"
+
+namespace setup {
+namespace {
+
+TEST_F(SetupFormTest, TheParameterTextFollowsEveryChange) {
+  package.PackagePath = "/p k/\xC3\xA4 board.yax";
+  form.RunCommand3();
+  const std::string base =
+      "YAXFile=\xC3\xA4 "
+      "board.yax\r\nMaterial=Au\r\nWireDiameter=1\r\nFrequency=1000000\r\nBaseLoopHeight=0.25\r\n";
+  EXPECT_EQ(controls.Vu, base + "BaseExtension=0.25\r\n");
+  controls.LEc[0].Text = "1,50";
+  form.LH_Click(3);
+  EXPECT_EQ(controls.Vu, base + "BaseExtension=1.5\r\n");
+  StackADie();
+  form.LH_Click(5);
+  EXPECT_EQ(
+      controls.Vu,
+      base + "BaseExtension=1.5\r\nStackLoopHeight=0.25\r\nStackExtension=-1\r\nStichExtension=0.25\r\n");
+}
+
+TEST_F(SetupFormTest, SaveThenLoadRestoresAllButTwoExtensions) {
+  StackADie();
+  form.RunCommand3();
+  form.M_Click(2);
+  controls.WDc.Text = "0.9";
+  form.WD_Click(6);
+  controls.FQc.Text = "2.5";
+  form.FQ_Click(2);
+  for (const LoopFrame& frame : kLoopFrames) {
+    frame.FieldOf(controls).Text = "40.125";
+    form.LH_Click(frame.Custom);
+  }
+  form.LH_Click(5);
+  dialog.Answer = folder / "a.zu";
+  form.Cmd_Click(6);
+  EXPECT_EQ(BytesOf(folder / "a.zu"), controls.Vu);
+  const model::WireBondSettings saved = settings;
+  form.Cmd_Click(3);
+  rebuilds = 0;
+  form.Cmd_Click(5);
+  EXPECT_EQ(rebuilds, 1);
+  EXPECT_EQ(settings.Material, "Cu");
+  EXPECT_EQ(settings.WireDiameter, 0.9F);
+  EXPECT_EQ(Selected(controls.WD), 6);
+  EXPECT_EQ(settings.Frequency, 2.5e9F);
+  EXPECT_EQ(settings.BaseLoopHeight, saved.BaseLoopHeight);
+  EXPECT_EQ(settings.StackLoopHeight, saved.StackLoopHeight);
+  EXPECT_EQ(settings.StackExtension, -1.0F);
+  // As Reset left them: the written keys are not those that are read.
+  EXPECT_EQ(settings.BaseExtension, 0.25F);
+  EXPECT_EQ(settings.StitchExtension, 0.25F);
+  EXPECT_EQ(package.PackagePath, folder / "board.yax");
+}
+
+TEST_F(SetupFormTest, LoadTakesForeignFiles) {
+  form.RunCommand3();
+  LoadText(
+      "yaxfile=sub/other.yax\nmaterial=al\nWIREDIAMETER=1.250\r\nFrequency=4700\nBaseExtenston=7\n"
+      "StichExtenston=8 mil\nStackExtension=-1.0\nBaseLoopHeight=25.000\nStackLoopHeight=0");
+  EXPECT_EQ(package.PackagePath, folder / "sub/other.yax");
+  EXPECT_EQ(settings.Material, "Al");
+  EXPECT_EQ(Selected(controls.WD), 4);
+  EXPECT_EQ(controls.WDc.Text, "1.250");
+  EXPECT_EQ(Selected(controls.FQ), 0);
+  EXPECT_EQ(controls.FQc.Text, "4.7");
+  EXPECT_EQ(settings.BaseExtension, 7.0F);
+  EXPECT_EQ(settings.StitchExtension, 8.0F);
+  EXPECT_EQ(controls.LEc[2].Text, "8 mil");
+  EXPECT_EQ(SelectedLoop(2), 6) << "only the text -1 means the die's edge by itself";
+  EXPECT_EQ(controls.LEc[1].Text, "-1.0");
+  EXPECT_EQ(SelectedLoop(0), 0) << "25 is the die height in file units";
+  EXPECT_EQ(SelectedLoop(3), 7) << "0 is unset";
+  EXPECT_EQ(controls.LHc[1].Text, "0");
+  EXPECT_NE(controls.Vu.find("YAXFile=other.yax\r\n"), std::string::npos);
+}
+
+TEST_F(SetupFormTest, LoadSelectsTheEdgeByItsTextAlone) {
+  form.RunCommand3();
+  LoadText("StackExtension=-1\r\n");
+  EXPECT_EQ(SelectedLoop(2), 5);
+  EXPECT_EQ(controls.LEc[1].Text, "25") << "the box keeps what Reset put there";
+  LoadText("Frequency=500,5 Hz\n");
+  EXPECT_EQ(Selected(controls.FQ), 3);
+  EXPECT_EQ(controls.FQc.Text, "500,5 Hz");
+  EXPECT_EQ(settings.Frequency, 500.5F);
+}
+
+TEST_F(SetupFormTest, DamagedFilesChangeNothing) {
+  form.RunCommand3();
+  form.M_Click(1);
+  const std::string vu = controls.Vu;
+  std::string bytes;
+  for (int i = 0; i < 256; ++i) bytes += static_cast<char>(i);
+  for (const std::string& text :
+       {std::string(), std::string("\r\n\n\r"),
+        std::string("Material\nMaterial Cu\n Material=Cu\nMaterial==Cu\n"),
+        std::string("Material=Ag\nMaterial=\nMaterial=C"), std::string("BaseLoopHeigh"), bytes,
+        std::string(1 << 20, 'x') + "Material=Cu", std::string("\0Material=Cu", 12)}) {
+    LoadText(text);
+    EXPECT_EQ(controls.Vu, vu) << text.substr(0, 40);
+  }
+  LoadText("Material=cu\nBaseLoopHeight=" + std::string(1 << 20, '9'));
+  EXPECT_EQ(settings.Material, "Cu");
+  EXPECT_EQ(settings.BaseLoopHeight, 0.25F) << "a number beyond a single is 0, so the default is selected";
+}
+
+TEST_F(SetupFormTest, DialogsAskAsToldAndCancellingChangesNothing) {
+  form.RunCommand3();
+  rebuilds = 0;
+  form.Cmd_Click(6);
+  EXPECT_EQ(dialog.Shown, "save");
+  EXPECT_EQ(dialog.Request.DialogTitle, "Save ZU file");
+  EXPECT_EQ(dialog.Request.FileName, package.PackagePath);
+  EXPECT_EQ(dialog.Request.Filter, "zu files|*.zu|all files|*.*");
+  EXPECT_EQ(dialog.Request.Flags, 8206);
+  form.Cmd_Click(5);
+  EXPECT_EQ(dialog.Shown, "open");
+  EXPECT_EQ(dialog.Request.DialogTitle, "Load ZU File");
+  EXPECT_EQ(dialog.Request.FileName, "*.zu");
+  EXPECT_EQ(dialog.Request.Filter, "zu files|*.zu|All files|*.*");
+  EXPECT_EQ(dialog.Request.Flags, 16396);
+  EXPECT_EQ(dialog.Request.DefaultExt, ".zu");
+  dialog.Answer = folder / "missing.zu";
+  form.Cmd_Click(5);
+  EXPECT_EQ(rebuilds, 0);
+  EXPECT_EQ(BytesOf(package.PackagePath), "");
+}
+
+TEST_F(SetupFormTest, TheOverwriteQuestionKnowsThePackageByAnyName) {
+  const FileDialogRequest request{.Flags = 8206, .PackagePath = package.PackagePath};
+  std::filesystem::create_symlink(package.PackagePath, folder / "link.zu");
+  folder.Write("other.zu", "");
+  EXPECT_EQ(OverwriteQuestion(folder / "new.zu", request), "");
+  EXPECT_EQ(OverwriteQuestion(folder / "other.zu", {.Flags = 16396}), "");
+  EXPECT_NE(OverwriteQuestion(folder / "other.zu", request).find("already exists"), std::string::npos);
+  for (const std::string& same : {folder / "board.yax", folder / "./board.yax", folder / "link.zu"})
+    EXPECT_NE(OverwriteQuestion(same, request).find("package file itself"), std::string::npos) << same;
+}
+
+TEST(ParameterFile, ItsNameReplacesThreeCharacters) {
+  const std::pair<const char*, std::optional<std::string>> cases[] = {{"/a/board.yax", "board.zu"},
+                                                                      {"board.YAX", "board.zu"},
+                                                                      {"/a.b/yax", "zu"},
+                                                                      {"/a/package", "packzu"},
+                                                                      {"/a/b.\xC3\xA4\xC3\xB6x", "b.zu"},
+                                                                      {"/a/ya", std::nullopt},
+                                                                      {"/a/\xC3\xA4\xC3\xA4", std::nullopt},
+                                                                      {"", std::nullopt},
+                                                                      {"/a/", std::nullopt}};
+  for (const auto& [path, name] : cases) EXPECT_EQ(ParameterFileName(path), name) << path;
+}
+
+TEST(ParameterFile, ItsFolderKeepsTheSeparator) {
+  EXPECT_EQ(GetFilePath("/a b/c.zu"), "/a b/");
+  EXPECT_EQ(GetFilePath("/c.zu"), "/");
+  EXPECT_EQ(GetFilePath("c.zu"), "");
+}
+
+}  // namespace
+}  // namespace setup

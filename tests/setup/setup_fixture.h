@@ -1,0 +1,122 @@
+/// A setup form with a made-up package, a dialog that answers by itself and a folder of its own.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "model/faults.h"
+#include "setup/setup_form.h"
+
+namespace setup {
+
+/// A folder that goes away with the test. Its name holds what shells and lists would trip over.
+class TestFolder {
+ public:
+  TestFolder() {
+    std::string name = (std::filesystem::temp_directory_path() / "setup 'test' \"\xC3\xA4\" XXXXXX").string();
+    path_ = mkdtemp(name.data());
+  }
+  TestFolder(const TestFolder&) = delete;
+  TestFolder& operator=(const TestFolder&) = delete;
+  ~TestFolder() {
+    std::error_code error;
+    std::filesystem::remove_all(path_, error);
+  }
+
+  const std::string& Path() const { return path_; }
+  std::string operator/(const std::string& name) const { return path_ + "/" + name; }
+  std::string Write(const std::string& name, const std::string& bytes) const {
+    std::ofstream(*this / name, std::ios::binary) << bytes;
+    return *this / name;
+  }
+
+ private:
+  std::string path_;
+};
+
+inline std::string BytesOf(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+class AnsweringDialog : public FileDialog {
+ public:
+  std::optional<std::string> ShowOpen(const FileDialogRequest& request) override {
+    return Take("open", request);
+  }
+  std::optional<std::string> ShowSave(const FileDialogRequest& request) override {
+    return Take("save", request);
+  }
+
+  std::optional<std::string> Answer;
+  std::string Shown;
+  FileDialogRequest Request;
+
+ private:
+  std::optional<std::string> Take(const char* which, const FileDialogRequest& request) {
+    Shown = which;
+    Request = request;
+    return Answer;
+  }
+};
+
+class SetupFormTest : public testing::Test {
+ protected:
+  SetupFormTest() {
+    package.PackagePath = folder.Write("board.yax", "");
+    package.CompZ = 0.25F;
+    package.UnitScale = 100.0F;
+    form.Calls.RebuildAndRepaint = [this] {
+      ++rebuilds;
+      if (faultOnRebuild) throw model::Overflow();
+    };
+    form.Calls.UnloadWindow = [this] { ++unloads; };
+    form.Calls.ControlsChanged = [this] { ++changes; };
+  }
+
+  void StackADie() { package.SDBonds.Grow(); }
+
+  /// The one selected option of a frame or array, or -1.
+  template <class Options>
+  static int Selected(const Options& options, std::size_t first, std::size_t last) {
+    int selected = -1;
+    for (std::size_t i = first; i <= last; ++i) {
+      if (!options[i]) continue;
+      EXPECT_EQ(selected, -1) << "two options of one frame are selected";
+      selected = static_cast<int>(i);
+    }
+    return selected;
+  }
+  template <class Options>
+  static int Selected(const Options& options) {
+    return Selected(options, 0, options.size() - 1);
+  }
+  int SelectedLoop(std::size_t frame) {
+    return Selected(controls.LH, kLoopFrames[frame].First, kLoopFrames[frame].Custom);
+  }
+
+  void LoadText(const std::string& text) {
+    dialog.Answer = folder.Write("saved.zu", text);
+    form.Cmd_Click(5);
+  }
+
+  TestFolder folder;
+  model::WireBondSettings settings;
+  model::Package package;
+  AnsweringDialog dialog;
+  std::string started;
+  Estimator estimator{folder.Path(), folder / "data",
+                      [this](const std::string& program, const std::string& argument) {
+                        started += program + "|" + argument;
+                      }};
+  SetupForm form{settings, package, dialog, estimator};
+  SetupControls& controls = form.Controls();
+  int rebuilds = 0, unloads = 0, changes = 0;
+  bool faultOnRebuild = false;
+};
+
+}  // namespace setup
