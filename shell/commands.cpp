@@ -67,13 +67,12 @@ void Commands::DoSavePic_Click() {
 }
 
 void Commands::SavePicture() {
-  const std::optional<std::string> path =
-      Filn_.ShowSave({.DialogTitle = "Save Picture",
-                      .FileName = "*.bmp",
-                      .Filter = "bmp files|*.bmp|All files|*.*",
-                      .Flags = setup::kCreatePrompt | setup::kKeepFolder | setup::kHideReadOnly |
-                               setup::kOverwritePrompt,
-                      .PackagePath = form_.Package().PackagePath});
+  const std::optional<std::string> path = Filn_.ShowSave(
+      {.DialogTitle = "Save Picture",
+       .FileName = "*.bmp",
+       .Filter = "bmp files|*.bmp|All files|*.*",
+       .Flags = setup::kCreatePrompt | setup::kKeepFolder | setup::kHideReadOnly | setup::kOverwritePrompt,
+       .PackagePath = form_.Package().PackagePath});
   if (path) model::WriteWholeFile(*path, render::BitmapBytes(form_.FramePicture()));
 }
 

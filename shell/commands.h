@@ -16,7 +16,7 @@ class ProgramEnd;
 /// What the commands ask of the windows. Empty ones do nothing.
 struct CommandActions {
   std::function<void()> unloadWireList;
-  std::function<void()> showWireList;       ///< fills it first
+  std::function<void()> showWireList;  ///< fills it first
   std::function<void()> showWireBondSetup;
   std::function<void()> setUpPrinter;
   std::function<void(const render::Picture& picture, bool fit)> print;

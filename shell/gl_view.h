@@ -12,6 +12,8 @@ namespace shell {
 
 /// The GL window inside lets all input through to the widget, so events arrive here as in any other widget.
 class GlView final : public QWidget, public render::GlSurface {
+  Q_OBJECT
+
  public:
   explicit GlView(QWidget* parent);
   ~GlView() override;
@@ -20,6 +22,9 @@ class GlView final : public QWidget, public render::GlSurface {
   std::function<void()> exposed;
   /// The view has a new size.
   std::function<void()> resized;
+
+  /// Assistive technology asks for the command menu.
+  std::function<void()> menuAsked;
 
   bool CreateContext() override;
   bool MakeCurrent() override;

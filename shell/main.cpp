@@ -7,6 +7,7 @@
 
 #include "model/title.h"
 #include "model/version.h"
+#include "shell/accessible_view.h"
 #include "shell/command_line.h"
 #include "shell/display.h"
 #include "shell/main_window.h"
@@ -49,6 +50,24 @@ void ShowCritical(const std::string& title, const std::string& text) {
   }
 }
 
+/// The backstop for a fault that a handler let out: nothing may pass through the toolkit.
+class Application final : public QApplication {
+ public:
+  Application(int& argc, char** argv, shell::ProgramEnd& end) : QApplication(argc, argv), end_(end) {}
+
+  bool notify(QObject* receiver, QEvent* event) override {
+    try {
+      return QApplication::notify(receiver, event);
+    } catch (const model::Fault& fault) {
+      end_.RunTimeError(fault);
+      return false;
+    }
+  }
+
+ private:
+  shell::ProgramEnd& end_;
+};
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -64,7 +83,8 @@ int main(int argc, char** argv) {
     return status;
   }
 
-  QApplication application(argc, argv);
+  Application application(argc, argv, end);
+  shell::InstallAccessibleViews();
   QCoreApplication::setApplicationName(model::kProgramTitle);
   const shell::StartUp startUp{QCoreApplication::applicationDirPath().toLocal8Bit().toStdString(),
                                shell::CommandLineText({argv + 1, argv + argc})};

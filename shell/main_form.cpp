@@ -78,6 +78,7 @@ bool MainForm::ReadPackageFile() {
   package_ = *std::move(package);
   if (actions.setCaption) actions.setCaption(model::WindowTitle(package_.PackagePath));
   model::SetUnsetDefaults(settings_, package_);
+  if (actions.packageRead) actions.packageRead();
   if (actions.resetWireBondSetup) actions.resetWireBondSetup();
   return true;
 }

@@ -29,7 +29,9 @@ struct StartUp {
 struct MainFormActions {
   std::function<void(const std::string& caption)> setCaption;
   std::function<void(bool navigation, bool viewer)> enableHelp;
-  std::function<void()> hookWheel;    ///< from now on every wheel event of the program reaches WheelMoved
+  /// A package was read and replaces the one before.
+  std::function<void()> packageRead;
+  std::function<void()> hookWheel;  ///< from now on every wheel event of the program reaches WheelMoved
   std::function<void()> unhookWheel;
   /// Command 3 of the wire bond setup: resets the settings from the package just read.
   std::function<void()> resetWireBondSetup;

@@ -3,39 +3,116 @@
 #include <QCloseEvent>
 #include <QFile>
 #include <QGridLayout>
+#include <QWindow>
 
+#include "shell/about_window.h"
 #include "shell/gl_view.h"
+#include "shell/help_window.h"
+#include "shell/program_icon.h"
+#include "shell/wire_list_window.h"
 
 namespace shell {
 
-MainWindow::MainWindow(const StartUp& startUp, ProgramEnd& end) : end_(end) {
-  resize(1024, 768);
-  view_ = new GlView(this);
-  auto* const grid = new QGridLayout(this);
-  grid->setContentsMargins(0, 0, 0, 0);
-  grid->setSpacing(0);
-  grid->addWidget(view_, 0, 0);
-
-  form_ = std::make_unique<MainForm>(startUp, *view_, end_);
-  form_->actions.setCaption = [this](const std::string& caption) {
-    setWindowTitle(QFile::decodeName(caption.c_str()));
-  };
-  view_->exposed = [this] { end_.Run([this] { form_->Form_Paint(); }); };
+MainWindow::MainWindow(const StartUp& startUp, ProgramEnd& end)
+    : end_(end),
+      view_(new GlView(this)),
+      form_(startUp, *view_, end_),
+      controls_(form_.Navigator(), end_, this),
+      input_(form_, end_, *view_),
+      Filn_(this),
+      commands_(form_, end_, Filn_),
+      DoMnu_(new CommandMenuPopup(commands_, this)),
+      printing_(this),
+      wireListForm_(form_.Package(), form_.Selection()) {
+  setWindowIcon(ProgramIcon());
+  LayOut();
+  WireNavigation();
+  WireForm();
+  WireCommands();
 }
 
 MainWindow::~MainWindow() = default;
 
-void MainWindow::Load() {
-  layout()->activate();
-  end_.Run([this] { form_->Form_Load(); });
-  view_->resized = [this] {
-    if (!isMinimized()) end_.Run([this] { form_->Form_Resize(); });
+/// The view fills the window; the bars stand along its right and lower edges, the buttons below.
+void MainWindow::LayOut() {
+  auto* const grid = new QGridLayout(this);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setSpacing(0);
+  grid->addWidget(view_, 0, 0);
+  grid->addWidget(controls_.ScrollPitch, 0, 1);
+  grid->addWidget(controls_.ScrollYaw, 1, 0);
+  grid->addWidget(controls_.strip, 2, 0, 1, 2);
+  grid->setRowStretch(0, 1);
+  grid->setColumnStretch(0, 1);
+  resize(1024, 800);
+}
+
+void MainWindow::WireNavigation() {
+  NavigationActions& actions = form_.Navigator().actions;
+  actions.setPointer = [this](Pointer pointer) {
+    pointer == Pointer::kUpArrow ? setCursor(Qt::UpArrowCursor) : unsetCursor();
   };
+  actions.openCommandMenu = [this](float x, float y) {
+    OpenMenu(view_->mapToGlobal(QPointF(double(x), double(y)).toPoint()));
+  };
+  view_->menuAsked = [this] { input_.OpenMenuByKey(); };
+  view_->exposed = [this] { end_.Run([this] { form_.Form_Paint(); }); };
+}
+
+void MainWindow::WireForm() {
+  MainFormActions& actions = form_.actions;
+  actions.setCaption = [this](const std::string& caption) {
+    setWindowTitle(QFile::decodeName(caption.c_str()));
+  };
+  actions.enableHelp = [this](bool navigation, bool viewer) {
+    DoMnu_->SetEnabled("DoNavHelp", navigation);
+    DoMnu_->SetEnabled("DoViewHelp", viewer);
+  };
+  actions.hookWheel = [this] { input_.HookWheel(); };
+  actions.unhookWheel = [this] { input_.UnhookWheel(); };
+  actions.packageRead = [this] {
+    if (PinList_) PinList_->PackageChanged();
+  };
+  wireListForm_.upward.rebuildAndRepaint = [this] { end_.Run([this] { form_.RebuildAndRepaint(); }); };
+}
+
+void MainWindow::WireCommands() {
+  CommandActions& actions = commands_.actions;
+  actions.unloadWireList = [this] { PinList_.reset(); };
+  actions.showWireList = [this] {
+    if (!PinList_) PinList_ = std::make_unique<WireListWindow>(wireListForm_);
+    PinList_->DoWireList();
+  };
+  actions.setUpPrinter = [this] { printing_.SetUp(); };
+  actions.print = [this](const render::Picture& picture, bool fit) { printing_.Print(picture, fit); };
+  actions.showHelp = [this](const std::string& caption, const std::string& path) {
+    if (Hlp_ == nullptr) Hlp_ = new HelpWindow(this);
+    Hlp_->Open(QString::fromStdString(caption), path);
+  };
+  actions.showAbout = [this] {
+    if (about_ == nullptr) about_ = new AboutWindow(this);
+    about_->show();
+    about_->raise();
+    about_->activateWindow();
+  };
+}
+
+void MainWindow::OpenMenu(const QPoint& at) { DoMnu_->popup(at); }
+
+void MainWindow::Load() {
+  winId();
+  input_.WatchKeysOf(windowHandle());
+  layout()->activate();
+  end_.Run([this] { form_.Form_Load(); });
+  view_->resized = [this] {
+    if (!isMinimized()) end_.Run([this] { form_.Form_Resize(); });
+  };
+  view_->setFocus();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
   event->accept();
-  end_.Run([this] { form_->Form_Unload(); });
+  end_.Run([this] { form_.Form_Unload(); });
 }
 
 }  // namespace shell

@@ -1,14 +1,25 @@
-/// The main window: the view, and everything that hangs on it.
+/// The main window: the view with its controls, the command menu, and the wiring of all that hangs on them.
 #pragma once
 
 #include <QWidget>
+#include <memory>
 
+#include "setup/qt_file_dialog.h"
+#include "shell/command_menu.h"
+#include "shell/commands.h"
 #include "shell/main_form.h"
+#include "shell/printing.h"
 #include "shell/program_end.h"
+#include "shell/view_controls.h"
+#include "shell/view_input.h"
+#include "shell/wire_list_form.h"
 
 namespace shell {
 
+class AboutWindow;
 class GlView;
+class HelpWindow;
+class WireListWindow;
 
 class MainWindow final : public QWidget {
  public:
@@ -23,9 +34,25 @@ class MainWindow final : public QWidget {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  void LayOut();
+  void WireNavigation();
+  void WireForm();
+  void WireCommands();
+  void OpenMenu(const QPoint& at);
+
   ProgramEnd& end_;
   GlView* view_;
-  std::unique_ptr<MainForm> form_;
+  MainForm form_;
+  ViewControls controls_;
+  ViewInput input_;
+  setup::QtFileDialog Filn_;
+  Commands commands_;
+  CommandMenuPopup* DoMnu_;
+  Printing printing_;
+  HelpWindow* Hlp_ = nullptr;
+  AboutWindow* about_ = nullptr;
+  WireListForm wireListForm_;
+  std::unique_ptr<WireListWindow> PinList_;
 };
 
 }  // namespace shell

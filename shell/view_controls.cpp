@@ -11,8 +11,8 @@
 
 namespace shell {
 
-BoundScrollBar::BoundScrollBar(ScrollBar& bar, Qt::Orientation orientation, const QString& name, ProgramEnd& end,
-                               QWidget* parent)
+BoundScrollBar::BoundScrollBar(ScrollBar& bar, Qt::Orientation orientation, const QString& name,
+                               ProgramEnd& end, QWidget* parent)
     : QScrollBar(orientation, parent) {
   setRange(bar.Min(), bar.Max());
   setSingleStep(1);
@@ -51,7 +51,8 @@ void ArrowPicture::paintEvent(QPaintEvent* event) {
                                QPointF(0.2, -0.9), QPointF(0.2, -2.6)})
     arrow.lineTo(point * unit);
   arrow.closeSubpath();
-  painter.fillPath(arrow, palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
+  painter.fillPath(
+      arrow, palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
 }
 
 DummyBox::DummyBox(QWidget* parent) : QLineEdit(parent) {
@@ -97,9 +98,8 @@ ViewControls::ViewControls(Navigation& navigation, ProgramEnd& end, QWidget* par
     push->setToolTip(button.Description);
     // Wide enough for the caption and no wider: all of them fit a window of 640 pixels.
     push->setFixedWidth(push->fontMetrics().horizontalAdvance(push->text()) + 24);
-    QObject::connect(push, &QPushButton::clicked, strip, [&navigation, &end, click = button.Click] {
-      end.Run([&] { (navigation.*click)(); });
-    });
+    QObject::connect(push, &QPushButton::clicked, strip,
+                     [&navigation, &end, click = button.Click] { end.Run([&] { (navigation.*click)(); }); });
     row->addWidget(push);
   }
   row->addStretch();

@@ -1,4 +1,5 @@
-/// The controls along the view's edges: two scroll bars, six buttons, four arrows and the box that takes the focus.
+/// The controls along the view's edges: two scroll bars, six buttons, four arrows and the box that takes the
+/// focus.
 #pragma once
 
 #include <QLineEdit>
@@ -16,7 +17,8 @@ class ProgramEnd;
 /// which move the camera.
 class BoundScrollBar final : public QScrollBar {
  public:
-  BoundScrollBar(ScrollBar& bar, Qt::Orientation orientation, const QString& name, ProgramEnd& end, QWidget* parent);
+  BoundScrollBar(ScrollBar& bar, Qt::Orientation orientation, const QString& name, ProgramEnd& end,
+                 QWidget* parent);
 
  protected:
   void wheelEvent(QWheelEvent* event) override;

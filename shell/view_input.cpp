@@ -25,21 +25,36 @@ int ButtonCode(Qt::MouseButtons buttons) {
 int KeyCode(const QKeyEvent& key) {
   const bool keypad = key.modifiers().testFlag(Qt::KeypadModifier);
   switch (key.key()) {
-    case Qt::Key_Escape: return kEscape;
-    case Qt::Key_Home: return kHome;
-    case Qt::Key_Left: return kLeft;
-    case Qt::Key_Up: return kUp;
-    case Qt::Key_Right: return kRight;
-    case Qt::Key_Down: return kDown;
-    case Qt::Key_D: return kD;
-    case Qt::Key_L: return kL;
-    case Qt::Key_R: return kR;
-    case Qt::Key_U: return kU;
-    case Qt::Key_Plus: return keypad ? kKeypadPlus : kEqualsPlus;
-    case Qt::Key_Equal: return kEqualsPlus;
-    case Qt::Key_Minus: return keypad ? kKeypadMinus : kMinus;
-    case Qt::Key_Underscore: return kMinus;
-    default: return 0;
+    case Qt::Key_Escape:
+      return kEscape;
+    case Qt::Key_Home:
+      return kHome;
+    case Qt::Key_Left:
+      return kLeft;
+    case Qt::Key_Up:
+      return kUp;
+    case Qt::Key_Right:
+      return kRight;
+    case Qt::Key_Down:
+      return kDown;
+    case Qt::Key_D:
+      return kD;
+    case Qt::Key_L:
+      return kL;
+    case Qt::Key_R:
+      return kR;
+    case Qt::Key_U:
+      return kU;
+    case Qt::Key_Plus:
+      return keypad ? kKeypadPlus : kEqualsPlus;
+    case Qt::Key_Equal:
+      return kEqualsPlus;
+    case Qt::Key_Minus:
+      return keypad ? kKeypadMinus : kMinus;
+    case Qt::Key_Underscore:
+      return kMinus;
+    default:
+      return 0;
   }
 }
 
@@ -96,7 +111,8 @@ bool ViewInput::MouseEvent(QEvent* event) {
   Navigation& navigation = form_.Navigator();
   end_.Run([&] {
     if (type == QEvent::MouseMove) return navigation.Form_MouseMove(ButtonCode(mouse.buttons()), shift, x, y);
-    if (type == QEvent::MouseButtonPress) return navigation.Form_MouseDown(ButtonCode(mouse.button()), shift, x, y);
+    if (type == QEvent::MouseButtonPress)
+      return navigation.Form_MouseDown(ButtonCode(mouse.button()), shift, x, y);
     if (mouse.button() == Qt::LeftButton) navigation.Form_DblClick();
   });
   return false;

@@ -14,8 +14,9 @@ namespace shell {
 class MainForm;
 class ProgramEnd;
 
-/// An event filter for three places: the view (mouse), the main window's native window (keys, which it so sees
-/// before any control) and the application (wheel, whichever window of the program is under the pointer).
+/// An event filter for three places: the view (mouse), the main window's native window (keys, which it so
+/// sees before any control) and the application (wheel, whichever window of the program is under the
+/// pointer).
 class ViewInput final : public QObject {
  public:
   ViewInput(MainForm& form, ProgramEnd& end, QWidget& view);

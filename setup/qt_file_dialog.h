@@ -1,0 +1,28 @@
+/// The open and save dialogs of the toolkit, native where the desktop has them.
+#pragma once
+
+#include <QString>
+
+#include "setup/file_dialog.h"
+
+class QWidget;
+
+namespace setup {
+
+class QtFileDialog final : public FileDialog {
+ public:
+  /// Dialogs stand over `parent`, or over the active window when that is null.
+  explicit QtFileDialog(QWidget* parent = nullptr) : parent_(parent) {}
+
+  std::optional<std::string> ShowOpen(const FileDialogRequest& request) override;
+  std::optional<std::string> ShowSave(const FileDialogRequest& request) override;
+
+ private:
+  std::optional<std::string> Show(const FileDialogRequest& request, bool save);
+  QWidget* Parent() const;
+
+  QWidget* parent_;
+  QString folder_;  ///< where the user was last
+};
+
+}  // namespace setup

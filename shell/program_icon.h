@@ -1,0 +1,11 @@
+/// The program's icon, drawn by itself.
+#pragma once
+
+#include <QIcon>
+
+namespace shell {
+
+/// A die with bond wires to the pads round it.
+QIcon ProgramIcon();
+
+}  // namespace shell
