@@ -142,18 +142,6 @@ void WireListForm::PL_SelectionChanged(const EntryRanges& selected) {
   if (TakeSelection(selected)) RebuildAndRepaint();
 }
 
-EntryRanges WireListForm::SelectedRanges() const {
-  EntryRanges ranges;
-  for (std::size_t i = 0; i < selected_.size(); ++i) {
-    if (!selected_[i]) continue;
-    if (!ranges.empty() && ranges.back().last + 1 == i)
-      ranges.back().last = i;
-    else
-      ranges.push_back({i, i});
-  }
-  return ranges;
-}
-
 void WireListForm::PublishNames() {
   selection_.Names.clear();
   for (std::size_t i = 0; i < entries_.size(); ++i)

@@ -9,15 +9,9 @@
 
 #include "model/package.h"
 #include "render/wire_selection.h"
+#include "shell/entry_ranges.h"
 
 namespace shell {
-
-/// Neighbouring entries of the list.
-struct EntryRange {
-  std::size_t first = 0, last = 0;  ///< both included
-  bool operator==(const EntryRange&) const = default;
-};
-using EntryRanges = std::vector<EntryRange>;
 
 /// The form owns one selected flag per entry. A button computes all flags and hands the list one call with
 /// ranges; the list hands its selection back as ranges, never entry by entry.
@@ -28,6 +22,7 @@ class WireListForm {
 
   /// What the form asks of others; empty ones do nothing.
   struct Upward {
+    /// Runs inside the window's event handlers, so it keeps the scene's faults to itself.
     std::function<void()> rebuildAndRepaint;
     /// Selects exactly these entries in the list, which reports nothing back, and makes entry 0, if there is
     /// one, the current item without touching the selection.
@@ -65,7 +60,7 @@ class WireListForm {
 
   const std::vector<std::string>& Entries() const { return entries_; }
   bool Enabled(std::size_t button) const { return enabled_[button]; }
-  EntryRanges SelectedRanges() const;
+  EntryRanges SelectedRanges() const { return RangesOf(selected_); }
 
  private:
   bool Matches(int index, const model::WireNameRec& wire) const;

@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "shell/key_state.h"
+#include "shell/list_selection.h"
 
 namespace shell {
 
@@ -41,7 +42,10 @@ class WireListWindow::Entries : public QAbstractListModel {
 };
 
 WireListWindow::WireListWindow(WireListForm& form)
-    : form_(form), entries_(std::make_unique<Entries>(form)), PL(new QListView) {
+    : form_(form),
+      entries_(std::make_unique<Entries>(form)),
+      selection_(std::make_unique<ListSelection>(entries_.get())),
+      PL(new QListView) {
   setWindowTitle("Wire List");
   setAttribute(Qt::WA_QuitOnClose, false);
 
@@ -50,8 +54,10 @@ WireListWindow::WireListWindow(WireListForm& form)
   PL->setEditTriggers(QAbstractItemView::NoEditTriggers);
   PL->setUniformItemSizes(true);
   PL->setModel(entries_.get());
+  delete PL->selectionModel();  // the list's own
+  PL->setSelectionModel(selection_.get());
   PL->viewport()->installEventFilter(this);
-  connect(PL->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { SelectionChanged(); });
+  connect(selection_.get(), &QItemSelectionModel::selectionChanged, this, [this] { SelectionChanged(); });
 
   auto* buttons = new QVBoxLayout;
   for (std::size_t i = 0; i < Cmd.size(); ++i) {
@@ -61,14 +67,16 @@ WireListWindow::WireListWindow(WireListForm& form)
     buttons->addWidget(Cmd[i]);
   }
   buttons->addStretch();
-  auto* columns = new QHBoxLayout(this);
+  auto* client = new QWidget;  // the main window class is there for screen readers: it counts as a frame
+  auto* columns = new QHBoxLayout(client);
   columns->addWidget(PL, 1);
   columns->addLayout(buttons);
+  setCentralWidget(client);
   resize(sizeHint().expandedTo({320, 420}));
 
   form_.upward.selectAndGoToFirst = [this](const EntryRanges& ranges) {
     Select(ranges);
-    PL->selectionModel()->setCurrentIndex(entries_->index(0), QItemSelectionModel::NoUpdate);
+    selection_->setCurrentIndex(entries_->index(0), QItemSelectionModel::NoUpdate);
   };
 }
 
@@ -92,44 +100,20 @@ void WireListWindow::PackageChanged() {
 }
 
 void WireListWindow::ShowEntries() {
-  const QSignalBlocker quiet(PL->selectionModel());
+  const QSignalBlocker quiet(selection_.get());
   entries_->Reset();
   for (std::size_t i = 0; i < Cmd.size(); ++i) Cmd[i]->setEnabled(form_.Enabled(i));
 }
 
 void WireListWindow::Select(const EntryRanges& ranges) {
-  QItemSelection selection;
-  selection.reserve(static_cast<qsizetype>(ranges.size()));
-  for (const EntryRange& range : ranges) {
-    const QModelIndex first = entries_->index(static_cast<int>(range.first));
-    if (range.first == range.last)
-      selection.append(QItemSelectionRange(first));  // dearer with two indexes, and the usual case when many
-    else
-      selection.append(QItemSelectionRange(first, entries_->index(static_cast<int>(range.last))));
-  }
-  {
-    // Quiet, and from an empty selection: telling what changed between two selections of thousands of
-    // ranges takes the toolkit time that grows with the product of both.
-    const QSignalBlocker quiet(PL->selectionModel());
-    const QModelIndex current = PL->currentIndex();
-    PL->selectionModel()->reset();
-    PL->selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
-    PL->selectionModel()->select(selection, QItemSelectionModel::Select);
-  }
+  selection_->SelectQuietly(ranges);
   PL->viewport()->update();
   QAccessibleEvent changed(PL, QAccessible::SelectionWithin);
   QAccessible::updateAccessibility(&changed);
 }
 
-EntryRanges WireListWindow::Selected() const {
-  EntryRanges ranges;
-  for (const QItemSelectionRange& range : PL->selectionModel()->selection())
-    ranges.push_back({static_cast<std::size_t>(range.top()), static_cast<std::size_t>(range.bottom())});
-  return ranges;
-}
-
 void WireListWindow::TakeSelection() {
-  if (std::exchange(changed_, false)) form_.TakeSelection(Selected());
+  if (std::exchange(changed_, false)) form_.TakeSelection(selection_->Selected());
 }
 
 void WireListWindow::PressButton(int index) {
@@ -158,24 +142,24 @@ void WireListWindow::Report() {
   if (!isVisible()) return;
   changed_ = false;
   if (mouseUp)
-    form_.PL_MouseUp(Selected());
+    form_.PL_MouseUp(selection_->Selected());
   else
-    form_.PL_SelectionChanged(Selected());
+    form_.PL_SelectionChanged(selection_->Selected());
 }
 
 void WireListWindow::showEvent(QShowEvent* event) {
-  QWidget::showEvent(event);
+  QMainWindow::showEvent(event);
   windowHandle()->installEventFilter(this);  // sees each key once, before any control
 }
 
 void WireListWindow::hideEvent(QHideEvent* event) {
-  QWidget::hideEvent(event);
+  QMainWindow::hideEvent(event);
   mouseHeld_ = false;
   if (!event->spontaneous()) form_.Form_Unload();  // made an icon, it still counts as shown
 }
 
 bool WireListWindow::event(QEvent* event) {
-  const bool handled = QWidget::event(event);
+  const bool handled = QMainWindow::event(event);
   if (event->type() == QEvent::WindowActivate) {
     form_.Form_KeyDown(ShiftState(QGuiApplication::queryKeyboardModifiers()));  // may be held already
     form_.Form_Activate();
@@ -198,7 +182,7 @@ bool WireListWindow::eventFilter(QObject* watched, QEvent* event) {
     const auto& key = static_cast<QKeyEvent&>(*event);
     if (!key.isAutoRepeat()) form_.Form_KeyUp(ShiftState(key));
   }
-  return QWidget::eventFilter(watched, event);
+  return QMainWindow::eventFilter(watched, event);
 }
 
 }  // namespace shell

@@ -1,7 +1,7 @@
 /// The window that lists the wires and lets the user select those to be drawn.
 #pragma once
 
-#include <QWidget>
+#include <QMainWindow>
 #include <array>
 #include <memory>
 
@@ -12,9 +12,11 @@ class QPushButton;
 
 namespace shell {
 
+class ListSelection;
+
 /// Binds a list and nine buttons to the form. It stands alone on the desktop and may be closed and opened
 /// again; it does not keep the program alive.
-class WireListWindow : public QWidget {
+class WireListWindow : public QMainWindow {
  public:
   /// `form` must live longer; the window fills in its `upward.selectAndGoToFirst`.
   explicit WireListWindow(WireListForm& form);
@@ -38,7 +40,6 @@ class WireListWindow : public QWidget {
 
   void ShowEntries();
   void Select(const EntryRanges& ranges);
-  EntryRanges Selected() const;
   void TakeSelection();
   void PressButton(int index);
   void SelectionChanged();
@@ -47,6 +48,7 @@ class WireListWindow : public QWidget {
 
   WireListForm& form_;
   std::unique_ptr<Entries> entries_;
+  std::unique_ptr<ListSelection> selection_;
   QListView* PL;                                           ///< the list
   std::array<QPushButton*, WireListForm::kButtons> Cmd{};  ///< the buttons
   bool mouseHeld_ = false;                                 ///< a press in the list awaits its release

@@ -1,0 +1,18 @@
+/// Neighbouring entries of a list, as ranges and as one flag per entry.
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+namespace shell {
+
+struct EntryRange {
+  std::size_t first = 0, last = 0;  ///< both included
+  bool operator==(const EntryRange&) const = default;
+};
+using EntryRanges = std::vector<EntryRange>;
+
+/// The set flags as the fewest ranges, in order.
+EntryRanges RangesOf(const std::vector<bool>& flags);
+
+}  // namespace shell
