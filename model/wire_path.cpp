@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "model/arithmetic.h"
+#include "model/text.h"
 
 namespace model {
 
@@ -47,10 +48,10 @@ float EdgeDistance(const std::string& side, const PackagePoint& start, float sub
   const auto distance = [&](double toEdge, float run) {
     return Single(std::fabs(length * Divide(toEdge, double(run), "it runs along the base die's edge")));
   };
-  if (side == "T") return distance(double(start.Y) - halfLength, b);
-  if (side == "B") return distance(halfLength + double(start.Y), b);
-  if (side == "L") return distance(halfWidth + double(start.X), a);
-  if (side == "R") return distance(double(start.X) - halfWidth, a);
+  if (EqualsUpper(side, "T")) return distance(double(start.Y) - halfLength, b);
+  if (EqualsUpper(side, "B")) return distance(halfLength + double(start.Y), b);
+  if (EqualsUpper(side, "L")) return distance(halfWidth + double(start.X), a);
+  if (EqualsUpper(side, "R")) return distance(double(start.X) - halfWidth, a);
   // Deliberate: a pad on no edge takes the distance of the wire before it.
   return previous;
 }

@@ -27,7 +27,7 @@ struct DiePlan {
 };
 
 /// Plan distance from a stacked-die pad, along the line to its substrate pad, to the base die's edge on
-/// the pad's side. Any other `side` gives `previous`.
+/// the pad's side (a letter of any case). Any other `side` gives `previous`.
 /// Faults  DivisionByZero when the line runs along the edge; Overflow
 float EdgeDistance(const std::string& side, const PackagePoint& start, float subX, float subY,
                    const DiePlan& baseDie, float previous);

@@ -17,12 +17,12 @@ bool IsRectangle(const model::BondRec& bond) { return model::EqualsUpper(bond.Su
 
 }  // namespace
 
-void Scene::DrawBondPads() { DrawSubstratePads(in_.package.Bonds); }
+void Scene::DrawBondPads() { DrawSubstratePads(in_.package.Bonds, "bonds"); }
 
-void Scene::DrawSDBondPads() { DrawSubstratePads(in_.package.SDBonds); }
+void Scene::DrawSDBondPads() { DrawSubstratePads(in_.package.SDBonds, "stacked die bonds"); }
 
-void Scene::DrawSubstratePads(const model::Table<model::BondRec>& bonds) {
-  model::CountIn16Bits(bonds.Count(), "bonds");
+void Scene::DrawSubstratePads(const model::Table<model::BondRec>& bonds, const char* table) {
+  model::CountIn16Bits(bonds.Count(), table);
   for (const model::BondRec& bond : bonds) {
     // A centre on the origin means that no substrate pad was given.
     if (bond.SubX == 0.0F && bond.SubY == 0.0F) continue;

@@ -14,12 +14,11 @@ Picture ReadFrame(const PixelSize& size) {
   glReadBuffer(GL_BACK);
   glReadPixels(0, 0, size.Width, size.Height, GL_RGB, GL_UNSIGNED_BYTE, picture.Rgb.data());
   // GL counts rows from the bottom.
-  auto top = picture.Rgb.begin();
-  auto bottom = picture.Rgb.end();
-  while (bottom - top >= static_cast<std::ptrdiff_t>(2 * row)) {
-    bottom -= static_cast<std::ptrdiff_t>(row);
-    std::swap_ranges(top, top + static_cast<std::ptrdiff_t>(row), bottom);
-    top += static_cast<std::ptrdiff_t>(row);
+  std::uint8_t* top = picture.Rgb.data();
+  std::uint8_t* bottom = top + picture.Rgb.size();
+  for (int pair = 0; pair < size.Height / 2; ++pair, top += row) {
+    bottom -= row;
+    std::swap_ranges(top, top + row, bottom);
   }
   return picture;
 }

@@ -44,8 +44,7 @@ class Scene {
   /// Turns the stacked die's corners and, each about its own centre, its pads (into AuxPoints).
   void RotateSDCorners();
 
-  /// The die attach area; the ends of straight bands change places in the package where they are out of
-  /// order.
+  /// The die attach area; ends of a straight band that are out of order change places in the package.
   void DrawAttach();
   /// Every ring, straight or bowed.
   /// Faults DivisionByZero for a bowed ring without bulge; Overflow from 32,768 rings on
@@ -91,7 +90,7 @@ class Scene {
   void DrawArcSide(std::string_view side, const RingOutline& ring, const Span& span);
   void DrawStraightSide(std::string_view side, const RingOutline& ring, float start, float end);
   void DrawBand(model::DapRec& dap);
-  void DrawSubstratePads(const model::Table<model::BondRec>& bonds);
+  void DrawSubstratePads(const model::Table<model::BondRec>& bonds, const char* table);
   void DrawSubstratePad(const model::BondRec& bond);
   void OrientPad(const model::BondRec& bond);
   void SetPadCorners(const model::BondRec& bond, float rotation);
@@ -107,12 +106,10 @@ class Scene {
   model::Pen& pen_;
   std::array<float, 4> SDCornerX{};
   std::array<float, 4> SDCornerY{};
-  /// Corners P1 to P4 of the substrate pad at work.
-  /// Deliberate: kept from pad to pad, table to table and build to build; a pad without corners of its own
-  /// draws those of the pad before it.
+  /// Corners P1 to P4 of the substrate pad at work. Deliberate: kept from pad to pad, table to table and
+  /// build to build; a pad without corners of its own draws those of the pad before it.
   std::array<PlanPoint, 4> padCorners_{};
-  /// The wire at work, in scene coordinates.
-  model::WireStrip WirePoints{};
+  model::WireStrip WirePoints{};  ///< the wire at work, in scene coordinates
 };
 
 /// The bulge of a bowed side at position p along it: h at the side's middle, 0 at its corners.

@@ -13,9 +13,9 @@ std::int16_t ListNumber(unsigned name);
 
 class SceneList {
  public:
-  /// Compiles the scene into a fresh list, drawing it once at the same time, and makes that list the one
-  /// shown. Needs   current context, no open list or primitive Faults  what the drawing faults with; then no
-  /// list is open and the list shown is still the one before
+  /// Compiles the scene into a fresh list, drawing it once, and makes that list the one shown.
+  /// Needs   current context, no open list or primitive
+  /// Faults  what the drawing faults with; then no list is open and the one before is still shown
   void BuildCube(Scene& scene);
 
   /// Replays the list shown; nothing when there is none.

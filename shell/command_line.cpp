@@ -6,7 +6,7 @@ std::string CommandLineText(const std::vector<std::string>& arguments) {
   if (arguments.empty()) return {};
   std::string text = "\"";
   for (const std::string& argument : arguments) {
-    if (text.size() > 1 || &argument != &arguments.front()) text += ' ';
+    if (&argument != &arguments.front()) text += ' ';
     text += argument;
   }
   return text + '"';

@@ -27,10 +27,7 @@ class Flag {
 
 MainForm::MainForm(const StartUp& startUp, render::GlSurface& surface, ProgramEnd& end)
     : startUp_(startUp), surface_(surface), end_(end) {
-  navigation_.actions.repaint = [this] {
-    // A load paints once, at its end.
-    if (!loading_) Form_Paint();
-  };
+  navigation_.actions.repaint = [this] { Form_Paint(); };
   navigation_.actions.reload = [this] { Form_Load(); };
   navigation_.actions.endProgram = [this] { end_.EndSilently(); };
 }
@@ -47,7 +44,7 @@ void MainForm::Form_Load() {
   if (!SetupPixelFormat()) return end_.FatalError("Could not retrieve pixel format!");
   render::SetUpView(loadedSize_, appearance_);
   sceneList_.BuildCube(scene_);
-  Form_Paint();
+  ShowFrame();
 }
 
 /// The start-up routine: the file of the command line, else the one shown, else the sample beside the
@@ -96,7 +93,6 @@ void MainForm::BuildCube() {
 }
 
 void MainForm::RebuildAndRepaint() {
-  if (loading_) return;
   BuildCube();
   Form_Paint();
 }
@@ -112,10 +108,14 @@ void MainForm::DrawFrame() {
   render::DrawFrame(navigation_.Camera, navigation_.Rotation, package_.CompW, sceneList_);
 }
 
-void MainForm::Form_Paint() {
-  if (!surface_.MakeCurrent()) return;
+void MainForm::ShowFrame() {
   DrawFrame();
   surface_.SwapBuffers();
+}
+
+void MainForm::Form_Paint() {
+  // While a load runs, the list is still that of the package before.
+  if (!loading_ && surface_.MakeCurrent()) ShowFrame();
 }
 
 render::Picture MainForm::FramePicture() {

@@ -46,7 +46,8 @@ class MainForm {
   /// Chooses, reads and shows the package.
   /// Faults  whatever reading and drawing fault with; what was shown before is shown still, or nothing
   void Form_Load();
-  /// Draws a frame and shows it; nothing before the first context.
+  /// Draws a frame and shows it; nothing before the first context, and nothing while a load runs, which
+  /// paints at its own end.
   void Form_Paint();
   /// The window has another size: reads the package again and builds everything for that size.
   void Form_Resize();
@@ -79,6 +80,7 @@ class MainForm {
   bool ReadPackageFile();
   bool SetupPixelFormat();
   void DrawFrame();
+  void ShowFrame();
 
   StartUp startUp_;
   render::GlSurface& surface_;

@@ -1,0 +1,57 @@
+/// The fixture of geometry tests: package text in, drawing out.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <fstream>
+#include <string>
+
+#include "model/reader.h"
+#include "render/scene.h"
+#include "tests/render/recording_pen.h"
+
+/// Reads a package from its text.
+inline model::Package PackageOf(const std::string& text) {
+  model::PackageScalars before;
+  before.PackagePath = testing::TempDir() + "scene_" + std::to_string(getpid()) + ".yax";
+  std::ofstream(before.PackagePath) << text;
+  model::Package package = model::ReadPackage(before).value();
+  unlink(before.PackagePath.c_str());
+  return package;
+}
+
+class SceneTest : public testing::Test {
+ protected:
+  void Read(const std::string& text) { package = PackageOf(text); }
+
+  /// Runs one drawing routine (all of them by default) and keeps only what it drew.
+  const RecordingPen& Draw(void (render::Scene::*routine)() = &render::Scene::DrawPackage) {
+    pen = {};
+    (scene.*routine)();
+    return pen;
+  }
+
+  const RecordingPen& Draw(const std::string& text,
+                           void (render::Scene::*routine)() = &render::Scene::DrawPackage) {
+    Read(text);
+    return Draw(routine);
+  }
+
+  /// What the fault of a drawing says.
+  std::string FaultOf(void (render::Scene::*routine)() = &render::Scene::DrawPackage) {
+    try {
+      Draw(routine);
+    } catch (const model::Fault& fault) {
+      return fault.what();
+    }
+    return "no fault";
+  }
+
+  model::Package package;
+  model::WireBondSettings settings;
+  render::Appearance appearance;
+  render::WireSelection selection;
+  RecordingPen pen;
+  render::Scene scene{{package, settings, appearance, selection}, pen};
+};
