@@ -30,15 +30,19 @@ std::string TargetOf(const std::string& path) {
     if (length < 0) return target;
     const std::string next(text, static_cast<std::size_t>(length));
     const std::size_t folder = target.rfind('/');
-    target = next.starts_with('/') || folder == std::string::npos ? next : target.substr(0, folder + 1) + next;
+    target =
+        next.starts_with('/') || folder == std::string::npos ? next : target.substr(0, folder + 1) + next;
   }
   FaultOf(ELOOP, path);
 }
 
 /// The new content beside the target, gone again unless it took the target's place.
+/// Its name does not grow out of the target's, which may be as long as the system allows.
 class Draft {
  public:
-  explicit Draft(const std::string& target) : name_(target + ".XXXXXX"), number_(mkostemp(name_.data(), O_CLOEXEC)) {}
+  explicit Draft(const std::string& target)
+      : name_(target.substr(0, target.rfind('/') + 1) + ".yaxview-XXXXXX"),
+        number_(mkostemp(name_.data(), O_CLOEXEC)) {}
   Draft(const Draft&) = delete;
   Draft& operator=(const Draft&) = delete;
   ~Draft() {
