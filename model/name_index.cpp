@@ -18,6 +18,16 @@ std::uint32_t& NameIndex::SlotOf(std::string_view name, std::size_t hash) {
   }
 }
 
+/// Files list pads, wires and net types mostly in one order, so the entry after the one found last is tried
+/// first.
+bool NameIndex::IsNext(std::string_view name) {
+  if (last_ + 1 >= entries_.size()) return false;
+  ++comparisons_;
+  if (entries_[last_ + 1].name != name) return false;
+  ++last_;
+  return true;
+}
+
 std::uint32_t NameIndex::Add(std::string_view name) {
   const std::size_t hash = std::hash<std::string_view>{}(name);
   std::uint32_t& slot = SlotOf(name, hash);
@@ -29,9 +39,11 @@ std::uint32_t NameIndex::Add(std::string_view name) {
   return number;
 }
 
-NamePlaces* NameIndex::Find(std::string_view name) {
+std::uint32_t NameIndex::Find(std::string_view name) {
+  if (IsNext(name)) return last_;
   const std::uint32_t number = SlotOf(name, std::hash<std::string_view>{}(name));
-  return number == NamePlaces::kNone ? nullptr : &entries_[number].places;
+  if (number != NamePlaces::kNone) last_ = number;
+  return number;
 }
 
 void NameIndex::Widen() {

@@ -25,8 +25,8 @@ class NameIndex {
 
   /// The number of the name's places, made when the name is new.
   std::uint32_t Add(std::string_view name);
-  /// The places of a name, or null when it is unknown. Valid until the next Add.
-  NamePlaces* Find(std::string_view name);
+  /// The number of the name's places, or NamePlaces::kNone when it is unknown.
+  std::uint32_t Find(std::string_view name);
   NamePlaces& At(std::uint32_t number) { return entries_[number].places; }
 
   /// How many times two names were compared so far: what tells an index from a scan.
@@ -39,11 +39,13 @@ class NameIndex {
     NamePlaces places;
   };
 
+  bool IsNext(std::string_view name);
   std::uint32_t& SlotOf(std::string_view name, std::size_t hash);
   void Widen();
 
   std::vector<std::uint32_t> slots_;  ///< numbers of entries, or NamePlaces::kNone; a power of two of them
   std::vector<Entry> entries_;
+  std::uint32_t last_ = NamePlaces::kNone;  ///< the entry that was found last
   std::size_t comparisons_ = 0;
 };
 

@@ -4,7 +4,7 @@
 #include <array>
 #include <cfloat>
 #include <charconv>
-#include <cmath>
+#include <cstdint>
 
 namespace model {
 
@@ -77,34 +77,45 @@ std::string Layout(const Decimal& decimal, int decimals) {
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// The part of `text` from which from_chars reads just the numbers of ours: no "inf", no "nan", and "+"
-/// allowed.
-std::string_view NumberPart(std::string_view text) {
-  const bool plus = text.starts_with('+');
-  if (plus) text.remove_prefix(1);
-  const std::size_t digits = !plus && text.starts_with('-') ? 1 : 0;
-  const bool number = text.size() > digits && (IsDigit(text[digits]) || text[digits] == '.');
-  return number ? text : std::string_view{};
-}
-
-float Parse(std::string_view text) {
-  const std::string_view number = NumberPart(text);
+/// Converts the number that `text` begins with, its digits with at most one point and its exponent.
+float Convert(std::string text, std::size_t point) {
+  if (point < text.size()) text[point] = '.';
   double value = 0.0;
-  const auto read = std::from_chars(number.data(), number.data() + number.size(), value);
-  if (read.ec != std::errc{}) return 0.0F;
+  const auto read = std::from_chars(text.data(), text.data() + text.size(), value);
   // The largest value that still rounds to a single is half a step above FLT_MAX.
   constexpr double kLimit = 0x1.ffffffp127;
-  return std::fabs(value) < kLimit ? static_cast<float>(value) : 0.0F;
+  return read.ec == std::errc{} && value < kLimit ? static_cast<float>(value) : 0.0F;
 }
 
 }  // namespace
 
 float ToNumber(std::string_view text) {
-  const std::size_t comma = text.find(',');
-  if (comma == std::string_view::npos) return Parse(text);
-  std::string withPoint(text);
-  withPoint[comma] = '.';
-  return Parse(withPoint);
+  // Up to 15 digits and their power of ten are exact in a double, so that one division rounds correctly.
+  constexpr std::size_t kExactDigits = 15;
+  static constexpr double kTens[kExactDigits + 1] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                     1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+  const bool negative = text.starts_with('-');
+  if (negative || text.starts_with('+')) text.remove_prefix(1);
+  std::uint64_t whole = 0;
+  std::size_t end = 0;
+  std::size_t point = std::string_view::npos;
+  for (; end < text.size(); ++end) {
+    const char c = text[end];
+    if (IsDigit(c)) {
+      whole = whole * 10 + static_cast<std::uint64_t>(c - '0');
+    } else if ((c == '.' || c == ',') && point == std::string_view::npos) {
+      point = end;  // The first comma counts as a point; a second mark of either kind ends the number.
+    } else {
+      break;
+    }
+  }
+  const std::size_t digits = point < end ? end - 1 : end;
+  if (digits == 0) return 0.0F;
+  const bool exponent = end < text.size() && (text[end] == 'e' || text[end] == 'E');
+  const float value = digits > kExactDigits || exponent
+                          ? Convert(std::string(text), point)
+                          : static_cast<float>(double(whole) / kTens[point < end ? end - 1 - point : 0]);
+  return negative ? -value : value;
 }
 
 std::string GeneralText(float value) { return Layout(ToDecimal(value, 7), 0); }

@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "model/large_pages.h"
+
 namespace model {
 
 /// A growable table with lower bound 0 that always ends in one spare, zero-filled record.
@@ -34,7 +36,8 @@ class Table {
   auto end() const { return records_.end() - 1; }
 
  private:
-  std::vector<Record> records_ = std::vector<Record>(1);
+  using Records = std::vector<Record, LargePages<Record>>;
+  Records records_ = Records(1);
 };
 
 /// One bond: its die pad, its substrate pad and its wire. Lengths in file units / UnitScale.

@@ -1,7 +1,6 @@
 #include "model/reader.h"
 
 #include <cstdint>
-#include <cstring>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,39 +9,18 @@
 #include "model/files.h"
 #include "model/name_index.h"
 #include "model/numbers.h"
+#include "model/package_header.h"
 #include "model/text.h"
 
 namespace model {
 
 namespace {
 
-/// The lines of a text, one after the other.
-class Lines {
- public:
-  explicit Lines(std::string_view text) : rest_(text) {}
-
-  /// The next line, without its line feed; false at the end.
-  bool Next(std::string_view& line) {
-    if (rest_.empty()) return false;
-    const std::size_t feed = rest_.find('\n');
-    line = rest_.substr(0, feed);
-    rest_.remove_prefix(feed == std::string_view::npos ? rest_.size() : feed + 1);
-    return true;
-  }
-
- private:
-  std::string_view rest_;
-};
-
-/// Carriage returns are dropped wherever they stand, also inside a line.
-void DropCarriageReturns(std::string& text) {
-  if (text.find('\r') != std::string::npos) std::erase(text, '\r');
-}
-
-/// A keyword of at most eight letters as one number, so that a line is told by a single comparison.
+/// A keyword of at most seven letters as one number, so that a line is told by a single comparison.
+/// The leading 1 keeps a NUL byte in front of a word from vanishing.
 constexpr std::uint64_t Key(std::string_view word) {
-  std::uint64_t key = 0;
-  if (word.size() > 8) return key;
+  std::uint64_t key = 1;
+  if (word.size() > 7) return 0;
   for (const char c : word)
     key = key << 8 | static_cast<unsigned char>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c);
   return key;
@@ -69,8 +47,7 @@ class PackageReader {
  private:
   bool NextRecord(Lines& lines);
   bool ReadHeader(Lines& lines);
-  void HeaderLine();
-  void Rescale();
+  void ReserveTables(Lines lines);
   void ReadBody(Lines& lines);
   void BodyLine();
   void ReadDiePad(bool stacked);
@@ -81,9 +58,9 @@ class PackageReader {
   void ReadSRing();
   void ReadSegment();
   void ReadDap();
-  BondRec* FindBond(std::string_view name);
-  const BondRec* LastBond(std::string_view name);
-  void AddWireName(std::string_view name, std::string_view name2);
+  BondRec* FindBond(std::uint32_t name);
+  const BondRec* LastBond(std::uint32_t name);
+  void AddWireName(std::uint32_t name, std::string_view text, std::string_view text2);
   float Scaled(std::size_t field) const { return ToNumber(tokens_[field]) / package_.UnitScale; }
 
   Package package_;
@@ -103,51 +80,33 @@ bool PackageReader::NextRecord(Lines& lines) {
   return true;
 }
 
-/// Reads up to and including the COMPZ line; false when the file has none.
+/// Reads up to and including the line that ends the header; false when the file has none.
 bool PackageReader::ReadHeader(Lines& lines) {
   while (NextRecord(lines)) {
-    if (Key(tokens_[0]) == Key("COMPZ")) {
-      const float height = ToNumber(tokens_[1]);
-      package_.CompZ = height == 0.0F ? 1.0F : height;
-      Rescale();
-      return true;
-    }
-    HeaderLine();
+    if (TakeHeaderLine(tokens_, package_)) return true;
   }
   return false;
 }
 
-void PackageReader::HeaderLine() {
-  struct Number {
-    std::string_view keyword;
-    float PackageScalars::*scalar;
-  };
-  static constexpr Number kNumbers[] = {
-      {"SD_ROTATION", &PackageScalars::SDRotation}, {"SD_XOFFSET", &PackageScalars::SDXOffset},
-      {"SD_YOFFSET", &PackageScalars::SDYOffset},   {"COMPL", &PackageScalars::CompL},
-      {"SD_COMPL", &PackageScalars::SDCompL},       {"COMPW", &PackageScalars::CompW},
-      {"SD_COMPW", &PackageScalars::SDCompW},       {"SD_COMPZ", &PackageScalars::SDCompZ},
-  };
-  const std::string_view keyword = tokens_[0];
-  if (EqualsUpper(keyword, "TECHNOLOGY")) package_.Technology = UpperCase(tokens_[1]);
-  if (EqualsUpper(keyword, "SD_TECHNOLOGY")) package_.SDTechnology = UpperCase(tokens_[1]);
-  for (const Number& number : kNumbers) {
-    if (EqualsUpper(keyword, number.keyword)) package_.*number.scalar = ToNumber(tokens_[1]);
+/// Makes room for the long tables at once, since widening them step by step moves every record and touches
+/// memory for nothing. The lines' first letters are guess enough.
+void PackageReader::ReserveTables(Lines lines) {
+  std::size_t bonds = 0;
+  std::size_t stackedBonds = 0;
+  std::size_t wireNames = 0;
+  std::string_view line;
+  while (lines.Next(line)) {
+    bonds += line.starts_with("CB") ? 1 : 0;
+    stackedBonds += line.starts_with("SD") ? 1 : 0;
+    wireNames += line.starts_with("WB") || line.starts_with("ST") ? 1 : 0;
   }
-}
-
-/// Divides by tens until the base die is at most 10 units long and wide.
-void PackageReader::Rescale() {
-  package_.UnitScale = 1.0F;
-  while (package_.CompL > 10.0F || package_.CompW > 10.0F) {
-    for (float* scalar : {&package_.CompW, &package_.CompL, &package_.CompZ, &package_.SDCompW,
-                          &package_.SDCompL, &package_.SDCompZ, &package_.SDXOffset, &package_.SDYOffset})
-      *scalar /= 10.0F;
-    package_.UnitScale *= 10.0F;
-  }
+  package_.Bonds.Reserve(bonds);
+  package_.SDBonds.Reserve(stackedBonds);
+  package_.WireNames.Reserve(wireNames);
 }
 
 void PackageReader::ReadBody(Lines& lines) {
+  ReserveTables(lines);
   while (NextRecord(lines)) BodyLine();
 }
 
@@ -200,25 +159,25 @@ void PackageReader::ReadDiePad(bool stacked) {
 }
 
 /// The bond that SBP and WB mean: the first of that name, on the base die before the stacked one.
-BondRec* PackageReader::FindBond(std::string_view name) {
-  const NamePlaces* places = index_.Find(name);
-  if (places == nullptr) return nullptr;
-  if (places->firstBond != NamePlaces::kNone) return &package_.Bonds[places->firstBond];
-  if (places->firstSDBond != NamePlaces::kNone) return &package_.SDBonds[places->firstSDBond];
+BondRec* PackageReader::FindBond(std::uint32_t name) {
+  if (name == NamePlaces::kNone) return nullptr;
+  const NamePlaces& places = index_.At(name);
+  if (places.firstBond != NamePlaces::kNone) return &package_.Bonds[places.firstBond];
+  if (places.firstSDBond != NamePlaces::kNone) return &package_.SDBonds[places.firstSDBond];
   return nullptr;
 }
 
 /// The bond that a stitch copies from: the last of that name over both tables.
-const BondRec* PackageReader::LastBond(std::string_view name) {
-  const NamePlaces* places = index_.Find(name);
-  if (places == nullptr) return nullptr;
-  if (places->lastSDBond != NamePlaces::kNone) return &package_.SDBonds[places->lastSDBond];
-  if (places->lastBond != NamePlaces::kNone) return &package_.Bonds[places->lastBond];
+const BondRec* PackageReader::LastBond(std::uint32_t name) {
+  if (name == NamePlaces::kNone) return nullptr;
+  const NamePlaces& places = index_.At(name);
+  if (places.lastSDBond != NamePlaces::kNone) return &package_.SDBonds[places.lastSDBond];
+  if (places.lastBond != NamePlaces::kNone) return &package_.Bonds[places.lastBond];
   return nullptr;
 }
 
 void PackageReader::ReadSubstratePad() {
-  BondRec* bond = FindBond(tokens_[1]);
+  BondRec* bond = FindBond(index_.Find(tokens_[1]));
   if (bond == nullptr) return;
   bond->SubX = Scaled(2);
   bond->SubY = Scaled(3);
@@ -231,7 +190,8 @@ void PackageReader::ReadSubstratePad() {
 }
 
 void PackageReader::ReadWire() {
-  BondRec* bond = FindBond(tokens_[1]);
+  const std::uint32_t name = index_.Find(tokens_[1]);
+  BondRec* bond = FindBond(name);
   if (bond == nullptr) return;
   bond->WireStartX = Scaled(2);
   bond->WireStartY = Scaled(3);
@@ -239,7 +199,7 @@ void PackageReader::ReadWire() {
   bond->WireEndX = Scaled(5);
   bond->WireEndY = Scaled(6);
   bond->WireEndZ = Scaled(8);
-  AddWireName(tokens_[1], {});
+  AddWireName(name, tokens_[1], {});
 }
 
 void PackageReader::ReadStitch() {
@@ -251,19 +211,19 @@ void PackageReader::ReadStitch() {
   stitch.X2 = Scaled(5);
   stitch.Y2 = Scaled(6);
   stitch.Z2 = Scaled(8);
-  if (const BondRec* bond = LastBond(tokens_[1])) stitch.PadSize1 = bond->DieSizeY;
-  if (const BondRec* bond = LastBond(tokens_[4])) stitch.PadSize2 = bond->DieSizeY;
-  AddWireName(tokens_[1], tokens_[4]);
+  const std::uint32_t name = index_.Add(tokens_[1]);
+  if (const BondRec* bond = LastBond(name)) stitch.PadSize1 = bond->DieSizeY;
+  if (const BondRec* bond = LastBond(index_.Find(tokens_[4]))) stitch.PadSize2 = bond->DieSizeY;
+  AddWireName(name, tokens_[1], tokens_[4]);
   package_.Stitches.Grow();
 }
 
-void PackageReader::AddWireName(std::string_view name, std::string_view name2) {
+void PackageReader::AddWireName(std::uint32_t name, std::string_view text, std::string_view text2) {
   WireNameRec& entry = package_.WireNames.Spare();
-  entry.Name = name;
-  entry.Name2 = name2;
-  const std::uint32_t number = index_.Add(name);
-  wirePlaces_.push_back(number);
-  NamePlaces& places = index_.At(number);
+  entry.Name = text;
+  entry.Name2 = text2;
+  wirePlaces_.push_back(name);
+  NamePlaces& places = index_.At(name);
   if (places.firstWire == NamePlaces::kNone)
     places.firstWire = static_cast<std::uint32_t>(package_.WireNames.UpperBound());
   package_.WireNames.Grow();
@@ -298,9 +258,9 @@ void PackageReader::ReadSRing() {
 }
 
 void PackageReader::ReadSegment() {
-  const NamePlaces* places = index_.Find(tokens_[1]);
-  if (places == nullptr || places->firstSRing == NamePlaces::kNone) return;
-  Table<SRSegRec>& segments = package_.SRings[places->firstSRing].Segs;
+  const std::uint32_t name = index_.Find(tokens_[1]);
+  if (name == NamePlaces::kNone || index_.At(name).firstSRing == NamePlaces::kNone) return;
+  Table<SRSegRec>& segments = package_.SRings[index_.At(name).firstSRing].Segs;
   SRSegRec& segment = segments.Spare();
   segment.Name = tokens_[2];
   segment.A = Scaled(3);
@@ -327,9 +287,9 @@ void PackageReader::ReadNetTypes(std::string_view text) {
     if (line.ends_with('\r')) line.remove_suffix(1);
     tokens_.SplitLine(line);
     if (tokens_.Found() != 2) continue;
-    const NamePlaces* places = index_.Find(tokens_[0]);
-    if (places == nullptr || places->firstWire == NamePlaces::kNone) continue;
-    package_.WireNames[places->firstWire].NetType = tokens_[1];
+    const std::uint32_t name = index_.Find(tokens_[0]);
+    if (name == NamePlaces::kNone || index_.At(name).firstWire == NamePlaces::kNone) continue;
+    package_.WireNames[index_.At(name).firstWire].NetType = tokens_[1];
   }
   package_.HaveVuFile = true;
 }
@@ -337,13 +297,17 @@ void PackageReader::ReadNetTypes(std::string_view text) {
 /// Copies the tiers of the bonds into the wire list, counted from 1 even where the file counts from 0.
 void PackageReader::SetTiers() {
   std::string lowest = "4";
+  float lowestNumber = 4.0F;
   const auto copyFrom = [&](const Table<BondRec>& table, std::uint32_t NamePlaces::*first) {
     for (std::size_t i = 0; i < wirePlaces_.size(); ++i) {
       const std::uint32_t number = index_.At(wirePlaces_[i]).*first;
       if (number == NamePlaces::kNone) continue;
       const std::string& tier = table[number].Tier;
       package_.WireNames[i].Tier = tier;
-      if (ToNumber(lowest) > ToNumber(tier)) lowest = tier;
+      const float tierNumber = ToNumber(tier);
+      if (!(lowestNumber > tierNumber)) continue;
+      lowest = tier;
+      lowestNumber = tierNumber;
     }
   };
   copyFrom(package_.Bonds, &NamePlaces::firstBond);

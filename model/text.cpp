@@ -32,6 +32,11 @@ std::string_view FileNameOf(std::string_view path) {
   return separator == std::string_view::npos ? path : path.substr(separator + 1);
 }
 
+void DropCarriageReturns(std::string& text) {
+  // Most files have none: looking is cheaper than moving every byte to its own place.
+  if (text.find('\r') != std::string::npos) std::erase(text, '\r');
+}
+
 void Tokens::SplitLine(std::string_view line) {
   found_ = 0;
   const char* at = line.data();

@@ -18,6 +18,27 @@ bool EqualsUpper(std::string_view text, std::string_view upper);
 /// The part of a path after its last separator, or all of it.
 std::string_view FileNameOf(std::string_view path);
 
+/// Drops every carriage return, wherever it stands.
+void DropCarriageReturns(std::string& text);
+
+/// The lines of a text, one after the other. The text must outlive them.
+class Lines {
+ public:
+  explicit Lines(std::string_view text) : rest_(text) {}
+
+  /// The next line, without its line feed; false at the end.
+  bool Next(std::string_view& line) {
+    if (rest_.empty()) return false;
+    const std::size_t feed = rest_.find('\n');
+    line = rest_.substr(0, feed);
+    rest_.remove_prefix(feed == std::string_view::npos ? rest_.size() : feed + 1);
+    return true;
+  }
+
+ private:
+  std::string_view rest_;
+};
+
 /// The fields of the line being read, always 11: missing ones are empty, further ones are dropped.
 /// The views last as long as the line that was split.
 class Tokens {

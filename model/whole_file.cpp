@@ -37,10 +37,12 @@ std::string TargetOf(const std::string& path) {
 }
 
 /// The new content beside the target, gone again unless it took the target's place.
+/// Its name does not grow out of the target's, which may be as long as the system allows.
 class Draft {
  public:
   explicit Draft(const std::string& target)
-      : name_(target + ".XXXXXX"), number_(mkostemp(name_.data(), O_CLOEXEC)) {}
+      : name_(target.substr(0, target.rfind('/') + 1) + ".yaxview-XXXXXX"),
+        number_(mkostemp(name_.data(), O_CLOEXEC)) {}
   Draft(const Draft&) = delete;
   Draft& operator=(const Draft&) = delete;
   ~Draft() {

@@ -38,6 +38,26 @@ TEST(ToNumber, IsZeroWithoutANumberOrBeyondASingle) {
     EXPECT_EQ(ToNumber(text), 0.0F) << text;
 }
 
+TEST(ToNumber, ReadsLongNumbersAndThoseWithAnExponentToo) {
+  const std::pair<const char*, float> cases[] = {
+      {"0000000000000000000001.5", 1.5F},
+      {"123456789012345678901234567890", 1.2345679e29F},
+      {"99999999999999999999,5x", 1e20F},
+      {"0.00000000000000000000000000000000000001", 1e-38F},
+      {"1.5e1,5", 15.0F},
+      {"1,5e+2.5", 150.0F},
+      {"15.E-1", 1.5F},
+      {"-12345678901234567890", -12345678901234567890.0F},
+      // 15 digits are converted exactly; the half way point between two singles goes to the even one.
+      {"16777217.0000000", 16777216.0F},
+      {"16777219.0000000", 16777220.0F},
+      {"16777217.0000001", 16777218.0F},
+      {"999999999999999", 1e15F},
+      {"0.00000000000001", 1e-14F},
+  };
+  for (const auto& [text, value] : cases) EXPECT_EQ(ToNumber(text), value) << text;
+}
+
 TEST(ToNumber, RoundsToSingleAtTheEndOfTheRange) {
   // FLT_MAX is 3.40282347e38; the next step would be 3.40282367e38, and the half way point goes up.
   EXPECT_EQ(ToNumber("3.4028235e38"), FLT_MAX);

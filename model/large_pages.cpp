@@ -1,0 +1,30 @@
+#include "model/large_pages.h"
+
+#ifdef __linux__
+#include <sys/mman.h>
+#endif
+
+#include <cstdlib>
+
+namespace model {
+
+void* AllocateLarge(std::size_t size) {
+#ifdef __linux__
+  constexpr std::size_t kLargePage = std::size_t{2} << 20;
+  if (size >= kLargePage) {
+    const std::size_t whole = (size + kLargePage - 1) / kLargePage * kLargePage;
+    void* const memory = std::aligned_alloc(kLargePage, whole);
+    if (memory == nullptr) throw std::bad_alloc();
+    // A system without large pages says no, and the memory serves all the same.
+    madvise(memory, whole, MADV_HUGEPAGE);
+    return memory;
+  }
+#endif
+  void* const memory = std::malloc(size);
+  if (memory == nullptr) throw std::bad_alloc();
+  return memory;
+}
+
+void FreeLarge(void* memory) noexcept { std::free(memory); }
+
+}  // namespace model

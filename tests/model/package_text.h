@@ -1,0 +1,44 @@
+/// Package text in, package out.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "model/reader.h"
+#include "tests/temporary_folder.h"
+
+namespace model {
+
+class PackageText : public testing::Test {
+ protected:
+  PackageText() { before.PackagePath = folder / "board.yax"; }
+
+  /// Reads `text` as a package file that follows the header `before`.
+  Package Read(std::string_view text) {
+    PutFile(before.PackagePath, text);
+    return ReadPackage(before, &effort).value();
+  }
+  /// Reads `text` with `netTypes` in the side file.
+  Package Read(std::string_view text, std::string_view netTypes) {
+    PutFile(before.PackagePath + ".vu", netTypes);
+    return Read(text);
+  }
+  /// Reads body lines under a die of height 1 that is not rescaled.
+  Package ReadBody(const std::string& lines) { return Read("COMPZ 1\n" + lines); }
+
+  /// The tiers in the wire list's order.
+  static std::vector<std::string> Tiers(const Package& package) {
+    std::vector<std::string> tiers;
+    for (const WireNameRec& entry : package.WireNames) tiers.push_back(entry.Tier);
+    return tiers;
+  }
+
+  TemporaryFolder folder;
+  PackageScalars before;
+  ReadEffort effort;
+};
+
+}  // namespace model

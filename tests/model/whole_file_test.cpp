@@ -1,0 +1,125 @@
+#include "model/whole_file.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
+
+#include "model/faults.h"
+#include "tests/temporary_folder.h"
+
+namespace model {
+namespace {
+
+namespace fs = std::filesystem;
+
+unsigned ModeOf(const std::string& path) {
+  struct stat status {};
+  return stat(path.c_str(), &status) == 0 ? status.st_mode & 07777U : 0U;
+}
+
+std::string FaultOf(const std::string& path, std::string_view bytes) {
+  try {
+    WriteWholeFile(path, bytes);
+  } catch (const FileFault& fault) {
+    return fault.what();
+  }
+  return "no fault";
+}
+
+/// A disk on which no file gets larger than `size`.
+class SmallDisk {
+ public:
+  explicit SmallDisk(rlim_t size) : action_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit limit{size, before_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  SmallDisk(const SmallDisk&) = delete;
+  SmallDisk& operator=(const SmallDisk&) = delete;
+  ~SmallDisk() {
+    setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, action_);
+  }
+
+ private:
+  void (*action_)(int);
+  rlimit before_{};
+};
+
+TEST(WholeFile, CreatesAndReplaces) {
+  const TemporaryFolder folder;
+  const std::string path = folder / "a.zu";
+  const std::string bytes("\0\r\n\xff", 4);
+  WriteWholeFile(path, bytes);
+  EXPECT_EQ(GetFile(path), bytes);
+  const mode_t mask = umask(0);
+  umask(mask);
+  EXPECT_EQ(ModeOf(path), 0666U & ~mask);
+  WriteWholeFile(path, "");
+  EXPECT_EQ(GetFile(path), "");
+  EXPECT_EQ(folder.FileCount(), 1U);
+}
+
+TEST(WholeFile, KeepsThePermissions) {
+  const TemporaryFolder folder;
+  const std::string path = folder / "a.zu";
+  PutFile(path, "old");
+  chmod(path.c_str(), 0640);
+  WriteWholeFile(path, "new");
+  EXPECT_EQ(ModeOf(path), 0640U);
+  EXPECT_EQ(GetFile(path), "new");
+}
+
+TEST(WholeFile, LeavesTheOldFileWhenTheDiskIsFull) {
+  const TemporaryFolder folder;
+  const std::string path = folder / "a.zu";
+  PutFile(path, "old");
+  {
+    const SmallDisk disk(1000);
+    EXPECT_EQ(FaultOf(path, std::string(5000, 'x')), "Run-time error: File too large (a.zu)");
+    EXPECT_EQ(FaultOf(folder / "new.zu", std::string(5000, 'x')), "Run-time error: File too large (new.zu)");
+  }
+  EXPECT_EQ(GetFile(path), "old");
+  EXPECT_EQ(folder.FileCount(), 1U) << "nothing is left behind";
+}
+
+TEST(WholeFile, FollowsLinks) {
+  const TemporaryFolder folder;
+  fs::create_directory(folder / "sub");
+  PutFile(folder / "sub/target", "old");
+  fs::create_symlink("target", folder / "sub/inner");
+  fs::create_symlink("sub/inner", folder / "link");
+  fs::create_symlink("sub/new", folder / "dangling");
+  WriteWholeFile(folder / "link", "new");
+  WriteWholeFile(folder / "dangling", "made");
+  EXPECT_EQ(GetFile(folder / "sub/target"), "new");
+  EXPECT_EQ(GetFile(folder / "sub/new"), "made");
+  for (const char* link : {"link", "sub/inner", "dangling"})
+    EXPECT_TRUE(fs::is_symlink(folder / link)) << link;
+}
+
+TEST(WholeFile, FaultsWhereNoFileCanBe) {
+  const TemporaryFolder folder;
+  fs::create_directory(folder / "sub");
+  PutFile(folder / "sub/inside", "old");
+  mkfifo((folder / "pipe").c_str(), 0600);
+  fs::create_symlink("loop", folder / "loop");
+  EXPECT_EQ(FaultOf(folder / "sub", "x"), "Run-time error: Is a directory (sub)");
+  EXPECT_EQ(FaultOf(folder / "none/a.zu", "x"), "Run-time error: No such file or directory (a.zu)");
+  EXPECT_EQ(FaultOf(folder / "pipe", "x"), "Run-time error: Invalid argument (pipe)");
+  EXPECT_EQ(FaultOf(folder / "loop", "x"), "Run-time error: Too many levels of symbolic links (loop)");
+  EXPECT_EQ(folder.FileCount(), 3U);
+  EXPECT_EQ(GetFile(folder / "sub/inside"), "old");
+}
+
+TEST(WholeFile, TakesTheLongestNames) {
+  const TemporaryFolder folder;
+  const std::string path = folder / std::string(255, 'n');
+  WriteWholeFile(path, "new");
+  EXPECT_EQ(GetFile(path), "new");
+}
+
+}  // namespace
+}  // namespace model
