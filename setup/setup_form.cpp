@@ -26,7 +26,7 @@ void SetupForm::Load() {
 void SetupForm::Unload() {
   if (!alive_) return;
   alive_ = false;
-  if (Calls.UnloadWindow) Calls.UnloadWindow();
+  if (upward.unloadWindow) upward.unloadWindow();
 }
 
 void SetupForm::RunCommand3() {
@@ -73,7 +73,7 @@ void SetupForm::RunButton(std::size_t index) {
 
 void SetupForm::Apply() {
   UpdateVals();
-  if (Calls.RebuildAndRepaint) Calls.RebuildAndRepaint();
+  if (upward.rebuildAndRepaint) upward.rebuildAndRepaint();
 }
 
 void SetupForm::Reset() {
@@ -154,7 +154,7 @@ LoopPicture SetupForm::Picture(float width, float height) const {
 }
 
 void SetupForm::Changed() const {
-  if (Calls.ControlsChanged) Calls.ControlsChanged();
+  if (upward.controlsChanged) upward.controlsChanged();
 }
 
 }  // namespace setup

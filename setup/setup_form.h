@@ -15,24 +15,24 @@
 
 namespace setup {
 
-/// What the form asks of those above it. An empty one does nothing.
-struct SetupCalls {
-  std::function<void()> RebuildAndRepaint;  ///< the scene list, then the main window
-  std::function<void()> ControlsChanged;    ///< a window that is shown takes the values over
-  std::function<void()> UnloadWindow;       ///< the window, if there is one, goes away
-  std::function<void(OptionArray, std::size_t)> FocusOption;
-};
-
 /// The form lives apart from its window: the first load brings it to life with no window made, and it
 /// lives until it is unloaded. Handlers that arrive after that do nothing.
 ///
 /// The seven buttons trap every fault; option clicks, field edits and activation let them pass.
 class SetupForm {
  public:
+  /// What the form asks of others; empty ones do nothing.
+  struct Upward {
+    std::function<void()> rebuildAndRepaint;  ///< the scene list, then the main window
+    std::function<void()> controlsChanged;    ///< a window takes the values over
+    std::function<void()> unloadWindow;       ///< the window, if there is one, goes away
+    std::function<void(OptionArray, std::size_t)> focusOption;
+  };
+
   SetupForm(model::WireBondSettings& settings, model::Package& package, FileDialog& dialog,
             Estimator& estimator);
 
-  SetupCalls Calls;
+  Upward upward;
 
   bool Alive() const { return alive_; }
   /// Brings the form to life, its controls filled from the settings. A form that lives keeps its controls.

@@ -70,12 +70,12 @@ class SetupFormTest : public testing::Test {
     package.PackagePath = folder.Write("board.yax", "");
     package.CompZ = 0.25F;
     package.UnitScale = 100.0F;
-    form.Calls.RebuildAndRepaint = [this] {
+    form.upward.rebuildAndRepaint = [this] {
       ++rebuilds;
       if (faultOnRebuild) throw model::Overflow();
     };
-    form.Calls.UnloadWindow = [this] { ++unloads; };
-    form.Calls.ControlsChanged = [this] { ++changes; };
+    form.upward.unloadWindow = [this] { ++unloads; };
+    form.upward.controlsChanged = [this] { ++changes; };
   }
 
   void StackADie() { package.SDBonds.Grow(); }

@@ -237,7 +237,7 @@ TEST_F(SetupFormTest, LoopFieldsTakeTheirFallbackAndFormat) {
 
 TEST_F(SetupFormTest, EnterGoesToTheFieldsOptionAndSelectsNothing) {
   std::vector<std::pair<OptionArray, std::size_t>> focused;
-  form.Calls.FocusOption = [&](OptionArray options, std::size_t index) {
+  form.upward.focusOption = [&](OptionArray options, std::size_t index) {
     focused.emplace_back(options, index);
   };
   form.RunCommand3();

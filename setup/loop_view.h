@@ -1,0 +1,24 @@
+/// `Picture1` on the screen: the side view of the loops, painted with smooth lines.
+#pragma once
+
+#include <QWidget>
+
+#include "setup/setup_form.h"
+
+namespace setup {
+
+class LoopView final : public QWidget {
+ public:
+  explicit LoopView(const SetupForm& form);
+
+  QSize sizeHint() const override { return {640, 230}; }
+  QSize minimumSizeHint() const override { return {320, 140}; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  const SetupForm& form_;
+};
+
+}  // namespace setup

@@ -1,0 +1,75 @@
+/// The wire bond setup window: its widgets, bound to the form one to one.
+#pragma once
+
+#include <QMainWindow>
+#include <array>
+#include <functional>
+#include <vector>
+
+#include "setup/setup_form.h"
+
+class QGroupBox;
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+class QRadioButton;
+
+namespace setup {
+
+class LoopView;
+
+/// It stands alone on the desktop, modeless, and does not keep the program alive.
+class SetupWindow final : public QMainWindow {
+ public:
+  /// Runs a handler; what faults in it is the runner's business.
+  using Runner = std::function<void(const std::function<void()>& handler)>;
+
+  /// `form` must live longer; the window fills in all of its `upward` but the rebuild.
+  SetupWindow(SetupForm& form, Runner run);
+  ~SetupWindow() override;
+
+  /// The command of the main window's menu.
+  /// Faults  as SetupForm::Load
+  void DoBondWireSetup();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  bool event(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  /// A text box with the form's value and handlers behind it.
+  struct Box {
+    QLineEdit* Edit;
+    Field* Value;
+    std::function<void()> GotFocus, LostFocus;
+    std::function<void(int keyCode)> KeyUp;
+  };
+
+  QWidget* MakeClient();
+  QGroupBox* MakeMaterial();
+  QGroupBox* MakeDiameter();
+  QGroupBox* MakeFrequency();
+  QGroupBox* MakeLoop(const LoopFrame& frame);
+  QWidget* MakeButtons();
+  template <std::size_t kCount>
+  QRadioButton* MakeOption(std::array<QRadioButton*, kCount>& options, std::size_t index, const char* caption,
+                           QGroupBox* frame, std::function<void()> click);
+  QLineEdit* MakeBox(QGroupBox* frame, Box box);
+  void ShowControls();
+  void FocusOption(OptionArray options, std::size_t index);
+
+  SetupForm& form_;
+  Runner run_;
+  std::array<QRadioButton*, 3> M{};
+  std::array<QRadioButton*, 7> WD{};
+  std::array<QRadioButton*, 4> FQ{};
+  std::array<QRadioButton*, 11> LH{};
+  std::array<QPushButton*, 7> Cmd{};
+  std::vector<QGroupBox*> stackFrames_;
+  std::vector<Box> boxes_;
+  QPlainTextEdit* Vu = nullptr;
+  LoopView* Picture1 = nullptr;
+};
+
+}  // namespace setup

@@ -1,0 +1,229 @@
+#include "setup/setup_window.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QFileDialog>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <QTimer>
+
+#include "setup/qt_file_dialog.h"
+#include "tests/setup/setup_fixture.h"
+
+namespace setup {
+namespace {
+
+class SetupShown : public SetupFormTest {
+ protected:
+  void Open() {
+    window.DoBondWireSetup();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  }
+  /// The control with this accessible name inside the frame of that caption ("" for any).
+  template <class Widget>
+  Widget* Find(const QString& frame, const QString& name) {
+    for (Widget* widget : window.findChildren<Widget*>()) {
+      const auto* parent = qobject_cast<QGroupBox*>(widget->parentWidget());
+      if (!frame.isEmpty() && (parent == nullptr || parent->accessibleName() != frame)) continue;
+      QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(widget);
+      if (spoken->text(QAccessible::Name) == name) return widget;
+    }
+    ADD_FAILURE() << (frame + ": " + name).toStdString();
+    throw std::out_of_range(name.toStdString());
+  }
+  QRadioButton* Option(const char* frame, const char* name) { return Find<QRadioButton>(frame, name); }
+  QLineEdit* Value(const char* frame) { return Find<QLineEdit>(frame, QString(frame) + " value"); }
+  void Click(QAbstractButton* button) {
+    QTest::mouseClick(button, Qt::LeftButton, {}, {8, button->height() / 2});
+  }
+  void Press(const char* caption) { Click(Find<QPushButton>("", caption)); }
+
+  int faults = 0;
+  SetupWindow window{form, [this](const std::function<void()>& handler) {
+                       try {
+                         handler();
+                       } catch (const model::Fault&) {
+                         ++faults;
+                       }
+                     }};
+};
+
+TEST_F(SetupShown, EveryControlHasItsNameAndReachesTheSettings) {
+  StackADie();
+  form.RunCommand3();
+  Open();
+  Click(Option("Material", "Cu"));
+  Click(Option("Wire Diameter Mils", "0.7"));
+  Click(Option("Frequency", "Ghz"));
+  Click(Option("Stacked Loop Extension", "Edge of Base Die"));
+  EXPECT_EQ(settings.Material, "Cu");
+  EXPECT_EQ(settings.WireDiameter, 0.7F);
+  EXPECT_EQ(settings.Frequency, 1e9F);
+  EXPECT_EQ(settings.StackExtension, -1.0F);
+  for (const LoopFrame& frame : kLoopFrames) {
+    const QByteArray caption = QByteArray(frame.Caption).trimmed();
+    EXPECT_FALSE(Value(caption)->isEnabled()) << frame.Caption;
+    Click(Option(caption, "Custom"));
+    ASSERT_TRUE(Value(caption)->isEnabled()) << frame.Caption;
+    Value(caption)->setFocus();
+    Value(caption)->selectAll();
+    QTest::keyClicks(Value(caption), "12,5");
+    QTest::keyClick(Value(caption), Qt::Key_Tab);
+    EXPECT_EQ(Value(caption)->text(), "12.500") << frame.Caption;
+    EXPECT_EQ(settings.*frame.Setting, 12.5F) << frame.Caption;
+    Click(Option(caption, "Default to Die Height"));
+    EXPECT_EQ(settings.*frame.Setting, 0.25F) << frame.Caption;
+  }
+  EXPECT_EQ(Find<QPlainTextEdit>("", "Parameter file text")->toPlainText(),
+            QString::fromStdString(controls.Vu).remove('\r'));
+  EXPECT_NO_THROW(Find<QWidget>("", "Loop side view"));
+  EXPECT_FALSE(Find<QPushButton>("", "ZU Estimator")->isEnabled());
+}
+
+TEST_F(SetupShown, FramesKeepTheirTrailingSpaceAndFollowTheStackedDie) {
+  form.RunCommand3();
+  Open();
+  int frames = 0;
+  for (const QGroupBox* frame : window.findChildren<QGroupBox*>()) {
+    ++frames;
+    EXPECT_EQ(frame->title(), frame->accessibleName() + " ");
+    const bool needsStack =
+        frame->title() == "Stacked Loop Extension " || frame->title() == "Stack Loop Height ";
+    EXPECT_EQ(frame->isEnabled(), !needsStack) << frame->title().toStdString();
+  }
+  EXPECT_EQ(frames, 8);
+  StackADie();
+  form.RunCommand3();
+  EXPECT_TRUE(Option("Stack Loop Height", "Custom")->isEnabled()) << "a load reaches the shown window";
+}
+
+TEST_F(SetupShown, EnterLeavesAFieldForItsOptionAndEscapeRestores) {
+  form.RunCommand3();
+  Open();
+  QLineEdit* const diameter = Value("Wire Diameter Mils");
+  diameter->setFocus();
+  diameter->setText("0");
+  QTest::keyClick(diameter, Qt::Key_Return);
+  EXPECT_EQ(diameter->text(), "1.0");
+  EXPECT_TRUE(Option("Wire Diameter Mils", "Custom")->hasFocus());
+  EXPECT_TRUE(Option("Wire Diameter Mils", "1.0")->isChecked());
+  EXPECT_EQ(settings.WireDiameter, 1.0F);
+  QTest::keyClick(Option("Wire Diameter Mils", "Custom"), Qt::Key_Space);
+  EXPECT_TRUE(Option("Wire Diameter Mils", "Custom")->isChecked());
+  EXPECT_FALSE(Option("Wire Diameter Mils", "1.0")->isChecked());
+
+  Click(Option("Stitch Loop Extension", "Custom"));
+  QLineEdit* const stitch = Value("Stitch Loop Extension");
+  stitch->setFocus();
+  QTest::keyClicks(stitch, "99");
+  QTest::keyClick(stitch, Qt::Key_Escape);
+  EXPECT_EQ(stitch->text(), "25.000");
+  EXPECT_EQ(settings.StitchExtension, 25.0F);
+  EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(SetupShown, ArrowKeysWalkThroughAFramesOptions) {
+  form.RunCommand3();
+  Open();
+  Option("Material", "Au")->setFocus();
+  QTest::keyClick(Option("Material", "Au"), Qt::Key_Down);
+  EXPECT_EQ(settings.Material, "Al");
+  EXPECT_TRUE(Option("Material", "Al")->hasFocus());
+  EXPECT_TRUE(Option("Frequency", "Mhz")->isChecked()) << "other frames keep theirs";
+}
+
+TEST_F(SetupShown, TextWrittenWithoutTheFocusCountsAtApply) {
+  form.RunCommand3();
+  Open();
+  Click(Option("Base Loop Height", "Custom"));
+  QAccessible::queryAccessibleInterface(Value("Base Loop Height"))->setText(QAccessible::Value, "33");
+  Press("Apply");
+  EXPECT_EQ(settings.BaseLoopHeight, 33.0F);
+}
+
+TEST_F(SetupShown, ItGoesAwayByOkCancelAndItsCloseBox) {
+  form.RunCommand3();
+  const char* const ways[] = {"OK", "Cancel", "close"};
+  for (const std::string way : ways) {
+    Open();
+    Value("Wire Diameter Mils")->setFocus();
+    if (way == "close")
+      window.close();
+    else
+      Press(way.c_str());
+    EXPECT_FALSE(window.isVisible()) << way;
+    EXPECT_FALSE(form.Alive()) << way;
+  }
+  settings.Material = "Al";
+  Open();
+  EXPECT_TRUE(Option("Material", "Al")->isChecked());
+  settings.Material = "Ag";
+  window.close();
+  Open();
+  for (const char* name : {"Au", "Al", "Cu"}) EXPECT_FALSE(Option("Material", name)->isChecked()) << name;
+}
+
+TEST_F(SetupShown, FaultsGoToTheRunner) {
+  form.RunCommand3();
+  Open();
+  Value("Frequency")->setText("1e38");
+  Click(Option("Frequency", "Ghz"));
+  EXPECT_GT(faults, 0);
+  faults = 0;
+  Press("Apply");
+  EXPECT_EQ(faults, 0) << "buttons trap theirs";
+}
+
+/// Plays the user of a save dialog who takes the offered name, then answers the question.
+class SaveDialogUser : public QObject {
+ public:
+  SaveDialogUser() {
+    connect(&timer_, &QTimer::timeout, this, [this] { Act(); });
+    timer_.start(20);
+  }
+
+  QString Question;
+  bool NoIsDefault = false;
+  QMessageBox::StandardButton Answer = QMessageBox::No;
+
+ private:
+  void Act() {
+    QWidget* const modal = QApplication::activeModalWidget();
+    if (auto* box = qobject_cast<QMessageBox*>(modal)) {
+      Question = box->text();
+      NoIsDefault = box->defaultButton() == box->button(QMessageBox::No);
+      box->button(Answer)->click();
+    } else if (auto* dialog = qobject_cast<QFileDialog*>(modal)) {
+      // A dialog that comes back after "no" is cancelled.
+      QMetaObject::invokeMethod(dialog, Question.isEmpty() ? "accept" : "reject", Qt::QueuedConnection);
+    }
+  }
+
+  QTimer timer_;
+};
+
+TEST_F(SetupFormTest, SavingOverThePackageItselfIsAskedWithNoAsTheDefault) {
+  QtFileDialog files;
+  const FileDialogRequest request{.DialogTitle = "Save ZU file",
+                                  .FileName = package.PackagePath,
+                                  .Filter = "zu files|*.zu|all files|*.*",
+                                  .DefaultExt = ".zu",
+                                  .Flags = 8206,
+                                  .PackagePath = package.PackagePath};
+  for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
+    SaveDialogUser user;
+    user.Answer = answer;
+    const auto chosen = files.ShowSave(request);
+    EXPECT_TRUE(user.Question.contains("package file itself")) << user.Question.toStdString();
+    EXPECT_TRUE(user.NoIsDefault);
+    EXPECT_EQ(chosen, answer == QMessageBox::Yes ? std::optional(package.PackagePath) : std::nullopt);
+  }
+}
+
+}  // namespace
+}  // namespace setup
