@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QFile>
 #include <QGridLayout>
+#include <QStandardPaths>
 #include <QWindow>
 
 #include "shell/about_window.h"
@@ -13,6 +14,15 @@
 
 namespace shell {
 
+namespace {
+
+/// Where the user's own data go when the program's folder cannot be written.
+std::string UserFolder() {
+  return QFile::encodeName(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)).toStdString();
+}
+
+}  // namespace
+
 MainWindow::MainWindow(const StartUp& startUp, ProgramEnd& end)
     : end_(end),
       view_(new GlView(this)),
@@ -20,6 +30,8 @@ MainWindow::MainWindow(const StartUp& startUp, ProgramEnd& end)
       controls_(form_.Navigator(), end_, this),
       input_(form_, end_, *view_),
       Filn_(this),
+      estimator_(startUp.programFolder, UserFolder()),
+      setupForm_(form_.Settings(), form_.Package(), Filn_, estimator_),
       commands_(form_, end_, Filn_),
       DoMnu_(new CommandMenuPopup(commands_, this)),
       printing_(this),
@@ -73,12 +85,23 @@ void MainWindow::WireForm() {
   actions.packageRead = [this] {
     if (PinList_) PinList_->PackageChanged();
   };
+  actions.resetWireBondSetup = [this] { setupForm_.RunCommand3(); };
+  setupForm_.upward.rebuildAndRepaint = [this] { form_.RebuildAndRepaint(); };
   wireListForm_.upward.rebuildAndRepaint = [this] { end_.Run([this] { form_.RebuildAndRepaint(); }); };
 }
 
 void MainWindow::WireCommands() {
   CommandActions& actions = commands_.actions;
-  actions.unloadWireList = [this] { PinList_.reset(); };
+  actions.unloadWireList = [this] {
+    if (PinList_) PinList_->close();
+  };
+  actions.showWireBondSetup = [this] {
+    if (!BWsu_) {
+      BWsu_ = std::make_unique<setup::SetupWindow>(
+          setupForm_, [this](const std::function<void()>& handler) { end_.Run(handler); });
+    }
+    BWsu_->DoBondWireSetup();
+  };
   actions.showWireList = [this] {
     if (!PinList_) PinList_ = std::make_unique<WireListWindow>(wireListForm_);
     PinList_->DoWireList();

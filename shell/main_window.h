@@ -5,6 +5,8 @@
 #include <memory>
 
 #include "setup/qt_file_dialog.h"
+#include "setup/setup_form.h"
+#include "setup/setup_window.h"
 #include "shell/command_menu.h"
 #include "shell/commands.h"
 #include "shell/main_form.h"
@@ -46,6 +48,9 @@ class MainWindow final : public QWidget {
   ViewControls controls_;
   ViewInput input_;
   setup::QtFileDialog Filn_;
+  setup::Estimator estimator_;
+  setup::SetupForm setupForm_;
+  std::unique_ptr<setup::SetupWindow> BWsu_;
   Commands commands_;
   CommandMenuPopup* DoMnu_;
   Printing printing_;
