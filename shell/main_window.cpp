@@ -1,5 +1,6 @@
 #include "shell/main_window.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QFile>
 #include <QGridLayout>
@@ -36,7 +37,7 @@ MainWindow::MainWindow(const StartUp& startUp, ProgramEnd& end)
       DoMnu_(new CommandMenuPopup(commands_, this)),
       printing_(this),
       wireListForm_(form_.Package(), form_.Selection()) {
-  setWindowIcon(ProgramIcon());
+  QApplication::setWindowIcon(ProgramIcon());
   LayOut();
   WireNavigation();
   WireForm();
