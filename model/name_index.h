@@ -45,7 +45,7 @@ class NameIndex {
 
   std::vector<std::uint32_t> slots_;  ///< numbers of entries, or NamePlaces::kNone; a power of two of them
   std::vector<Entry> entries_;
-  std::uint32_t last_ = NamePlaces::kNone;  ///< the entry that was found last
+  std::uint32_t last_ = NamePlaces::kNone;  ///< the entry that was found last; kNone + 1 is the first
   std::size_t comparisons_ = 0;
 };
 
