@@ -1,5 +1,6 @@
 #include "model/name_index.h"
 
+#include <bit>
 #include <functional>
 
 namespace model {
@@ -16,6 +17,11 @@ std::uint32_t& NameIndex::SlotOf(std::string_view name, std::size_t hash) {
     ++comparisons_;
     if (entry.name == name) return number;
   }
+}
+
+void NameIndex::Reserve(std::size_t names) {
+  entries_.reserve(names);
+  if (names * 2 > slots_.size()) Widen(std::bit_ceil(names * 2));
 }
 
 /// Files list pads, wires and net types mostly in one order, so the entry after the one found last is tried
@@ -35,7 +41,7 @@ std::uint32_t NameIndex::Add(std::string_view name) {
   const auto number = static_cast<std::uint32_t>(entries_.size());
   slot = number;
   entries_.push_back({name, hash, {}});
-  if (entries_.size() * 2 > slots_.size()) Widen();
+  if (entries_.size() * 2 > slots_.size()) Widen(slots_.size() * 4);
   return number;
 }
 
@@ -46,8 +52,8 @@ std::uint32_t NameIndex::Find(std::string_view name) {
   return number;
 }
 
-void NameIndex::Widen() {
-  slots_.assign(slots_.size() * 4, NamePlaces::kNone);
+void NameIndex::Widen(std::size_t slots) {
+  slots_.assign(slots, NamePlaces::kNone);
   const std::size_t mask = slots_.size() - 1;
   for (std::uint32_t number = 0; number < entries_.size(); ++number) {
     std::size_t slot = entries_[number].hash & mask;

@@ -23,6 +23,8 @@ class NameIndex {
  public:
   NameIndex();
 
+  /// Makes room for `names` names at once.
+  void Reserve(std::size_t names);
   /// The number of the name's places, made when the name is new.
   std::uint32_t Add(std::string_view name);
   /// The number of the name's places, or NamePlaces::kNone when it is unknown.
@@ -41,7 +43,7 @@ class NameIndex {
 
   bool IsNext(std::string_view name);
   std::uint32_t& SlotOf(std::string_view name, std::size_t hash);
-  void Widen();
+  void Widen(std::size_t slots);
 
   std::vector<std::uint32_t> slots_;  ///< numbers of entries, or NamePlaces::kNone; a power of two of them
   std::vector<Entry> entries_;

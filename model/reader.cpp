@@ -103,6 +103,8 @@ void PackageReader::ReserveTables(Lines lines) {
   package_.Bonds.Reserve(bonds);
   package_.SDBonds.Reserve(stackedBonds);
   package_.WireNames.Reserve(wireNames);
+  wirePlaces_.reserve(wireNames);
+  index_.Reserve(bonds + stackedBonds);
 }
 
 void PackageReader::ReadBody(Lines& lines) {
