@@ -72,7 +72,8 @@ OffscreenSurface::OffscreenSurface(const PixelSize& size) : size_(size), egl_(st
 OffscreenSurface::~OffscreenSurface() {
   DeleteContext();
   if (egl_->surface != EGL_NO_SURFACE) eglDestroySurface(egl_->display, egl_->surface);
-  if (egl_->display != EGL_NO_DISPLAY) eglTerminate(egl_->display);
+  // The display stays open: it is the whole process's, and closing it would end the contexts of other
+  // surfaces.
 }
 
 bool OffscreenSurface::CreateContext() {

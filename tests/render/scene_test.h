@@ -2,23 +2,22 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <fstream>
 #include <string>
 
+#include "model/faults.h"
 #include "model/reader.h"
 #include "render/scene.h"
 #include "tests/render/recording_pen.h"
+#include "tests/temporary_folder.h"
 
 /// Reads a package from its text.
 inline model::Package PackageOf(const std::string& text) {
+  const TemporaryFolder folder;
   model::PackageScalars before;
-  before.PackagePath = testing::TempDir() + "scene_" + std::to_string(getpid()) + ".yax";
-  std::ofstream(before.PackagePath) << text;
-  model::Package package = model::ReadPackage(before).value();
-  unlink(before.PackagePath.c_str());
-  return package;
+  before.PackagePath = folder / "board.yax";
+  PutFile(before.PackagePath, text);
+  return model::ReadPackage(before).value();
 }
 
 class SceneTest : public testing::Test {
