@@ -19,4 +19,16 @@ void SetUnsetDefaults(WireBondSettings& settings, const Package& package) {
   setUnset(settings.StitchExtension, stackHeight);
 }
 
+WireBondSettings SettingsAfterReset(const Package& package) {
+  const float height = package.CompZ;
+  return {.Material = "Au",
+          .WireDiameter = 1.0F,
+          .Frequency = 1000000.0F,
+          .BaseLoopHeight = height,
+          .StackLoopHeight = height,
+          .BaseExtension = height,
+          .StackExtension = height,
+          .StitchExtension = height};
+}
+
 }  // namespace model

@@ -27,4 +27,10 @@ inline constexpr float kEdgeOfBaseDie = -1.0F;
 /// the dies' heights in file units.
 void SetUnsetDefaults(WireBondSettings& settings, const Package& package);
 
+/// The settings that a reset leaves, and so those of every package just loaded into the window: gold, 1 mil,
+/// 1 MHz, and every height and extension at the base die's height.
+/// Deliberate: that height is taken in scene units where file units belong; SetUnsetDefaults takes file
+/// units.
+WireBondSettings SettingsAfterReset(const Package& package);
+
 }  // namespace model

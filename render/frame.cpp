@@ -17,6 +17,13 @@ constexpr GLfloat AmbientLight[] = {0.65F, 0.65F, 0.65F, 1.0F};
 constexpr GLfloat SpecularColour[] = {1.0F, 0.0F, 0.0F, 1.0F};
 constexpr GLint kShininess = 50;
 
+void SetProjection(const PixelSize& size, double nearPlane, double farPlane) {
+  glMatrixMode(GL_PROJECTION);
+  glLoadIdentity();
+  gluPerspective(kFieldOfView, double(AspectRatioOf(size)), nearPlane, farPlane);
+  glMatrixMode(GL_MODELVIEW);
+}
+
 }  // namespace
 
 float AspectRatioOf(const PixelSize& size) {
@@ -37,12 +44,9 @@ void SetUpView(const PixelSize& size, const Appearance& appearance) {
   glClearDepth(1.0);
   SetClearColour(appearance);
 
-  glMatrixMode(GL_PROJECTION);
-  glLoadIdentity();
-  gluPerspective(60.0, double(AspectRatioOf(size)), 1.0, 2000.0);
+  SetProjection(size, 1.0, 2000.0);
   SetViewport(size);
 
-  glMatrixMode(GL_MODELVIEW);
   glLoadIdentity();
   glLightfv(GL_LIGHT0, GL_POSITION, LightPosition);
   glLightModelfv(GL_LIGHT_MODEL_AMBIENT, AmbientLight);
@@ -55,6 +59,11 @@ void SetUpView(const PixelSize& size, const Appearance& appearance) {
 }
 
 void DrawFrame(const Camera& camera, const ModelRotation& rotation, float depth, const SceneList& list) {
+  DrawFrame(camera, rotation, depth, [&list] { list.Call(); });
+}
+
+void DrawFrame(const Camera& camera, const ModelRotation& rotation, float depth,
+               const std::function<void()>& draw) {
   const double cosine = std::cos(double(camera.CamYaw));
   const double sine = std::sin(double(camera.CamYaw));
   const double x = double(camera.CamX);
@@ -70,8 +79,17 @@ void DrawFrame(const Camera& camera, const ModelRotation& rotation, float depth,
   glRotatef(rotation.RotPitch, 0.1F, 0.0F, 0.0F);
   glRotatef(rotation.RotYaw, 0.0F, 0.1F, 0.0F);
   glRotatef(rotation.RotRoll, 0.0F, 0.0F, 1.0F);
-  list.Call();
+  draw();
   glPopMatrix();
+}
+
+void DrawFrame(const Eye& eye, const PixelSize& size, const std::function<void()>& draw) {
+  SetProjection(size, eye.Near, eye.Far);
+  glLoadIdentity();
+  gluLookAt(eye.Position[0], eye.Position[1], eye.Position[2], eye.Target[0], eye.Target[1], eye.Target[2],
+            eye.Up[0], eye.Up[1], eye.Up[2]);
+  glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+  draw();
 }
 
 }  // namespace render

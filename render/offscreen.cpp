@@ -2,40 +2,35 @@
 
 #include <EGL/egl.h>
 #include <EGL/eglext.h>
+#include <GL/gl.h>
 
 #include <array>
+#include <cstddef>
+#include <optional>
 #include <vector>
 
-namespace render {
+#include "render/framebuffer.h"
+#include "render/read_back.h"
 
-struct OffscreenSurface::Egl {
-  EGLDisplay display = EGL_NO_DISPLAY;
-  EGLConfig config = nullptr;
-  EGLSurface surface = EGL_NO_SURFACE;
-  EGLContext context = EGL_NO_CONTEXT;
-};
+namespace render {
 
 namespace {
 
 EGLDisplay OpenSurfaceless() {
-  const EGLDisplay display =
-      eglGetPlatformDisplay(EGL_PLATFORM_SURFACELESS_MESA, EGL_DEFAULT_DISPLAY, nullptr);
-  return display != EGL_NO_DISPLAY && eglInitialize(display, nullptr, nullptr) ? display : EGL_NO_DISPLAY;
+  return eglGetPlatformDisplay(EGL_PLATFORM_SURFACELESS_MESA, EGL_DEFAULT_DISPLAY, nullptr);
 }
 
-EGLDisplay OpenDevice() {
+std::vector<EGLDisplay> OpenDevices() {
   const auto queryDevices =
       reinterpret_cast<PFNEGLQUERYDEVICESEXTPROC>(eglGetProcAddress("eglQueryDevicesEXT"));
   std::array<EGLDeviceEXT, 8> devices{};
   EGLint count = 0;
-  if (queryDevices == nullptr || !queryDevices(EGLint(devices.size()), devices.data(), &count))
-    return EGL_NO_DISPLAY;
-  for (EGLint device = 0; device < count; ++device) {
-    const EGLDisplay display =
-        eglGetPlatformDisplay(EGL_PLATFORM_DEVICE_EXT, devices[static_cast<std::size_t>(device)], nullptr);
-    if (display != EGL_NO_DISPLAY && eglInitialize(display, nullptr, nullptr)) return display;
-  }
-  return EGL_NO_DISPLAY;
+  if (queryDevices == nullptr || !queryDevices(EGLint(devices.size()), devices.data(), &count)) return {};
+  std::vector<EGLDisplay> displays;
+  for (EGLint device = 0; device < count; ++device)
+    displays.push_back(
+        eglGetPlatformDisplay(EGL_PLATFORM_DEVICE_EXT, devices[static_cast<std::size_t>(device)], nullptr));
+  return displays;
 }
 
 /// The first format with exactly 8 bits of red: sorting puts deeper ones first, whose pixels differ from a
@@ -67,43 +62,106 @@ EGLConfig ChooseConfig(EGLDisplay display) {
 
 }  // namespace
 
+struct OffscreenSurface::Egl {
+  EGLDisplay display = EGL_NO_DISPLAY;
+  EGLConfig config = nullptr;
+  EGLContext context = EGL_NO_CONTEXT;
+  EGLSurface surface = EGL_NO_SURFACE;
+  std::optional<Framebuffer> framebuffer;
+
+  Egl() = default;
+  Egl(const Egl&) = delete;
+  Egl& operator=(const Egl&) = delete;
+  /// The display stays open: it is the whole process's, and closing it would end the contexts of other
+  /// surfaces.
+  ~Egl() { CloseContext(); }
+
+  bool OpenDisplay() {
+    if (display != EGL_NO_DISPLAY || Serves(OpenSurfaceless())) return true;
+    for (const EGLDisplay device : OpenDevices())
+      if (Serves(device)) return true;
+    return false;
+  }
+
+  bool Serves(EGLDisplay candidate) {
+    if (candidate == EGL_NO_DISPLAY || !eglInitialize(candidate, nullptr, nullptr)) return false;
+    display = candidate;
+    if (eglBindAPI(EGL_OPENGL_API)) config = ChooseConfig(display);
+    if (config != nullptr && OpenContext()) return true;
+    CloseDisplay();
+    return false;
+  }
+
+  bool OpenContext() {
+    if (context == EGL_NO_CONTEXT) context = eglCreateContext(display, config, EGL_NO_CONTEXT, nullptr);
+    return context != EGL_NO_CONTEXT;
+  }
+
+  /// A surface that fits, or the smallest one for what has to go beside it.
+  bool OpenSurface(const PixelSize& size) {
+    const EGLint extent[] = {EGL_WIDTH, size.Width, EGL_HEIGHT, size.Height, EGL_NONE};
+    surface = eglCreatePbufferSurface(display, config, extent);
+    return surface != EGL_NO_SURFACE && MakeCurrent();
+  }
+
+  bool Holds(const PixelSize& size) const {
+    EGLint width = 0;
+    EGLint height = 0;
+    eglGetConfigAttrib(display, config, EGL_MAX_PBUFFER_WIDTH, &width);
+    eglGetConfigAttrib(display, config, EGL_MAX_PBUFFER_HEIGHT, &height);
+    return size.Width <= width && size.Height <= height;
+  }
+
+  bool MakeCurrent() { return eglMakeCurrent(display, surface, surface, context); }
+
+  /// The framebuffer's memory goes with the context.
+  void CloseContext() {
+    framebuffer.reset();
+    if (context == EGL_NO_CONTEXT) return;
+    eglMakeCurrent(display, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
+    eglDestroyContext(display, context);
+    context = EGL_NO_CONTEXT;
+    if (surface != EGL_NO_SURFACE) eglDestroySurface(display, surface);
+    surface = EGL_NO_SURFACE;
+  }
+
+  void CloseDisplay() {
+    if (display == EGL_NO_DISPLAY) return;
+    CloseContext();
+    eglTerminate(display);
+    display = EGL_NO_DISPLAY;
+    config = nullptr;
+  }
+};
+
 OffscreenSurface::OffscreenSurface(const PixelSize& size) : size_(size), egl_(std::make_unique<Egl>()) {}
 
-OffscreenSurface::~OffscreenSurface() {
-  DeleteContext();
-  if (egl_->surface != EGL_NO_SURFACE) eglDestroySurface(egl_->display, egl_->surface);
-  // The display stays open: it is the whole process's, and closing it would end the contexts of other
-  // surfaces.
-}
+OffscreenSurface::~OffscreenSurface() = default;
 
 bool OffscreenSurface::CreateContext() {
   DeleteContext();
-  if (egl_->display == EGL_NO_DISPLAY) egl_->display = OpenSurfaceless();
-  if (egl_->display == EGL_NO_DISPLAY) egl_->display = OpenDevice();
-  if (egl_->display == EGL_NO_DISPLAY || !eglBindAPI(EGL_OPENGL_API)) return false;
-  if (egl_->config == nullptr) egl_->config = ChooseConfig(egl_->display);
-  if (egl_->config == nullptr) return false;
-  if (egl_->surface == EGL_NO_SURFACE) {
-    const EGLint extent[] = {EGL_WIDTH, size_.Width, EGL_HEIGHT, size_.Height, EGL_NONE};
-    egl_->surface = eglCreatePbufferSurface(egl_->display, egl_->config, extent);
-  }
-  if (egl_->surface == EGL_NO_SURFACE) return false;
-  egl_->context = eglCreateContext(egl_->display, egl_->config, EGL_NO_CONTEXT, nullptr);
-  return MakeCurrent();
+  if (!egl_->OpenDisplay() || !egl_->OpenContext()) return false;
+  const bool direct = egl_->Holds(size_);
+  if (!egl_->OpenSurface(direct ? size_ : PixelSize{1, 1})) return false;
+  std::array<GLint, 2> largest{};
+  glGetIntegerv(GL_MAX_VIEWPORT_DIMS, largest.data());
+  largest_ = {largest[0], largest[1]};
+  if (size_.Width > largest_.Width || size_.Height > largest_.Height) return false;
+  return direct || egl_->framebuffer.emplace().Bind(size_);
 }
 
 bool OffscreenSurface::MakeCurrent() {
-  return egl_->context != EGL_NO_CONTEXT &&
-         eglMakeCurrent(egl_->display, egl_->surface, egl_->surface, egl_->context);
+  return egl_->context != EGL_NO_CONTEXT && egl_->surface != EGL_NO_SURFACE && egl_->MakeCurrent();
 }
 
-void OffscreenSurface::SwapBuffers() { eglSwapBuffers(egl_->display, egl_->surface); }
+void OffscreenSurface::SwapBuffers() {
+  if (!egl_->framebuffer) eglSwapBuffers(egl_->display, egl_->surface);
+}
 
-void OffscreenSurface::DeleteContext() {
-  if (egl_->context == EGL_NO_CONTEXT) return;
-  eglMakeCurrent(egl_->display, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
-  eglDestroyContext(egl_->display, egl_->context);
-  egl_->context = EGL_NO_CONTEXT;
+void OffscreenSurface::DeleteContext() { egl_->CloseContext(); }
+
+Picture OffscreenSurface::ReadFrame() const {
+  return egl_->framebuffer ? egl_->framebuffer->Read() : render::ReadFrame(size_);
 }
 
 }  // namespace render

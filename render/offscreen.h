@@ -4,10 +4,12 @@
 #include <memory>
 
 #include "render/gl_surface.h"
+#include "render/picture.h"
 
 namespace render {
 
-/// EGL without a window system: Mesa's surfaceless platform, else the first device.
+/// EGL without a window system: Mesa's surfaceless platform, else the first device that serves. Pictures
+/// beyond what a pixel buffer holds go into a framebuffer object, whose pixels are the same.
 class OffscreenSurface final : public GlSurface {
  public:
   explicit OffscreenSurface(const PixelSize& size);
@@ -15,15 +17,23 @@ class OffscreenSurface final : public GlSurface {
   OffscreenSurface& operator=(const OffscreenSurface&) = delete;
   ~OffscreenSurface() override;
 
+  /// Returns false without usable GL, for a size beyond Largest(), and when the memory does not suffice.
   bool CreateContext() override;
   bool MakeCurrent() override;
   void SwapBuffers() override;
   void DeleteContext() override;
   PixelSize Size() const override { return size_; }
 
+  /// The largest picture that this GL draws; nothing before CreateContext has found a usable one.
+  PixelSize Largest() const { return largest_; }
+  /// The frame just drawn. Needs   the context is current
+  Picture ReadFrame() const;
+
  private:
   struct Egl;
+
   PixelSize size_;
+  PixelSize largest_;
   std::unique_ptr<Egl> egl_;
 };
 

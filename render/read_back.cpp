@@ -7,12 +7,18 @@
 namespace render {
 
 Picture ReadFrame(const PixelSize& size) {
+  glReadBuffer(GL_BACK);
+  // GL counts rows from the bottom.
+  return ReadRows(size, false);
+}
+
+Picture ReadRows(const PixelSize& size, bool topRowFirst) {
   Picture picture{size.Width, size.Height, {}};
   const auto row = static_cast<std::size_t>(size.Width) * 3;
   picture.Rgb.resize(row * static_cast<std::size_t>(size.Height));
   glPixelStorei(GL_PACK_ALIGNMENT, 1);
-  glReadBuffer(GL_BACK);
   glReadPixels(0, 0, size.Width, size.Height, GL_RGB, GL_UNSIGNED_BYTE, picture.Rgb.data());
+  if (topRowFirst) return picture;
   // GL counts rows from the bottom.
   std::uint8_t* top = picture.Rgb.data();
   std::uint8_t* bottom = top + picture.Rgb.size();

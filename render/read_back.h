@@ -10,4 +10,7 @@ namespace render {
 /// Needs   current context
 Picture ReadFrame(const PixelSize& size);
 
+/// The picture in the read buffer that is set, whose rows run down from the top or up from the bottom.
+Picture ReadRows(const PixelSize& size, bool topRowFirst);
+
 }  // namespace render

@@ -1,0 +1,180 @@
+#include "yax/completion.h"
+
+#include <CLI/CLI.hpp>
+#include <vector>
+
+#include "yax/help_format.h"
+
+namespace yax {
+
+namespace {
+
+/// What follows an option, or stands in a place of its own.
+struct Value {
+  std::string name;  ///< empty for a flag
+  std::vector<std::string> choices;
+  bool IsFile() const { return choices.empty() && name == "FILE"; }
+};
+
+struct Word {
+  std::vector<std::string> names;  ///< with their dashes; none for a value by its place
+  std::string description;
+  Value value;
+};
+
+std::vector<Word> WordsOf(const CLI::App& level) {
+  std::vector<Word> words;
+  for (const CLI::Option* option : level.get_options()) {
+    Word word{{}, option->get_description(), {ValueNameOf(*option), ChoicesOf(*option)}};
+    for (const std::string& name : option->get_snames()) word.names.push_back("-" + name);
+    for (const std::string& name : option->get_lnames()) word.names.push_back("--" + name);
+    words.push_back(word);
+  }
+  return words;
+}
+
+std::string Joined(const std::vector<std::string>& words, const std::string& between) {
+  return CLI::detail::join(words, between);
+}
+
+/// A text between single quotes, with `special` characters escaped once more for the shell's own reader.
+std::string Quoted(const std::string& text, const std::string& special = {}) {
+  std::string quoted = "'";
+  for (const char letter : text) {
+    if (special.find(letter) != std::string::npos) quoted += '\\';
+    quoted += letter == '\'' ? "'\\''" : std::string(1, letter);
+  }
+  return quoted + "'";
+}
+
+std::string BashReply(const Value& value) {
+  if (!value.choices.empty()) return "_yax_words " + Quoted(Joined(value.choices, " "));
+  return value.IsFile() ? "_yax_files" : ":";
+}
+
+/// The cases of one level: what follows its options, its options, and what stands by its place.
+std::string BashCases(const std::string& level, const std::vector<Word>& words) {
+  std::string cases;
+  std::vector<std::string> names;
+  std::string place = ":";
+  for (const Word& word : words) {
+    if (word.names.empty()) place = BashReply(word.value);
+    names.insert(names.end(), word.names.begin(), word.names.end());
+    if (word.names.empty() || word.value.name.empty()) continue;
+    std::vector<std::string> patterns;
+    for (const std::string& name : word.names) patterns.push_back(level + "," + name + ",*");
+    cases += "    " + Joined(patterns, "|") + ") " + BashReply(word.value) + " ;;\n";
+  }
+  cases += "    " + level + ",*,-*) _yax_words " + Quoted(Joined(names, " ")) + " ;;\n";
+  return cases + "    " + level + ",*) " + place + " ;;\n";
+}
+
+std::string ZshArgument(const Word& word) {
+  const Value& value = word.value;
+  const std::string action = !value.choices.empty() ? "(" + Joined(value.choices, " ") + ")"
+                             : value.IsFile()       ? "_files"
+                                                    : " ";
+  if (word.names.empty()) return Quoted("*:" + value.name + ":" + action);
+  std::string tail = "[";
+  for (const char letter : word.description) {
+    if (letter == '[' || letter == ']' || letter == ':') tail += '\\';
+    tail += letter;
+  }
+  tail += "]";
+  if (!value.name.empty()) tail += ":" + value.name + ":" + action;
+  std::vector<std::string> arguments;
+  for (const std::string& name : word.names)
+    arguments.push_back(Quoted("(" + Joined(word.names, " ") + ")" + name + tail));
+  return Joined(arguments, " ");
+}
+
+std::string FishOption(const std::string& condition, const Word& word) {
+  std::string line = "complete -c yax -n " + Quoted(condition);
+  for (const std::string& name : word.names)
+    line += name.starts_with("--") ? " -l " + name.substr(2) : " -s " + name.substr(1);
+  if (word.value.IsFile()) {
+    line += word.names.empty() ? " -F" : " -r -F";
+  } else if (!word.value.choices.empty()) {
+    line += (word.names.empty() ? " -a " : " -x -a ") + Quoted(Joined(word.value.choices, " "));
+  } else if (!word.value.name.empty()) {
+    line += " -x";
+  }
+  return line + " -d " + Quoted(word.description, "\\") + "\n";
+}
+
+}  // namespace
+
+std::string BashCompletion(const CLI::App& program) {
+  std::vector<std::string> commands;
+  std::string cases;
+  for (const CLI::App* command : program.get_subcommands({})) {
+    commands.push_back(command->get_name());
+    cases += BashCases(command->get_name(), WordsOf(*command));
+  }
+  std::vector<std::string> top = commands;
+  for (const Word& word : WordsOf(program)) top.insert(top.end(), word.names.begin(), word.names.end());
+  return "_yax_words() { mapfile -t COMPREPLY < <(compgen -W \"$1\" -- \"$current\"); }\n"
+         "_yax_files() { mapfile -t COMPREPLY < <(compgen -f -- \"$current\"); }\n"
+         "_yax() {\n"
+         "  local current=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD-1]} command= word\n"
+         "  COMPREPLY=()\n"
+         "  for word in \"${COMP_WORDS[@]:1:COMP_CWORD-1}\"; do\n"
+         "    case $word in " +
+         Joined(commands, "|") +
+         ") command=$word; break ;; esac\n"
+         "  done\n"
+         "  case $command,$before,$current in\n"
+         "    ,*) _yax_words " +
+         Quoted(Joined(top, " ")) + " ;;\n" + cases +
+         "  esac\n"
+         "}\n"
+         "complete -o filenames -F _yax yax\n";
+}
+
+std::string ZshCompletion(const CLI::App& program) {
+  std::string commands;
+  std::string cases;
+  for (const CLI::App* command : program.get_subcommands({})) {
+    commands += "    " + Quoted(command->get_name() + ":" + command->get_description()) + "\n";
+    cases += "    " + command->get_name() + ")\n      _arguments -S";
+    for (const Word& word : WordsOf(*command)) cases += " \\\n        " + ZshArgument(word);
+    cases += "\n      ;;\n";
+  }
+  std::string top;
+  for (const Word& word : WordsOf(program)) top += " \\\n      " + ZshArgument(word);
+  return "#compdef yax\n"
+         "_yax() {\n"
+         "  local -a commands\n"
+         "  commands=(\n" +
+         commands +
+         "  )\n"
+         "  if (( CURRENT == 2 )); then\n"
+         "    _describe command commands\n"
+         "    _arguments -S" +
+         top +
+         "\n"
+         "    return\n"
+         "  fi\n"
+         "  shift words\n"
+         "  (( CURRENT-- ))\n"
+         "  case $words[1] in\n" +
+         cases +
+         "  esac\n"
+         "}\n"
+         "_yax \"$@\"\n";
+}
+
+std::string FishCompletion(const CLI::App& program) {
+  std::string text = "complete -c yax -f\n";
+  for (const Word& word : WordsOf(program)) text += FishOption("__fish_use_subcommand", word);
+  for (const CLI::App* command : program.get_subcommands({})) {
+    const std::string& name = command->get_name();
+    text += "complete -c yax -n __fish_use_subcommand -a " + Quoted(name) + " -d " +
+            Quoted(command->get_description(), "\\") + "\n";
+    for (const Word& word : WordsOf(*command))
+      text += FishOption("__fish_seen_subcommand_from " + name, word);
+  }
+  return text;
+}
+
+}  // namespace yax

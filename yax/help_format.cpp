@@ -1,0 +1,44 @@
+#include "yax/help_format.h"
+
+#include <cstddef>
+
+namespace yax {
+
+std::vector<std::string> ChoicesOf(const CLI::Option& option) {
+  // The parser has no other way to ask a check for its words: it names them "{one,other}" after the type.
+  const std::string type = option.get_type_name();
+  const std::size_t open = type.find('{');
+  const std::size_t close = type.find('}');
+  if (open == std::string::npos || close == std::string::npos) return {};
+  return CLI::detail::split(type.substr(open + 1, close - open - 1), ',');
+}
+
+std::string ValueNameOf(const CLI::Option& option) {
+  if (option.get_type_size() == 0) return {};
+  const std::vector<std::string> choices = ChoicesOf(option);
+  return choices.empty() ? option.get_type_name() : CLI::detail::join(choices, "|");
+}
+
+std::string HelpFormat::make_usage(const CLI::App* level, std::string name) const {
+  // The parser's own word for the program would leave out what every command takes.
+  if (level->get_parent() == nullptr) return "Usage: " + name + " COMMAND [OPTIONS] FILE.yax\n";
+  return CLI::Formatter::make_usage(level, name);
+}
+
+std::string HelpFormat::make_option_name(const CLI::Option* option, bool positional) const {
+  if (positional) return option->get_name(true, false);
+  return CLI::detail::find_and_replace(option->get_name(false, true), ",", ", ");
+}
+
+std::string HelpFormat::make_option_opts(const CLI::Option* option) const {
+  if (option->get_positional()) return {};
+  const std::string value = ValueNameOf(*option);
+  return value.empty() ? value : " " + value;
+}
+
+std::string HelpFormat::make_option_desc(const CLI::Option* option) const {
+  const bool mark = option->get_required() && !option->get_positional();
+  return option->get_description() + (mark ? " (required)" : "");
+}
+
+}  // namespace yax

@@ -1,0 +1,28 @@
+/// The texts that options take, turned into values.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "render/gl_surface.h"
+
+namespace yax {
+
+// Every routine takes the option's name for its message.
+// Faults  Unusable when the text is anything but the value wanted
+
+/// A number, the whole of it, within the range of a single.
+float NumberOf(std::string_view option, std::string_view text);
+
+/// A whole number of 16 bits.
+std::int16_t Whole16Of(std::string_view option, std::string_view text);
+
+/// "X,Y,Z", each a whole number of 16 bits.
+std::array<std::int16_t, 3> Whole16TripleOf(std::string_view option, std::string_view text);
+
+/// "WIDTHxHEIGHT" in pixels, each at least 1.
+render::PixelSize SizeOf(std::string_view option, std::string_view text);
+
+}  // namespace yax

@@ -1,0 +1,25 @@
+/// The package file of a command, and reading it.
+#pragma once
+
+#include <string>
+
+#include "model/package.h"
+
+namespace CLI {
+class App;
+}
+
+namespace yax {
+
+struct PackageOptions {
+  std::string File;
+};
+
+/// Adds FILE.yax, which every command needs.
+void AddPackageOption(CLI::App& command, PackageOptions& options);
+
+/// Reads the package as the viewer does at its start.
+/// Faults  Unusable when there is no such file, it cannot be read, or holds no package
+model::Package LoadPackage(const PackageOptions& options);
+
+}  // namespace yax

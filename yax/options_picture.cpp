@@ -1,0 +1,41 @@
+#include "yax/options_picture.h"
+
+#include <CLI/CLI.hpp>
+#include <cstdint>
+#include <vector>
+
+#include "model/text.h"
+#include "yax/messages.h"
+#include "yax/option_text.h"
+
+namespace yax {
+
+void AddPictureOptions(CLI::App& command, PictureOptions& options) {
+  constexpr char kGroup[] = "Picture";
+  command
+      .add_option_function<std::string>(
+          "--size", [&options](const std::string& text) { options.Size = SizeOf("--size", text); },
+          "Pixels (default: 1024x768)")
+      ->type_name("WxH")
+      ->group(kGroup);
+  command
+      .add_option_function<std::string>(
+          "--background",
+          [&options](const std::string& text) {
+            const std::int16_t component = text == "black" ? 0 : 1;
+            options.Appearance = {text == "black", component, component, component};
+          },
+          "Background (default: black)")
+      ->check(CLI::IsMember(std::vector<std::string>{"black", "white"}))
+      ->group(kGroup);
+}
+
+PictureFormat PictureFormatOf(const std::string& output) {
+  const std::string name = model::UpperCase(output);
+  if (name == "-" || name.ends_with(".PNG")) return PictureFormat::Png;
+  if (name.ends_with(".BMP")) return PictureFormat::Bmp;
+  throw Unusable({.File = output}, "its name tells no picture format",
+                 "let it end in .png or .bmp, or give -");
+}
+
+}  // namespace yax

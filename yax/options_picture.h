@@ -1,0 +1,29 @@
+/// A picture that a command writes.
+#pragma once
+
+#include <string>
+
+#include "render/appearance.h"
+#include "render/gl_surface.h"
+
+namespace CLI {
+class App;
+}
+
+namespace yax {
+
+enum class PictureFormat { Png, Bmp };
+
+struct PictureOptions {
+  render::PixelSize Size{1024, 768};
+  render::Appearance Appearance;
+};
+
+/// Adds --size and --background.
+void AddPictureOptions(CLI::App& command, PictureOptions& options);
+
+/// The format that the name of an output file asks for; "-" is a PNG.
+/// Faults  Unusable for any other name
+PictureFormat PictureFormatOf(const std::string& output);
+
+}  // namespace yax

@@ -1,0 +1,31 @@
+/// Which wires a command works on.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "model/package.h"
+#include "render/wire_selection.h"
+
+namespace CLI {
+class App;
+}
+
+namespace yax {
+
+/// Filters of the wire list. Each adds what it matches, like the list's buttons with Shift held down; without
+/// any there is no selection, and every wire counts.
+struct WireOptions {
+  std::vector<std::string> Tiers;
+  std::vector<std::string> Nets;   ///< words whose first letter says the net type
+  std::vector<std::string> Names;  ///< texts of the list: "A", or "A:B" for a stitch
+  bool Stitches = false;
+};
+
+/// Adds --tier, --net, --stitches and --name.
+void AddWireOptions(CLI::App& command, WireOptions& options);
+
+/// Faults  Unusable when a filter matches no wire
+render::WireSelection SelectionOf(const WireOptions& options, const model::Package& package);
+
+}  // namespace yax

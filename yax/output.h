@@ -1,0 +1,13 @@
+/// Where a command's output goes.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace yax {
+
+/// Writes a file whole or not at all; "-" is standard output.
+/// Faults  Unusable when that fails
+void WriteOutput(const std::string& output, std::string_view bytes);
+
+}  // namespace yax

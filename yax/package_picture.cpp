@@ -1,0 +1,80 @@
+#include "yax/package_picture.h"
+
+#include <cstdlib>
+#include <string>
+
+#include "model/faults.h"
+#include "render/bitmap.h"
+#include "render/frame.h"
+#include "render/gl_pen.h"
+#include "render/offscreen.h"
+#include "render/scene.h"
+#include "yax/messages.h"
+#include "yax/output.h"
+#include "yax/png_bytes.h"
+
+namespace yax {
+
+namespace {
+
+using render::PixelSize;
+
+void Open(render::OffscreenSurface& surface) {
+  // Its own warnings would only repeat, in several lines, what the message says.
+  setenv("EGL_LOG_LEVEL", "fatal", 0);
+  if (surface.CreateContext()) return;
+  const auto text = [](const PixelSize& size) {
+    return std::to_string(size.Width) + "x" + std::to_string(size.Height);
+  };
+  const PixelSize size = surface.Size();
+  const PixelSize largest = surface.Largest();
+  if (largest == PixelSize{})
+    throw Unusable(CommandLine(), "there is no usable OpenGL", "install Mesa's EGL and its software driver");
+  if (size.Width > largest.Width || size.Height > largest.Height)
+    throw Unusable(CommandLine(), "--size " + text(size) + " is more than OpenGL draws here",
+                   "give at most " + text(largest));
+  throw Unusable(CommandLine(), "there is not enough memory for --size " + text(size), "give a smaller one");
+}
+
+render::SceneInputs InputsOf(const PictureRequest& request) {
+  return {request.package, request.settings, request.picture.Appearance, request.selection};
+}
+
+/// Measures with a scene of its own: what a scene keeps from pad to pad must not reach the one that is drawn.
+render::Eye EyeOf(render::NamedView view, const PictureRequest& request) {
+  render::FitPen pen;
+  render::Scene(InputsOf(request), pen).DrawPackage();
+  return pen.Fit(view, request.picture.Size);
+}
+
+void DrawFrame(const PictureRequest& request) {
+  render::GlPen pen;
+  render::Scene scene(InputsOf(request), pen);
+  // One frame needs no list: drawn at once, the pixels are the same.
+  const auto draw = [&scene] { scene.DrawPackage(); };
+  const CameraOptions& camera = request.camera;
+  if (!camera.View) return render::DrawFrame(camera.Camera, camera.Rotation, request.package.CompW, draw);
+  render::DrawFrame(EyeOf(*camera.View, request), request.picture.Size, draw);
+}
+
+}  // namespace
+
+render::Picture DrawPicture(const PictureRequest& request) {
+  render::OffscreenSurface surface(request.picture.Size);
+  Open(surface);
+  render::SetUpView(request.picture.Size, request.picture.Appearance);
+  try {
+    DrawFrame(request);
+  } catch (const model::Fault& fault) {
+    throw Unusable({.File = request.package.PackagePath}, fault.what(),
+                   "the viewer ends here too, correct the file");
+  }
+  return surface.ReadFrame();
+}
+
+void WritePicture(const render::Picture& picture, const std::string& output) {
+  const bool png = PictureFormatOf(output) == PictureFormat::Png;
+  WriteOutput(output, png ? PngBytes(picture) : render::BitmapBytes(picture));
+}
+
+}  // namespace yax

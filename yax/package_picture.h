@@ -1,0 +1,28 @@
+/// A picture of a package, drawn in memory as the viewer's window would draw it.
+#pragma once
+
+#include "model/package.h"
+#include "model/wire_bond_settings.h"
+#include "render/picture.h"
+#include "render/wire_selection.h"
+#include "yax/options_camera.h"
+#include "yax/options_picture.h"
+
+namespace yax {
+
+/// What is seen, and from where.
+struct PictureRequest {
+  model::Package& package;  ///< drawing puts parts of it in order, as in the viewer
+  const model::WireBondSettings& settings;
+  const render::WireSelection& selection;
+  const CameraOptions& camera;
+  const PictureOptions& picture;
+};
+
+/// Faults  Unusable without usable GL, for a picture too large, and when the package cannot be drawn
+render::Picture DrawPicture(const PictureRequest& request);
+
+/// Writes it in the format that the output's name asks for.
+void WritePicture(const render::Picture& picture, const std::string& output);
+
+}  // namespace yax

@@ -1,0 +1,75 @@
+#include "yax/program.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <memory>
+#include <new>
+#include <sstream>
+
+#include "model/version.h"
+#include "yax/commands.h"
+#include "yax/help_format.h"
+#include "yax/output.h"
+
+namespace yax {
+
+namespace {
+
+void AddHelpAndVersion(CLI::App& level) {
+  level.set_help_flag("-h,--help", "Show this help and end");
+  level.set_version_flag("--version", std::string("yax ") + model::kVersionText, "Show the version and end");
+}
+
+/// Help and version are answers; anything else that stops the parser is a mistake in the arguments.
+Status AnswerOrRefuse(const CLI::App& program, const CLI::ParseError& stop) {
+  std::ostringstream answer;
+  std::ostringstream ignored;
+  if (program.exit(stop, answer, ignored) == 0) {
+    WriteOutput("-", answer.str());
+    return Status::Done;
+  }
+  std::string what = stop.what();
+  std::replace(what.begin(), what.end(), '\n', ' ');
+  const auto commands = program.get_subcommands();
+  const std::string help =
+      commands.empty() ? "yax --help" : "yax " + commands.front()->get_name() + " --help";
+  throw Unusable(CommandLine(), what, "see " + help);
+}
+
+Status ParseAndRun(std::vector<std::string> arguments) {
+  CLI::App program("Integrated-circuit packages on the command line: the viewer's companion", "yax");
+  program.formatter(std::make_shared<HelpFormat>());
+  program.require_subcommand(1, 1);
+  AddHelpAndVersion(program);
+  const std::vector<Command> commands = AddCommands(program);
+  for (CLI::App* const command : program.get_subcommands({})) {
+    command->group("Commands");
+    AddHelpAndVersion(*command);
+  }
+  try {
+    std::reverse(arguments.begin(), arguments.end());  // the parser takes them from the back
+    program.parse(arguments);
+  } catch (const CLI::ParseError& stop) {
+    return AnswerOrRefuse(program, stop);
+  }
+  const auto asked = std::find_if(commands.begin(), commands.end(),
+                                  [](const Command& command) { return command.Parser->parsed(); });
+  return asked->Run();
+}
+
+}  // namespace
+
+std::vector<Command> AddCommands(CLI::App& program) { return {AddRender(program), AddCompletion(program)}; }
+
+Status RunProgram(const std::vector<std::string>& arguments) {
+  try {
+    return ParseAndRun(arguments);
+  } catch (const Unusable& unusable) {
+    std::fprintf(stderr, "%s\n", unusable.what());
+  } catch (const std::bad_alloc&) {
+    Complain(CommandLine(), "there is not enough memory", "give it less to do");
+  }
+  return Status::Unusable;
+}
+
+}  // namespace yax

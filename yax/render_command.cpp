@@ -1,0 +1,57 @@
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <string>
+
+#include "model/package.h"
+#include "yax/commands.h"
+#include "yax/options_camera.h"
+#include "yax/options_loops.h"
+#include "yax/options_package.h"
+#include "yax/options_picture.h"
+#include "yax/options_wires.h"
+#include "yax/package_picture.h"
+
+namespace yax {
+
+namespace {
+
+struct RenderOptions {
+  PackageOptions package;
+  std::string output;
+  PictureOptions picture;
+  CameraOptions camera;
+  LoopOptions loops;
+  WireOptions wires;
+};
+
+Status Render(const RenderOptions& options) {
+  // What needs no work is refused before any is done.
+  PictureFormatOf(options.output);
+  CheckCamera(options.camera);
+  model::Package package = LoadPackage(options.package);
+  const model::WireBondSettings settings = SettingsOf(options.loops, package);
+  const render::WireSelection selection = SelectionOf(options.wires, package);
+  WritePicture(DrawPicture({package, settings, selection, options.camera, options.picture}), options.output);
+  return Status::Done;
+}
+
+}  // namespace
+
+Command AddRender(CLI::App& program) {
+  CLI::App* const command =
+      program.add_subcommand("render", "Draw a picture of the package, without a display");
+  const auto options = std::make_shared<RenderOptions>();
+  AddPackageOption(*command, options->package);
+  command
+      ->add_option("-o,--output", options->output,
+                   "The picture, .png or .bmp; - for a PNG on standard output")
+      ->type_name("FILE")
+      ->required();
+  AddPictureOptions(*command, options->picture);
+  AddCameraOptions(*command, options->camera);
+  AddLoopOptions(*command, options->loops);
+  AddWireOptions(*command, options->wires);
+  return {command, [options] { return Render(*options); }};
+}
+
+}  // namespace yax
