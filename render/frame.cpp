@@ -21,7 +21,6 @@ void SetProjection(const PixelSize& size, double nearPlane, double farPlane) {
   glMatrixMode(GL_PROJECTION);
   glLoadIdentity();
   gluPerspective(kFieldOfView, double(AspectRatioOf(size)), nearPlane, farPlane);
-  glMatrixMode(GL_MODELVIEW);
 }
 
 }  // namespace
@@ -47,6 +46,7 @@ void SetUpView(const PixelSize& size, const Appearance& appearance) {
   SetProjection(size, 1.0, 2000.0);
   SetViewport(size);
 
+  glMatrixMode(GL_MODELVIEW);
   glLoadIdentity();
   glLightfv(GL_LIGHT0, GL_POSITION, LightPosition);
   glLightModelfv(GL_LIGHT_MODEL_AMBIENT, AmbientLight);
@@ -85,6 +85,7 @@ void DrawFrame(const Camera& camera, const ModelRotation& rotation, float depth,
 
 void DrawFrame(const Eye& eye, const PixelSize& size, const std::function<void()>& draw) {
   SetProjection(size, eye.Near, eye.Far);
+  glMatrixMode(GL_MODELVIEW);
   glLoadIdentity();
   gluLookAt(eye.Position[0], eye.Position[1], eye.Position[2], eye.Target[0], eye.Target[1], eye.Target[2],
             eye.Up[0], eye.Up[1], eye.Up[2]);

@@ -4,11 +4,10 @@
 
 namespace shell {
 
-bool DisplayAnswers() {
-  Display* const display = XOpenDisplay(nullptr);
-  if (display == nullptr) return false;
-  XCloseDisplay(display);
-  return true;
+DisplayConnection::DisplayConnection(const char* name) : display_(XOpenDisplay(name)) {}
+
+DisplayConnection::~DisplayConnection() {
+  if (display_ != nullptr) XCloseDisplay(static_cast<Display*>(display_));
 }
 
 }  // namespace shell

@@ -3,7 +3,20 @@
 
 namespace shell {
 
-/// True when the X server that DISPLAY names answers.
-bool DisplayAnswers();
+/// A connection to the X server, held until the toolkit has its own: a server without any client left may
+/// start anew, and the toolkit would find nobody.
+class DisplayConnection {
+ public:
+  /// `name` as on the command line; null for the one that DISPLAY names.
+  explicit DisplayConnection(const char* name);
+  DisplayConnection(const DisplayConnection&) = delete;
+  DisplayConnection& operator=(const DisplayConnection&) = delete;
+  ~DisplayConnection();
+
+  bool Answers() const { return display_ != nullptr; }
+
+ private:
+  void* display_;
+};
 
 }  // namespace shell

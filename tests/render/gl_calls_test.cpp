@@ -229,7 +229,7 @@ TEST_F(GlCallsTest, FrameIsReadBackWithItsTopRowFirst) {
   for (const int height : {0, 1, 2, 3}) {
     gl.ClearLog();
     const render::Picture picture = render::ReadFrame({5, height});
-    EXPECT_EQ(Calls(), "glPixelStorei(GL_PACK_ALIGNMENT, 1)\nglReadBuffer(GL_BACK)\nglReadPixels(0, 0, 5, " +
+    EXPECT_EQ(Calls(), "glReadBuffer(GL_BACK)\nglPixelStorei(GL_PACK_ALIGNMENT, 1)\nglReadPixels(0, 0, 5, " +
                            std::to_string(height) + ", GL_RGB, GL_UNSIGNED_BYTE)\n");
     ASSERT_EQ(picture.Rgb.size(), 15U * static_cast<std::size_t>(height));
     // The recorder fills each row with its number from the bottom.
