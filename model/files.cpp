@@ -5,6 +5,8 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <new>
+#include <stdexcept>
 #include <system_error>
 
 #include "model/faults.h"
@@ -34,6 +36,23 @@ class OpenFile {
   throw FileFault(std::generic_category().message(error), std::string(FileNameOf(path)));
 }
 
+/// All of an open file whose size was `size` a moment ago: it may grow or shrink while it is read.
+std::string ReadFrom(int file, std::size_t size, const std::string& path) {
+  // One byte more than the size lets the last read() see the end without growing the buffer.
+  std::string bytes(size + 1, '\0');
+  std::size_t got = 0;
+  for (;;) {
+    if (got == bytes.size()) bytes.resize(bytes.size() + 4096);
+    const ssize_t part = read(file, bytes.data() + got, bytes.size() - got);
+    if (part < 0 && errno == EINTR) continue;
+    if (part < 0) FaultOf(errno, path);
+    if (part == 0) break;
+    got += static_cast<std::size_t>(part);
+  }
+  bytes.resize(got);
+  return bytes;
+}
+
 }  // namespace
 
 bool FileExists(const std::string& path) {
@@ -49,20 +68,13 @@ std::string ReadWholeFile(const std::string& path) {
   if (S_ISDIR(status.st_mode)) FaultOf(EISDIR, path);
   if (!S_ISREG(status.st_mode)) throw FileFault("Not a regular file", std::string(FileNameOf(path)));
 
-  // One byte more than the size lets the last read() see the end without growing the buffer.
-  std::string bytes(static_cast<std::size_t>(status.st_size) + 1, '\0');
-  std::size_t got = 0;
-  // The size is only a first guess: the file may grow or shrink while it is read.
-  for (;;) {
-    if (got == bytes.size()) bytes.resize(bytes.size() + 4096);
-    const ssize_t part = read(file.Number(), bytes.data() + got, bytes.size() - got);
-    if (part < 0 && errno == EINTR) continue;
-    if (part < 0) FaultOf(errno, path);
-    if (part == 0) break;
-    got += static_cast<std::size_t>(part);
+  try {
+    return ReadFrom(file.Number(), static_cast<std::size_t>(status.st_size), path);
+  } catch (const std::bad_alloc&) {
+    FaultOf(ENOMEM, path);
+  } catch (const std::length_error&) {
+    FaultOf(EFBIG, path);
   }
-  bytes.resize(got);
-  return bytes;
 }
 
 }  // namespace model

@@ -3,8 +3,8 @@
 
 namespace shell {
 
-/// A connection to the X server, held until the toolkit has its own: a server without any client left may
-/// start anew, and the toolkit would find nobody.
+/// A connection to the X server, held while the toolkit makes its own: a server without any client left may
+/// start anew just then, and the toolkit would find nobody.
 class DisplayConnection {
  public:
   /// `name` as on the command line; null for the one that DISPLAY names.

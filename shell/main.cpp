@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QFile>
 #include <QMessageBox>
 #include <cstdio>
 #include <string>
@@ -33,12 +34,14 @@ bool AnswerAtOnce(int argc, char** argv) {
   return false;
 }
 
-/// The toolkit would abort where no display answers.
-bool HasDisplay(int argc, char** argv) {
-  for (int i = 1; i < argc; ++i) {
-    if (std::string_view(argv[i]) == "-platform") return true;
+/// The value of an option that the toolkit takes ("-display :1"), or null.
+const char* ToolkitOption(int argc, char** argv, std::string_view name) {
+  for (int i = 1; i + 1 < argc; ++i) {
+    const std::string_view argument = argv[i];
+    if (argument.starts_with('-') && argument.substr(argument.starts_with("--") ? 2 : 1) == name)
+      return argv[i + 1];
   }
-  return qgetenv("QT_QPA_PLATFORM") != "xcb" || shell::DisplayAnswers();
+  return nullptr;
 }
 
 /// Nobody could close a box that no screen shows.
@@ -78,7 +81,10 @@ int main(int argc, char** argv) {
   shell::ProgramEnd end;
   end.showCritical = ShowCritical;
   end.leave = [&status](int with) { status = with; };
-  if (!HasDisplay(argc, argv)) {
+  // The toolkit would abort where no display answers.
+  const bool onX = ToolkitOption(argc, argv, "platform") == nullptr && qgetenv("QT_QPA_PLATFORM") == "xcb";
+  const shell::DisplayConnection display(ToolkitOption(argc, argv, "display"));
+  if (onX && !display.Answers()) {
     end.FatalError("Could not retrieve pixel format!");
     return status;
   }
@@ -86,7 +92,7 @@ int main(int argc, char** argv) {
   Application application(argc, argv, end);
   shell::InstallAccessibleViews();
   QCoreApplication::setApplicationName(model::kProgramTitle);
-  const shell::StartUp startUp{QCoreApplication::applicationDirPath().toLocal8Bit().toStdString(),
+  const shell::StartUp startUp{QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString(),
                                shell::CommandLineText({argv + 1, argv + argc})};
   shell::MainWindow window(startUp, end);
   window.Load();
