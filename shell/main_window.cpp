@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QFile>
 #include <QGridLayout>
+#include <QScreen>
 #include <QWindow>
 
 #include "shell/about_window.h"
@@ -13,14 +14,14 @@
 
 namespace shell {
 
-MainWindow::MainWindow(const StartUp& startUp, ProgramEnd& end)
+MainWindow::MainWindow(const StartUp& startUp, ProgramEnd& end, setup::FileDialog* Filn)
     : end_(end),
       view_(new GlView(this)),
       form_(startUp, *view_, end_),
       controls_(form_.Navigator(), end_, this),
       input_(form_, end_, *view_),
-      Filn_(this),
-      commands_(form_, end_, Filn_),
+      dialogs_(this),
+      commands_(form_, end_, Filn != nullptr ? *Filn : dialogs_),
       DoMnu_(new CommandMenuPopup(commands_, this)),
       printing_(this),
       wireListForm_(form_.Package(), form_.Selection()) {
@@ -44,7 +45,8 @@ void MainWindow::LayOut() {
   grid->addWidget(controls_.strip, 2, 0, 1, 2);
   grid->setRowStretch(0, 1);
   grid->setColumnStretch(0, 1);
-  resize(1024, 800);
+  // Room for the frame and the desktop's own bars stays on a small screen.
+  resize(QSize(1024, 800).boundedTo(screen()->availableSize() * 0.85));
 }
 
 void MainWindow::WireNavigation() {

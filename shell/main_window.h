@@ -23,12 +23,15 @@ class WireListWindow;
 
 class MainWindow final : public QWidget {
  public:
-  MainWindow(const StartUp& startUp, ProgramEnd& end);
+  /// `Filn`: the dialogs to ask with instead of the toolkit's; must live longer.
+  MainWindow(const StartUp& startUp, ProgramEnd& end, setup::FileDialog* Filn = nullptr);
   ~MainWindow() override;
 
   /// Loads the package for the size that the window will have, so that its first showing is a finished
   /// picture.
   void Load();
+
+  MainForm& Form() { return form_; }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -45,7 +48,7 @@ class MainWindow final : public QWidget {
   MainForm form_;
   ViewControls controls_;
   ViewInput input_;
-  setup::QtFileDialog Filn_;
+  setup::QtFileDialog dialogs_;
   Commands commands_;
   CommandMenuPopup* DoMnu_;
   Printing printing_;
