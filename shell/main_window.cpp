@@ -92,7 +92,10 @@ void MainWindow::WireCommands() {
     Hlp_->Open(QString::fromStdString(caption), path);
   };
   actions.showAbout = [this] {
-    if (about_ == nullptr) about_ = new AboutWindow(this);
+    if (about_ == nullptr) {
+      about_ = new AboutWindow(this);
+      connect(about_, &QDialog::finished, this, [this] { activateWindow(); });
+    }
     about_->show();
     about_->raise();
     about_->activateWindow();
@@ -110,6 +113,12 @@ void MainWindow::Load() {
     if (!isMinimized()) end_.Run([this] { form_.Form_Resize(); });
   };
   view_->setFocus();
+}
+
+bool MainWindow::event(QEvent* event) {
+  // A dialog has closed: without a window manager nobody else gives the keyboard back.
+  if (event->type() == QEvent::WindowUnblocked) activateWindow();
+  return QWidget::event(event);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

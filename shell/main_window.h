@@ -34,6 +34,7 @@ class MainWindow final : public QWidget {
   MainForm& Form() { return form_; }
 
  protected:
+  bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:

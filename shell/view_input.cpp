@@ -21,15 +21,8 @@ int ButtonCode(Qt::MouseButtons buttons) {
          (buttons & Qt::MiddleButton ? kMiddleButton : 0);
 }
 
-/// X servers name the keypad's plus and minus by another use once Ctrl and Alt are held: next and previous
-/// video mode.
-constexpr quint32 kNextVideoMode = 0x1008FE22;
-constexpr quint32 kPreviousVideoMode = 0x1008FE23;
-
 /// The handlers' code of a key, 0 for those that they do not know.
 int KeyCode(const QKeyEvent& key) {
-  if (key.nativeVirtualKey() == kNextVideoMode) return kKeypadPlus;
-  if (key.nativeVirtualKey() == kPreviousVideoMode) return kKeypadMinus;
   const bool keypad = key.modifiers().testFlag(Qt::KeypadModifier);
   switch (key.key()) {
     case Qt::Key_Escape:

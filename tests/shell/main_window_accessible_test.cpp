@@ -58,7 +58,8 @@ TEST_F(MainWindowAccessible, EveryControlHasNameRoleActionAndEffect) {
     EXPECT_FALSE(button->state().disabled || button->state().invisible) << one.name;
     EXPECT_FALSE(button->text(QAccessible::Description).isEmpty()) << one.name;
     EXPECT_TRUE(Acts(button, QAccessibleActionInterface::pressAction())) << one.name;
-    EXPECT_EQ(Changes(), one.changes) << one.name;
+    // The toolkit shows the button pressed for a moment first.
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Changes() == one.changes; }, 1000)) << one.name << Changes();
   }
   struct Bar {
     const char* name;
@@ -84,11 +85,15 @@ TEST_F(MainWindowAccessible, TheViewOpensTheMenuWhoseEntriesSpeak) {
   EXPECT_TRUE(view->state().focusable);
   EXPECT_TRUE(Acts(view, QAccessibleActionInterface::showMenuAction()));
   EXPECT_TRUE(Menu().isVisible());
-  QAccessibleInterface* const menu = QAccessible::queryAccessibleInterface(&Menu());
+  QAccessibleInterface* const frame = QAccessible::queryAccessibleInterface(window.get());
+  EXPECT_EQ(frame->role(), QAccessible::Window);
+  QAccessibleInterface* const menu = frame->child(frame->childCount() - 1);
   EXPECT_EQ(menu->role(), QAccessible::PopupMenu);
+  EXPECT_EQ(frame->indexOfChild(menu), frame->childCount() - 1);
   EXPECT_TRUE(Find(menu, "Viewer")->state().disabled);  // no page in the program's folder
   EXPECT_TRUE(Acts(Find(menu, "White"), QAccessibleActionInterface::pressAction()));
   EXPECT_EQ(Form().FramePicture().Rgb[0], 255);
+  EXPECT_FALSE(Menu().isVisible());
 }
 
 }  // namespace

@@ -47,7 +47,7 @@ class AnsweringDialog final : public setup::FileDialog {
 
 class MainWindowTest : public testing::Test {
  protected:
-  /// A die twice as wide as it is high, and nothing else.
+  /// A die, from above twice as high as it is wide, and nothing else.
   static constexpr char kDie[] = "COMPL 8\nCOMPW 4\nCOMPZ 1\n";
 
   MainWindowTest() {
@@ -67,8 +67,8 @@ class MainWindowTest : public testing::Test {
     window->Load();
     window->show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
-    QTest::qWaitForWindowActive(window.get(), 300);
-    QApplication::processEvents();
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
   }
 
   MainForm& Form() { return window->Form(); }
@@ -101,7 +101,7 @@ class MainWindowTest : public testing::Test {
     QApplication::sendEvent(native, &event);
   }
 
-  /// "eye x y z" and "pitch p yaw w", as far as they differ from the first frame's, and loads since Open.
+  /// What differs from the first frame: "x1 y-1 z4 look10 turn10 pitch91 yaw1", or less.
   std::string Changes() {
     const render::Camera& camera = Nav().Camera;
     std::string text;

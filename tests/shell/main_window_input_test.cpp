@@ -93,12 +93,12 @@ TEST_F(MainWindowInput, KeysMoveTheNextFramesCameraWhateverHasTheFocus) {
 TEST_F(MainWindowInput, TurningTheModelTurnsThePicture) {
   Open({600, 600});
   const QSize before = LitSize();
-  EXPECT_GT(before.width(), before.height() * 3 / 2);
-  // Nine times ten degrees, once per key: half a right angle too many or too few would not swap the sides.
+  EXPECT_GT(before.height(), before.width() * 3 / 2);
+  // Nine times ten degrees are a right angle: the sides change places.
   for (int i = 0; i < 9; ++i) Key(Qt::Key_Left, Qt::ShiftModifier);
   EXPECT_EQ(Changes(), "yaw90");
   const QSize after = LitSize();
-  EXPECT_GT(after.height(), after.width() * 3 / 2);
+  EXPECT_GT(after.width(), after.height() * 3 / 2);
 }
 
 TEST_F(MainWindowInput, AKeyHeldDownRepeatsAndItsReleasesAreNotTheHands) {
@@ -122,11 +122,6 @@ TEST_F(MainWindowInput, AKeyHeldDownRepeatsAndItsReleasesAreNotTheHands) {
     send(QEvent::KeyRelease, Qt::Key_Shift, own ^ Qt::ShiftModifier, false);
     EXPECT_EQ(window->cursor().shape(), Qt::ArrowCursor);
   }
-  // Keypad plus with Ctrl and Alt, under the name that X servers give it.
-  Restart();
-  QKeyEvent plus(QEvent::KeyPress, Qt::Key_unknown, Qt::ControlModifier | Qt::AltModifier, 86, 0x1008FE22, 0);
-  QApplication::sendEvent(window->windowHandle(), &plus);
-  EXPECT_EQ(Changes(), "z3");
 }
 
 TEST_F(MainWindowInput, EveryMouseMoveCountsOnce) {
