@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QMenu>
 
 #include "shell/gl_view.h"
 #include "shell/view_controls.h"
@@ -55,7 +56,38 @@ class AccessibleDummy final : public ActingWidget {
   DummyBox* box_;
 };
 
-QAccessibleInterface* Create(const QString&, QObject* object) {
+/// A plain window: the toolkit calls it a mere filler, and leaves out the menu that stands open on it.
+class AccessibleWindow final : public QAccessibleWidget {
+ public:
+  explicit AccessibleWindow(QWidget* window) : QAccessibleWidget(window, QAccessible::Window) {}
+
+  int childCount() const override {
+    return QAccessibleWidget::childCount() + (OpenMenu() != nullptr ? 1 : 0);
+  }
+
+  QAccessibleInterface* child(int index) const override {
+    QMenu* const menu = index == QAccessibleWidget::childCount() ? OpenMenu() : nullptr;
+    return menu != nullptr ? QAccessible::queryAccessibleInterface(menu) : QAccessibleWidget::child(index);
+  }
+
+  int indexOfChild(const QAccessibleInterface* child) const override {
+    const bool isMenu = child != nullptr && child->object() != nullptr && child->object() == OpenMenu();
+    return isMenu ? QAccessibleWidget::childCount() : QAccessibleWidget::indexOfChild(child);
+  }
+
+ private:
+  QMenu* OpenMenu() const {
+    for (QMenu* const menu : widget()->findChildren<QMenu*>(Qt::FindDirectChildrenOnly))
+      if (menu->isVisible()) return menu;
+    return nullptr;
+  }
+};
+
+QAccessibleInterface* Create(const QString& kind, QObject* object) {
+  auto* const plain = kind == "QWidget" ? qobject_cast<QWidget*>(object) : nullptr;
+  if (plain != nullptr && plain->metaObject() == &QWidget::staticMetaObject &&
+      plain->windowType() == Qt::Window)
+    return new AccessibleWindow(plain);
   if (auto* const view = qobject_cast<GlView*>(object)) return new AccessibleView(view);
   if (auto* const box = qobject_cast<DummyBox*>(object)) return new AccessibleDummy(box);
   return nullptr;

@@ -21,7 +21,11 @@ CommandMenuPopup::CommandMenuPopup(Commands& commands, QWidget* parent) : QMenu(
       action = submenu->menuAction();
     } else {
       action = levels.back()->addAction(entry.Caption);
-      connect(action, &QAction::triggered, this, [&commands, click = entry.Click] { (commands.*click)(); });
+      connect(action, &QAction::triggered, this, [this, &commands, click = entry.Click] {
+        // Assistive technology chooses without closing.
+        hide();
+        (commands.*click)();
+      });
     }
     action->setObjectName(entry.Name);
   }

@@ -104,6 +104,8 @@ int main(int argc, char** argv) {
     QCoreApplication::exit(with);
   };
   window.show();
+  // Without a window manager nobody else gives it the keyboard.
+  window.activateWindow();
   QApplication::exec();
   return status;
 }

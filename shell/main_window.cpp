@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QFile>
 #include <QGridLayout>
+#include <QScreen>
 #include <QStandardPaths>
 #include <QWindow>
 
@@ -24,13 +25,14 @@ std::string UserFolder() {
 
 }  // namespace
 
-MainWindow::MainWindow(const StartUp& startUp, ProgramEnd& end)
+MainWindow::MainWindow(const StartUp& startUp, ProgramEnd& end, setup::FileDialog* Filn)
     : end_(end),
       view_(new GlView(this)),
       form_(startUp, *view_, end_),
       controls_(form_.Navigator(), end_, this),
       input_(form_, end_, *view_),
-      Filn_(this),
+      dialogs_(this),
+      Filn_(Filn != nullptr ? *Filn : dialogs_),
       estimator_(startUp.programFolder, UserFolder()),
       setupForm_(form_.Settings(), form_.Package(), Filn_, estimator_),
       commands_(form_, end_, Filn_),
@@ -57,7 +59,8 @@ void MainWindow::LayOut() {
   grid->addWidget(controls_.strip, 2, 0, 1, 2);
   grid->setRowStretch(0, 1);
   grid->setColumnStretch(0, 1);
-  resize(1024, 800);
+  // Room for the frame and the desktop's own bars stays on a small screen.
+  resize(QSize(1024, 800).boundedTo(screen()->availableSize() * 0.85));
 }
 
 void MainWindow::WireNavigation() {
@@ -114,7 +117,10 @@ void MainWindow::WireCommands() {
     Hlp_->Open(QString::fromStdString(caption), path);
   };
   actions.showAbout = [this] {
-    if (about_ == nullptr) about_ = new AboutWindow(this);
+    if (about_ == nullptr) {
+      about_ = new AboutWindow(this);
+      connect(about_, &QDialog::finished, this, [this] { activateWindow(); });
+    }
     about_->show();
     about_->raise();
     about_->activateWindow();
@@ -132,6 +138,12 @@ void MainWindow::Load() {
     if (!isMinimized()) end_.Run([this] { form_.Form_Resize(); });
   };
   view_->setFocus();
+}
+
+bool MainWindow::event(QEvent* event) {
+  // A dialog has closed: without a window manager nobody else gives the keyboard back.
+  if (event->type() == QEvent::WindowUnblocked) activateWindow();
+  return QWidget::event(event);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -25,14 +25,18 @@ class WireListWindow;
 
 class MainWindow final : public QWidget {
  public:
-  MainWindow(const StartUp& startUp, ProgramEnd& end);
+  /// `Filn`: the dialogs to ask with instead of the toolkit's; must live longer.
+  MainWindow(const StartUp& startUp, ProgramEnd& end, setup::FileDialog* Filn = nullptr);
   ~MainWindow() override;
 
   /// Loads the package for the size that the window will have, so that its first showing is a finished
   /// picture.
   void Load();
 
+  MainForm& Form() { return form_; }
+
  protected:
+  bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
@@ -47,7 +51,8 @@ class MainWindow final : public QWidget {
   MainForm form_;
   ViewControls controls_;
   ViewInput input_;
-  setup::QtFileDialog Filn_;
+  setup::QtFileDialog dialogs_;
+  setup::FileDialog& Filn_;
   setup::Estimator estimator_;
   setup::SetupForm setupForm_;
   std::unique_ptr<setup::SetupWindow> BWsu_;

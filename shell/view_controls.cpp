@@ -70,6 +70,22 @@ void DummyBox::mousePressEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton && clicked) clicked();
 }
 
+/// A little house: the Home key's picture, as a blank box says nothing.
+void DummyBox::paintEvent(QPaintEvent* event) {
+  QLineEdit::paintEvent(event);
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.translate(QRectF(rect()).center());
+  const double unit = width() / 10.0;
+  QPainterPath house(QPointF(0.0, -3.0 * unit));
+  for (const QPointF& point :
+       {QPointF(3.2, -0.2), QPointF(2.3, -0.2), QPointF(2.3, 2.6), QPointF(0.7, 2.6), QPointF(0.7, 0.6),
+        QPointF(-0.7, 0.6), QPointF(-0.7, 2.6), QPointF(-2.3, 2.6), QPointF(-2.3, -0.2), QPointF(-3.2, -0.2)})
+    house.lineTo(point * unit);
+  house.closeSubpath();
+  painter.fillPath(house, palette().color(QPalette::Text));
+}
+
 ViewControls::ViewControls(Navigation& navigation, ProgramEnd& end, QWidget* parent)
     : ScrollPitch(new BoundScrollBar(navigation.ScrollPitch, Qt::Vertical, "Pitch", end, parent)),
       ScrollYaw(new BoundScrollBar(navigation.ScrollYaw, Qt::Horizontal, "Yaw", end, parent)),

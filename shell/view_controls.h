@@ -47,6 +47,7 @@ class DummyBox final : public QLineEdit {
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
 };
 
 /// All of them, laid out in two strips: one below the view, one at its right.

@@ -64,8 +64,16 @@ bool OpensMenu(const QKeyEvent& key) {
 
 }  // namespace
 
+bool WheelHook::eventFilter(QObject* watched, QEvent* event) {
+  // The event goes from the window to its widgets: only the window's own receipt counts.
+  if (event->type() == QEvent::Wheel && watched->isWindowType() && turned)
+    turned(*static_cast<QWheelEvent*>(event));
+  return false;
+}
+
 ViewInput::ViewInput(MainForm& form, ProgramEnd& end, QWidget& view) : form_(form), end_(end), view_(view) {
   view_.installEventFilter(this);
+  hWheelHook_.turned = [this](const QWheelEvent& wheel) { WheelEvent(wheel); };
 }
 
 void ViewInput::WatchKeysOf(QWindow* window) {
@@ -73,9 +81,9 @@ void ViewInput::WatchKeysOf(QWindow* window) {
   keyWindow_->installEventFilter(this);
 }
 
-void ViewInput::HookWheel() { qApp->installEventFilter(this); }
+void ViewInput::HookWheel() { qApp->installEventFilter(&hWheelHook_); }
 
-void ViewInput::UnhookWheel() { qApp->removeEventFilter(this); }
+void ViewInput::UnhookWheel() { qApp->removeEventFilter(&hWheelHook_); }
 
 void ViewInput::OpenMenuByKey() {
   const QPointF middle = view_.rect().center();
@@ -86,11 +94,6 @@ void ViewInput::OpenMenuByKey() {
 
 bool ViewInput::eventFilter(QObject* watched, QEvent* event) {
   const QEvent::Type type = event->type();
-  if (type == QEvent::Wheel) {
-    // The event goes from the window to its widgets: only the window's own receipt counts.
-    if (watched->isWindowType()) WheelEvent(*static_cast<QWheelEvent*>(event));
-    return false;
-  }
   if (watched == &view_) return MouseEvent(event);
   // A menu that is open has the keys for itself.
   if (watched == keyWindow_ && QApplication::activePopupWidget() == nullptr) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QObject>
+#include <functional>
 
 class QKeyEvent;
 class QMouseEvent;
@@ -14,9 +15,18 @@ namespace shell {
 class MainForm;
 class ProgramEnd;
 
-/// An event filter for three places: the view (mouse), the main window's native window (keys, which it so
-/// sees before any control) and the application (wheel, whichever window of the program is under the
-/// pointer).
+/// An event filter of the application that hears every turn of the wheel, whichever window of the program is
+/// under the pointer. It is apart from ViewInput, which would hear its own events twice.
+class WheelHook final : public QObject {
+ public:
+  std::function<void(const QWheelEvent&)> turned;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+};
+
+/// An event filter for two places: the view (mouse) and the main window's native window (keys, which it so
+/// sees before any control).
 class ViewInput final : public QObject {
  public:
   ViewInput(MainForm& form, ProgramEnd& end, QWidget& view);
@@ -41,6 +51,7 @@ class ViewInput final : public QObject {
   ProgramEnd& end_;
   QWidget& view_;
   QWindow* keyWindow_ = nullptr;
+  WheelHook hWheelHook_;
 };
 
 }  // namespace shell

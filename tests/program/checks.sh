@@ -1,0 +1,71 @@
+# What the program's tests share: source it with the viewer as first argument. Each test has an X server, a home
+# and a folder of its own, all gone at its end.
+set -u
+viewer=$(readlink -f "$1")
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+folder=$(mktemp -d)
+server="" manager="" pid="" failed=0
+mkdir -m 700 "$folder/run"
+export HOME=$folder XDG_RUNTIME_DIR=$folder/run LC_ALL=C.UTF-8
+unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM QT_SCALE_FACTOR XDG_CONFIG_HOME DBUS_SESSION_BUS_ADDRESS
+
+finish() {
+  kill $pid $manager $server 2>/dev/null
+  wait 2>/dev/null
+  rm -rf "$folder"
+  exit $failed
+}
+trap finish EXIT
+
+# expect WHAT FOUND WANTED
+expect() {
+  [ "$2" = "$3" ] && return
+  printf '%s: found "%s", wanted "%s"\n' "$1" "$2" "$3" >&2
+  failed=1
+}
+
+open_display() {
+  Xvfb -displayfd 4 -screen 0 1600x1200x24 4>"$folder/display" 2>"$folder/server.log" &
+  server=$!
+  until [ -s "$folder/display" ]; do
+    kill -0 $server 2>/dev/null || { cat "$folder/server.log" >&2; failed=1; exit; }
+    sleep 0.05
+  done
+  export DISPLAY=:$(cat "$folder/display")
+}
+
+# start ARGUMENTS...: the viewer, in the background
+start() {
+  "$viewer" "$@" >"$folder/out" 2>"$folder/err" &
+  pid=$!
+}
+
+# found NAME: the visible window whose title matches; waits for it
+found() {
+  local window
+  for _ in $(seq 200); do
+    window=$(xdotool search --onlyvisible --name "$1" 2>/dev/null | tail -n 1)
+    [ -n "$window" ] && { echo "$window"; return; }
+    kill -0 $pid 2>/dev/null || break
+    sleep 0.05
+  done
+  echo "there is no window '$1'" >&2
+  cat "$folder/err" >&2
+  failed=1
+  exit
+}
+
+# ends WHAT STATUS: the viewer ends by itself, with that status and without a word on the terminal
+ends() {
+  local status
+  for _ in $(seq 200); do
+    kill -0 $pid 2>/dev/null || break
+    sleep 0.05
+  done
+  kill -0 $pid 2>/dev/null && { expect "$1" "still running" "ended"; kill $pid; }
+  wait $pid
+  status=$?
+  pid=""
+  expect "$1: status" "$status" "$2"
+  expect "$1: words" "$(cat "$folder/out" "$folder/err")" ""
+}

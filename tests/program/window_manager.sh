@@ -1,0 +1,14 @@
+#!/usr/bin/env bash
+# Under a window manager: closing the window ends the program; resizing and hiding it leave it without a word.
+. "$(dirname "$0")/checks.sh"
+open_display
+openbox >/dev/null 2>&1 &
+manager=$!
+printf 'COMPL 8\nCOMPW 4\nCOMPZ 1\n' >"$folder/board.yax"
+start "$folder/board.yax"
+window=$(found 'board.yax$')
+xdotool windowactivate --sync "$window" windowsize --sync "$window" 700 500
+xdotool windowminimize --sync "$window" windowactivate --sync "$window"
+expect "size" "$(xdotool getwindowgeometry "$window" | grep -o 'Geometry: .*')" "Geometry: 700x500"
+xdotool key --clearmodifiers alt+F4
+ends "closed by the window manager" 0
