@@ -156,7 +156,7 @@ TEST_F(OffscreenTest, RebuildsTakeFreshNamesAndNoMemory) {
   const GLuint next = glGenLists(1);
   for (int build = 0; build < 50; ++build) form->RebuildAndRepaint();
   glFinish();
-  // Each kept list would hold most of a megabyte.
+  // Each kept list would hold more than three megabytes.
   EXPECT_LT(used(), before + 4'000'000);
   EXPECT_TRUE(glIsList(next + 50));
   EXPECT_EQ(glGenLists(1), next + 51);
