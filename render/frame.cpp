@@ -59,11 +59,6 @@ void SetUpView(const PixelSize& size, const Appearance& appearance) {
 }
 
 void DrawFrame(const Camera& camera, const ModelRotation& rotation, float depth, const SceneList& list) {
-  DrawFrame(camera, rotation, depth, [&list] { list.Call(); });
-}
-
-void DrawFrame(const Camera& camera, const ModelRotation& rotation, float depth,
-               const std::function<void()>& draw) {
   const double cosine = std::cos(double(camera.CamYaw));
   const double sine = std::sin(double(camera.CamYaw));
   const double x = double(camera.CamX);
@@ -79,18 +74,18 @@ void DrawFrame(const Camera& camera, const ModelRotation& rotation, float depth,
   glRotatef(rotation.RotPitch, 0.1F, 0.0F, 0.0F);
   glRotatef(rotation.RotYaw, 0.0F, 0.1F, 0.0F);
   glRotatef(rotation.RotRoll, 0.0F, 0.0F, 1.0F);
-  draw();
+  list.Call();
   glPopMatrix();
 }
 
-void DrawFrame(const Eye& eye, const PixelSize& size, const std::function<void()>& draw) {
+void DrawFrame(const Eye& eye, const PixelSize& size, const SceneList& list) {
   SetProjection(size, eye.Near, eye.Far);
   glMatrixMode(GL_MODELVIEW);
   glLoadIdentity();
   gluLookAt(eye.Position[0], eye.Position[1], eye.Position[2], eye.Target[0], eye.Target[1], eye.Target[2],
             eye.Up[0], eye.Up[1], eye.Up[2]);
   glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-  draw();
+  list.Call();
 }
 
 }  // namespace render

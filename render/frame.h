@@ -1,8 +1,6 @@
 /// The view's fixed GL state, and one frame.
 #pragma once
 
-#include <functional>
-
 #include "render/appearance.h"
 #include "render/camera.h"
 #include "render/gl_surface.h"
@@ -26,13 +24,10 @@ void SetViewport(const PixelSize& size);
 /// Needs   current context that SetUpView prepared
 /// Faults  Overflow when CamY + CamLook leaves 16 bits
 void DrawFrame(const Camera& camera, const ModelRotation& rotation, float depth, const SceneList& list);
-/// The same frame of a scene that `draw` draws.
-void DrawFrame(const Camera& camera, const ModelRotation& rotation, float depth,
-               const std::function<void()>& draw);
 
 /// Draws one frame from an eye of its own instead of the walking camera; the model stands unturned at the
 /// origin, and only near and far plane of the projection differ.
 /// Needs   current context that SetUpView prepared for `size`
-void DrawFrame(const Eye& eye, const PixelSize& size, const std::function<void()>& draw);
+void DrawFrame(const Eye& eye, const PixelSize& size, const SceneList& list);
 
 }  // namespace render

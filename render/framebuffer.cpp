@@ -30,6 +30,7 @@ void Attach(GLenum place, GLenum format, const PixelSize& size) {
 bool Framebuffer::Bind(const PixelSize& size) {
   if (!Has("GL_ARB_framebuffer_object")) return false;
   size_ = size;
+  while (glGetError() != GL_NO_ERROR) continue;  // every scene list leaves one
   GLuint target = 0;
   glGenFramebuffers(1, &target);
   glBindFramebuffer(GL_FRAMEBUFFER, target);

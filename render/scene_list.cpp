@@ -25,9 +25,13 @@ void Empty(std::int16_t number) {
 
 }  // namespace
 
-void SceneList::BuildCube(Scene& scene) {
+void SceneList::BuildCube(Scene& scene) { Build(scene, GL_COMPILE_AND_EXECUTE); }
+
+void SceneList::CompileCube(Scene& scene) { Build(scene, GL_COMPILE); }
+
+void SceneList::Build(Scene& scene, unsigned mode) {
   const std::int16_t fresh = ListNumber(glGenLists(1));
-  glNewList(static_cast<GLuint>(fresh), GL_COMPILE_AND_EXECUTE);
+  glNewList(static_cast<GLuint>(fresh), mode);
   try {
     scene.DrawPackage();
   } catch (...) {

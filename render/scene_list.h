@@ -18,6 +18,9 @@ class SceneList {
   /// Faults  what the drawing faults with; then no list is open and the one before is still shown
   void BuildCube(Scene& scene);
 
+  /// The same list without drawing it: for a picture of one frame.
+  void CompileCube(Scene& scene);
+
   /// Replays the list shown; nothing when there is none.
   void Call() const;
 
@@ -27,6 +30,8 @@ class SceneList {
   std::int16_t Number() const { return number_; }
 
  private:
+  void Build(Scene& scene, unsigned mode);
+
   std::int16_t number_ = 0;
 };
 

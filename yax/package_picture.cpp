@@ -9,6 +9,7 @@
 #include "render/gl_pen.h"
 #include "render/offscreen.h"
 #include "render/scene.h"
+#include "render/scene_list.h"
 #include "yax/messages.h"
 #include "yax/output.h"
 #include "yax/png_bytes.h"
@@ -50,11 +51,15 @@ render::Eye EyeOf(render::NamedView view, const PictureRequest& request) {
 void DrawFrame(const PictureRequest& request) {
   render::GlPen pen;
   render::Scene scene(InputsOf(request), pen);
-  // One frame needs no list: drawn at once, the pixels are the same.
-  const auto draw = [&scene] { scene.DrawPackage(); };
+  // Drawn at once, without a list, the driver would light the same faces a little differently.
+  render::SceneList list;
+  list.CompileCube(scene);
   const CameraOptions& camera = request.camera;
-  if (!camera.View) return render::DrawFrame(camera.Camera, camera.Rotation, request.package.CompW, draw);
-  render::DrawFrame(EyeOf(*camera.View, request), request.picture.Size, draw);
+  if (camera.View) {
+    render::DrawFrame(EyeOf(*camera.View, request), request.picture.Size, list);
+  } else {
+    render::DrawFrame(camera.Camera, camera.Rotation, request.package.CompW, list);
+  }
 }
 
 }  // namespace

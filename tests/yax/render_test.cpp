@@ -1,0 +1,262 @@
+#include <gtest/gtest.h>
+#include <png.h>
+#include <sys/wait.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "render/bitmap.h"
+#include "render/framebuffer.h"
+#include "render/offscreen.h"
+#include "setup/setup_form.h"
+#include "shell/main_form.h"
+#include "tests/temporary_folder.h"
+
+namespace {
+
+constexpr char kOneWire[] =
+    "TECHNOLOGY WIRE_BOND\nCOMPL 40\nCOMPW 40\nCOMPZ 5\nCBP A 15 10 0 6 6 0 R RECTANGLE\n"
+    "SBP A 30 10 0 6 6 0 RECTANGLE 0 1\nWB A 15 10 0 30 10 5 0\n";
+
+constexpr const char* kSamples[] = {"AAAc",    "bga332",     "caravel-qfn64", "flipchip-bigblade",
+                                    "lqfp100", "stacked-ram"};
+
+struct Ended {
+  int status = -1;
+  std::string out, err;
+  std::size_t Lines() const { return std::size_t(std::count(err.begin(), err.end(), '\n')); }
+};
+
+/// The program itself, without a display unless `environment` gives one.
+class YaxTest : public testing::Test {
+ protected:
+  Ended Yax(const std::string& arguments, const std::string& environment = "") const {
+    const std::string command = "env -u DISPLAY -u WAYLAND_DISPLAY " + environment + " " YAX_PROGRAM " " +
+                                arguments + " >" + (folder / "out") + " 2>" + (folder / "err");
+    const int status = std::system(command.c_str());
+    return {WEXITSTATUS(status), GetFile(folder / "out"), GetFile(folder / "err")};
+  }
+
+  std::string Sample(const std::string& name) const { return std::string(YAX_SAMPLES "/") + name + ".yax"; }
+
+  std::string OneWire() const {
+    PutFile(folder / "one.yax", kOneWire);
+    return folder / "one.yax";
+  }
+
+  TemporaryFolder folder;
+};
+
+class NoDialog final : public setup::FileDialog {
+  std::optional<std::string> ShowOpen(const setup::FileDialogRequest&) override { return {}; }
+  std::optional<std::string> ShowSave(const setup::FileDialogRequest&) override { return {}; }
+};
+
+/// The window's load with the setup form at its end, on a surface in memory.
+class Window {
+ public:
+  Window(const std::string& path, const render::PixelSize& size)
+      : surface_(size), form_({".", '"' + path + '"'}, surface_, end_) {
+    form_.actions.resetWireBondSetup = [this] { setup_.RunCommand3(); };
+    setup_.upward.rebuildAndRepaint = [this] { form_.RebuildAndRepaint(); };
+    form_.Form_Load();
+  }
+
+  shell::MainForm& Form() { return form_; }
+  /// What its command to save a picture writes.
+  std::string SavedPicture() { return render::BitmapBytes(form_.FramePicture()); }
+
+ private:
+  shell::ProgramEnd end_;
+  render::OffscreenSurface surface_;
+  shell::MainForm form_;
+  NoDialog dialog_;
+  setup::Estimator estimator_{".", "."};
+  setup::SetupForm setup_{form_.Settings(), form_.Package(), dialog_, estimator_};
+};
+
+TEST_F(YaxTest, RendersThePixelsOfTheWindow) {
+  for (const char* name : kSamples) {
+    Window window(Sample(name), {641, 479});
+    const Ended ended = Yax("render --size 641x479 -o " + (folder / "a.bmp") + " " + Sample(name));
+    EXPECT_EQ(ended.status, 0) << ended.err;
+    EXPECT_EQ(ended.out + ended.err, "");
+    EXPECT_TRUE(GetFile(folder / "a.bmp") == window.SavedPicture()) << name;
+  }
+}
+
+TEST_F(YaxTest, RendersAnyStateOfTheWindow) {
+  Window window(Sample("stacked-ram"), {400, 300});
+  window.Form().SetBackground(false);
+  window.Form().Navigator().Camera = {.CamX = -2, .CamY = 3, .CamZ = 6, .CamYaw = 1.3F, .CamLook = -40};
+  window.Form().Navigator().Rotation = {.RotPitch = 20.0F, .RotYaw = -35.0F};
+  window.Form().Settings().BaseLoopHeight = 0.9F;
+  window.Form().Settings().StackExtension = model::kEdgeOfBaseDie;
+  window.Form().Selection().Shown = true;
+  for (const model::WireNameRec& wire : window.Form().Package().WireNames)
+    if (wire.Tier == "2") window.Form().Selection().Names.insert(wire.Name);
+  window.Form().RebuildAndRepaint();
+  const Ended ended = Yax(
+      "render --size 400x300 --background white --cam -2,3,6 --heading 1.3 --look -40 --pitch 20 --yaw -35 "
+      "--base-loop-height 0.9 --stack-extension edge --tier 2 -o " +
+      (folder / "a.bmp") + " " + Sample("stacked-ram"));
+  EXPECT_EQ(ended.status, 0) << ended.err;
+  EXPECT_TRUE(GetFile(folder / "a.bmp") == window.SavedPicture());
+}
+
+TEST_F(YaxTest, WritesPngToAFileAndToStandardOutput) {
+  const std::string one = OneWire();
+  const std::string common = "render --size 61x47 " + one + " -o ";
+  ASSERT_EQ(Yax(common + (folder / "a.png")).status, 0);
+  EXPECT_TRUE(Yax(common + "-").out == GetFile(folder / "a.png"));
+
+  const std::string bytes = GetFile(folder / "a.png");
+  png_image image{};
+  image.version = PNG_IMAGE_VERSION;
+  ASSERT_TRUE(png_image_begin_read_from_memory(&image, bytes.data(), bytes.size()));
+  EXPECT_EQ(image.format, png_uint_32(PNG_FORMAT_RGB));
+  image.format = PNG_FORMAT_RGB;
+  render::Picture picture{int(image.width), int(image.height),
+                          std::vector<std::uint8_t>(PNG_IMAGE_SIZE(image))};
+  ASSERT_TRUE(png_image_finish_read(&image, nullptr, picture.Rgb.data(), 0, nullptr));
+  EXPECT_TRUE(render::BitmapBytes(picture) == Window(one, {61, 47}).SavedPicture());
+}
+
+TEST_F(YaxTest, NeedsNoDisplay) {
+  const std::string common = "render --size 80x60 " + OneWire() + " -o -";
+  const std::string plain = Yax(common).out;
+  EXPECT_FALSE(plain.empty());
+  EXPECT_TRUE(Yax(common, "DISPLAY=:98765").out == plain);
+  EXPECT_TRUE(Yax(common, "DISPLAY=nowhere:0 WAYLAND_DISPLAY=none").out == plain);
+}
+
+TEST_F(YaxTest, SaysInOneLineThatThereIsNoGl) {
+  for (const char* environment :
+       {"__EGL_VENDOR_LIBRARY_FILENAMES=/nonexistent", "LIBGL_DRIVERS_PATH=/nonexistent"}) {
+    const Ended ended = Yax("render " + OneWire() + " -o " + (folder / "a.png"), environment);
+    EXPECT_EQ(ended.status, 2) << environment;
+    EXPECT_EQ(ended.err, "yax: there is no usable OpenGL; install Mesa's EGL and its software driver\n")
+        << environment;
+  }
+}
+
+TEST_F(YaxTest, DrawsBeyondThePixelBuffersSizeUpToTheViewports) {
+  // Mesa's software driver: pixel buffers to 4096, viewports to 16384.
+  render::OffscreenSurface probe({1, 1});
+  ASSERT_TRUE(probe.CreateContext());
+  const int largest = probe.Largest().Width;
+  const std::string common = "render " + OneWire() + " -o " + (folder / "a.bmp") + " --size ";
+  ASSERT_EQ(Yax(common + std::to_string(largest) + "x9").status, 0);
+  // Header 54 bytes, rows padded to 4.
+  EXPECT_EQ(GetFile(folder / "a.bmp").size(), 54 + std::size_t((largest * 3 + 3) / 4 * 4) * 9);
+  std::remove((folder / "a.bmp").c_str());
+
+  const Ended beyond = Yax(common + "9x" + std::to_string(probe.Largest().Height + 1));
+  EXPECT_EQ(beyond.status, 2);
+  EXPECT_NE(beyond.err.find("--size 9x"), std::string::npos) << beyond.err;
+  EXPECT_EQ(beyond.Lines(), 1U);
+  EXPECT_EQ(GetFile(folder / "a.bmp"), "");
+}
+
+TEST_F(YaxTest, AFramebufferObjectHasTheSurfacesPixels) {
+  const render::PixelSize size{641, 479};
+  for (const char* name : kSamples) {
+    Window window(Sample(name), size);
+    const render::Picture onSurface = window.Form().FramePicture();
+    render::Framebuffer framebuffer;
+    ASSERT_TRUE(framebuffer.Bind(size));
+    window.Form().FramePicture();
+    EXPECT_TRUE(framebuffer.Read().Rgb == onSurface.Rgb) << name;
+  }
+}
+
+TEST_F(YaxTest, NamedViewsShowTheWholePackage) {
+  for (const char* view : {"top", "bottom", "front", "back", "left", "right", "iso"}) {
+    ASSERT_EQ(Yax("render --size 200x150 --view " + std::string(view) + " -o " + (folder / "a.bmp") + " " +
+                  Sample("AAAc"))
+                  .status,
+              0);
+    const std::string bytes = GetFile(folder / "a.bmp").substr(54);
+    const auto lit = [&](int x, int y) {
+      return bytes.substr(std::size_t(y * 200 + x) * 3, 3) != std::string(3, '\0');
+    };
+    int inside = 0, edge = 0, outer = 0;
+    for (int y = 0; y < 150; ++y) {
+      for (int x = 0; x < 200; ++x) {
+        inside += lit(x, y);
+        edge += lit(x, y) && (x == 0 || x == 199 || y == 0 || y == 149);
+        // The margin is 5 % of the half, and the outermost parts are thinner than a pixel where seen edge on.
+        outer += lit(x, y) && (x < 30 || x > 169 || y < 20 || y > 129);
+      }
+    }
+    EXPECT_GT(inside, 300) << view;
+    EXPECT_EQ(edge, 0) << view;
+    EXPECT_GT(outer, 0) << view;
+  }
+}
+
+TEST_F(YaxTest, RefusesWhatItCannotUse) {
+  const std::string one = OneWire();
+  PutFile(folder / "none.yax", "COMPL 4\n");
+  PutFile(folder / "dot.yax", "TECHNOLOGY WIRE_BOND\nCOMPZ 1\nCBP A 1 1\nWB A 1 1 0 1 1 0 0\n");
+  PutFile(folder / "kept.png", "old");
+  const std::string to = " -o " + (folder / "a.png");
+  const std::pair<std::string, std::string> cases[] = {
+      {"", "yax: "},
+      {"paint", "yax: "},
+      {"render" + to, "FILE.yax"},
+      {"render " + one, "--output"},
+      {"render " + one + to + " --size 10", "--size '10'"},
+      {"render " + one + to + " --no-such", "--no-such"},
+      {"render " + one + " " + one + to, "yax: "},
+      {"render " + one + to + " --tier 4", "--tier 4"},
+      {"render " + (folder / "absent.yax") + to, "absent.yax: there is no such file"},
+      {"render " + (folder / "") + to, "it is not a file"},
+      {"render " + (folder / "none.yax") + to, "none.yax: it holds no package"},
+      {"render " + (folder / "dot.yax") + to, "wire A: its ends coincide"},
+      {"render " + one + " -o " + (folder / "a.gif"), "a.gif: "},
+      {"render " + one + " -o " + (folder / "absent/a.png"), "absent/a.png: "},
+      {"render " + one + " -o " + (folder / "kept.png") + " --zu " + (folder / "absent.zu"), "absent.zu: "},
+  };
+  for (const auto& [arguments, part] : cases) {
+    const Ended ended = Yax(arguments);
+    EXPECT_EQ(ended.status, 2) << arguments;
+    EXPECT_NE(ended.err.find(part), std::string::npos) << ended.err;
+    EXPECT_EQ(ended.Lines(), 1U) << ended.err;
+    EXPECT_EQ(ended.out, "");
+    EXPECT_EQ(GetFile(folder / "a.png"), "") << arguments;
+  }
+  EXPECT_EQ(GetFile(folder / "kept.png"), "old");
+}
+
+TEST_F(YaxTest, AnswersHelpAndVersionOnEveryLevel) {
+  for (const char* level : {"", "render ", "completion "}) {
+    EXPECT_EQ(Yax(level + std::string("--version")).out, "yax 1.0.0\n") << level;
+    const Ended help = Yax(level + std::string("--help"));
+    EXPECT_EQ(help.status, 0);
+    EXPECT_NE(help.out.find("Usage: yax " + std::string(level)), std::string::npos) << help.out;
+  }
+  EXPECT_EQ(std::system(YAX_PROGRAM " --help >/dev/full 2>/dev/null"), 2 << 8);
+}
+
+TEST_F(YaxTest, CompletesCommandsOptionsAndValuesInBash) {
+  PutFile(folder / "script", Yax("completion bash").out);
+  const auto completed = [&](const std::string& words, int at) {
+    const std::string command = "bash -c 'source " + (folder / "script") + "; COMP_WORDS=(" + words +
+                                "); COMP_CWORD=" + std::to_string(at) + "; _yax; echo ${COMPREPLY[@]}' >" +
+                                (folder / "out") + " 2>&1";
+    return std::system(command.c_str()) == 0 ? GetFile(folder / "out") : "failed: " + GetFile(folder / "out");
+  };
+  EXPECT_EQ(completed("yax re", 1), "render\n");
+  EXPECT_EQ(completed("yax render --ba", 2), "--background --base-loop-height --base-extension\n");
+  EXPECT_EQ(completed("yax render --background w", 3), "white\n");
+  EXPECT_EQ(completed("yax render --size \"\"", 3), "\n");
+  EXPECT_EQ(completed("yax completion f", 2), "fish\n");
+  EXPECT_EQ(completed("yax render -o " + (folder / "scr"), 3), (folder / "script") + "\n");
+  EXPECT_EQ(completed("yax render " + (folder / "scr"), 2), (folder / "script") + "\n");
+}
+
+}  // namespace
