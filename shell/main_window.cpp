@@ -97,7 +97,9 @@ void MainWindow::WireForm() {
 void MainWindow::WireCommands() {
   CommandActions& actions = commands_.actions;
   actions.unloadWireList = [this] {
-    if (PinList_) PinList_->close();
+    if (!PinList_) return;
+    PinList_->close();
+    PinList_.reset();
   };
   actions.showWireBondSetup = [this] {
     if (!BWsu_) {

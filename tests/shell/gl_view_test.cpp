@@ -21,6 +21,8 @@ TEST(GlView, ShowsThePixelsOfASurfaceInMemory) {
   shown.Form_Load();
   const render::Picture inWindow = shown.FramePicture();
 
+  // A thread has one current context, of either kind.
+  view.DeleteContext();
   render::OffscreenSurface surface(view.Size());
   shell::MainForm hidden(startUp, surface, end);
   hidden.Form_Load();
