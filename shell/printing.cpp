@@ -53,7 +53,7 @@ void Printing::SetUp() {
 
   QPrintDialog dialog(&printer, parent_);
   dialog.setWindowTitle("Printer Setup");
-  dialog.setOptions(QAbstractPrintDialog::PrintToFile);
+  dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
   // The dialog only chooses; nothing is printed by it.
   if (const auto* const buttons = dialog.findChild<QDialogButtonBox*>()) {
     if (QPushButton* const ok = buttons->button(QDialogButtonBox::Ok)) ok->setText("OK");

@@ -4,6 +4,10 @@
 open_display
 openbox >/dev/null 2>&1 &
 manager=$!
+for _ in $(seq 100); do
+  xdotool get_num_desktops >/dev/null 2>&1 && break
+  sleep 0.05
+done
 printf 'COMPL 8\nCOMPW 4\nCOMPZ 1\n' >"$folder/board.yax"
 start "$folder/board.yax"
 window=$(found 'board.yax$')
