@@ -1,5 +1,6 @@
 #include "setup/estimator_file.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "model/numbers.h"
@@ -67,11 +68,10 @@ std::string ParameterText(const model::Package& package, const model::WireBondSe
 std::vector<Parameter> ReadParameters(std::string_view text) {
   std::vector<Parameter> parameters;
   while (!text.empty()) {
-    const std::size_t end = text.find('\n');
-    std::string_view line = text.substr(0, end);
-    text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-    if (line.ends_with('\r')) line.remove_suffix(1);
-    if (const auto parameter = ReadLine(line)) parameters.push_back(*parameter);
+    // Between a CR and its LF lies an empty line, which no key matches.
+    const std::size_t end = std::min(text.find_first_of(kNewLine), text.size());
+    if (const auto parameter = ReadLine(text.substr(0, end))) parameters.push_back(*parameter);
+    text.remove_prefix(std::min(end + 1, text.size()));
   }
   return parameters;
 }

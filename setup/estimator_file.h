@@ -33,7 +33,7 @@ struct Parameter {
 /// Reads   the package's name and whether it has bonds on a stacked die
 std::string ParameterText(const model::Package& package, const model::WireBondSettings& settings);
 
-/// The lines of a parameter file whose keys are known, in the file's order. Lines end in LF or CR LF.
+/// The lines of a parameter file whose keys are known, in the file's order. Lines end in CR LF, LF or CR.
 /// Returns views into `text`
 std::vector<Parameter> ReadParameters(std::string_view text);
 

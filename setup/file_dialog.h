@@ -20,7 +20,8 @@ struct FileDialogRequest {
   std::string Filter{};      ///< pairs of words and pattern: "zu files|*.zu|all files|*.*"
   std::string DefaultExt{};  ///< what a name without one gets, point included
   int Flags = 0;
-  std::string PackagePath{};  ///< the package being shown, which the overwrite question warns of
+  /// The package being shown: the overwrite question warns of it, and a first dialog starts in its folder.
+  std::string PackagePath{};
 };
 
 class FileDialog {

@@ -12,9 +12,13 @@ namespace {
 
 // Pixels.
 constexpr double kMargin = 10.0;
-constexpr double kTopMargin = 22.0;
+constexpr double kTopMargin = 32.0;
 constexpr double kBottomMargin = 26.0;  ///< the labels of what stands on the substrate go here
 constexpr double kPadThickness = 3.0;
+constexpr float kDimensionGap = 8.0F;     ///< between a loop and its dimension lines
+constexpr float kDimensionTick = 3.0F;    ///< half of the stroke at each of their ends
+constexpr float kLeastDimension = 12.0F;  ///< shorter ones would be all stroke and no line
+constexpr float kLabelWidth = 40.0F, kLabelHeight = 14.0F;
 
 /// Side-view coordinates to pixels, one scale for both axes.
 class Scale {
@@ -73,6 +77,7 @@ class Drawing {
     Wire(PicturePart::BaseWire, base_);
     Wire(PicturePart::StackWire, stack_);
     Wire(PicturePart::StitchWire, stitch_);
+    for (const SideWire* wire : {&base_, &stack_, &stitch_}) Dimensions(*wire);
     Labels();
     return std::move(picture_);
   }
@@ -131,6 +136,29 @@ class Drawing {
     picture_.Shapes.push_back(std::move(shape));
   }
 
+  PicturePoint At(const SidePoint& point) const { return scale_.At(point.Out, point.Up); }
+
+  /// The extension as a line over the loop, from above the start to the end of the level run; the height as
+  /// one behind the start.
+  void Dimensions(const SideWire& wire) {
+    if (wire.Points.empty()) return;
+    const PicturePoint start = At(wire.Points[0]), end = At(wire.Points[5]);
+    if (std::fabs(end.X - start.X) >= kLeastDimension) {
+      const float y = end.Y - kDimensionGap;
+      Line({start.X, y}, {end.X, y});
+      for (const float x : {start.X, end.X}) Line({x, y - kDimensionTick}, {x, y + kDimensionTick});
+    }
+    if (std::fabs(end.Y - start.Y) >= kLeastDimension) {
+      const float x = start.X - std::copysign(kDimensionGap, end.X - start.X);
+      Line({x, start.Y}, {x, end.Y});
+      for (const float y : {start.Y, end.Y}) Line({x - kDimensionTick, y}, {x + kDimensionTick, y});
+    }
+  }
+
+  void Line(const PicturePoint& from, const PicturePoint& to) {
+    picture_.Shapes.push_back({PicturePart::Dimension, {from, to}, false});
+  }
+
   void Labels() {
     const float below = scale_.At(0.0, 0.0).Y + static_cast<float>(kBottomMargin) * 0.55F;
     Label("Die", (scale_.At(scale_.Left(), 0.0).X + scale_.At(0.0, 0.0).X) / 2.0F, below);
@@ -139,16 +167,23 @@ class Drawing {
       LabelLoop("Base", base_);
     }
     if (!stack_.Points.empty()) LabelLoop("Stack", stack_);
+    if (!stitch_.Points.empty()) LabelLoop("Stitch", stitch_);
   }
 
-  /// Above the level run of a loop.
+  /// Above the dimension line of a loop's extension.
   void LabelLoop(const char* text, const SideWire& wire) {
-    const PicturePoint from = scale_.At(wire.Points[4].Out, wire.Points[4].Up);
-    const PicturePoint to = scale_.At(wire.Points[5].Out, wire.Points[5].Up);
-    Label(text, (from.X + to.X) / 2.0F, from.Y - 10.0F);
+    const PicturePoint start = At(wire.Points[0]), end = At(wire.Points[5]);
+    Label(text, (start.X + end.X) / 2.0F, end.Y - kDimensionGap - 11.0F);
   }
 
-  void Label(const char* text, float x, float y) { picture_.Labels.push_back({text, {x, y}}); }
+  /// Small loops stand close together: their labels then stand one over the other.
+  void Label(const char* text, float x, float y) {
+    const auto taken = [&](const PictureLabel& other) {
+      return std::fabs(other.Centre.X - x) < kLabelWidth && std::fabs(other.Centre.Y - y) < kLabelHeight;
+    };
+    while (std::any_of(picture_.Labels.begin(), picture_.Labels.end(), taken)) y -= kLabelHeight;
+    picture_.Labels.push_back({text, {x, y}});
+  }
 
   double dieHeight_, stackHeight_;
   bool stacked_;

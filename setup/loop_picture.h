@@ -10,7 +10,7 @@
 namespace setup {
 
 /// What a line of the picture shows.
-enum class PicturePart { Substrate, Die, StackedDie, Pad, BaseWire, StackWire, StitchWire };
+enum class PicturePart { Substrate, Die, StackedDie, Pad, BaseWire, StackWire, StitchWire, Dimension };
 
 /// Pixels from the picture's top left corner.
 struct PicturePoint {
@@ -34,9 +34,9 @@ struct LoopPicture {
 };
 
 /// Draws the package's wire of middle length of each kind, or a likely one where it has none, with the loops
-/// that the settings give it. The base die's edge lies at one place for all of them. Units   settings in file
-/// units; `width` and `height` in pixels A wire that cannot be drawn is left out; "Stack" and the stacked die
-/// need a stacked die.
+/// that the settings give it, and a dimension line for the height and one for the extension of each.
+/// The base die's edge lies at one place for all of them. A wire that cannot be drawn is left out.
+/// Units   settings in file units; `width` and `height` in pixels
 LoopPicture DrawLoops(const model::Package& package, const model::WireBondSettings& settings, float width,
                       float height);
 

@@ -1,5 +1,7 @@
 #include "setup/loop_view.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPolygonF>
@@ -31,6 +33,8 @@ Look LookOf(PicturePart part) {
       return {"#b5452c", {}, 2.0};
     case PicturePart::StitchWire:
       return {"#6a4c9c", {}, 1.6, Qt::DashLine};
+    case PicturePart::Dimension:
+      return {"#707070", {}, 1.0};
   }
   return {};
 }
@@ -51,6 +55,12 @@ void PaintShape(QPainter& painter, const PictureShape& shape) {
     painter.drawPolyline(PolygonOf(shape));
 }
 
+/// To assistive technology it is a picture, not any odd piece of a window.
+QAccessibleInterface* Speak(const QString&, QObject* object) {
+  auto* const view = dynamic_cast<LoopView*>(object);
+  return view != nullptr ? new QAccessibleWidget(view, QAccessible::Graphic) : nullptr;
+}
+
 /// A label stays inside the picture and keeps a light ground, so that no line runs through its letters.
 void PaintLabel(QPainter& painter, const PictureLabel& label, const QSize& size) {
   const QString text = QString::fromStdString(label.Text);
@@ -65,7 +75,12 @@ void PaintLabel(QPainter& painter, const PictureLabel& label, const QSize& size)
 
 }  // namespace
 
-LoopView::LoopView(const SetupForm& form) : form_(form) { setAccessibleName("Loop side view"); }
+LoopView::LoopView(const SetupForm& form) : form_(form) {
+  setAccessibleName("Loop side view");
+  setAccessibleDescription("One wire of each kind from the side, to scale, with the loops that are set");
+  static const bool installed = (QAccessible::installFactory(Speak), true);
+  static_cast<void>(installed);
+}
 
 void LoopView::paintEvent(QPaintEvent*) {
   QPainter painter(this);

@@ -40,10 +40,20 @@ std::optional<std::string> QtFileDialog::ShowSave(const FileDialogRequest& reque
   return Show(request, true);
 }
 
-QWidget* QtFileDialog::Parent() const { return parent_ != nullptr ? parent_ : QApplication::activeWindow(); }
+/// The window that the user works in, so that the dialog is not hidden behind it.
+QWidget* QtFileDialog::Parent() const {
+  QWidget* const active = QApplication::activeWindow();
+  return active != nullptr ? active : parent_;
+}
+
+/// Where the user was last; at first beside the package.
+QString QtFileDialog::StartFolder(const FileDialogRequest& request) const {
+  if (!folder_.isEmpty() || request.PackagePath.empty()) return folder_;
+  return QFileInfo(QFile::decodeName(request.PackagePath.c_str())).absolutePath();
+}
 
 std::optional<std::string> QtFileDialog::Show(const FileDialogRequest& request, bool save) {
-  QFileDialog dialog(Parent(), QString::fromStdString(request.DialogTitle), folder_);
+  QFileDialog dialog(Parent(), QString::fromStdString(request.DialogTitle), StartFolder(request));
   dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
   // The question is asked here, since it must tell when the package itself would be replaced.
@@ -52,7 +62,7 @@ std::optional<std::string> QtFileDialog::Show(const FileDialogRequest& request, 
   if (!request.DefaultExt.empty()) dialog.setDefaultSuffix(QString::fromStdString(request.DefaultExt).mid(1));
   const QString name = QFile::decodeName(request.FileName.c_str());
   // A pattern is what the filter shows already; anything else is a name to start with.
-  if (!name.contains('*')) dialog.selectFile(name);
+  if (!request.FileName.starts_with('*')) dialog.selectFile(name);
 
   while (dialog.exec() == QDialog::Accepted) {
     const QString chosen = dialog.selectedFiles().value(0);

@@ -11,7 +11,7 @@ namespace setup {
 
 class QtFileDialog final : public FileDialog {
  public:
-  /// Dialogs stand over `parent`, or over the active window when that is null.
+  /// Dialogs stand over the active window, or over `parent` when another program has that.
   explicit QtFileDialog(QWidget* parent = nullptr) : parent_(parent) {}
 
   std::optional<std::string> ShowOpen(const FileDialogRequest& request) override;
@@ -20,6 +20,7 @@ class QtFileDialog final : public FileDialog {
  private:
   std::optional<std::string> Show(const FileDialogRequest& request, bool save);
   QWidget* Parent() const;
+  QString StartFolder(const FileDialogRequest& request) const;
 
   QWidget* parent_;
   QString folder_;  ///< where the user was last

@@ -10,6 +10,8 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
+#include <QScrollArea>
 #include <QSignalBlocker>
 #include <utility>
 
@@ -32,6 +34,17 @@ QGroupBox* MakeFrame(const char* caption) {
 
 QButtonGroup* GroupOf(const QGroupBox* frame) { return frame->findChild<QButtonGroup*>(); }
 
+/// Scrolls what a small screen has no room for; it would like to show all of it.
+class Scroller final : public QScrollArea {
+ public:
+  explicit Scroller(QWidget* content) {
+    setWidget(content);
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+  }
+  QSize sizeHint() const override { return widget()->sizeHint(); }
+};
+
 /// Shows which options are selected; none may be, which a group allows only while it is not exclusive.
 template <std::size_t kCount>
 void ShowOptions(const std::array<QRadioButton*, kCount>& options, const std::array<bool, kCount>& selected) {
@@ -42,6 +55,13 @@ void ShowOptions(const std::array<QRadioButton*, kCount>& options, const std::ar
     options[i]->setChecked(selected[i]);
     group->setExclusive(true);
   }
+  // Tab goes to the selected option of a frame, or to the first where none is.
+  for (QRadioButton* const option : options) {
+    const QButtonGroup* const group = option->group();
+    const QAbstractButton* const stop =
+        group->checkedButton() != nullptr ? group->checkedButton() : group->buttons().first();
+    option->setFocusPolicy(option == stop || option->hasFocus() ? Qt::StrongFocus : Qt::ClickFocus);
+  }
 }
 
 }  // namespace
@@ -50,6 +70,8 @@ SetupWindow::SetupWindow(SetupForm& form, Runner run) : form_(form), run_(std::m
   setWindowTitle("Wire Bond Setup");
   setAttribute(Qt::WA_QuitOnClose, false);
   setCentralWidget(MakeClient());
+  // Room for the window's frame and the desktop's own bars stays.
+  resize(sizeHint().boundedTo(screen()->availableSize() - QSize(16, 48)));
   form_.upward.controlsChanged = [this] { ShowControls(); };
   form_.upward.unloadWindow = [this] { hide(); };
   form_.upward.focusOption = [this](OptionArray options, std::size_t index) { FocusOption(options, index); };
@@ -64,6 +86,8 @@ SetupWindow::~SetupWindow() {
 void SetupWindow::DoBondWireSetup() {
   form_.Load();
   ShowControls();
+  // However it was left, it opens at the first frame's selected option.
+  if (!isVisible()) WD[0]->group()->checkedButton()->setFocus(Qt::OtherFocusReason);
   setWindowState(windowState() & ~Qt::WindowMinimized);
   show();
   raise();
@@ -136,7 +160,10 @@ QRadioButton* SetupWindow::MakeOption(std::array<QRadioButton*, kCount>& options
                                       const char* caption, QGroupBox* frame, std::function<void()> click) {
   auto* option = options[index] = new QRadioButton(caption, frame);
   GroupOf(frame)->addButton(option);
-  connect(option, &QRadioButton::clicked, this, [this, click = std::move(click)] { run_(click); });
+  // Not the click: assistive technology selects without one.
+  connect(option, &QRadioButton::toggled, this, [this, click = std::move(click)](bool selected) {
+    if (selected) run_(click);
+  });
   return option;
 }
 
@@ -217,7 +244,6 @@ QGroupBox* SetupWindow::MakeLoop(const LoopFrame& frame) {
 QWidget* SetupWindow::MakeButtons() {
   auto* bar = new QWidget;
   auto* row = new QHBoxLayout(bar);
-  row->setContentsMargins(0, 0, 0, 0);
   constexpr std::size_t kLeftToRight[] = {5, 6, 2, 3, 0, 4, 1};
   for (const std::size_t i : kLeftToRight) {
     if (i == 3) row->addStretch();
@@ -231,7 +257,17 @@ QWidget* SetupWindow::MakeButtons() {
 
 QWidget* SetupWindow::MakeClient() {
   auto* client = new QWidget;
-  auto* grid = new QGridLayout(client);
+  auto* rows = new QVBoxLayout(client);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(0);
+  rows->addWidget(new Scroller(MakeControls()), 1);
+  rows->addWidget(MakeButtons());  // these never scroll away
+  return client;
+}
+
+QWidget* SetupWindow::MakeControls() {
+  auto* controls = new QWidget;
+  auto* grid = new QGridLayout(controls);
   // Made in the order in which Tab goes through them.
   grid->addWidget(MakeDiameter(), 0, 0, 1, 2);
   grid->addWidget(MakeFrequency(), 0, 2);
@@ -254,10 +290,9 @@ QWidget* SetupWindow::MakeClient() {
 
   Picture1 = new LoopView(form_);
   grid->addWidget(Picture1, 3, 0, 1, 4);
-  grid->addWidget(MakeButtons(), 4, 0, 1, 4);
   grid->setRowStretch(3, 1);
   grid->setColumnStretch(3, 1);
-  return client;
+  return controls;
 }
 
 }  // namespace setup

@@ -47,6 +47,7 @@ class SetupWindow final : public QMainWindow {
   };
 
   QWidget* MakeClient();
+  QWidget* MakeControls();
   QGroupBox* MakeMaterial();
   QGroupBox* MakeDiameter();
   QGroupBox* MakeFrequency();

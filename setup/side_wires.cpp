@@ -150,8 +150,11 @@ SideWire SideStitchWire(const Package& package, const model::WireBondSettings& s
     const StitchRec stitch = typical ? *typical : MadeUpStitch(package);
     const double start = Inside(package, stitch.X1, stitch.Y1);
     const double end = Inside(package, stitch.X2, stitch.Y2);
+    // Its outer end stays where it is, so that no stitch that runs askew ends beside the die.
+    const bool inwards = end > start;
+    const double startOut = inwards ? -start : -end - PlanLength(StartOf(stitch), EndOf(stitch));
     return {Profile(StartOf(stitch), EndOf(stitch), InScene(settings.StackLoopHeight, package),
-                    InScene(settings.StitchExtension, package), -start, end > start ? -1.0 : 1.0),
+                    InScene(settings.StitchExtension, package), startOut, inwards ? -1.0 : 1.0),
             double(stitch.PadSize1), double(stitch.PadSize2)};
   });
 }

@@ -55,7 +55,8 @@ void Commands::LoadPackage() {
                       .FileName = "*.yax",
                       .Filter = "YAX files|*.yax|All files|*.*",
                       .DefaultExt = ".yax",
-                      .Flags = setup::kShareAware | setup::kKeepFolder | setup::kHideReadOnly});
+                      .Flags = setup::kShareAware | setup::kKeepFolder | setup::kHideReadOnly,
+                      .PackagePath = form_.Package().PackagePath});
   if (!path) return;
   form_.Package().PackagePath = *path;
   form_.SkipStartup = true;

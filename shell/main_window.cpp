@@ -7,11 +7,13 @@
 #include <QScreen>
 #include <QStandardPaths>
 #include <QWindow>
+#include <vector>
 
 #include "shell/about_window.h"
 #include "shell/gl_view.h"
 #include "shell/help_window.h"
 #include "shell/program_icon.h"
+#include "shell/window_place.h"
 #include "shell/wire_list_window.h"
 
 namespace shell {
@@ -105,11 +107,15 @@ void MainWindow::WireCommands() {
     if (!BWsu_) {
       BWsu_ = std::make_unique<setup::SetupWindow>(
           setupForm_, [this](const std::function<void()>& handler) { end_.Run(handler); });
+      PlaceFirst(*BWsu_, PinList_.get());
     }
     BWsu_->DoBondWireSetup();
   };
   actions.showWireList = [this] {
-    if (!PinList_) PinList_ = std::make_unique<WireListWindow>(wireListForm_);
+    if (!PinList_) {
+      PinList_ = std::make_unique<WireListWindow>(wireListForm_);
+      PlaceFirst(*PinList_, BWsu_.get());
+    }
     PinList_->DoWireList();
   };
   actions.setUpPrinter = [this] { printing_.SetUp(); };
@@ -127,6 +133,14 @@ void MainWindow::WireCommands() {
     about_->raise();
     about_->activateWindow();
   };
+}
+
+/// A window that opens for the first time leaves the view free; where the user moves it later, it stays.
+void MainWindow::PlaceFirst(QWidget& window, const QWidget* other) {
+  std::vector<QRect> taken{frameGeometry()};
+  if (other != nullptr && other->isVisible()) taken.push_back(other->frameGeometry());
+  const QSize frame = frameGeometry().size() - size();
+  window.move(PlaceBeside(window.size() + frame, taken, screen()->availableGeometry()));
 }
 
 void MainWindow::OpenMenu(const QPoint& at) { DoMnu_->popup(at); }

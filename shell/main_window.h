@@ -45,6 +45,7 @@ class MainWindow final : public QWidget {
   void WireForm();
   void WireCommands();
   void OpenMenu(const QPoint& at);
+  void PlaceFirst(QWidget& window, const QWidget* other);
 
   ProgramEnd& end_;
   GlView* view_;

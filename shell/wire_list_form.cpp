@@ -1,6 +1,7 @@
 #include "shell/wire_list_form.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "model/arithmetic.h"
@@ -24,16 +25,21 @@ std::vector<std::string> EntryTexts(const model::Package& package) {
   return texts;
 }
 
-/// The button that a tier enables.
+/// The button that a tier enables; nothing when there is none of that number.
 // Deliberate: a tier is a button's number, whatever the button: "5" enables "Stitch".
-std::size_t ButtonOfTier(const model::WireNameRec& wire) {
-  const double index = model::NearestWhole(double(model::ToNumber(wire.Tier)) - 1.0);
-  if (!(index >= 0.0 && index < double(WireListForm::kButtons))) {
+std::optional<std::size_t> ButtonOfTier(const std::string& tier) {
+  const double index = model::NearestWhole(double(model::ToNumber(tier)) - 1.0);
+  if (!(index >= 0.0 && index < double(WireListForm::kButtons))) return std::nullopt;
+  return static_cast<std::size_t>(index);
+}
+
+void MindTiers(const model::Package& package) {
+  for (const model::WireNameRec& wire : package.WireNames) {
+    if (wire.Tier.empty() || ButtonOfTier(wire.Tier)) continue;
     model::SubscriptOutOfRange fault("no button for tier " + wire.Tier);
     fault.NameRecord("wire " + EntryText(wire));
     throw fault;
   }
-  return static_cast<std::size_t>(index);
 }
 
 std::array<bool, WireListForm::kButtons> EnabledButtons(const model::Package& package) {
@@ -41,8 +47,10 @@ std::array<bool, WireListForm::kButtons> EnabledButtons(const model::Package& pa
   enabled[kStitch] = !package.Stitches.Empty();
   enabled[kPower] = enabled[kGround] = enabled[kSignal] = package.HaveVuFile;
   enabled[kClear] = true;
-  for (const model::WireNameRec& wire : package.WireNames)
-    if (!wire.Tier.empty()) enabled[ButtonOfTier(wire)] = true;
+  for (const model::WireNameRec& wire : package.WireNames) {
+    if (wire.Tier.empty()) continue;
+    if (const auto button = ButtonOfTier(wire.Tier)) enabled[*button] = true;
+  }
   return enabled;
 }
 
@@ -52,6 +60,7 @@ const std::array<const char*, WireListForm::kButtons> WireListForm::kCaptions = 
     "Tier1", "Tier2", "Tier3", "Tier4", "Stitch", "Power", "Ground", "Signal", "Clear"};
 
 void WireListForm::DoWireList() {
+  MindTiers(package_);
   enabled_ = EnabledButtons(package_);
   entries_ = EntryTexts(package_);
   selected_.assign(entries_.size(), false);

@@ -38,8 +38,8 @@ class WireListForm {
   /// Faults  SubscriptOutOfRange when a tier addresses no button; the list is then as it was
   void DoWireList();
   /// After a load: fills the shown list again when the package's texts are no longer the entries; what was
-  /// selected stays so by its text. Rebuilds nothing, as every load does that itself. Faults  as DoWireList
-  /// Returns true when the entries are new
+  /// selected stays so by its text. Rebuilds nothing, as every load does that itself. A tier that addresses
+  /// no button enables none: only the command faults, a load goes on. Returns true when the entries are new
   bool Refill();
 
   void Form_Show();

@@ -26,7 +26,6 @@ class WireListWindow : public QMainWindow {
   /// Faults  as WireListForm::DoWireList; nothing has changed then
   void DoWireList();
   /// To be called once a load has replaced the package, before the scene is built.
-  /// Faults  as WireListForm::Refill
   void PackageChanged();
 
  protected:

@@ -11,8 +11,8 @@
 
 class TemporaryFolder {
  public:
-  TemporaryFolder() {
-    std::string name = testing::TempDir() + "yax.XXXXXX";
+  explicit TemporaryFolder(const std::string& start = "yax.") {
+    std::string name = testing::TempDir() + start + "XXXXXX";
     if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
     path_ = name;
   }
@@ -30,8 +30,10 @@ class TemporaryFolder {
   std::filesystem::path path_;
 };
 
-inline void PutFile(const std::string& path, std::string_view bytes) {
+/// Returns the path.
+inline std::string PutFile(const std::string& path, std::string_view bytes) {
   std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
+  return path;
 }
 
 inline std::string GetFile(const std::string& path) {

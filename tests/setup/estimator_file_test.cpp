@@ -37,7 +37,7 @@ TEST_F(SetupFormTest, SaveThenLoadRestoresAllButTwoExtensions) {
   form.LH_Click(5);
   dialog.Answer = folder / "a.zu";
   form.Cmd_Click(6);
-  EXPECT_EQ(BytesOf(folder / "a.zu"), controls.Vu);
+  EXPECT_EQ(GetFile(folder / "a.zu"), controls.Vu);
   const model::WireBondSettings saved = settings;
   form.Cmd_Click(3);
   rebuilds = 0;
@@ -127,13 +127,13 @@ TEST_F(SetupFormTest, DialogsAskAsToldAndCancellingChangesNothing) {
   dialog.Answer = folder / "missing.zu";
   form.Cmd_Click(5);
   EXPECT_EQ(rebuilds, 0);
-  EXPECT_EQ(BytesOf(package.PackagePath), "");
+  EXPECT_EQ(GetFile(package.PackagePath), "");
 }
 
 TEST_F(SetupFormTest, TheOverwriteQuestionKnowsThePackageByAnyName) {
   const FileDialogRequest request{.Flags = 8206, .PackagePath = package.PackagePath};
   std::filesystem::create_symlink(package.PackagePath, folder / "link.zu");
-  folder.Write("other.zu", "");
+  PutFile(folder / "other.zu", "");
   EXPECT_EQ(OverwriteQuestion(folder / "new.zu", request), "");
   EXPECT_EQ(OverwriteQuestion(folder / "other.zu", {.Flags = 16396}), "");
   EXPECT_NE(OverwriteQuestion(folder / "other.zu", request).find("already exists"), std::string::npos);

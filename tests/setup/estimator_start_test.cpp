@@ -17,18 +17,18 @@ namespace {
 std::string Awaited(const std::string& path) {
   for (int tries = 0; tries < 500 && !std::filesystem::exists(path); ++tries)
     std::this_thread::sleep_for(std::chrono::milliseconds(10));
-  return BytesOf(path);
+  return GetFile(path);
 }
 
 TEST_F(SetupFormTest, TheEstimatorIsStartedOnTheParameterFile) {
-  const std::string program = folder.Write("ZU.exe", "");
+  const std::string program = PutFile(folder / "ZU.exe", "");
   form.RunCommand3();
   EXPECT_TRUE(controls.EstimatorEnabled);
   rebuilds = 0;
   form.Cmd_Click(2);
   EXPECT_EQ(rebuilds, 1);
   EXPECT_EQ(started, program + "|" + folder / "board.zu");
-  EXPECT_EQ(BytesOf(folder / "board.zu"), controls.Vu);
+  EXPECT_EQ(GetFile(folder / "board.zu"), controls.Vu);
 }
 
 TEST_F(SetupFormTest, WithoutAnEstimatorTheFileIsWrittenAllTheSame) {
@@ -36,11 +36,11 @@ TEST_F(SetupFormTest, WithoutAnEstimatorTheFileIsWrittenAllTheSame) {
   EXPECT_FALSE(controls.EstimatorEnabled);
   form.Cmd_Click(2);
   EXPECT_EQ(started, "");
-  EXPECT_EQ(BytesOf(folder / "board.zu"), controls.Vu);
+  EXPECT_EQ(GetFile(folder / "board.zu"), controls.Vu);
 }
 
 TEST_F(SetupFormTest, NoPackageOrAShortNameWritesNothing) {
-  folder.Write("ZU.exe", "");
+  PutFile(folder / "ZU.exe", "");
   form.RunCommand3();
   for (const char* path : {"", "/a/ya"}) {
     package.PackagePath = path;
@@ -51,22 +51,22 @@ TEST_F(SetupFormTest, NoPackageOrAShortNameWritesNothing) {
 }
 
 TEST_F(SetupFormTest, AFolderThatCannotBeWrittenGivesWayToTheUsers) {
-  const std::string program = folder.Write("ZU.exe", "");
+  const std::string program = PutFile(folder / "ZU.exe", "");
   // A folder in the file's place refuses the writing even to root.
   std::filesystem::create_directory(folder / "board.zu");
   form.RunCommand3();
   form.Cmd_Click(2);
   EXPECT_EQ(started, program + "|" + folder / "data/board.zu");
-  EXPECT_EQ(BytesOf(folder / "data/board.zu"), controls.Vu);
+  EXPECT_EQ(GetFile(folder / "data/board.zu"), controls.Vu);
 }
 
 TEST(StartDetached, PassesOneArgumentWithNoShellNoZombieAndASessionOfItsOwn) {
-  const TestFolder folder;
-  const std::string program = folder.Write("ZU.exe",
-                                           "#!/bin/sh\n"
-                                           "{ echo $#; echo \"$1\"; ps -o sid= -p $$ 2>/dev/null || "
-                                           "cut -d' ' -f6 /proc/$$/stat; } > \"$1.part\"\n"
-                                           "mv \"$1.part\" \"$1.out\"\n");
+  const TemporaryFolder folder{"a \"b\" 'c' \xC3\xA4 "};
+  const std::string program = PutFile(folder / "ZU.exe",
+                                      "#!/bin/sh\n"
+                                      "{ echo $#; echo \"$1\"; ps -o sid= -p $$ 2>/dev/null || "
+                                      "cut -d' ' -f6 /proc/$$/stat; } > \"$1.part\"\n"
+                                      "mv \"$1.part\" \"$1.out\"\n");
   ASSERT_EQ(chmod(program.c_str(), 0755), 0);
   const std::string argument = folder / "b \"q\" 'r' $HOME `id` * \xC3\xBC.zu";
   StartDetached(program, argument);
@@ -80,9 +80,9 @@ TEST(StartDetached, PassesOneArgumentWithNoShellNoZombieAndASessionOfItsOwn) {
 }
 
 TEST(StartDetached, WhatCannotBeStartedIsPassedOver) {
-  const TestFolder folder;
+  const TemporaryFolder folder;
   StartDetached(folder / "ZU.exe", "x");
-  StartDetached(folder.Write("ZU.exe", "no program"), "x");
+  StartDetached(PutFile(folder / "ZU.exe", "no program"), "x");
   EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
 }
 

@@ -3,45 +3,13 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <string>
 
 #include "model/faults.h"
 #include "setup/setup_form.h"
+#include "tests/temporary_folder.h"
 
 namespace setup {
-
-/// A folder that goes away with the test. Its name holds what shells and lists would trip over.
-class TestFolder {
- public:
-  TestFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "setup 'test' \"\xC3\xA4\" XXXXXX").string();
-    path_ = mkdtemp(name.data());
-  }
-  TestFolder(const TestFolder&) = delete;
-  TestFolder& operator=(const TestFolder&) = delete;
-  ~TestFolder() {
-    std::error_code error;
-    std::filesystem::remove_all(path_, error);
-  }
-
-  const std::string& Path() const { return path_; }
-  std::string operator/(const std::string& name) const { return path_ + "/" + name; }
-  std::string Write(const std::string& name, const std::string& bytes) const {
-    std::ofstream(*this / name, std::ios::binary) << bytes;
-    return *this / name;
-  }
-
- private:
-  std::string path_;
-};
-
-inline std::string BytesOf(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 class AnsweringDialog : public FileDialog {
  public:
@@ -67,7 +35,7 @@ class AnsweringDialog : public FileDialog {
 class SetupFormTest : public testing::Test {
  protected:
   SetupFormTest() {
-    package.PackagePath = folder.Write("board.yax", "");
+    package.PackagePath = PutFile(folder / "board.yax", "");
     package.CompZ = 0.25F;
     package.UnitScale = 100.0F;
     form.upward.rebuildAndRepaint = [this] {
@@ -100,16 +68,17 @@ class SetupFormTest : public testing::Test {
   }
 
   void LoadText(const std::string& text) {
-    dialog.Answer = folder.Write("saved.zu", text);
+    dialog.Answer = PutFile(folder / "saved.zu", text);
     form.Cmd_Click(5);
   }
 
-  TestFolder folder;
+  /// Its name holds what shells and lists would trip over.
+  TemporaryFolder folder{"setup 'test' \"\xC3\xA4\" "};
   model::WireBondSettings settings;
   model::Package package;
   AnsweringDialog dialog;
   std::string started;
-  Estimator estimator{folder.Path(), folder / "data",
+  Estimator estimator{folder / "", folder / "data",
                       [this](const std::string& program, const std::string& argument) {
                         started += program + "|" + argument;
                       }};

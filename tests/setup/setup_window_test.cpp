@@ -137,10 +137,13 @@ TEST_F(SetupShown, ArrowKeysWalkThroughAFramesOptions) {
   EXPECT_TRUE(Option("Frequency", "Mhz")->isChecked()) << "other frames keep theirs";
 }
 
-TEST_F(SetupShown, TextWrittenWithoutTheFocusCountsAtApply) {
+TEST_F(SetupShown, AssistiveTechnologySelectsAndWritesWithoutAClick) {
   form.RunCommand3();
   Open();
-  Click(Option("Base Loop Height", "Custom"));
+  QAccessible::queryAccessibleInterface(Option("Base Loop Height", "Custom"))
+      ->actionInterface()
+      ->doAction(QAccessibleActionInterface::toggleAction());
+  EXPECT_TRUE(Value("Base Loop Height")->isEnabled());
   QAccessible::queryAccessibleInterface(Value("Base Loop Height"))->setText(QAccessible::Value, "33");
   Press("Apply");
   EXPECT_EQ(settings.BaseLoopHeight, 33.0F);
