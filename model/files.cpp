@@ -16,6 +16,9 @@ namespace model {
 
 namespace {
 
+// The largest packages have some megabytes. What is beyond this is none, and may be a hole without end.
+constexpr std::size_t kMaxBytes = std::size_t{1} << 28;
+
 class OpenFile {
  public:
   explicit OpenFile(const std::string& path)
@@ -42,6 +45,7 @@ std::string ReadFrom(int file, std::size_t size, const std::string& path) {
   std::string bytes(size + 1, '\0');
   std::size_t got = 0;
   for (;;) {
+    if (got > kMaxBytes) FaultOf(EFBIG, path);
     if (got == bytes.size()) bytes.resize(bytes.size() + 4096);
     const ssize_t part = read(file, bytes.data() + got, bytes.size() - got);
     if (part < 0 && errno == EINTR) continue;
@@ -68,6 +72,7 @@ std::string ReadWholeFile(const std::string& path) {
   if (S_ISDIR(status.st_mode)) FaultOf(EISDIR, path);
   if (!S_ISREG(status.st_mode)) throw FileFault("Not a regular file", std::string(FileNameOf(path)));
 
+  if (static_cast<std::size_t>(status.st_size) > kMaxBytes) FaultOf(EFBIG, path);
   try {
     return ReadFrom(file.Number(), static_cast<std::size_t>(status.st_size), path);
   } catch (const std::bad_alloc&) {

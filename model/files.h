@@ -9,7 +9,8 @@ namespace model {
 bool FileExists(const std::string& path);
 
 /// The whole file, byte for byte.
-/// Faults  FileFault when it is there but cannot be opened or read, or is not a regular file
+/// Faults  FileFault when it is there but cannot be opened or read, is not a regular file, or is larger
+///         than 256 megabytes
 std::string ReadWholeFile(const std::string& path);
 
 }  // namespace model

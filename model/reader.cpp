@@ -31,7 +31,7 @@ class PackageReader {
  public:
   explicit PackageReader(const PackageScalars& before) { static_cast<PackageScalars&>(package_) = before; }
 
-  void ReadFile(std::string text) {
+  void ReadText(std::string text) {
     text_ = std::move(text);
     DropCarriageReturns(text_);
     Lines lines(text_);
@@ -321,20 +321,22 @@ void PackageReader::SetTiers() {
 
 }  // namespace
 
-std::optional<Package> ReadPackage(const PackageScalars& before, ReadEffort* effort) {
-  const std::string& path = before.PackagePath;
-  if (path.empty() || !FileExists(path)) return std::nullopt;
+Package ParsePackage(const PackageScalars& before, PackageBytes bytes, ReadEffort* effort) {
   PackageReader reader(before);
-  reader.ReadFile(ReadWholeFile(path));
-  const std::string sideFile = path + ".vu";
-  std::string netTypes;
-  if (FileExists(sideFile)) {
-    netTypes = ReadWholeFile(sideFile);
-    reader.ReadNetTypes(netTypes);
-  }
+  reader.ReadText(std::move(bytes.package));
+  if (bytes.netTypes) reader.ReadNetTypes(*bytes.netTypes);
   reader.SetTiers();
   if (effort != nullptr) effort->nameComparisons = reader.Comparisons();
   return std::move(reader.Result());
+}
+
+std::optional<Package> ReadPackage(const PackageScalars& before, ReadEffort* effort) {
+  const std::string& path = before.PackagePath;
+  if (path.empty() || !FileExists(path)) return std::nullopt;
+  PackageBytes bytes{ReadWholeFile(path), std::nullopt};
+  const std::string sideFile = path + ".vu";
+  if (FileExists(sideFile)) bytes.netTypes = ReadWholeFile(sideFile);
+  return ParsePackage(before, std::move(bytes), effort);
 }
 
 }  // namespace model

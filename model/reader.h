@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 
 #include "model/package.h"
 
@@ -13,10 +14,19 @@ struct ReadEffort {
   std::size_t nameComparisons = 0;
 };
 
+/// What the files of a package hold.
+struct PackageBytes {
+  std::string package;
+  std::optional<std::string> netTypes;  ///< of the side file, where there is one
+};
+
+/// The package that these bytes are, whatever they are. Scalars that they do not set keep the values of
+/// `before`, and are divided again when the package is rescaled.
+Package ParsePackage(const PackageScalars& before, PackageBytes bytes, ReadEffort* effort = nullptr);
+
 /// Reads the package at `before.PackagePath`.
 /// Reads   the file, and PackagePath + ".vu" where that exists
-/// Returns the new package; empty when the path is empty or no such file exists. Scalars that the file
-///         does not set keep the values of `before`, and are divided again when it rescales.
+/// Returns what ParsePackage makes of them; empty when the path is empty or no such file exists
 /// Faults  FileFault when a file is there but cannot be opened or read
 std::optional<Package> ReadPackage(const PackageScalars& before, ReadEffort* effort = nullptr);
 

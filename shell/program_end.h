@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <new>
 #include <string>
 
 #include "model/faults.h"
@@ -25,7 +26,7 @@ class ProgramEnd {
   /// Reports an untrapped fault, then ends with status 1.
   void RunTimeError(const model::Fault& fault);
 
-  /// Runs a handler whose faults end the program.
+  /// Runs a handler whose faults end the program; too little memory is one of them.
   template <class Handler>
   void Run(Handler&& handler) {
     if (ending_) return;
@@ -33,6 +34,8 @@ class ProgramEnd {
       handler();
     } catch (const model::Fault& fault) {
       RunTimeError(fault);
+    } catch (const std::bad_alloc&) {
+      RunTimeError(model::Fault("Out of memory", {}));
     }
   }
 
@@ -44,6 +47,8 @@ class ProgramEnd {
       handler();
     } catch (const model::Fault&) {
       // Trapped: the view stays usable.
+    } catch (const std::bad_alloc&) {
+      // What did not fit is gone by now.
     }
   }
 

@@ -41,7 +41,10 @@ TEST(Files, ThatAreNoneFaultWithTheSystemsReason) {
   const TemporaryFolder folder;
   fs::create_directory(folder / "sub");
   mkfifo((folder / "pipe").c_str(), 0600);
+  PutFile(folder / "hole", "COMPZ 1\n");
+  fs::resize_file(folder / "hole", std::uintmax_t{1} << 40);  // takes no room on the disk
   const std::pair<const char*, const char*> cases[] = {
+      {"hole", "Run-time error: File too large (hole)"},
       {"gone", "Run-time error: No such file or directory (gone)"},
       {"sub", "Run-time error: Is a directory (sub)"},
       {"pipe", "Run-time error: Not a regular file (pipe)"},  // and does not wait for a writer

@@ -1,0 +1,114 @@
+// Command lines: which file the start-up routine takes, and how the program then goes on or ends.
+//
+// The first byte says what the system grants; the rest are the arguments, each ended by a NUL byte.
+#include <unistd.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "fuzz/expect.h"
+#include "model/files.h"
+#include "shell/command_line.h"
+#include "shell/main_form.h"
+#include "tests/gl_recorder/gl_recorder.h"
+
+namespace {
+
+constexpr char kPackage[] = "COMPL 4\nCOMPW 4\nCOMPZ 1\nCBP A 1 1 0 1 1 0 L ROUND\nWB A 1 1 F 9 9 1 0\n";
+
+/// The program's folder, which is the current one as well, with what a path can lead to: a package that is
+/// drawn, one that faults while it is, and a folder.
+class ProgramFolder {
+ public:
+  ProgramFolder() {
+    std::string name = std::filesystem::temp_directory_path() / "fuzz.XXXXXX";
+    Expect(mkdtemp(name.data()) != nullptr && chdir(name.c_str()) == 0, "there is a folder");
+    path_ = name;
+    std::ofstream("AAAc.yax") << kPackage;
+    std::ofstream("a b") << "COMPZ 1\nCBP A 1 1 0 1 1 0 L ROUND\nWB A 1 1 F 1 1 1 0\n";
+    std::filesystem::create_directory("folder");
+  }
+  ProgramFolder(const ProgramFolder&) = delete;
+  ProgramFolder& operator=(const ProgramFolder&) = delete;
+  ~ProgramFolder() {
+    std::error_code error;
+    std::filesystem::remove_all(path_, error);
+  }
+  const std::string& Path() const { return path_; }
+
+ private:
+  std::string path_;
+};
+
+class Surface final : public render::GlSurface {
+ public:
+  explicit Surface(bool granted) : granted_(granted) {}
+  bool CreateContext() override { return has_ = granted_; }
+  bool MakeCurrent() override { return has_; }
+  void SwapBuffers() override {}
+  void DeleteContext() override { has_ = false; }
+  render::PixelSize Size() const override { return size; }
+
+  render::PixelSize size{640, 480};
+
+ private:
+  bool granted_;
+  bool has_ = false;
+};
+
+std::vector<std::string> ArgumentsOf(std::string_view bytes) {
+  std::vector<std::string> arguments;
+  while (!bytes.empty()) {
+    const std::size_t end = bytes.find('\0');
+    arguments.emplace_back(bytes.substr(0, end));
+    bytes.remove_prefix(end == std::string_view::npos ? bytes.size() : end + 1);
+  }
+  return arguments;
+}
+
+/// What the user means: the sample without arguments, else all of them as one path.
+std::string PathMeant(const std::vector<std::string>& arguments, const std::string& programFolder) {
+  if (arguments.empty()) return programFolder + "/AAAc.yax";
+  std::string path = arguments[0];
+  for (std::size_t i = 1; i < arguments.size(); ++i) path += " " + arguments[i];
+  return path;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static const ProgramFolder folder;
+  if (size == 0) return -1;
+
+  const bool granted = (data[0] & 1) != 0;
+  const auto arguments = ArgumentsOf({reinterpret_cast<const char*>(data) + 1, size - 1});
+  const gl_recorder::Recorder gl;
+  Surface surface(granted);
+  int status = -1;
+  std::string message;
+  shell::ProgramEnd end;
+  end.leave = [&](int with) { status = with; };
+  end.showCritical = [&](const std::string&, const std::string& text) { message = text; };
+  shell::MainForm form({folder.Path(), shell::CommandLineText(arguments)}, surface, end);
+  end.Run([&] { form.Form_Load(); });
+
+  const std::string path = PathMeant(arguments, folder.Path());
+  Expect(form.Package().PackagePath == path, "the arguments are one path");
+  if (!model::FileExists(path)) {
+    Expect(status == 0 && message.empty(), "a file that is not there ends in silence");
+  } else if (!granted) {
+    Expect(status == 1 && !message.empty(), "without GL there is a message");
+  } else {
+    Expect(status == -1 ? message.empty() : status == 1 && !message.empty(), "life, or a message");
+  }
+  surface.size = {320, 200};
+  end.Run([&] { form.Form_Resize(); });
+  end.Run([&] { form.Form_Unload(); });
+  Expect(status >= 0, "the program ends");
+  return 0;
+}

@@ -1,0 +1,12 @@
+/// A rule that must hold for every input; the run stops at the first that breaks it.
+#pragma once
+
+#include <cstdio>
+#include <cstdlib>
+
+/// Stops the run, so that the input is kept, and says what was broken.
+inline void Expect(bool holds, const char* rule) {
+  if (holds) return;
+  std::fprintf(stderr, "broken: %s\n", rule);
+  std::abort();
+}

@@ -1,0 +1,66 @@
+// Side files, told apart from what a few plain lines make of them.
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "fuzz/expect.h"
+#include "model/reader.h"
+
+namespace {
+
+// Tiers from 0 are renumbered, those from 1 stay; names stand twice, in a stitch, and nowhere.
+constexpr char kPackage[] =
+    "COMPZ 1\nCBP A\nCBP B\nCBP C\nSD_CBP S\nSD_CBP A\n"
+    "SBP A 1 2 0 3 4 5 ROUND 0 2\nSBP B 1 2 0 3 4 5 ROUND 0 1\nSBP S 1 2 0 3 4 5 ROUND 0 3\n"
+    "WB A\nWB B\nWB A\nWB S\nSTCH C 0 0 A\nSTCH X 0 0 A\n";
+constexpr char kTierZero[] = "SBP C 1 2 0 3 4 5 ROUND 0 0\n";
+
+std::vector<std::string> FieldsOf(std::string_view line) {
+  std::vector<std::string> fields(1);
+  for (const char c : line) {
+    if (c != ' ' && c != '\t')
+      fields.back() += c;
+    else if (!fields.back().empty())
+      fields.emplace_back();
+  }
+  if (fields.back().empty()) fields.pop_back();
+  return fields;
+}
+
+/// The last type that each name is given.
+std::map<std::string, std::string> TypesOf(const std::string& text) {
+  std::map<std::string, std::string> types;
+  for (std::size_t start = 0; start < text.size();) {
+    const std::size_t feed = std::min(text.find('\n', start), text.size());
+    std::string line = text.substr(start, feed - start);
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    const std::vector<std::string> fields = FieldsOf(line);
+    if (fields.size() == 2) types[fields[0]] = fields[1];
+    start = feed + 1;
+  }
+  return types;
+}
+
+void Check(const std::string& package, const std::string& text) {
+  const model::Package read = model::ParsePackage({}, {package, text});
+  Expect(read.HaveVuFile, "a side file was read");
+  std::map<std::string, std::string> types = TypesOf(text);
+  for (const model::WireNameRec& entry : read.WireNames) {
+    Expect(entry.NetType == types[entry.Name],
+           "the first entry of a name has its type, later ones have none");
+    types[entry.Name] = "";
+  }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string text(reinterpret_cast<const char*>(data), size);
+  Check(kPackage, text);
+  Check(std::string(kPackage) + kTierZero, text);
+  return 0;
+}

@@ -1,0 +1,67 @@
+// Packages: read twice, the second time over the scalars of the first, and drawn.
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "fuzz/expect.h"
+#include "model/faults.h"
+#include "model/reader.h"
+#include "render/scene.h"
+
+namespace {
+
+/// Draws nothing, and wants to be given real places only.
+class NoPen final : public model::Pen {
+ public:
+  void Quad(const model::Face& face) override { ExpectPlaces(face.Corners); }
+  void Disc(const model::DiscRim& rim) override { ExpectPlaces(rim); }
+  void Strip(const model::WireStrip& points, const model::Colour&) override { ExpectPlaces(points); }
+
+ private:
+  template <class Points>
+  static void ExpectPlaces(const Points& points) {
+    for (const model::SceneVector& point : points)
+      Expect(std::isfinite(point.X) && std::isfinite(point.Y) && std::isfinite(point.Z),
+             "what is drawn has a place");
+  }
+};
+
+void Draw(model::Package& package) {
+  model::WireBondSettings settings;
+  model::SetUnsetDefaults(settings, package);
+  const render::Appearance appearance;
+  const render::WireSelection selection;
+  NoPen pen;
+  try {
+    render::Scene({package, settings, appearance, selection}, pen).DrawPackage();
+  } catch (const model::Fault&) {
+    // Ends the build with a message.
+  }
+}
+
+void ExpectWhole(const model::Package& package) {
+  for (const float value :
+       {package.UnitScale, package.CompL, package.CompW, package.CompZ, package.SDCompL, package.SDCompW,
+        package.SDCompZ, package.SDRotation, package.SDXOffset, package.SDYOffset})
+    Expect(std::isfinite(value), "scalars are numbers");
+  Expect(package.UnitScale >= 1.0F, "lengths are divided, never multiplied");
+  for (const auto* const table : {&package.Bonds, &package.SDBonds}) {
+    for (const model::BondRec& bond : *table)
+      Expect(std::isfinite(bond.DieX) && std::isfinite(bond.SubSizeX) && std::isfinite(bond.WireEndZ),
+             "records hold numbers");
+  }
+  for (const model::WireNameRec& entry : package.WireNames)
+    Expect(entry.Name.find_first_of(" \t\n\r") == std::string::npos, "names hold no blanks");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string text(reinterpret_cast<const char*>(data), size);
+  model::Package package = model::ParsePackage({}, {text, std::nullopt});
+  ExpectWhole(package);
+  Draw(package);
+  ExpectWhole(model::ParsePackage(package, {text, std::nullopt}));
+  return 0;
+}
