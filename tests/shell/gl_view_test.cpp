@@ -20,6 +20,8 @@ TEST(GlView, ShowsThePixelsOfASurfaceInMemory) {
   shell::MainForm shown(startUp, view, end);
   shown.Form_Load();
   const render::Picture inWindow = shown.FramePicture();
+  // A thread has one current context, of the window system's or of the surface in memory.
+  view.DeleteContext();
 
   // A thread has one current context, of either kind.
   view.DeleteContext();
