@@ -5,10 +5,4 @@ open_display
 printf 'COMPL 8\nCOMPW 4\nCOMPZ 1\n' >"$folder/board.yax"
 printf 'TECHNOLOGY WIRE_BOND\nCOMPL 8\nCOMPW 4\nCOMPZ 1\n%s\n%s\n%s\n' \
   'CBP A 1 1 1 0.1 0.1 0 L RECTANGLE' 'SBP A 1 1 0 0 0.1 0.1 L RECTANGLE' 'WB A 1 1 N 1 1 0 0' >"$folder/faulty.yax"
-export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 NO_AT_BRIDGE=1
-# The bus has a lot to say about itself.
-dbus-run-session -- /usr/bin/python3 "$root/tests/program/accessibility.py" "$viewer" "$folder" \
-  >"$folder/log" 2>&1
-status=$?
-[ $status = 0 ] || cat "$folder/log" >&2
-expect "accessibility" $status 0
+over_the_bus accessibility.py "$viewer" "$folder"

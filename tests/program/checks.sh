@@ -69,3 +69,14 @@ ends() {
   expect "$1: status" "$status" "$2"
   expect "$1: words" "$(cat "$folder/out" "$folder/err")" ""
 }
+
+# over_the_bus SCRIPT VIEWER FOLDER: runs a script that drives the viewer over the accessibility bus
+over_the_bus() {
+  export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 NO_AT_BRIDGE=1
+  local status
+  # The bus has a lot to say about itself.
+  dbus-run-session -- /usr/bin/python3 "$root/tests/program/$1" "$2" "$3" >"$folder/log" 2>&1
+  status=$?
+  [ $status = 0 ] || cat "$folder/log" >&2
+  expect "$1" $status 0
+}

@@ -83,7 +83,8 @@ TEST_F(SetupFormTest, LoadSelectsTheEdgeByItsTextAlone) {
   LoadText("StackExtension=-1\r\n");
   EXPECT_EQ(SelectedLoop(2), 5);
   EXPECT_EQ(controls.LEc[1].Text, "25") << "the box keeps what Reset put there";
-  LoadText("Frequency=500,5 Hz\n");
+  LoadText("Frequency=500,5 Hz\rMaterial=Al\r");
+  EXPECT_EQ(settings.Material, "Al") << "a line may end in CR alone";
   EXPECT_EQ(Selected(controls.FQ), 3);
   EXPECT_EQ(controls.FQc.Text, "500,5 Hz");
   EXPECT_EQ(settings.Frequency, 500.5F);
@@ -96,7 +97,7 @@ TEST_F(SetupFormTest, DamagedFilesChangeNothing) {
   std::string bytes;
   for (int i = 0; i < 256; ++i) bytes += static_cast<char>(i);
   for (const std::string& text :
-       {std::string(), std::string("\r\n\n\r"),
+       {std::string(), std::string("\r\n\n\r\r"),
         std::string("Material\nMaterial Cu\n Material=Cu\nMaterial==Cu\n"),
         std::string("Material=Ag\nMaterial=\nMaterial=C"), std::string("BaseLoopHeigh"), bytes,
         std::string(1 << 20, 'x') + "Material=Cu", std::string("\0Material=Cu", 12)}) {

@@ -169,14 +169,6 @@ TEST_F(SetupFormTest, ButtonsTrapFaultsAndEverythingElseLetsThemPass) {
   EXPECT_EQ(settings.Frequency, 1e6F) << "Reset mends it";
 }
 
-TEST_F(SetupFormTest, OnlyAStackedDieEnablesItsFrames) {
-  form.RunCommand3();
-  EXPECT_FALSE(controls.StackEnabled);
-  StackADie();
-  form.RunCommand3();
-  EXPECT_TRUE(controls.StackEnabled);
-}
-
 TEST_F(SetupFormTest, FieldsTakeTheirFallbackAndFormat) {
   struct Family {
     void (SetupForm::*got)();

@@ -2,11 +2,11 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QDir>
 #include <QFileDialog>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
@@ -52,38 +52,6 @@ class SetupShown : public SetupFormTest {
                        }
                      }};
 };
-
-TEST_F(SetupShown, EveryControlHasItsNameAndReachesTheSettings) {
-  StackADie();
-  form.RunCommand3();
-  Open();
-  Click(Option("Material", "Cu"));
-  Click(Option("Wire Diameter Mils", "0.7"));
-  Click(Option("Frequency", "Ghz"));
-  Click(Option("Stacked Loop Extension", "Edge of Base Die"));
-  EXPECT_EQ(settings.Material, "Cu");
-  EXPECT_EQ(settings.WireDiameter, 0.7F);
-  EXPECT_EQ(settings.Frequency, 1e9F);
-  EXPECT_EQ(settings.StackExtension, -1.0F);
-  for (const LoopFrame& frame : kLoopFrames) {
-    const QByteArray caption = QByteArray(frame.Caption).trimmed();
-    EXPECT_FALSE(Value(caption)->isEnabled()) << frame.Caption;
-    Click(Option(caption, "Custom"));
-    ASSERT_TRUE(Value(caption)->isEnabled()) << frame.Caption;
-    Value(caption)->setFocus();
-    Value(caption)->selectAll();
-    QTest::keyClicks(Value(caption), "12,5");
-    QTest::keyClick(Value(caption), Qt::Key_Tab);
-    EXPECT_EQ(Value(caption)->text(), "12.500") << frame.Caption;
-    EXPECT_EQ(settings.*frame.Setting, 12.5F) << frame.Caption;
-    Click(Option(caption, "Default to Die Height"));
-    EXPECT_EQ(settings.*frame.Setting, 0.25F) << frame.Caption;
-  }
-  EXPECT_EQ(Find<QPlainTextEdit>("", "Parameter file text")->toPlainText(),
-            QString::fromStdString(controls.Vu).remove('\r'));
-  EXPECT_NO_THROW(Find<QWidget>("", "Loop side view"));
-  EXPECT_FALSE(Find<QPushButton>("", "ZU Estimator")->isEnabled());
-}
 
 TEST_F(SetupShown, FramesKeepTheirTrailingSpaceAndFollowTheStackedDie) {
   form.RunCommand3();
@@ -190,7 +158,7 @@ class SaveDialogUser : public QObject {
     timer_.start(20);
   }
 
-  QString Question;
+  QString Question, StartFolder;
   bool NoIsDefault = false;
   QMessageBox::StandardButton Answer = QMessageBox::No;
 
@@ -202,6 +170,7 @@ class SaveDialogUser : public QObject {
       NoIsDefault = box->defaultButton() == box->button(QMessageBox::No);
       box->button(Answer)->click();
     } else if (auto* dialog = qobject_cast<QFileDialog*>(modal)) {
+      if (StartFolder.isEmpty()) StartFolder = dialog->directory().absolutePath();
       // A dialog that comes back after "no" is cancelled.
       QMetaObject::invokeMethod(dialog, Question.isEmpty() ? "accept" : "reject", Qt::QueuedConnection);
     }
@@ -226,6 +195,32 @@ TEST_F(SetupFormTest, SavingOverThePackageItselfIsAskedWithNoAsTheDefault) {
     EXPECT_TRUE(user.NoIsDefault);
     EXPECT_EQ(chosen, answer == QMessageBox::Yes ? std::optional(package.PackagePath) : std::nullopt);
   }
+}
+
+TEST_F(SetupFormTest, DialogsStartBesideThePackageAndThenWhereTheUserWas) {
+  QtFileDialog files;
+  FileDialogRequest request{.DialogTitle = "Load ZU File",
+                            .FileName = "*.zu",
+                            .Filter = "zu files|*.zu",
+                            .PackagePath = package.PackagePath};
+  const QString beside = QDir(QString::fromStdString(folder / "")).absolutePath();
+  {
+    SaveDialogUser user;
+    user.Question = "cancel";
+    EXPECT_EQ(files.ShowOpen(request), std::nullopt);
+    EXPECT_EQ(user.StartFolder, beside);
+  }
+  std::filesystem::create_directory(folder / "other");
+  request.FileName = PutFile(folder / "other/a.zu", "");
+  {
+    SaveDialogUser user;
+    EXPECT_EQ(files.ShowOpen(request), request.FileName);
+  }
+  request.FileName = "*.zu";
+  SaveDialogUser user;
+  user.Question = "cancel";
+  files.ShowOpen(request);
+  EXPECT_EQ(user.StartFolder, beside + "/other");
 }
 
 }  // namespace

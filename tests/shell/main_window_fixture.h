@@ -37,10 +37,12 @@ class AnsweringDialog final : public setup::FileDialog {
 
   std::optional<std::string> answer;  ///< empty: cancelled
   std::vector<setup::FileDialogRequest> asked;
+  std::function<void()> asking;  ///< what the user sees while the dialog is open
 
  private:
   std::optional<std::string> Answer(const setup::FileDialogRequest& request) {
     asked.push_back(request);
+    if (asking) asking();
     return answer;
   }
 };

@@ -1,52 +1,30 @@
 /// The whole main window on a package, its setup and list windows opened through its menu, and what it draws.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <QAction>
-#include <QApplication>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QListView>
 #include <QMainWindow>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTest>
-#include <QWindow>
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <filesystem>
-#include <functional>
-#include <memory>
-#include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
-#include "shell/gl_view.h"
-#include "shell/main_window.h"
 #include "tests/render/recording_pen.h"
-#include "tests/temporary_folder.h"
+#include "tests/shell/main_window_fixture.h"
 
 namespace shell {
 
-class SetupAndList : public testing::Test, public setup::FileDialog {
+class SetupAndList : public MainWindowTest {
  protected:
-  SetupAndList() {
-    end.showCritical = [this](const std::string& title, const std::string& text) {
-      box = title + ": " + text;
-    };
-    end.leave = [this](int with) { status = with; };
-  }
-
   void Show(const std::string& path) {
-    window = std::make_unique<MainWindow>(StartUp{folder / "", '"' + path + '"'}, end, this);
-    window->resize(300, 300);
-    window->Load();
-    window->show();
-    window->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    package = path;
+    Open({300, 300});
   }
   void ShowSample(const char* name) { Show(YAX_SAMPLES "/" + std::string(name) + ".yax"); }
   /// A package of its own: bonds of a base die at 2 x 2 and their wires.
@@ -64,11 +42,9 @@ class SetupAndList : public testing::Test, public setup::FileDialog {
 
   /// Right button on the view, then the entry.
   void Choose(const char* entry) {
-    QTest::mouseClick(window->findChild<GlView*>(), Qt::RightButton);
-    QMenu* const menu = window->findChild<QMenu*>("DoMnu");
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(menu));
-    QTest::mouseClick(menu, Qt::LeftButton, {},
-                      menu->actionGeometry(menu->findChild<QAction*>(entry)).center());
+    QTest::mouseClick(&View(), Qt::RightButton);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Menu()));
+    QTest::mouseClick(&Menu(), Qt::LeftButton, {}, Menu().actionGeometry(&Entry(entry)).center());
     Settle();
   }
   QMainWindow& OpenSetup() { return OpenWindow("DoBondWireSetup", "Wire Bond Setup"); }
@@ -195,26 +171,6 @@ class SetupAndList : public testing::Test, public setup::FileDialog {
            shapes(base + stack, package.Stitches.Count());
   }
 
-  MainForm& Form() { return window->Form(); }
-
-  // The dialogs.
-  std::optional<std::string> ShowOpen(const setup::FileDialogRequest& request) override {
-    asked = request;
-    if (asking) asking();
-    return answer;
-  }
-  std::optional<std::string> ShowSave(const setup::FileDialogRequest& request) override {
-    return ShowOpen(request);
-  }
-
-  TemporaryFolder folder{"windows \xC3\xA4 "};
-  ProgramEnd end;
-  std::string box;
-  std::optional<int> status;
-  std::optional<std::string> answer;  ///< empty: cancelled
-  std::function<void()> asking;
-  setup::FileDialogRequest asked;
-  std::unique_ptr<MainWindow> window;
   RecordingPen pen;
 };
 

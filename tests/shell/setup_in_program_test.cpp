@@ -76,11 +76,11 @@ TEST_F(SetupAndList, SaveAndLoadGoThroughTheDialogs) {
   for (const char* frame : {"Base Loop Height", "Base Loop Extension", "Stack Loop Height"})
     Custom(setup, frame, "0.5");
   Click(Option(setup, "Stacked Loop Extension", "Edge of Base Die"));
-  answer = folder / "\xC3\xA4.zu";
+  dialog.answer = folder / "\xC3\xA4.zu";
   Press(setup, "Save");
-  EXPECT_EQ(asked.PackagePath, Form().Package().PackagePath);
+  EXPECT_EQ(dialog.asked.back().PackagePath, Form().Package().PackagePath);
   Press(setup, "Reset");
-  asking = [&] { EXPECT_EQ(WireCount(), 96U); };
+  dialog.asking = [&] { EXPECT_EQ(WireCount(), 96U); };
   Press(setup, "Load");
   // The base extension is saved under another key than the one that is read.
   EXPECT_EQ(Loops().substr(0, 13), "base 0.5 0.28");
@@ -97,14 +97,14 @@ TEST_F(SetupAndList, ALoadResetsTheShownSetupWindowAndClosesTheList) {
   QListView& list = OpenList();
   EXPECT_EQ(WireCount(), 0U) << "shown with nothing selected";
   bool openAtTheDialog = true;
-  asking = [&] { openAtTheDialog = list.isVisible(); };
+  dialog.asking = [&] { openAtTheDialog = list.isVisible(); };
   Choose("DoLoadYAX");
   EXPECT_FALSE(openAtTheDialog);
-  EXPECT_EQ(asked.DialogTitle, "Load YAX File");
-  EXPECT_EQ(asked.PackagePath, YAX_SAMPLES "/AAAc.yax") << "where the dialog starts";
+  EXPECT_EQ(dialog.asked.back().DialogTitle, "Load YAX File");
+  EXPECT_EQ(dialog.asked.back().PackagePath, YAX_SAMPLES "/AAAc.yax") << "where the dialog starts";
   EXPECT_EQ(Loops().substr(0, 13), "base 0.5 0.28") << "cancelled: the old package, with all its wires";
 
-  answer = YAX_SAMPLES "/bga332.yax";
+  dialog.answer = YAX_SAMPLES "/bga332.yax";
   Choose("DoLoadYAX");
   EXPECT_TRUE(setup.isVisible());
   EXPECT_TRUE(Option(setup, "Material", "Au")->isChecked());

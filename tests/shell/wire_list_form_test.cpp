@@ -66,16 +66,6 @@ class WireList : public testing::Test {
   std::vector<EntryRanges> sent;
 };
 
-TEST_F(WireList, ListsEveryRecordButTheSpareAndSelectsNothing) {
-  OpenFive();
-  EXPECT_EQ(form.Entries(), (std::vector<std::string>{"A", "B", "C", "D", "A:C"}));
-  EXPECT_EQ(Selected(), "");
-  Pressed(kTier1);
-  form.DoWireList();
-  EXPECT_EQ(Selected(), "");
-  EXPECT_TRUE(selection.Names.empty());
-}
-
 TEST_F(WireList, ButtonsAreEnabledByWhatThePackageHas) {
   OpenFive();
   EXPECT_EQ(EnabledButtons(), "012348");  // net types are there, but no side file was read
@@ -157,14 +147,6 @@ TEST_F(WireList, AButtonSendsMergedRangesOnceAndRebuildsOnce) {
   form.Cmd_Click(-1);
   EXPECT_EQ(sent, (std::vector<EntryRanges>{{{0, 1}, {3, 5}}, {}, {}, {}}));
   EXPECT_EQ(rebuilds, 4);
-}
-
-TEST_F(WireList, AnIndexWithoutAButtonKeepsTheSelectionAndRebuilds) {
-  OpenFive();
-  Pressed(kTier1);
-  EXPECT_EQ(Pressed(9), "03");
-  EXPECT_EQ(Pressed(-1), "03");
-  EXPECT_EQ(rebuilds, 3);
 }
 
 TEST_F(WireList, TheListsSelectionIsTakenOverInAnyOrder) {

@@ -141,7 +141,7 @@ TEST_F(WireListInProgram, HomeKeepsTheListAndTheSelectionByText) {
   QTest::keyClick(window->windowHandle(), Qt::Key_Home);
   EXPECT_TRUE(Draws({"X", "Y"}));
   EXPECT_TRUE(Button(list, "Tier1")->isEnabled());
-  EXPECT_EQ(box, "");
+  EXPECT_TRUE(boxes.empty());
 }
 
 TEST_F(WireListInProgram, ATierMayEnableAnyButton) {
@@ -158,7 +158,8 @@ TEST_F(WireListInProgram, ATierWithoutAButtonEndsTheProgramWithItsMessage) {
   // The lowest tier is "00", which is not the text that renumbers them.
   Show(Package({{"A", "1"}, {"B", "00"}, {"C", "0"}}));
   Choose("DoWireList");
-  EXPECT_EQ(box, "3D YAX Viewer: Run-time error: Subscript out of range (wire B: no button for tier 00)");
+  EXPECT_EQ(boxes.at(0),
+            "3D YAX Viewer: Run-time error: Subscript out of range (wire B: no button for tier 00)");
   EXPECT_EQ(status, 1);
 }
 

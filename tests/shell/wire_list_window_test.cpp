@@ -117,24 +117,6 @@ TEST_F(WireListShown, KeysAndOtherChangesRebuildOnce) {
   EXPECT_EQ(selection.Names, (std::unordered_set<std::string>{"NET_3", "NET_4"}));
 }
 
-TEST_F(WireListShown, ButtonsFilterByMouseAndKeyboard) {
-  Open(4);
-  Click("Tier1");
-  EXPECT_EQ(Selected(), "02");
-  EXPECT_EQ(list->currentIndex().row(), 0);
-  Click("Tier3");  // disabled
-  EXPECT_EQ(rebuilds, 1);
-  Button("Tier2")->setFocus();
-  QTest::keyClick(Button("Tier2"), Qt::Key_Space);
-  EXPECT_EQ(Selected(), "13");
-  Button("Clear")->setFocus();
-  QTest::keyClick(Button("Clear"), Qt::Key_Return);
-  EXPECT_EQ(Selected(), "");
-  Settle();
-  EXPECT_EQ(rebuilds, 3);
-  EXPECT_TRUE(selection.Names.empty());
-}
-
 TEST_F(WireListShown, ModifierKeysAreTrackedThoughTheirOwnBitIsInverted) {
   Open(4);
   for (const bool inverted : {false, true}) {
@@ -170,32 +152,6 @@ TEST_F(WireListShown, KeysExtendAndShrinkAStretchBesideWhatWasSelected) {
   EXPECT_EQ(Selected(), "0");
   Settle();
   EXPECT_EQ(selection.Names, (std::unordered_set<std::string>{"NET_0"}));
-}
-
-TEST_F(WireListShown, ClosingDrawsAllAndOpeningStartsAfresh) {
-  Open(3);
-  EXPECT_TRUE(selection.Shown);
-  Click("Tier1");
-  window.close();
-  EXPECT_FALSE(selection.Shown);
-  EXPECT_EQ(rebuilds, 2);
-  window.close();
-  EXPECT_EQ(rebuilds, 2);
-  Open(0);
-  EXPECT_TRUE(selection.Shown);
-  EXPECT_EQ(Selected(), "");
-}
-
-TEST_F(WireListShown, APackageWithOtherTextsIsListedAnewAndKeepsTheSelection) {
-  Open(4);
-  ClickRow(1);
-  package.WireNames[3].Name = "NEW";
-  package.WireNames[0].Name = "NET_1";
-  window.PackageChanged();
-  EXPECT_EQ(list->model()->index(3, 0).data().toString(), "NEW");
-  EXPECT_EQ(Selected(), "01");
-  Settle();
-  EXPECT_EQ(rebuilds, 1);  // the click's
 }
 
 TEST_F(WireListShown, AssistiveTechnologyReadsAndSelectsEntries) {
