@@ -181,7 +181,8 @@ class Drawing {
     const auto taken = [&](const PictureLabel& other) {
       return std::fabs(other.Centre.X - x) < kLabelWidth && std::fabs(other.Centre.Y - y) < kLabelHeight;
     };
-    while (std::any_of(picture_.Labels.begin(), picture_.Labels.end(), taken)) y -= kLabelHeight;
+    for (std::size_t step = 0; step < picture_.Labels.size(); ++step)
+      if (std::any_of(picture_.Labels.begin(), picture_.Labels.end(), taken)) y -= kLabelHeight;
     picture_.Labels.push_back({text, {x, y}});
   }
 

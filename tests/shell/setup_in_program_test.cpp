@@ -94,10 +94,14 @@ TEST_F(SetupAndList, ALoadResetsTheShownSetupWindowAndClosesTheList) {
   Custom(setup, "Base Loop Height", "0.5");
   Click(Option(setup, "Material", "Cu"));
   Press(setup, "Apply");
-  QListView& list = OpenList();
+  OpenList();
   EXPECT_EQ(WireCount(), 0U) << "shown with nothing selected";
   bool openAtTheDialog = true;
-  dialog.asking = [&] { openAtTheDialog = list.isVisible(); };
+  dialog.asking = [&] {
+    openAtTheDialog = false;
+    for (const QWidget* widget : QApplication::topLevelWidgets())
+      openAtTheDialog = openAtTheDialog || (widget->isVisible() && widget->windowTitle() == "Wire List");
+  };
   Choose("DoLoadYAX");
   EXPECT_FALSE(openAtTheDialog);
   EXPECT_EQ(dialog.asked.back().DialogTitle, "Load YAX File");
