@@ -25,7 +25,8 @@ expect() {
 }
 
 open_display() {
-  Xvfb -displayfd 4 -screen 0 1600x1200x24 4>"$folder/display" 2>"$folder/server.log" &
+  # Without -noreset it would start anew each time its last client goes.
+  Xvfb -noreset -displayfd 4 -screen 0 1600x1200x24 4>"$folder/display" 2>"$folder/server.log" &
   server=$!
   until [ -s "$folder/display" ]; do
     kill -0 $server 2>/dev/null || { cat "$folder/server.log" >&2; failed=1; exit; }

@@ -11,7 +11,8 @@ done
 printf 'COMPL 8\nCOMPW 4\nCOMPZ 1\n' >"$folder/board.yax"
 start "$folder/board.yax"
 window=$(found 'board.yax$')
-xdotool windowactivate --sync "$window" windowsize --sync "$window" 700 500
+# It complains as long as no window is active yet; what it brought about is seen below.
+xdotool windowactivate --sync "$window" windowsize --sync "$window" 700 500 2>/dev/null
 xdotool windowminimize --sync "$window" windowactivate --sync "$window"
 expect "size" "$(xdotool getwindowgeometry "$window" | grep -o 'Geometry: .*')" "Geometry: 700x500"
 xdotool key --clearmodifiers alt+F4

@@ -318,6 +318,7 @@ TEST_F(MainWindowCommands, TheToolkitsOwnDialogIsFilledAndCancelled) {
   Entry("DoLoadYAX").trigger();
   EXPECT_EQ(title, "Load YAX File");
   EXPECT_EQ(filter, "YAX files (*.yax);All files (*)");
+  EXPECT_TRUE(QTest::qWaitForWindowActive(window.get(), 2000));  // with no window manager to see to it
   EXPECT_EQ(Form().Package().CompW, 4.0F);
   WhenOpen<QFileDialog>([this](QFileDialog& load) {
     // The name without its extension: the dialog brings it.
