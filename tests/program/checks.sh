@@ -24,8 +24,10 @@ expect() {
   failed=1
 }
 
+# open_display OPTIONS...: a fresh X server
 open_display() {
-  Xvfb -displayfd 4 -screen 0 1600x1200x24 4>"$folder/display" 2>"$folder/server.log" &
+  rm -f "$folder/display"
+  Xvfb -displayfd 4 -screen 0 1600x1200x24 "$@" 4>"$folder/display" 2>"$folder/server.log" &
   server=$!
   until [ -s "$folder/display" ]; do
     kill -0 $server 2>/dev/null || { cat "$folder/server.log" >&2; failed=1; exit; }
