@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QMessageBox>
+#include <csignal>
 #include <cstdio>
 #include <string>
 #include <string_view>
@@ -75,6 +76,8 @@ class Application final : public QApplication {
 
 int main(int argc, char** argv) {
   if (AnswerAtOnce(argc, argv)) return 0;
+  // A file that may not grow any more fails to be written, which is told; the signal would end the program.
+  std::signal(SIGXFSZ, SIG_IGN);
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "xcb");
 
   int status = 0;

@@ -1,12 +1,10 @@
 #include "model/whole_file.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
-#include <csignal>
-
 #include "model/faults.h"
+#include "tests/full_disk.h"
 #include "tests/temporary_folder.h"
 
 namespace model {
@@ -27,26 +25,6 @@ std::string FaultOf(const std::string& path, std::string_view bytes) {
   }
   return "no fault";
 }
-
-/// A disk on which no file gets larger than `size`.
-class SmallDisk {
- public:
-  explicit SmallDisk(rlim_t size) : action_(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit limit{size, before_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  SmallDisk(const SmallDisk&) = delete;
-  SmallDisk& operator=(const SmallDisk&) = delete;
-  ~SmallDisk() {
-    setrlimit(RLIMIT_FSIZE, &before_);
-    std::signal(SIGXFSZ, action_);
-  }
-
- private:
-  void (*action_)(int);
-  rlimit before_{};
-};
 
 TEST(WholeFile, CreatesAndReplaces) {
   const TemporaryFolder folder;
@@ -77,7 +55,7 @@ TEST(WholeFile, LeavesTheOldFileWhenTheDiskIsFull) {
   const std::string path = folder / "a.zu";
   PutFile(path, "old");
   {
-    const SmallDisk disk(1000);
+    const FullDisk disk(1000);
     EXPECT_EQ(FaultOf(path, std::string(5000, 'x')), "Run-time error: File too large (a.zu)");
     EXPECT_EQ(FaultOf(folder / "new.zu", std::string(5000, 'x')), "Run-time error: File too large (new.zu)");
   }

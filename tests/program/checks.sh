@@ -24,9 +24,11 @@ expect() {
   failed=1
 }
 
+# open_display OPTIONS...: a fresh X server
 open_display() {
   # Without -noreset it would start anew each time its last client goes.
-  Xvfb -noreset -displayfd 4 -screen 0 1600x1200x24 4>"$folder/display" 2>"$folder/server.log" &
+  rm -f "$folder/display"
+  Xvfb -noreset -displayfd 4 -screen 0 1600x1200x24 "$@" 4>"$folder/display" 2>"$folder/server.log" &
   server=$!
   until [ -s "$folder/display" ]; do
     kill -0 $server 2>/dev/null || { cat "$folder/server.log" >&2; failed=1; exit; }

@@ -1,5 +1,6 @@
 #include "setup/estimator_file.h"
 
+#include "tests/full_disk.h"
 #include "tests/setup/setup_fixture.h"
 
 namespace setup {
@@ -54,6 +55,19 @@ TEST_F(SetupFormTest, SaveThenLoadRestoresAllButTwoExtensions) {
   EXPECT_EQ(settings.BaseExtension, 0.25F);
   EXPECT_EQ(settings.StitchExtension, 0.25F);
   EXPECT_EQ(package.PackagePath, folder / "board.yax");
+}
+
+TEST_F(SetupFormTest, SaveWithoutRoomLeavesTheOldFile) {
+  form.RunCommand3();
+  dialog.Answer = folder.Write("a.zu", "old");
+  {
+    const FullDisk full(10);
+    form.Cmd_Click(6);
+  }
+  EXPECT_EQ(BytesOf(folder / "a.zu"), "old");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 2) << "board.yax and a.zu";
+  form.Cmd_Click(6);
+  EXPECT_EQ(BytesOf(folder / "a.zu"), controls.Vu);
 }
 
 TEST_F(SetupFormTest, LoadTakesForeignFiles) {

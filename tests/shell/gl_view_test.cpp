@@ -23,8 +23,6 @@ TEST(GlView, ShowsThePixelsOfASurfaceInMemory) {
   // A thread has one current context, of the window system's or of the surface in memory.
   view.DeleteContext();
 
-  // A thread has one current context, of either kind.
-  view.DeleteContext();
   render::OffscreenSurface surface(view.Size());
   shell::MainForm hidden(startUp, surface, end);
   hidden.Form_Load();

@@ -1,5 +1,3 @@
-#include <sys/resource.h>
-
 #include <QBuffer>
 #include <QDialogButtonBox>
 #include <QFileDialog>
@@ -12,36 +10,16 @@
 #include <QTextBrowser>
 #include <QTimer>
 #include <algorithm>
-#include <csignal>
 #include <iterator>
 
 #include "model/version.h"
 #include "render/bitmap.h"
 #include "shell/wire_list_window.h"
+#include "tests/full_disk.h"
 #include "tests/shell/main_window_fixture.h"
 
 namespace shell {
 namespace {
-
-/// Until its end no file can grow beyond `bytes`: as good as a full disk.
-class FullDisk {
- public:
-  explicit FullDisk(rlim_t bytes) : oldHandler_(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &old_);
-    const rlimit small{bytes, old_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &small);
-  }
-  FullDisk(const FullDisk&) = delete;
-  FullDisk& operator=(const FullDisk&) = delete;
-  ~FullDisk() {
-    setrlimit(RLIMIT_FSIZE, &old_);
-    std::signal(SIGXFSZ, oldHandler_);
-  }
-
- private:
-  rlimit old_{};
-  void (*oldHandler_)(int);
-};
 
 class MainWindowCommands : public MainWindowTest {
  protected:

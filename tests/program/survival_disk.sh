@@ -1,0 +1,42 @@
+#!/usr/bin/env bash
+# No room for a picture: the file that was there stays as it was, and the viewer lives.
+. "$(dirname "$0")/checks.sh"
+open_display
+printf 'COMPL 8\nCOMPW 4\nCOMPZ 1\n' >"$folder/board.yax"
+mkdir "$folder/pictures"
+printf 'old' >"$folder/pictures/old.bmp"
+
+# save FILE: Menu, then its second entry, then the name in the dialog
+save() {
+  xdotool windowfocus --sync "$window" key Menu
+  sleep 0.3
+  xdotool key Down key Down key Return
+  local dialog
+  dialog=$(found '^Save Picture$') || exit
+  xdotool windowfocus --sync "$dialog" type --delay 5 "$1"
+  xdotool key Return
+}
+
+# closed: the dialog is gone, and with it what it asked for is done or has failed
+closed() {
+  for _ in $(seq 100); do
+    [ -z "$(xdotool search --onlyvisible --name '^Save Picture$' 2>/dev/null)" ] && break
+    sleep 0.05
+  done
+  sleep 0.2
+}
+
+# A limit on the size of files is told by a signal as well, which must not end the program. A frame of this
+# window has two megabytes.
+ulimit -S -f 500
+start "$folder/board.yax"
+window=$(found 'board.yax$') || exit
+save "$folder/pictures/new.bmp"
+closed
+expect "files after a full disk" "$(ls -A "$folder/pictures")" old.bmp
+prlimit --pid $pid --fsize=unlimited
+save "$folder/pictures/new.bmp"
+closed
+expect "a picture where there is room" "$(head -c 2 "$folder/pictures/new.bmp" | tr -d '\0')" BM
+xdotool windowfocus --sync "$window" key Escape
+ends "after a full disk" 0
