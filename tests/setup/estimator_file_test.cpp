@@ -59,15 +59,15 @@ TEST_F(SetupFormTest, SaveThenLoadRestoresAllButTwoExtensions) {
 
 TEST_F(SetupFormTest, SaveWithoutRoomLeavesTheOldFile) {
   form.RunCommand3();
-  dialog.Answer = folder.Write("a.zu", "old");
+  dialog.Answer = PutFile(folder / "a.zu", "old");
   {
     const FullDisk full(10);
     form.Cmd_Click(6);
   }
-  EXPECT_EQ(BytesOf(folder / "a.zu"), "old");
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 2) << "board.yax and a.zu";
+  EXPECT_EQ(GetFile(folder / "a.zu"), "old");
+  EXPECT_EQ(folder.FileCount(), 2U) << "board.yax and a.zu";
   form.Cmd_Click(6);
-  EXPECT_EQ(BytesOf(folder / "a.zu"), controls.Vu);
+  EXPECT_EQ(GetFile(folder / "a.zu"), controls.Vu);
 }
 
 TEST_F(SetupFormTest, LoadTakesForeignFiles) {
