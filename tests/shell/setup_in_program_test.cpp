@@ -94,10 +94,10 @@ TEST_F(SetupAndList, ALoadResetsTheShownSetupWindowAndClosesTheList) {
   Custom(setup, "Base Loop Height", "0.5");
   Click(Option(setup, "Material", "Cu"));
   Press(setup, "Apply");
-  QListView& list = OpenList();
+  const QPointer<QListView> list(&OpenList());
   EXPECT_EQ(WireCount(), 0U) << "shown with nothing selected";
   bool openAtTheDialog = true;
-  asking = [&] { openAtTheDialog = list.isVisible(); };
+  asking = [&] { openAtTheDialog = list && list->isVisible(); };
   Choose("DoLoadYAX");
   EXPECT_FALSE(openAtTheDialog);
   EXPECT_EQ(asked.DialogTitle, "Load YAX File");
