@@ -24,10 +24,9 @@ void ReadRows(const PixelSize& size, bool topRowFirst, int first, int count, std
   const std::ptrdiff_t row = static_cast<std::ptrdiff_t>(size.Width) * 3;
   std::uint8_t* top = rgb;
   std::uint8_t* bottom = rgb + row * count;
-  while (bottom - top >= 2 * row) {
+  for (int pair = 0; pair < count / 2; ++pair, top += row) {
     bottom -= row;
     std::swap_ranges(top, top + row, bottom);
-    top += row;
   }
 }
 
