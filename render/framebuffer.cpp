@@ -43,6 +43,8 @@ bool Framebuffer::Bind(const PixelSize& size) {
   return glCheckFramebufferStatus(GL_FRAMEBUFFER) == GL_FRAMEBUFFER_COMPLETE && glGetError() == GL_NO_ERROR;
 }
 
-Picture Framebuffer::Read() const { return ReadRows(size_, topRowFirst_); }
+void Framebuffer::ReadRows(int first, int count, std::uint8_t* rgb) const {
+  render::ReadRows(size_, topRowFirst_, first, count, rgb);
+}
 
 }  // namespace render

@@ -1,8 +1,9 @@
 /// A drawing target inside a context, for pictures larger than its surface can be.
 #pragma once
 
+#include <cstdint>
+
 #include "render/gl_surface.h"
-#include "render/picture.h"
 
 namespace render {
 
@@ -14,8 +15,8 @@ class Framebuffer {
   /// Returns false when there is not enough memory, or no framebuffer objects
   bool Bind(const PixelSize& size);
 
-  /// The frame just drawn.
-  Picture Read() const;
+  /// Rows of the frame just drawn, as ReadRows of a surface gives them.
+  void ReadRows(int first, int count, std::uint8_t* rgb) const;
 
  private:
   PixelSize size_;

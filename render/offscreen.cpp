@@ -160,8 +160,10 @@ void OffscreenSurface::SwapBuffers() {
 
 void OffscreenSurface::DeleteContext() { egl_->CloseContext(); }
 
-Picture OffscreenSurface::ReadFrame() const {
-  return egl_->framebuffer ? egl_->framebuffer->Read() : render::ReadFrame(size_);
+void OffscreenSurface::ReadRows(int first, int count, std::uint8_t* rgb) const {
+  if (egl_->framebuffer) return egl_->framebuffer->ReadRows(first, count, rgb);
+  glReadBuffer(GL_BACK);
+  render::ReadRows(size_, false, first, count, rgb);
 }
 
 }  // namespace render

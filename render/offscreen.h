@@ -1,10 +1,10 @@
 /// A surface in memory, for pictures and tests without a display.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 
 #include "render/gl_surface.h"
-#include "render/picture.h"
 
 namespace render {
 
@@ -26,8 +26,9 @@ class OffscreenSurface final : public GlSurface {
 
   /// The largest picture that this GL draws; nothing before CreateContext has found a usable one.
   PixelSize Largest() const { return largest_; }
-  /// The frame just drawn. Needs   the context is current
-  Picture ReadFrame() const;
+  /// Rows of the frame just drawn, counted from the top, into 3 bytes a pixel without padding.
+  /// Needs   the context is current
+  void ReadRows(int first, int count, std::uint8_t* rgb) const;
 
  private:
   struct Egl;

@@ -1,6 +1,8 @@
 /// Reading a frame back from the back buffer.
 #pragma once
 
+#include <cstdint>
+
 #include "render/gl_surface.h"
 #include "render/picture.h"
 
@@ -10,7 +12,8 @@ namespace render {
 /// Needs   current context
 Picture ReadFrame(const PixelSize& size);
 
-/// The picture in the read buffer that is set, whose rows run down from the top or up from the bottom.
-Picture ReadRows(const PixelSize& size, bool topRowFirst);
+/// Some rows of a frame of this size, counted from the top, into 3 bytes a pixel without padding.
+/// Reads   the read buffer that is set; `topRowFirst` says whether its rows run down or, as usual, up
+void ReadRows(const PixelSize& size, bool topRowFirst, int first, int count, std::uint8_t* rgb);
 
 }  // namespace render

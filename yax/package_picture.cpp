@@ -1,5 +1,7 @@
 #include "yax/package_picture.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <cstdlib>
 #include <string>
 
@@ -11,7 +13,6 @@
 #include "render/scene.h"
 #include "render/scene_list.h"
 #include "yax/messages.h"
-#include "yax/output.h"
 #include "yax/png_bytes.h"
 
 namespace yax {
@@ -64,22 +65,25 @@ void DrawFrame(const PictureRequest& request) {
 
 }  // namespace
 
-render::Picture DrawPicture(const PictureRequest& request) {
-  render::OffscreenSurface surface(request.picture.Size);
+std::string PictureBytes(const PictureRequest& request, PictureFormat format) {
+  const PixelSize& size = request.picture.Size;
+  render::OffscreenSurface surface(size);
   Open(surface);
-  render::SetUpView(request.picture.Size, request.picture.Appearance);
+  render::SetUpView(size, request.picture.Appearance);
   try {
     DrawFrame(request);
   } catch (const model::Fault& fault) {
     throw Unusable({.File = request.package.PackagePath}, fault.what(),
                    "the viewer ends here too, correct the file");
   }
-  return surface.ReadFrame();
-}
-
-void WritePicture(const render::Picture& picture, const std::string& output) {
-  const bool png = PictureFormatOf(output) == PictureFormat::Png;
-  WriteOutput(output, png ? PngBytes(picture) : render::BitmapBytes(picture));
+  const auto read = [&surface](int first, int count, std::uint8_t* rgb) {
+    surface.ReadRows(first, count, rgb);
+  };
+  if (format == PictureFormat::Png) return PngBytes(size, read);
+  render::Picture picture{size.Width, size.Height, {}};
+  picture.Rgb.resize(static_cast<std::size_t>(size.Width) * static_cast<std::size_t>(size.Height) * 3);
+  read(0, size.Height, picture.Rgb.data());
+  return render::BitmapBytes(picture);
 }
 
 }  // namespace yax

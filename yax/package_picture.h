@@ -1,9 +1,10 @@
 /// A picture of a package, drawn in memory as the viewer's window would draw it.
 #pragma once
 
+#include <string>
+
 #include "model/package.h"
 #include "model/wire_bond_settings.h"
-#include "render/picture.h"
 #include "render/wire_selection.h"
 #include "yax/options_camera.h"
 #include "yax/options_picture.h"
@@ -19,10 +20,8 @@ struct PictureRequest {
   const PictureOptions& picture;
 };
 
+/// The picture as the bytes of a file.
 /// Faults  Unusable without usable GL, for a picture too large, and when the package cannot be drawn
-render::Picture DrawPicture(const PictureRequest& request);
-
-/// Writes it in the format that the output's name asks for.
-void WritePicture(const render::Picture& picture, const std::string& output);
+std::string PictureBytes(const PictureRequest& request, PictureFormat format);
 
 }  // namespace yax

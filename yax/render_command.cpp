@@ -9,6 +9,7 @@
 #include "yax/options_package.h"
 #include "yax/options_picture.h"
 #include "yax/options_wires.h"
+#include "yax/output.h"
 #include "yax/package_picture.h"
 
 namespace yax {
@@ -26,12 +27,13 @@ struct RenderOptions {
 
 Status Render(const RenderOptions& options) {
   // What needs no work is refused before any is done.
-  PictureFormatOf(options.output);
+  const PictureFormat format = PictureFormatOf(options.output);
   CheckCamera(options.camera);
   model::Package package = LoadPackage(options.package);
   const model::WireBondSettings settings = SettingsOf(options.loops, package);
   const render::WireSelection selection = SelectionOf(options.wires, package);
-  WritePicture(DrawPicture({package, settings, selection, options.camera, options.picture}), options.output);
+  WriteOutput(options.output,
+              PictureBytes({package, settings, selection, options.camera, options.picture}, format));
   return Status::Done;
 }
 

@@ -32,10 +32,12 @@ bool BeginsNumber(std::string_view text) {
   return !text.empty() && std::isdigit(static_cast<unsigned char>(text.front())) != 0;
 }
 
+std::string Quoted(std::string_view text) { return std::string(1, '\'').append(text).append(1, '\''); }
+
 std::string MaterialOf(const Place& place, std::string_view value) {
   for (const char* material : {"Au", "Al", "Cu"})
     if (model::UpperCase(value) == model::UpperCase(material)) return material;
-  throw Unusable(place, "'" + std::string(value) + "' is no wire material", "write Au, Al or Cu");
+  throw Unusable(place, Quoted(value) + " is no wire material", "write Au, Al or Cu");
 }
 
 void TakeLine(const Place& place, std::string_view line, LoopValues& values) {
@@ -46,7 +48,7 @@ void TakeLine(const Place& place, std::string_view line, LoopValues& values) {
     for (const auto& [name, setting] : kNumbers) {
       if (key != name) continue;
       if (!BeginsNumber(value))
-        throw Unusable(place, "'" + std::string(value) + "' is not a number", "write one such as 12.5");
+        throw Unusable(place, Quoted(value) + " is not a number", "write one such as 12.5");
       values.*setting = model::ToNumber(value);
       return;
     }
@@ -56,8 +58,7 @@ void TakeLine(const Place& place, std::string_view line, LoopValues& values) {
     }
     if (key == "YAXFILE") return;
   }
-  Complain(place, "'" + std::string(line) + "' holds none of the nine keys and is ignored",
-           "correct or remove it");
+  Complain(place, Quoted(line) + " holds none of the nine keys and is ignored", "correct or remove it");
 }
 
 }  // namespace
