@@ -60,6 +60,9 @@ struct BondRec {
   std::array<float, 10> AuxPoints{};
 };
 
+/// Deliberate: no wire is told from a wire that starts on the origin.
+inline bool HasWire(const BondRec& bond) { return bond.WireStartX != 0.0F || bond.WireStartY != 0.0F; }
+
 /// A stitch wire from pad to pad.
 struct StitchRec {
   std::string Name;  ///< both pad names, "FIRST:SECOND"

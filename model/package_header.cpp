@@ -1,6 +1,7 @@
 #include "model/package_header.h"
 
 #include <string_view>
+#include <utility>
 
 #include "model/numbers.h"
 
@@ -21,7 +22,7 @@ void Rescale(PackageScalars& scalars) {
 
 }  // namespace
 
-bool TakeHeaderLine(const Tokens& tokens, PackageScalars& scalars) {
+HeaderLine TakeHeaderLine(const Tokens& tokens, PackageScalars& scalars) {
   struct Number {
     std::string_view keyword;
     float PackageScalars::*scalar;
@@ -33,16 +34,22 @@ bool TakeHeaderLine(const Tokens& tokens, PackageScalars& scalars) {
       {"SD_COMPW", &PackageScalars::SDCompW},       {"SD_COMPZ", &PackageScalars::SDCompZ},
   };
   const std::string_view keyword = tokens[0];
-  if (EqualsUpper(keyword, "TECHNOLOGY")) scalars.Technology = UpperCase(tokens[1]);
-  if (EqualsUpper(keyword, "SD_TECHNOLOGY")) scalars.SDTechnology = UpperCase(tokens[1]);
-  for (const Number& number : kNumbers) {
-    if (EqualsUpper(keyword, number.keyword)) scalars.*number.scalar = ToNumber(tokens[1]);
+  for (const auto& [name, word] : {std::pair("TECHNOLOGY", &PackageScalars::Technology),
+                                   std::pair("SD_TECHNOLOGY", &PackageScalars::SDTechnology)}) {
+    if (!EqualsUpper(keyword, name)) continue;
+    scalars.*word = UpperCase(tokens[1]);
+    return HeaderLine::Word;
   }
-  if (!EqualsUpper(keyword, "COMPZ")) return false;
+  for (const Number& number : kNumbers) {
+    if (!EqualsUpper(keyword, number.keyword)) continue;
+    scalars.*number.scalar = ToNumber(tokens[1]);
+    return HeaderLine::Number;
+  }
+  if (!EqualsUpper(keyword, "COMPZ")) return HeaderLine::Unknown;
   const float height = ToNumber(tokens[1]);
   scalars.CompZ = height == 0.0F ? 1.0F : height;
   Rescale(scalars);
-  return true;
+  return HeaderLine::End;
 }
 
 }  // namespace model

@@ -3,78 +3,18 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
-#include "model/arithmetic.h"
 #include "model/files.h"
-#include "model/name_index.h"
-#include "model/numbers.h"
-#include "model/package_header.h"
-#include "model/text.h"
+#include "model/package_reader.h"
 
 namespace model {
-
-namespace {
-
-/// A keyword of at most seven letters as one number, so that a line is told by a single comparison.
-/// The leading 1 keeps a NUL byte in front of a word from vanishing.
-constexpr std::uint64_t Key(std::string_view word) {
-  std::uint64_t key = 1;
-  if (word.size() > 7) return 0;
-  for (const char c : word)
-    key = key << 8 | static_cast<unsigned char>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c);
-  return key;
-}
-
-/// One run over a package file. The name index views the file's text and dies with it.
-class PackageReader {
- public:
-  explicit PackageReader(const PackageScalars& before) { static_cast<PackageScalars&>(package_) = before; }
-
-  void ReadText(std::string text) {
-    text_ = std::move(text);
-    DropCarriageReturns(text_);
-    Lines lines(text_);
-    if (ReadHeader(lines)) ReadBody(lines);
-  }
-
-  void ReadNetTypes(std::string_view text);
-  void SetTiers();
-
-  Package& Result() { return package_; }
-  std::size_t Comparisons() const { return index_.Comparisons(); }
-
- private:
-  bool NextRecord(Lines& lines);
-  bool ReadHeader(Lines& lines);
-  void ReserveTables(Lines lines);
-  void ReadBody(Lines& lines);
-  void BodyLine();
-  void ReadDiePad(bool stacked);
-  void ReadSubstratePad();
-  void ReadWire();
-  void ReadStitch();
-  void ReadRing();
-  void ReadSRing();
-  void ReadSegment();
-  void ReadDap();
-  BondRec* FindBond(std::uint32_t name);
-  const BondRec* LastBond(std::uint32_t name);
-  void AddWireName(std::uint32_t name, std::string_view text, std::string_view text2);
-  float Scaled(std::size_t field) const { return ToNumber(tokens_[field]) / package_.UnitScale; }
-
-  Package package_;
-  std::string text_;
-  Tokens tokens_;
-  NameIndex index_;
-  std::vector<std::uint32_t> wirePlaces_;  ///< number in the index of each wire-list entry's name
-};
 
 /// Splits the next line that is not empty; false at the end of the file.
 bool PackageReader::NextRecord(Lines& lines) {
   std::string_view line;
   do {
     if (!lines.Next(line)) return false;
+    ++line_;
   } while (line.empty());
   tokens_.SplitLine(line);
   return true;
@@ -83,7 +23,9 @@ bool PackageReader::NextRecord(Lines& lines) {
 /// Reads up to and including the line that ends the header; false when the file has none.
 bool PackageReader::ReadHeader(Lines& lines) {
   while (NextRecord(lines)) {
-    if (TakeHeaderLine(tokens_, package_)) return true;
+    const HeaderLine kind = TakeHeaderLine(tokens_, package_);
+    if (observer_ != nullptr) NoteHeaderLine(kind);
+    if (kind == HeaderLine::End) return true;
   }
   return false;
 }
@@ -109,30 +51,34 @@ void PackageReader::ReserveTables(Lines lines) {
 
 void PackageReader::ReadBody(Lines& lines) {
   ReserveTables(lines);
-  while (NextRecord(lines)) BodyLine();
+  while (NextRecord(lines)) {
+    const BodyKeyword keyword = BodyKeywordOf(tokens_[0]);
+    BodyLine(keyword);
+    if (observer_ != nullptr) NoteBodyLine(keyword);
+  }
 }
 
-void PackageReader::BodyLine() {
-  switch (Key(tokens_[0])) {
-    case Key("CBP"):
+void PackageReader::BodyLine(BodyKeyword keyword) {
+  switch (keyword) {
+    case BodyKeyword::Cbp:
       return ReadDiePad(false);
-    case Key("SD_CBP"):
+    case BodyKeyword::SdCbp:
       return ReadDiePad(true);
-    case Key("SBP"):
+    case BodyKeyword::Sbp:
       return ReadSubstratePad();
-    case Key("WB"):
+    case BodyKeyword::Wb:
       return ReadWire();
-    case Key("STCH"):
+    case BodyKeyword::Stch:
       return ReadStitch();
-    case Key("RING"):
+    case BodyKeyword::Ring:
       return ReadRing();
-    case Key("SRING"):
+    case BodyKeyword::SRing:
       return ReadSRing();
-    case Key("SRSEG"):
+    case BodyKeyword::SrSeg:
       return ReadSegment();
-    case Key("DAP"):
+    case BodyKeyword::Dap:
       return ReadDap();
-    default:
+    case BodyKeyword::None:
       return;
   }
 }
@@ -161,12 +107,18 @@ void PackageReader::ReadDiePad(bool stacked) {
 }
 
 /// The bond that SBP and WB mean: the first of that name, on the base die before the stacked one.
-BondRec* PackageReader::FindBond(std::uint32_t name) {
-  if (name == NamePlaces::kNone) return nullptr;
+RecordPlace PackageReader::BondPlace(std::uint32_t name) {
+  if (name == NamePlaces::kNone) return {};
   const NamePlaces& places = index_.At(name);
-  if (places.firstBond != NamePlaces::kNone) return &package_.Bonds[places.firstBond];
-  if (places.firstSDBond != NamePlaces::kNone) return &package_.SDBonds[places.firstSDBond];
-  return nullptr;
+  if (places.firstBond != NamePlaces::kNone) return {RecordTable::Bonds, places.firstBond};
+  if (places.firstSDBond != NamePlaces::kNone) return {RecordTable::SDBonds, places.firstSDBond};
+  return {};
+}
+
+BondRec* PackageReader::FindBond(std::uint32_t name) {
+  const RecordPlace place = BondPlace(name);
+  if (place.Table == RecordTable::None) return nullptr;
+  return &(place.Table == RecordTable::Bonds ? package_.Bonds : package_.SDBonds)[place.Number];
 }
 
 /// The bond that a stitch copies from: the last of that name over both tables.
@@ -186,7 +138,7 @@ void PackageReader::ReadSubstratePad() {
   bond->SubZ = 0.0F;
   bond->SubSizeX = Scaled(5);
   bond->SubSizeY = Scaled(6);
-  bond->SubAngle = ToNumber(tokens_[7]);
+  bond->SubAngle = Number(7);
   bond->SubShape = tokens_[8];
   bond->Tier = tokens_[10];
 }
@@ -259,10 +211,16 @@ void PackageReader::ReadSRing() {
   package_.SRings.Grow();
 }
 
+/// The ring that SRSEG means: the first of that name.
+RecordPlace PackageReader::RingPlace(std::uint32_t name) {
+  if (name == NamePlaces::kNone || index_.At(name).firstSRing == NamePlaces::kNone) return {};
+  return {RecordTable::SRings, index_.At(name).firstSRing};
+}
+
 void PackageReader::ReadSegment() {
-  const std::uint32_t name = index_.Find(tokens_[1]);
-  if (name == NamePlaces::kNone || index_.At(name).firstSRing == NamePlaces::kNone) return;
-  Table<SRSegRec>& segments = package_.SRings[index_.At(name).firstSRing].Segs;
+  const RecordPlace ring = RingPlace(index_.Find(tokens_[1]));
+  if (ring.Table == RecordTable::None) return;
+  Table<SRSegRec>& segments = package_.SRings[ring.Number].Segs;
   SRSegRec& segment = segments.Spare();
   segment.Name = tokens_[2];
   segment.A = Scaled(3);
@@ -281,62 +239,23 @@ void PackageReader::ReadDap() {
   package_.Daps.Grow();
 }
 
-/// The side file: a wire name and its net type on each line of exactly two fields.
-void PackageReader::ReadNetTypes(std::string_view text) {
-  Lines lines(text);
-  std::string_view line;
-  while (lines.Next(line)) {
-    if (line.ends_with('\r')) line.remove_suffix(1);
-    tokens_.SplitLine(line);
-    if (tokens_.Found() != 2) continue;
-    const std::uint32_t name = index_.Find(tokens_[0]);
-    if (name == NamePlaces::kNone || index_.At(name).firstWire == NamePlaces::kNone) continue;
-    package_.WireNames[index_.At(name).firstWire].NetType = tokens_[1];
-  }
-  package_.HaveVuFile = true;
-}
-
-/// Copies the tiers of the bonds into the wire list, counted from 1 even where the file counts from 0.
-void PackageReader::SetTiers() {
-  std::string lowest = "4";
-  float lowestNumber = 4.0F;
-  const auto copyFrom = [&](const Table<BondRec>& table, std::uint32_t NamePlaces::*first) {
-    for (std::size_t i = 0; i < wirePlaces_.size(); ++i) {
-      const std::uint32_t number = index_.At(wirePlaces_[i]).*first;
-      if (number == NamePlaces::kNone) continue;
-      const std::string& tier = table[number].Tier;
-      package_.WireNames[i].Tier = tier;
-      const float tierNumber = ToNumber(tier);
-      if (!(lowestNumber > tierNumber)) continue;
-      lowest = tier;
-      lowestNumber = tierNumber;
-    }
-  };
-  copyFrom(package_.Bonds, &NamePlaces::firstBond);
-  copyFrom(package_.SDBonds, &NamePlaces::firstSDBond);
-  if (lowest != "0") return;
-  for (WireNameRec& entry : package_.WireNames)
-    entry.Tier = GeneralText(Single(double(ToNumber(entry.Tier)) + 1.0));
-}
-
-}  // namespace
-
-Package ParsePackage(const PackageScalars& before, PackageBytes bytes, ReadEffort* effort) {
-  PackageReader reader(before);
+Package ParsePackage(const PackageScalars& before, PackageBytes bytes, ReadEffort* effort,
+                     ReadObserver* observer) {
+  PackageReader reader(before, observer);
   reader.ReadText(std::move(bytes.package));
-  if (bytes.netTypes) reader.ReadNetTypes(*bytes.netTypes);
-  reader.SetTiers();
-  if (effort != nullptr) effort->nameComparisons = reader.Comparisons();
+  if (bytes.netTypes) reader.ReadSideFile(*bytes.netTypes);
+  reader.SetWireTiers();
+  if (effort != nullptr) *effort = reader.Effort();
   return std::move(reader.Result());
 }
 
-std::optional<Package> ReadPackage(const PackageScalars& before, ReadEffort* effort) {
+std::optional<Package> ReadPackage(const PackageScalars& before, ReadEffort* effort, ReadObserver* observer) {
   const std::string& path = before.PackagePath;
   if (path.empty() || !FileExists(path)) return std::nullopt;
   PackageBytes bytes{ReadWholeFile(path), std::nullopt};
   const std::string sideFile = path + ".vu";
   if (FileExists(sideFile)) bytes.netTypes = ReadWholeFile(sideFile);
-  return ParsePackage(before, std::move(bytes), effort);
+  return ParsePackage(before, std::move(bytes), effort, observer);
 }
 
 }  // namespace model

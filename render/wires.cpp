@@ -13,9 +13,6 @@ struct Scene::Loop {
 
 namespace {
 
-/// Deliberate: no wire is told from a wire that starts on the origin.
-bool HasWire(const model::BondRec& bond) { return bond.WireStartX != 0.0F || bond.WireStartY != 0.0F; }
-
 model::PackagePoint StartOf(const model::BondRec& bond) {
   return {bond.WireStartX, bond.WireStartY, bond.WireStartZ};
 }

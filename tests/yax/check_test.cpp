@@ -1,0 +1,225 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "tests/temporary_folder.h"
+#include "yax/check_report.h"
+#include "yax/drawing_check.h"
+#include "yax/line_check.h"
+#include "yax/options_package.h"
+
+namespace yax {
+namespace {
+
+CheckReport CheckFile(const std::string& path) {
+  CheckReport report{.File = path};
+  LineCheck lines(report);
+  model::ReadEffort effort;
+  model::Package package = LoadPackage({path}, &effort, &lines);
+  report.Lines = effort.lines;
+  lines.Finish(package);
+  CheckDrawing(package, lines.Lines(), report);
+  report.Sort();
+  return report;
+}
+
+CheckReport Check(const std::string& text, const std::string& netTypes = {}) {
+  const TemporaryFolder folder;
+  const std::string path = folder / "board.yax";
+  PutFile(path, text);
+  if (!netTypes.empty()) PutFile(path + ".vu", netTypes);
+  return CheckFile(path);
+}
+
+/// "LINE KIND" of every remark of a level, those of the side file with "vu " before them.
+std::vector<std::string> Remarks(const CheckReport& report, Level level) {
+  std::vector<std::string> texts;
+  for (const Remark& remark : report.Remarks) {
+    if (remark.Rank != level) continue;
+    texts.push_back((remark.At.File.ends_with(".vu") ? "vu " : "") + std::to_string(remark.At.Line) + " " +
+                    remark.Kind);
+  }
+  return texts;
+}
+
+using Texts = std::vector<std::string>;
+
+/// A package with lines that are wrong in one way each: `expected` is the kind of the last line added.
+class DirtyPackage {
+ public:
+  void Good(const std::string& line) { text_ += line + "\n", ++line_; }
+  void Bad(Level level, const std::string& kind, const std::string& line) {
+    Good(line);
+    expected_[level == Level::Error ? 0 : 1].push_back(std::to_string(line_) + " " + kind);
+  }
+
+  std::string text_;
+  std::size_t line_ = 0;
+  Texts expected_[2];
+};
+
+TEST(Check, TellsEachBadLineOnceWithItsPlace) {
+  constexpr Level kError = Level::Error;
+  constexpr Level kFinding = Level::Finding;
+  DirtyPackage dirty;
+  dirty.Good("TECHNOLOGY WIRE_BOND");
+  dirty.Good("COMPL 8");
+  dirty.Bad(kFinding, "duplicate", "compl 8");
+  dirty.Good("COMPW 6");
+  dirty.Bad(kFinding, "before-compz", "CBP A 2 1 0 .2 .2 0 R RECTANGLE");
+  dirty.Bad(kFinding, "unreadable-number", "SD_COMPL wide");
+  dirty.Bad(kFinding, "missing-number", "SD_ROTATION");
+  dirty.Good("COMPZ 1");
+  dirty.Bad(kFinding, "after-compz", "COMPZ 2");
+  dirty.Bad(kFinding, "too-early", "SBP A 4 1 0 1 1 0 RECTANGLE 0 1");
+  dirty.Good("  ");
+  dirty.Good("CBP A 2 1 0 .2 .2 0 r rectangle");
+  dirty.Good("SBP A 4 1 0 1 1 0 OBLONG 0 1");
+  dirty.Good("WB A 2 1 0 4 1 1 0");
+  dirty.Bad(kFinding, "unknown-keyword", "WIRE A 2 1 0 4 1 1 0 and so on and on");
+  dirty.Bad(kFinding, "names-nothing", "WB a 2 1 0 4 1 1 0");
+  dirty.Bad(kFinding, "names-nothing", "SRSEG NO B -1 1");
+  dirty.Bad(kFinding, "extra-fields", "RING X STRAIGHT -4 4 4 -4 1 0 9 10 11");
+  dirty.Bad(kFinding, "duplicate", "CBP A -2 1 0 .2 .2 0 L RECTANGLE");
+  dirty.Bad(kFinding, "duplicate", "SBP A 4.5 1 0 1 1 0 RECTANGLE 0 1");
+  dirty.Bad(kFinding, "duplicate", "WB A 2 1 0 4.5 1 1 0");
+  dirty.Good("DAP PADDLE -1 0 1 0 2");
+  dirty.Bad(kFinding, "duplicate", "dap PADDLE  -1 0 1 0 2");
+  dirty.Good("CBP B 2 2 0 .2 .2 0 R ROUND");
+  dirty.Bad(kFinding, "unreadable-number", "SBP B 4 2 0 1 1 x9 ROUND 0 1");
+  dirty.Bad(kError, "wire-fault", "WB B 2 2 0 2 2 1 0");
+  dirty.Bad(kError, "wire-fault", "STCH A 1 1 B 1 1 0 5");
+  dirty.Bad(kFinding, "draws-nothing", "CBP C 2 3 0 .2 .2 0 R round");
+  dirty.Good("CBP D 2 -1 0 .2 .2 0 R RECTANGLE");
+  dirty.Bad(kFinding, "draws-nothing", "SBP D 0 0 0 1 1 0 RECTANGLE 0 1");
+  dirty.Bad(kFinding, "draws-nothing", "WB D 0 0 0 4 -1 1 0");
+  dirty.Bad(kFinding, "draws-nothing", "CBP E 2 -2 0 0 .2 0 R RECTANGLE");
+  dirty.Bad(kFinding, "draws-nothing", "SBP E 4 -2 0 0 1 0 RECTANGLE 0 1");
+  dirty.Bad(kFinding, "missing-number", "WB E 2 -2 0 4 -2 1");
+  dirty.Bad(kFinding, "draws-nothing", "CBP F 2 -3 0 .2 .2 0 X RECTANGLE");
+  dirty.Bad(kError, "ring-fault", "RING X arc -4 4 4 -4 1");
+  dirty.Bad(kFinding, "draws-nothing", "RING X STRAIGHT -5 5 5 -5 0");
+  dirty.Good("SRING V STRAIGHT -5 5 5 -5 1");
+  dirty.Bad(kFinding, "draws-nothing", "SRSEG V b -1 1");
+  dirty.Good("SRSEG V B 0 2");
+  dirty.Bad(kFinding, "duplicate", "SRSEG V B 0 2");
+  dirty.Bad(kFinding, "duplicate", "SRING V STRAIGHT -6 6 6 -6 1");
+  dirty.Bad(kFinding, "draws-nothing", "SRING W STRAIGHT -5 5 5 -5 1");
+  dirty.Bad(kError, "ring-fault", "SRING Z ARC -5 5 5 -5 1 0");
+  dirty.Good("SRSEG Z T 0 2");
+  dirty.Bad(kFinding, "draws-nothing", "DAP BAND -1 0 1 0 0");
+  dirty.expected_[1].insert(
+      std::find(dirty.expected_[1].begin(), dirty.expected_[1].end(), "42 duplicate") + 1,
+      "42 draws-nothing");  // the second ring of a name cannot have pieces either
+  dirty.expected_[1].insert(dirty.expected_[1].end(), {"vu 2 not-two-fields", "vu 4 duplicate"});
+
+  const CheckReport report = Check(dirty.text_, "A SIGNAL\nA SIGNAL POWER\n\nA GROUND\nA GROUND\nQ POWER\n");
+  EXPECT_EQ(Remarks(report, kError), dirty.expected_[0]);
+  EXPECT_EQ(Remarks(report, kFinding), dirty.expected_[1]);
+  EXPECT_EQ(report.Lines, dirty.line_);
+  EXPECT_EQ(report.Ignored, 6U) << "two at COMPZ, one early, one unknown, two that name nothing";
+  // C and F are bare; E has a substrate pad and a wire, D the lines of both.
+  EXPECT_EQ(Remarks(report, Level::Note),
+            (Texts{"28 pads-without-wire", "28 pads-without-substrate-pad", "35 pads-without-wire",
+                   "35 pads-without-substrate-pad", "vu 6 net-types-without-wire"}));
+  for (const Remark& remark : report.Remarks) {
+    EXPECT_NE(remark.What, "");
+    EXPECT_TRUE(remark.Rank == Level::Note || !remark.Advice.empty()) << remark.What;
+  }
+}
+
+constexpr char kHeader[] = "TECHNOLOGY WIRE_BOND\nCOMPL 8\nCOMPW 6\nCOMPZ 1\n";
+
+TEST(Check, LetsPassWhatIsMeant) {
+  const char* const bodies[] = {
+      // Net names on both dies, with a stitch between them.
+      "CBP V 2 1 0 .2 .2 0 R RECTANGLE\nSBP V 4 1 0 1 1 0 ROUND 0 1\nWB V 2 1 0 4 1 1 0\n"
+      "SD_CBP V 1 1 0 .2 .2 0 R ROUND\nSTCH V 1 1 V 2 1 1 1\nSTCH V 1 1.1 V 2 1.1 1 1\n",
+      // Numbers with units, commas and zeros of all kinds; missing fields that nothing reads.
+      "CBP A 2mm 1,5 0 .2e0 +.2 0 R RECTANGLE\nWB A 2 -0.0 0 4 0,0 1 0mm\nRING X STRAIGHT -4 4 4 -4 1\n",
+      // Pieces and bands may share a name.
+      "SRING R STRAIGHT -4 4 4 -4 1\nSRSEG R B -1 0\nSRSEG R B 1 2\nDAP D 0 0 1 0 1\nDAP D 0 1 1 1 1\n",
+      // Empty lines.
+      "\n \t \n\r\n",
+  };
+  for (const char* body : bodies) {
+    const CheckReport report = Check(std::string("SD_COMPW 3\nSD_COMPL 3\n") + kHeader + body);
+    EXPECT_EQ(Remarks(report, Level::Error), Texts{}) << body;
+    EXPECT_EQ(Remarks(report, Level::Finding), Texts{}) << body;
+  }
+}
+
+TEST(Check, FlipChipsHaveNoWiresToMiss) {
+  // Bumps of one net share its name; bumps lie anywhere.
+  const std::string bumps = "COMPZ 1\nCBP V 2 1 0 .2 .2 0 C ROUND\nCBP V 2 2 0 .2 .2 0 C ROUND\n";
+  EXPECT_EQ(Check("TECHNOLOGY FLIP_CHIP\n" + bumps, "Q POWER\n").Remarks.size(), 0U);
+  EXPECT_EQ(Remarks(Check("TECHNOLOGY WIREBOND\n" + bumps), Level::Finding), Texts{"1 draws-nothing"});
+}
+
+TEST(Check, EdgeDistancesCountWhereALoadLeavesThem) {
+  // After a load every extension is the die's height; a height of -1 so means the base die's edge.
+  const std::string body =
+      "SD_CBP S 1 1 0 .2 .2 0 R ROUND\nSBP S 1 4 0 1 1 0 ROUND 0 1\nWB S 1 1 0 1 4 1 0\n";
+  const std::string header = "TECHNOLOGY WIRE_BOND\nSD_COMPW 3\nCOMPL 8\nCOMPW 6\nCOMPZ ";
+  EXPECT_EQ(Remarks(Check(header + "1\n" + body), Level::Error), Texts{});
+  EXPECT_EQ(Remarks(Check(header + "-1\n" + body), Level::Error), Texts{"8 wire-fault"});
+}
+
+TEST(Check, FindsTablesBeyondTheirLimit) {
+  std::string text = kHeader;
+  for (int ring = 0; ring < 32767; ++ring)
+    text += "RING X STRAIGHT -4 4 4 -4 " + std::to_string(ring + 1) + "\n";
+  EXPECT_EQ(Remarks(Check(text), Level::Error), Texts{});
+  text += "RING X STRAIGHT -4 4 4 -4 40000\n";
+  const CheckReport report = Check(text);
+  EXPECT_EQ(Remarks(report, Level::Error), Texts{"32772 too-many"});
+  EXPECT_NE(report.Remarks.at(0).What.find("32768 rings, at most 32767"), std::string::npos);
+}
+
+TEST(Check, FindsEveryOtherFaultOfTheDrawing) {
+  // The corners of the largest die that can be written leave the range of a single.
+  const CheckReport report = Check("TECHNOLOGY WIRE_BOND\nSD_COMPW 3e38\nSD_XOFFSET 3e38\nCOMPZ 1\n");
+  EXPECT_EQ(Remarks(report, Level::Error), Texts{"0 fault"});
+}
+
+class CheckedSample : public testing::TestWithParam<const char*> {};
+
+TEST_P(CheckedSample, HasNeitherErrorNorFinding) {
+  const CheckReport report = CheckFile(std::string(YAX_SAMPLES "/") + GetParam() + ".yax");
+  EXPECT_EQ(report.Count(Level::Error), 0U);
+  EXPECT_EQ(report.Count(Level::Finding), 0U);
+  EXPECT_EQ(report.Ignored, 0U);
+  // The six round probe points of AAAc; all other pads are connected.
+  const std::size_t probes = GetParam() == std::string("AAAc") ? 6 : 0;
+  EXPECT_EQ(report.Count(Level::Note), 2 * probes);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, CheckedSample,
+                         testing::Values("AAAc", "bga332", "caravel-qfn64", "flipchip-bigblade", "lqfp100",
+                                         "stacked-ram"),
+                         [](const auto& info) {
+                           std::string name = info.param;
+                           std::erase(name, '-');
+                           return name;
+                         });
+
+TEST(CheckReport, ShowsWordsShortAndSafe) {
+  EXPECT_EQ(Shown("a\x1b[b"), "'a?[b'");
+  EXPECT_EQ(Shown(std::string(61, 'x')), "'" + std::string(60, 'x') + "...'");
+}
+
+TEST(CheckReport, IsJsonWhateverTheNamesHold) {
+  const CheckReport report = Check(std::string(kHeader) + "\"\xff\\ 1\nCBP A 2 1 0 .2 .2 0 R ROUND\n");
+  const std::string json = JsonReport(report, false);
+  EXPECT_NE(json.find("\"lines\": 6,"), std::string::npos) << json;
+  EXPECT_NE(json.find("\"line\": 5,\n      \"kind\": \"unknown-keyword\""), std::string::npos) << json;
+  EXPECT_NE(json.find("'\\\"\xEF\xBF\xBD\\\\' is no keyword"), std::string::npos) << json;
+  EXPECT_NE(json.find("\"pads-without-wire\": 1"), std::string::npos) << json;
+  EXPECT_EQ(json.find("\"notes\""), std::string::npos);
+  EXPECT_NE(JsonReport(report, true).find("\"notes\""), std::string::npos);
+}
+
+}  // namespace
+}  // namespace yax

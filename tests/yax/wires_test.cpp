@@ -1,0 +1,162 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "model/wire_measures.h"
+#include "tests/temporary_folder.h"
+#include "yax/check_report.h"
+#include "yax/line_check.h"
+#include "yax/messages.h"
+#include "yax/options_loops.h"
+#include "yax/options_package.h"
+#include "yax/wire_rows.h"
+#include "yax/wire_table.h"
+
+namespace yax {
+namespace {
+
+struct Wires {
+  std::vector<WireRow> rows;
+  std::vector<WireGroup> groups;
+};
+
+/// Loops 10 high that reach out 10; those of the stacked die and stitches 20 high, straight up.
+LoopValues Loops() {
+  LoopValues loops;
+  loops.BaseLoopHeight = loops.BaseExtension = 10.0F;
+  loops.StackLoopHeight = 20.0F;
+  loops.StackExtension = loops.StitchExtension = 0.0F;
+  return loops;
+}
+
+Wires WiresOf(const std::string& text, const std::string& netTypes = {},
+              const render::WireSelection& selection = {}) {
+  const TemporaryFolder folder;
+  const std::string path = folder / "board.yax";
+  PutFile(path, text);
+  PutFile(path + ".vu", netTypes);
+  CheckReport unused{.File = path};
+  LineCheck lines(unused);
+  model::Package package = LoadPackage({path}, nullptr, &lines);
+  LoopOptions loops;
+  loops.Values = Loops();
+  const model::WireBondSettings settings = SettingsOf(loops, package);
+  Wires wires{WireRows(package, settings, selection, lines.Lines()), {}};
+  wires.groups = GroupsOf(wires.rows);
+  return wires;
+}
+
+// 80 long, so everything is divided by 10 inside. The file's units count outside.
+constexpr char kThreeWires[] =
+    "TECHNOLOGY WIRE_BOND\nSD_COMPL 30\nSD_COMPW 30\nCOMPL 80\nCOMPW 60\nCOMPZ 5\n"
+    "CBP A 25 10 0 2 2 0 R RECTANGLE\nSBP A 55 50 0 4 4 0 RECTANGLE 0 0\nWB A 25 10 0 55 50 5 0\n"
+    "SD_CBP S 0 10 0 2 2 0 ? RECTANGLE\nSBP S 0 22 0 4 4 0 RECTANGLE 0 1\nWB S 0 10 0 -16 22 7 0\n"
+    "STCH S 0 10 A 25 10 7 5\n";
+
+TEST(WireRows, AreMeasuredInTheFilesUnits) {
+  const Wires wires = WiresOf(kThreeWires, "A SIGNAL\nS POWER\n");
+  ASSERT_EQ(wires.rows.size(), 3U);
+
+  // A: dx 30, dy 40. Up 4; then (0.5, 2), (0.5, 2), (2, 2), level 7, and down from 40 away and 15 up:
+  // 4 + 2 * sqrt(4.25) + sqrt(8) + 7 + sqrt(40^2 + 15^2) = 4 + 4.12311 + 2.82843 + 7 + 42.72002.
+  const WireRow& base = wires.rows[0];
+  EXPECT_EQ(base.Name + "|" + base.OtherName + "|" + base.Table, "A||base");
+  EXPECT_EQ(base.Tier + base.NetType, "1SIGNAL") << "tiers counted from 0 are shown from 1";
+  EXPECT_DOUBLE_EQ(base.PlanLength, 50.0);
+  EXPECT_NEAR(base.Length, 60.671552, 1e-5);
+  EXPECT_DOUBLE_EQ(base.Angle, 53.1301) << "3-4-5, off the x axis";
+  EXPECT_DOUBLE_EQ(base.StartHeight, 5.0);
+  EXPECT_DOUBLE_EQ(base.TopHeight, 15.0);
+  EXPECT_DOUBLE_EQ(base.EndHeight, 0.0);
+  EXPECT_EQ(base.Line, 9U);
+
+  // S: dx -16, dy 12, so 20 in plan. Straight up 20, then sqrt(20^2 + 27^2). On no side by its letter; the
+  // stacked die's nearest edge is that at y = 15, whose normal is (0, 1).
+  const WireRow& stacked = wires.rows[1];
+  EXPECT_EQ(stacked.Name + "|" + stacked.OtherName + "|" + stacked.Table, "S||stacked");
+  EXPECT_EQ(stacked.Tier + stacked.NetType, "2POWER");
+  EXPECT_DOUBLE_EQ(stacked.PlanLength, 20.0);
+  EXPECT_NEAR(stacked.Length, 53.60060, 1e-5);
+  EXPECT_DOUBLE_EQ(stacked.Angle, 53.1301);
+  EXPECT_DOUBLE_EQ(stacked.TopHeight, 27.0);
+
+  // The stitch: 25 along x from the same pad, at right angles to its edge's normal; up 20 and over to (25,
+  // -22).
+  const WireRow& stitch = wires.rows[2];
+  EXPECT_EQ(stitch.Name + "|" + stitch.OtherName + "|" + stitch.Table, "S|A|stitch");
+  EXPECT_EQ(stitch.NetType, "POWER") << "a stitch goes by its first pad";
+  EXPECT_DOUBLE_EQ(stitch.PlanLength, 25.0);
+  EXPECT_NEAR(stitch.Length, 20.0 + 33.30165, 1e-5);
+  EXPECT_DOUBLE_EQ(stitch.Angle, 90.0);
+  EXPECT_DOUBLE_EQ(stitch.EndHeight, 5.0);
+  EXPECT_EQ(stitch.Line, 13U);
+
+  ASSERT_EQ(wires.groups.size(), 2U);
+  const WireGroup& power = wires.groups[1];
+  EXPECT_EQ(power.Tier + power.NetType, "2POWER");
+  EXPECT_EQ(power.Wires, 2U);
+  EXPECT_NEAR(power.Total, 106.90225, 1e-4);
+  EXPECT_NEAR(power.Mean, 53.45113, 1e-4);
+  EXPECT_NEAR(power.Shortest, 53.30165, 1e-5);
+  EXPECT_NEAR(power.Longest, 53.60060, 1e-5);
+  EXPECT_DOUBLE_EQ(power.LargestAngle, 90.0);
+}
+
+TEST(WireRows, AreThoseThatAreDrawn) {
+  EXPECT_EQ(WiresOf(kThreeWires, {}, {true, {"S:A"}}).rows.at(0).OtherName, "A");
+  EXPECT_EQ(WiresOf(std::string(kThreeWires) + "WB A 0 0 0 5 5 0 0\n").rows.size(), 2U);
+  try {
+    WiresOf(std::string(kThreeWires) + "WB A 5 5 0 5 5 0 0\n");
+    ADD_FAILURE() << "a wire whose ends coincide has no loop";
+  } catch (const Unusable& unusable) {
+    EXPECT_NE(std::string(unusable.what()).find("board.yax:14: Run-time error: Division by zero (wire A"),
+              std::string::npos)
+        << unusable.what();
+  }
+}
+
+TEST(WireMeasures, NearestEdgeIsThatOfTheTurnedDie) {
+  const model::DieOutline die{{10.0, 0.0}, 8.0, 2.0, 0.0};
+  const struct {
+    model::DieOutline die;
+    model::PlanVector point, normal;
+  } cases[] = {
+      {die, {9.0, 0.9}, {0, 1}},
+      {die, {13.9, 0.5}, {1, 0}},
+      {die, {6.0, 0.0}, {-1, 0}},
+      // Outside: 3 off the right edge's line and level with it, though only 0.1 off the lower edge's line.
+      {die, {17.0, -0.9}, {1, 0}},
+      {die, {10.0, -30.0}, {0, -1}},
+      // Turned by 90 degrees the right edge is the upper one; by 180 everything looks the other way.
+      {{{10.0, 0.0}, 8.0, 2.0, 90.0}, {10.0, 3.9}, {0, 1}},
+      {{{10.0, 0.0}, 8.0, 2.0, 90.0}, {9.1, 0.0}, {-1, 0}},
+      {{{10.0, 0.0}, 8.0, 2.0, 45.0}, {13.0, 3.0}, {0.70710678, 0.70710678}},
+  };
+  for (const auto& [outline, point, normal] : cases) {
+    const model::PlanVector found = NormalOfNearestEdge(outline, point);
+    EXPECT_NEAR(found.X, normal.X, 1e-8) << point.X << " " << point.Y;
+    EXPECT_NEAR(found.Y, normal.Y, 1e-8) << point.X << " " << point.Y;
+  }
+}
+
+TEST(WireMeasures, AnglesRunFromZeroToAHalfTurn) {
+  EXPECT_DOUBLE_EQ(model::AngleBetween({2, 0}, {5, 0}), 0.0);
+  EXPECT_DOUBLE_EQ(model::AngleBetween({1, 0}, {0, -3}), 90.0);
+  EXPECT_DOUBLE_EQ(model::AngleBetween({1, 0}, {-1, 1}), 135.0);
+  EXPECT_DOUBLE_EQ(model::AngleBetween({1, 0}, {-1, 0}), 180.0);
+}
+
+TEST(WireTable, QuotesWhatNeedsIt) {
+  EXPECT_EQ(CsvField("mprj_io[32]"), "mprj_io[32]");
+  EXPECT_EQ(CsvField("a,\"b\""), "\"a,\"\"b\"\"\"");
+  const WireRow row{.Name = "A,1", .OtherName = "B", .Table = "stitch", .PlanLength = 2.5, .Line = 1};
+  EXPECT_EQ(WiresCsv({row}, "mm"),
+            "name,other_name,table,tier,net_type,plan_length_mm,length_mm,angle_deg,start_height_mm,"
+            "top_height_mm,end_height_mm\n\"A,1\",B,stitch,,,2.5,0.0,0.0,0.0,0.0,0.0\n");
+  EXPECT_NE(WiresJson(nullptr, {{.Tier = "1", .NetType = "G"}}, "um").find("\"longest_um\": 0.0"),
+            std::string::npos);
+}
+
+}  // namespace
+}  // namespace yax

@@ -1,0 +1,51 @@
+#include <CLI/CLI.hpp>
+#include <memory>
+
+#include "yax/check_report.h"
+#include "yax/commands.h"
+#include "yax/drawing_check.h"
+#include "yax/line_check.h"
+#include "yax/options_package.h"
+#include "yax/output.h"
+
+namespace yax {
+
+namespace {
+
+struct CheckOptions {
+  PackageOptions package;
+  bool notes = false;
+  bool json = false;
+};
+
+Status Check(const CheckOptions& options) {
+  CheckReport report{.File = options.package.File};
+  LineCheck lines(report);
+  model::ReadEffort effort;
+  model::Package package = LoadPackage(options.package, &effort, &lines);
+  report.Lines = effort.lines;
+  lines.Finish(package);
+  CheckDrawing(package, lines.Lines(), report);
+  report.Sort();
+  if (options.json) {
+    WriteOutput("-", JsonReport(report, options.notes));
+  } else {
+    TellReport(report, options.notes);
+  }
+  return report.Count(Level::Error) + report.Count(Level::Finding) == 0 ? Status::Done : Status::Findings;
+}
+
+}  // namespace
+
+Command AddCheck(CLI::App& program) {
+  CLI::App* const command =
+      program.add_subcommand("check", "Tell what the viewer ignores, reads as 0 or cannot draw");
+  const auto options = std::make_shared<CheckOptions>();
+  AddPackageOption(*command, options->package);
+  command->add_flag("--notes", options->notes,
+                    "List pads without wire or substrate pad and net types without a wire");
+  command->add_flag("--json", options->json, "Write everything as JSON on standard output");
+  return {command, [options] { return Check(*options); }};
+}
+
+}  // namespace yax

@@ -1,0 +1,102 @@
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "model/numbers.h"
+#include "yax/commands.h"
+#include "yax/line_check.h"
+#include "yax/option_text.h"
+#include "yax/options_loops.h"
+#include "yax/options_package.h"
+#include "yax/options_wires.h"
+#include "yax/output.h"
+#include "yax/wire_rows.h"
+#include "yax/wire_table.h"
+
+namespace yax {
+
+namespace {
+
+struct WiresOptions {
+  PackageOptions package;
+  std::string output = "-";
+  bool json = false;
+  bool summary = false;
+  std::string unit = "units";
+  std::optional<float> longest, widest;
+  LoopOptions loops;
+  WireOptions wires;
+};
+
+/// Tells every row beyond a limit.
+Status Judge(const std::vector<WireRow>& rows, const WiresOptions& options) {
+  Status status = Status::Done;
+  const auto judge = [&](const WireRow& row, const char* what, double value, const std::string& unit,
+                         const std::optional<float>& limit) {
+    // Both as they are written, so that what equals the limit is within it.
+    if (!limit || !(static_cast<float>(value) > *limit)) return;
+    status = Status::Findings;
+    const std::string name = row.OtherName.empty() ? row.Name : row.Name + ":" + row.OtherName;
+    Complain({options.package.File, row.Line},
+             "the " + std::string(what) + " of wire " + Shown(name) + " is " +
+                 model::GeneralText(static_cast<float>(value)) + " " + unit + ", over the limit of " +
+                 model::GeneralText(*limit),
+             "move its pad or its end");
+  };
+  for (const WireRow& row : rows) {
+    judge(row, "length", row.Length, options.unit, options.longest);
+    judge(row, "angle", row.Angle, "degrees", options.widest);
+  }
+  return status;
+}
+
+Status Wires(const WiresOptions& options) {
+  // The reader's notes tell the line of each wire; what else they tell is for the check.
+  CheckReport unused{.File = options.package.File};
+  LineCheck lines(unused);
+  model::Package package = LoadPackage(options.package, nullptr, &lines);
+  const model::WireBondSettings settings = SettingsOf(options.loops, package);
+  const render::WireSelection selection = SelectionOf(options.wires, package);
+  const std::vector<WireRow> rows = WireRows(package, settings, selection, lines.Lines());
+  const std::vector<WireGroup> groups = GroupsOf(rows);
+  if (options.json) {
+    WriteOutput(options.output, WiresJson(options.summary ? nullptr : &rows, groups, options.unit));
+  } else {
+    WriteOutput(options.output,
+                options.summary ? GroupsCsv(groups, options.unit) : WiresCsv(rows, options.unit));
+  }
+  return Judge(rows, options);
+}
+
+void AddLimit(CLI::App& command, const char* name, const char* unit, const char* description,
+              std::optional<float>& limit) {
+  const auto take = [name, &limit](const std::string& text) { limit = NumberOf(name, text); };
+  command.add_option_function<std::string>(name, take, description)->type_name(unit);
+}
+
+}  // namespace
+
+Command AddWires(CLI::App& program) {
+  CLI::App* const command = program.add_subcommand("wires", "List the wires with their lengths and angles");
+  const auto options = std::make_shared<WiresOptions>();
+  AddPackageOption(*command, options->package);
+  command->add_option("-o,--output", options->output, "Where to write; - for standard output (the default)")
+      ->type_name("FILE");
+  command->add_flag("--json", options->json, "JSON, wires and summary, in place of CSV");
+  command->add_flag("--summary", options->summary, "Only a summary per tier and net type");
+  command
+      ->add_option("--unit", options->unit,
+                   "What the file's length unit is, for the columns' names; no value changes")
+      ->check(CLI::IsMember(std::vector<std::string>{"mil", "mm", "um"}));
+  AddLimit(*command, "--limit-length", "UNITS", "Complain of every wire whose loop is longer",
+           options->longest);
+  AddLimit(*command, "--limit-angle", "DEGREES", "Complain of every wire farther off its edge's normal",
+           options->widest);
+  AddLoopOptions(*command, options->loops);
+  AddWireOptions(*command, options->wires);
+  return {command, [options] { return Wires(*options); }};
+}
+
+}  // namespace yax
