@@ -21,6 +21,7 @@ struct Command {
 // Each adds its part of the command line to the program's parser and returns how to run it. The options live
 // in the routine that it returns, so the parser must not be used any longer than that.
 Command AddRender(CLI::App& program);
+Command AddClearance(CLI::App& program);
 Command AddCompletion(CLI::App& program);
 
 /// Every command, in the order in which the help lists them.

@@ -5,6 +5,7 @@
 #include "model/wire_bond_settings.h"
 #include "render/picture.h"
 #include "render/wire_selection.h"
+#include "render/wire_shapes.h"
 #include "yax/options_camera.h"
 #include "yax/options_picture.h"
 
@@ -17,6 +18,7 @@ struct PictureRequest {
   const render::WireSelection& selection;
   const CameraOptions& camera;
   const PictureOptions& picture;
+  const render::WireShapes* shapes = nullptr;  ///< wires with loops of their own
 };
 
 /// Faults  Unusable without usable GL, for a picture too large, and when the package cannot be drawn

@@ -59,7 +59,9 @@ Status ParseAndRun(std::vector<std::string> arguments) {
 
 }  // namespace
 
-std::vector<Command> AddCommands(CLI::App& program) { return {AddRender(program), AddCompletion(program)}; }
+std::vector<Command> AddCommands(CLI::App& program) {
+  return {AddRender(program), AddClearance(program), AddCompletion(program)};
+}
 
 Status RunProgram(const std::vector<std::string>& arguments) {
   try {
