@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <string_view>
 
 #include "model/colours.h"
 
@@ -25,9 +26,16 @@ using DiscRim = std::array<SceneVector, 37>;
 /// The vertices of one bond wire.
 using WireStrip = std::array<SceneVector, 7>;
 
+/// What a shape is part of.
+enum class Part { Die, StackedDie, DieAttach, Rings, DiePad, SubstratePad, Wire, Stitch };
+
 class Pen {
  public:
   virtual ~Pen() = default;
+
+  /// The shapes that follow are part of this; pads, wires and stitches come with their record's name. For
+  /// pens that sort what they draw: most do not care.
+  virtual void Begin(Part /*part*/, std::string_view /*name*/) {}
 
   virtual void Quad(const Face& face) = 0;
   /// A disc takes the colour and normal of the quad before it.

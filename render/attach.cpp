@@ -9,6 +9,7 @@ namespace render {
 using model::Single;
 
 void Scene::DrawAttach() {
+  pen_.Begin(model::Part::DieAttach, {});
   for (model::DapRec& dap : in_.package.Daps)
     model::Naming([&] { return "die attach band " + dap.Name; }, [&] { DrawBand(dap); });
 }

@@ -65,6 +65,7 @@ void Scene::SetPadCorners(const model::BondRec& bond, float rotation) {
 }
 
 void Scene::DrawSubstratePad(const model::BondRec& bond) {
+  pen_.Begin(model::Part::SubstratePad, bond.Name);
   OrientPad(bond);
   const bool round = !IsRectangle(bond);
   const auto at = [&](std::size_t k, float height) {

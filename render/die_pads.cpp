@@ -35,6 +35,7 @@ void Scene::DrawDiePads() {
   for (const model::BondRec& bond : in_.package.Bonds) {
     model::Naming([&] { return "die pad " + bond.Name; },
                   [&] {
+                    pen_.Begin(model::Part::DiePad, bond.Name);
                     const double level = double(bond.DieZ);
                     const double z = level + kClearance;
                     if (IsRectangle(bond)) {
@@ -57,6 +58,7 @@ void Scene::DrawSDDiePads() {
   for (const model::BondRec& bond : in_.package.SDBonds) {
     model::Naming([&] { return "stacked die pad " + bond.Name; },
                   [&] {
+                    pen_.Begin(model::Part::DiePad, bond.Name);
                     const double level = double(bond.DieZ);
                     if (IsRectangle(bond)) {
                       const double z = level + kClearance + stackHeight;

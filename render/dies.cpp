@@ -9,6 +9,7 @@ using model::Corner;
 using model::Single;
 
 void Scene::DrawDie() {
+  pen_.Begin(model::Part::Die, {});
   const double w = double(in_.package.CompW) / 2.0;
   const double l = double(in_.package.CompL) / 2.0;
   const double z = double(in_.package.CompZ);
@@ -101,6 +102,7 @@ void Scene::RotateSDCorners() {
 
 void Scene::DrawSDDie() {
   RotateSDCorners();
+  pen_.Begin(model::Part::StackedDie, {});
   const double bottom = double(in_.package.CompZ);
   const double top = bottom + double(in_.package.SDCompZ);
   const auto at = [&](std::size_t k, double z) {

@@ -115,6 +115,7 @@ void Scene::DrawArcRing(std::size_t ring) {
 }
 
 void Scene::DrawRings() {
+  pen_.Begin(model::Part::Rings, {});
   const model::Table<model::RingRec>& rings = in_.package.Rings;
   model::CountIn16Bits(rings.Count(), "rings");
   for (std::size_t i = 0; i < rings.Count(); ++i) {
@@ -155,6 +156,7 @@ void Scene::DrawArcSRing(std::size_t ring) {
 }
 
 void Scene::DrawSRings() {
+  pen_.Begin(model::Part::Rings, {});
   const model::Table<model::SRingRec>& rings = in_.package.SRings;
   model::CountIn16Bits(rings.Count(), "segmented rings");
   for (std::size_t i = 0; i < rings.Count(); ++i) {

@@ -11,6 +11,7 @@
 #include "model/wire_path.h"
 #include "render/appearance.h"
 #include "render/wire_selection.h"
+#include "render/wire_shapes.h"
 
 namespace render {
 
@@ -21,6 +22,7 @@ struct SceneInputs {
   const model::WireBondSettings& settings;
   const Appearance& appearance;
   const WireSelection& selection;
+  const WireShapes* shapes = nullptr;  ///< wires with loops of their own
 };
 
 /// Units  scene units (file units / UnitScale), y up: package (x, y, z) becomes (x, z, y). Pads and wires
@@ -98,8 +100,9 @@ class Scene {
   void DrawBaseWires();
   void DrawStackedWires();
   void DrawStitches();
-  void DrawWire(const std::string& name, const model::PackagePoint& start, const model::PackagePoint& end,
-                const Loop& loop);
+  void DrawWire(model::Part part, const std::string& name, const model::PackagePoint& start,
+                const model::PackagePoint& end, Loop loop);
+  Loop OwnLoop(const std::string& name, Loop loop) const;
   void RenderWire();
 
   SceneInputs in_;

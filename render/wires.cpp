@@ -39,7 +39,7 @@ void Scene::DrawBaseWires() {
   const Loop loop{InSceneUnits(in_.settings.BaseLoopHeight, in_.package),
                   InSceneUnits(in_.settings.BaseExtension, in_.package)};
   for (const model::BondRec& bond : bonds) {
-    if (HasWire(bond)) DrawWire(bond.Name, StartOf(bond), EndOf(bond), loop);
+    if (HasWire(bond)) DrawWire(model::Part::Wire, bond.Name, StartOf(bond), EndOf(bond), loop);
   }
 }
 
@@ -60,7 +60,7 @@ void Scene::DrawStackedWires() {
                                                            baseDie, loop.Extension);
                     });
     }
-    DrawWire(bond.Name, StartOf(bond), EndOf(bond), loop);
+    DrawWire(model::Part::Wire, bond.Name, StartOf(bond), EndOf(bond), loop);
   }
 }
 
@@ -71,18 +71,29 @@ void Scene::DrawStitches() {
   const Loop loop{InSceneUnits(in_.settings.StackLoopHeight, in_.package),
                   InSceneUnits(in_.settings.StitchExtension, in_.package)};
   for (const model::StitchRec& stitch : stitches)
-    DrawWire(stitch.Name, {stitch.X1, stitch.Y1, stitch.Z1}, {stitch.X2, stitch.Y2, stitch.Z2}, loop);
+    DrawWire(model::Part::Stitch, stitch.Name, {stitch.X1, stitch.Y1, stitch.Z1},
+             {stitch.X2, stitch.Y2, stitch.Z2}, loop);
 }
 
-void Scene::DrawWire(const std::string& name, const model::PackagePoint& start,
-                     const model::PackagePoint& end, const Loop& loop) {
+Scene::Loop Scene::OwnLoop(const std::string& name, Loop loop) const {
+  const auto own = in_.shapes->find(name);
+  if (own == in_.shapes->end()) return loop;
+  if (own->second.Height) loop.Height = InSceneUnits(*own->second.Height, in_.package);
+  if (own->second.Extension) loop.Extension = InSceneUnits(*own->second.Extension, in_.package);
+  return loop;
+}
+
+void Scene::DrawWire(model::Part part, const std::string& name, const model::PackagePoint& start,
+                     const model::PackagePoint& end, Loop loop) {
   if (!in_.selection.Draws(name)) return;
+  if (in_.shapes != nullptr) loop = OwnLoop(name, loop);
   model::Naming([&] { return "wire " + name; },
                 [&] {
                   const model::WirePath path = model::SevenPoints(start, end, loop.Height, loop.Extension);
                   for (std::size_t row = 0; row < path.size(); ++row)
                     WirePoints[row] = {path[row].X, path[row].Z, -path[row].Y};
                 });
+  pen_.Begin(part, name);
   RenderWire();
 }
 

@@ -32,10 +32,14 @@ std::optional<Value> Exactly(std::string_view text) {
 }  // namespace
 
 float NumberOf(std::string_view option, std::string_view text) {
+  return static_cast<float>(DoubleOf(option, text));
+}
+
+double DoubleOf(std::string_view option, std::string_view text) {
   const std::optional<double> value = Exactly<double>(text);
   if (!value || !(std::fabs(*value) <= double(FLT_MAX)))
     Refuse(option, text, "a number", "give one such as 12.5");
-  return static_cast<float>(*value);
+  return *value;
 }
 
 std::int16_t Whole16Of(std::string_view option, std::string_view text) {

@@ -16,6 +16,9 @@ namespace yax {
 /// A number, the whole of it, within the range of a single.
 float NumberOf(std::string_view option, std::string_view text);
 
+/// The same in double precision.
+double DoubleOf(std::string_view option, std::string_view text);
+
 /// A whole number of 16 bits.
 std::int16_t Whole16Of(std::string_view option, std::string_view text);
 

@@ -39,7 +39,7 @@ void Open(render::OffscreenSurface& surface) {
 }
 
 render::SceneInputs InputsOf(const PictureRequest& request) {
-  return {request.package, request.settings, request.picture.Appearance, request.selection};
+  return {request.package, request.settings, request.picture.Appearance, request.selection, request.shapes};
 }
 
 /// Measures with a scene of its own: what a scene keeps from pad to pad must not reach the one that is drawn.

@@ -6,6 +6,7 @@
 #include "model/package.h"
 #include "model/wire_bond_settings.h"
 #include "render/wire_selection.h"
+#include "render/wire_shapes.h"
 #include "yax/options_camera.h"
 #include "yax/options_picture.h"
 
@@ -18,6 +19,7 @@ struct PictureRequest {
   const render::WireSelection& selection;
   const CameraOptions& camera;
   const PictureOptions& picture;
+  const render::WireShapes* shapes = nullptr;  ///< wires with loops of their own
 };
 
 /// The picture as the bytes of a file.

@@ -1,0 +1,94 @@
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "model/package.h"
+#include "yax/clearance_report.h"
+#include "yax/commands.h"
+#include "yax/option_text.h"
+#include "yax/options_camera.h"
+#include "yax/options_loops.h"
+#include "yax/options_nets.h"
+#include "yax/options_package.h"
+#include "yax/options_picture.h"
+#include "yax/options_tier_loops.h"
+#include "yax/options_unit.h"
+#include "yax/output.h"
+#include "yax/package_picture.h"
+#include "yax/wire_loops.h"
+
+namespace yax {
+
+namespace {
+
+struct ClearanceOptions {
+  PackageOptions package;
+  std::string output = "-";
+  bool json = false;
+  std::optional<double> limit;
+  std::string pictureFile;  ///< empty for none
+  UnitOptions unit;
+  NetOptions nets;
+  LoopOptions loops;
+  TierLoopOptions tierLoops;
+  PictureOptions picture;
+  CameraOptions camera;
+};
+
+render::WireSelection OffendersOf(const ClearanceReport& report) {
+  render::WireSelection selection{.Shown = true, .Names = {}};
+  for (const ClearanceRow& row : report.Rows)
+    if (row.Kind != Finding::None) selection.Names.insert({row.Name, row.Other});
+  return selection;
+}
+
+Status Clearance(const ClearanceOptions& options) {
+  if (!options.pictureFile.empty()) PictureFormatOf(options.pictureFile);
+  CheckCamera(options.camera);
+  model::Package package = LoadPackage(options.package);
+  const LengthUnit unit = UnitOf(options.unit, package);
+  const model::WireBondSettings settings = SettingsOf(options.loops, package);
+  const render::WireShapes shapes = ShapesOf(options.tierLoops, package);
+  const std::vector<WireLoop> loops = WireLoopsOf(package, settings, shapes);
+  const ClearanceReport report =
+      MeasureClearances({loops, options.nets, unit, WireDiameterIn(unit, settings), options.limit});
+  if (!options.pictureFile.empty()) {
+    const render::WireSelection offenders = OffendersOf(report);
+    WritePicture(DrawPicture({package, settings, offenders, options.camera, options.picture, &shapes}),
+                 options.pictureFile);
+  }
+  WriteOutput(options.output, options.json ? JsonOf(report) : ColumnsOf(report));
+  const bool clear = report.Count(Finding::Touching) == 0 && report.Count(Finding::BelowLimit) == 0;
+  return clear ? Status::Done : Status::Findings;
+}
+
+}  // namespace
+
+Command AddClearance(CLI::App& program) {
+  CLI::App* const command =
+      program.add_subcommand("clearance", "Measure how close the wires of different nets come");
+  const auto options = std::make_shared<ClearanceOptions>();
+  AddPackageOption(*command, options->package);
+  command->add_option("-o,--output", options->output, "Where the answer goes (default: -, standard output)")
+      ->type_name("FILE");
+  command->add_flag("--json", options->json, "Answer in JSON instead of columns");
+  command
+      ->add_option_function<std::string>(
+          "--limit", [options](const std::string& text) { options->limit = DoubleOf("--limit", text); },
+          "Pairs with less room than this, in file units, are findings too, not only those that touch")
+      ->type_name("UNITS");
+  command
+      ->add_option("--picture", options->pictureFile,
+                   "Draw the package with only the wires of the findings, .png or .bmp")
+      ->type_name("FILE");
+  AddUnitOption(*command, options->unit);
+  AddNetOptions(*command, options->nets);
+  AddLoopOptions(*command, options->loops);
+  AddTierLoopOptions(*command, options->tierLoops);
+  AddPictureOptions(*command, options->picture);
+  AddCameraOptions(*command, options->camera);
+  return {command, [options] { return Clearance(*options); }};
+}
+
+}  // namespace yax

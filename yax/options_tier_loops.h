@@ -1,0 +1,33 @@
+/// Loops of their own for the wires of a tier.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "model/package.h"
+#include "render/wire_shapes.h"
+
+namespace CLI {
+class App;
+}
+
+namespace yax {
+
+/// What a tier's wires have in place of the settings.
+struct TierLoop {
+  std::string Tier;
+  render::LoopShape Shape;
+};
+
+struct TierLoopOptions {
+  std::vector<TierLoop> Loops;  ///< later ones come over earlier ones
+};
+
+/// Adds --tier-loop-height and --tier-extension.
+void AddTierLoopOptions(CLI::App& command, TierLoopOptions& options);
+
+/// Tiers are counted as in the wire list.
+/// Faults  Unusable when a tier has no wire
+render::WireShapes ShapesOf(const TierLoopOptions& options, const model::Package& package);
+
+}  // namespace yax

@@ -1,0 +1,28 @@
+/// The loops of a package's wires, as the scene draws them.
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "model/package.h"
+#include "model/segment_distance.h"
+#include "model/wire_bond_settings.h"
+#include "model/wire_path.h"
+#include "render/wire_shapes.h"
+
+namespace yax {
+
+struct WireLoop {
+  std::string Name;                 ///< as in the wire list: "A", or "A:B" for a stitch
+  std::array<std::string, 2> Pads;  ///< both pads of a stitch; a wire's one pad twice
+  std::array<model::Point3, model::kWirePointCount> Points{};  ///< package axes, file units
+};
+
+/// Every wire of the base die, then of the stacked die, then every stitch; none where the package is not
+/// wire-bonded.
+/// Faults  Unusable when the package cannot be drawn
+std::vector<WireLoop> WireLoopsOf(model::Package& package, const model::WireBondSettings& settings,
+                                  const render::WireShapes& shapes);
+
+}  // namespace yax
