@@ -21,7 +21,6 @@ PackagePoint EndOf(const BondRec& bond) { return {bond.WireEndX, bond.WireEndY, 
 PackagePoint StartOf(const StitchRec& stitch) { return {stitch.X1, stitch.Y1, stitch.Z1}; }
 PackagePoint EndOf(const StitchRec& stitch) { return {stitch.X2, stitch.Y2, stitch.Z2}; }
 
-bool HasWire(const BondRec& bond) { return bond.WireStartX != 0.0F || bond.WireStartY != 0.0F; }
 bool HasWire(const StitchRec&) { return true; }
 
 double PlanLength(const PackagePoint& a, const PackagePoint& b) {
