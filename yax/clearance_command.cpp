@@ -55,8 +55,9 @@ Status Clearance(const ClearanceOptions& options) {
       MeasureClearances({loops, options.nets, unit, WireDiameterIn(unit, settings), options.limit});
   if (!options.pictureFile.empty()) {
     const render::WireSelection offenders = OffendersOf(report);
-    WritePicture(DrawPicture({package, settings, offenders, options.camera, options.picture, &shapes}),
-                 options.pictureFile);
+    WriteOutput(options.pictureFile,
+                PictureBytes({package, settings, offenders, options.camera, options.picture, &shapes},
+                             PictureFormatOf(options.pictureFile)));
   }
   WriteOutput(options.output, options.json ? JsonOf(report) : ColumnsOf(report));
   const bool clear = report.Count(Finding::Touching) == 0 && report.Count(Finding::BelowLimit) == 0;
