@@ -158,7 +158,9 @@ void MainWindow::Load() {
 
 bool MainWindow::event(QEvent* event) {
   // A dialog has closed: without a window manager nobody else gives the keyboard back.
-  if (event->type() == QEvent::WindowUnblocked) activateWindow();
+  // A dialog that another window opened gives the keyboard back to that one.
+  if (event->type() == QEvent::WindowBlocked) activeWhenBlocked_ = isActiveWindow();
+  if (event->type() == QEvent::WindowUnblocked && activeWhenBlocked_) activateWindow();
   return QWidget::event(event);
 }
 
