@@ -157,10 +157,9 @@ void MainWindow::Load() {
 }
 
 bool MainWindow::event(QEvent* event) {
-  // A dialog has closed: without a window manager nobody else gives the keyboard back.
-  // A dialog that another window opened gives the keyboard back to that one.
-  if (event->type() == QEvent::WindowBlocked) activeWhenBlocked_ = isActiveWindow();
-  if (event->type() == QEvent::WindowUnblocked && activeWhenBlocked_) activateWindow();
+  // A dialog has closed: without a window manager nobody else gives the keyboard back. While the setup window
+  // is shown, though, the dialog may have been its own.
+  if (event->type() == QEvent::WindowUnblocked && !(BWsu_ && BWsu_->isVisible())) activateWindow();
   return QWidget::event(event);
 }
 

@@ -64,7 +64,6 @@ class MainWindow final : public QWidget {
   AboutWindow* about_ = nullptr;
   WireListForm wireListForm_;
   std::unique_ptr<WireListWindow> PinList_;
-  bool activeWhenBlocked_ = false;  ///< had the keyboard when a modal dialog opened
 };
 
 }  // namespace shell
