@@ -1,0 +1,16 @@
+#include <stdexcept>
+
+#include "bench/drawing_place.h"
+#include "render/frame.h"
+#include "render/offscreen.h"
+
+namespace bench {
+
+std::unique_ptr<render::GlSurface> OpenDrawingPlace() {
+  auto surface = std::make_unique<render::OffscreenSurface>(render::PixelSize{1280, 960});
+  if (!surface->CreateContext()) throw std::runtime_error("there is no usable GL");
+  render::SetUpView(surface->Size(), {});
+  return surface;
+}
+
+}  // namespace bench

@@ -1,0 +1,34 @@
+/// A package with all that its scene asks for, as the window has it after a load.
+#pragma once
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+#include "model/reader.h"
+#include "model/wire_bond_settings.h"
+#include "render/scene.h"
+
+namespace bench {
+
+struct PackageScene {
+  explicit PackageScene(const std::string& path)
+      : package(Read(path)), settings(model::SettingsAfterReset(package)) {}
+
+  render::SceneInputs Inputs() { return {package, settings, appearance, selection}; }
+
+  static model::Package Read(const std::string& path) {
+    model::PackageScalars before;
+    before.PackagePath = path;
+    std::optional<model::Package> package = model::ReadPackage(before);
+    if (!package) throw std::runtime_error("there is no package " + path);
+    return *std::move(package);
+  }
+
+  model::Package package;
+  model::WireBondSettings settings;
+  render::Appearance appearance;
+  render::WireSelection selection;
+};
+
+}  // namespace bench

@@ -1,0 +1,46 @@
+/// The clocks and memory counts of the measuring programs, and the lines in which they report.
+#pragma once
+
+#include <string>
+#include <utility>
+
+namespace bench {
+
+/// Seconds on the wall.
+double Seconds();
+/// Seconds that this thread was given a processor: other programs' work does not count.
+double ThreadSeconds();
+
+/// A line of /proc/self/status: "VmRSS" is resident now, "VmHWM" at most so far. Returns kilobytes
+long Memory(const char* field);
+
+/// Writes "name value", at once.
+void Report(const std::string& name, double value);
+
+template <class Work>
+double ThreadSecondsOf(Work&& work) {
+  const double start = ThreadSeconds();
+  work();
+  return ThreadSeconds() - start;
+}
+
+/// Times both in turn, `rounds` times, each as often as fills a few milliseconds; reports seconds per run.
+template <class Ours, class Bare>
+void InTurn(int rounds, const char* oursName, Ours&& ours, const char* bareName, Bare&& bare) {
+  constexpr double kEnough = 4e-3;
+  ours();
+  const double once = ThreadSecondsOf(bare);
+  const int repeats = once > kEnough ? 1 : static_cast<int>(kEnough / once) + 1;
+  const auto report = [repeats](const char* name, auto&& work) {
+    const double taken = ThreadSecondsOf([&] {
+      for (int i = 0; i < repeats; ++i) work();
+    });
+    Report(name, taken / repeats);
+  };
+  for (int round = 0; round < rounds; ++round) {
+    report(oursName, ours);
+    report(bareName, bare);
+  }
+}
+
+}  // namespace bench
