@@ -1,4 +1,4 @@
-"""Runs the measuring programs in turn and prints their ratios as one table: measure.py BUILD_FOLDER ROUNDS [GROUP...]
+"""Runs the measuring programs in turn and prints their ratios as one table: measure.py BUILD_FOLDER ROUNDS
 
 Every figure is ours divided by a yardstick that was measured in the same run, in alternating rounds; it is
 the median of the rounds' ratios. Memory is the same division of resident kilobytes.
@@ -13,7 +13,6 @@ import tempfile
 
 BUILD = pathlib.Path(sys.argv[1]).resolve()
 ROUNDS = int(sys.argv[2])
-CHOSEN = sys.argv[3:]
 SAMPLES = pathlib.Path(__file__).resolve().parent.parent / "samples"
 MAIN = "bga332"
 PACKAGES = {name: SAMPLES / (name + ".yax") for name in ("AAAc", MAIN, "flipchip-bigblade")}
@@ -203,13 +202,7 @@ def start(table):
                   statistics.median(ours["memory"]) / statistics.median(least["memory"]))
 
 
-def yax(table):
-    with tempfile.TemporaryDirectory() as folder:
-        yax_render(table, pathlib.Path(folder))
-        viewer_of_others(table, pathlib.Path(folder))
-
-
-def yax_render(table, folder):
+def yax(table, folder):
     run = program("bench_command")
     for name, path in PACKAGES.items():
         lines_of(run, program("yax"), "render", path, "-o", folder / "picture.bmp")
@@ -242,14 +235,16 @@ def main():
     checked = subprocess.run([program("bench_same_calls"), *map(str, PACKAGES.values())])
     if checked.returncode != 0:
         sys.exit("bench: the yardstick of the build is wrong")
-    groups = {"read": read, "build": build, "rebuilds": rebuilds, "window": window, "start": start, "yax": yax}
-    unknown = set(CHOSEN) - set(groups)
-    if unknown:
-        sys.exit(f"bench: there is no group {', '.join(sorted(unknown))}; there are {', '.join(groups)}")
     table = Table()
     table.head()
-    for name in CHOSEN or groups:
-        groups[name](table)
+    read(table)
+    build(table)
+    rebuilds(table)
+    window(table)
+    start(table)
+    with tempfile.TemporaryDirectory() as folder:
+        yax(table, pathlib.Path(folder))
+        viewer_of_others(table, pathlib.Path(folder))
 
     targets = [row for row in table.rows if "target" in row]
     met = sum(row["met"] for row in targets)

@@ -21,9 +21,6 @@ class GlSurface {
   virtual bool MakeCurrent() = 0;
   /// Shows what was drawn.
   virtual void SwapBuffers() = 0;
-  /// Whether a frame drawn now will stay. False before the surface is on the screen, and while an exposure
-  /// that asks for a frame anyway is on its way.
-  virtual bool KeepsFrame() const { return true; }
   virtual void DeleteContext() = 0;
   virtual PixelSize Size() const = 0;
 };

@@ -2,16 +2,12 @@
 
 #include <QEvent>
 #include <QSurfaceFormat>
-#include <QTimerEvent>
 #include <QWindow>
 #include <cmath>
 
 namespace shell {
 
 namespace {
-
-/// Milliseconds; an exposure takes one round trip to the display.
-constexpr int kExposurePatience = 40;
 
 QSurfaceFormat WantedFormat() {
   QSurfaceFormat format;
@@ -74,8 +70,6 @@ void GlView::SwapBuffers() {
   if (surface_->isExposed()) context_->swapBuffers(surface_);
 }
 
-bool GlView::KeepsFrame() const { return surface_->isExposed() && !exposureAwaited_.isActive(); }
-
 void GlView::DeleteContext() {
   if (!context_) return;
   context_->doneCurrent();
@@ -88,28 +82,14 @@ render::PixelSize GlView::Size() const {
 }
 
 bool GlView::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Expose && surface_->isExposed()) Expose();
+  if (event->type() == QEvent::Expose && surface_->isExposed() && exposed) exposed();
   return QWidget::eventFilter(watched, event);
-}
-
-void GlView::timerEvent(QTimerEvent* event) {
-  if (event->timerId() == exposureAwaited_.timerId()) Expose();
-}
-
-void GlView::Expose() {
-  exposureAwaited_.stop();
-  if (exposed) exposed();
 }
 
 void GlView::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  // A new size exposes the view, unless what grew lies under another window; then the timer stands in.
-  const bool awaited = surface_->isExposed();
-  if (awaited) exposureAwaited_.start(kExposurePatience, this);
   surface_->setGeometry(QRect(QPoint(0, 0), size()));
   if (resized) resized();
-  // The patience counts from the end of a long load, whose exposure has had no chance to arrive.
-  if (awaited) exposureAwaited_.start(kExposurePatience, this);
 }
 
 }  // namespace shell

@@ -1,7 +1,6 @@
 /// The view of the main window: a plain widget that holds one window for OpenGL.
 #pragma once
 
-#include <QBasicTimer>
 #include <QOpenGLContext>
 #include <QWidget>
 #include <functional>
@@ -30,22 +29,17 @@ class GlView final : public QWidget, public render::GlSurface {
   bool CreateContext() override;
   bool MakeCurrent() override;
   void SwapBuffers() override;
-  bool KeepsFrame() const override;
   void DeleteContext() override;
   render::PixelSize Size() const override;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
-  void timerEvent(QTimerEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent*) override {}
   QPaintEngine* paintEngine() const override { return nullptr; }
 
  private:
-  void Expose();
-
-  QWindow* surface_;             // owned by the widget's own window
-  QBasicTimer exposureAwaited_;  ///< runs from a new size until its exposure
+  QWindow* surface_;  // owned by the widget's own window
   std::unique_ptr<QOpenGLContext> context_;
 };
 

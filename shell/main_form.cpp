@@ -44,9 +44,7 @@ void MainForm::Form_Load() {
   if (!SetupPixelFormat()) return end_.FatalError("Could not retrieve pixel format!");
   render::SetUpView(loadedSize_, appearance_);
   sceneList_.BuildCube(scene_);
-  // A frame is the most expensive part of a load: it is drawn now, or by the exposure that would only repeat
-  // it.
-  if (surface_.KeepsFrame()) ShowFrame();
+  ShowFrame();
 }
 
 /// The start-up routine: the file of the command line, else the one shown, else the sample beside the
