@@ -2,10 +2,6 @@
 // then orders: "frames N" draws and swaps N frames, "step N" does once more what a new size cannot do
 // without, "build N" compiles the recorded calls and draws a frame, "picture N" sums up what the window
 // shows.
-#include <GL/gl.h>
-#include <GL/glx.h>
-#include <X11/Xlib.h>
-
 #include <cstdlib>
 #include <string>
 
@@ -17,6 +13,11 @@
 #include "bench/stopwatch.h"
 #include "bench/x_window.h"
 #include "render/frame.h"
+
+// Last: they define words such as None.
+#include <GL/gl.h>
+#include <GL/glx.h>
+#include <X11/Xlib.h>
 
 namespace {
 

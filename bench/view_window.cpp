@@ -1,7 +1,8 @@
 // The viewer's own window under orders: bench_view_window PACKAGE, then "frames N" paints N frames as
 // uncovering the view does, "step N" gives the view N pixels of width as the window's edge does, "select N"
-// selects all wires in the wire list, "lists N" tells how many lists the last load has built, "wires N" how many
-// wires there are, "uncovered N" how often the last order has painted because a part of the view was uncovered, "picture N" sums up what the view shows.
+// selects all wires in the wire list, "lists N" tells how many lists the last load has built, "wires N" how
+// many wires there are, "uncovered N" how often the last order has painted because a part of the view was
+// uncovered, "picture N" sums up what the view shows.
 #include <GL/gl.h>
 
 #include <QAction>
