@@ -22,6 +22,7 @@ struct Command {
 // in the routine that it returns, so the parser must not be used any longer than that.
 Command AddRender(CLI::App& program);
 Command AddClearance(CLI::App& program);
+Command AddExport(CLI::App& program);
 Command AddCompletion(CLI::App& program);
 
 /// Every command, in the order in which the help lists them.
