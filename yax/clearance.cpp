@@ -26,21 +26,27 @@ std::vector<WirePiece> PiecesOf(const LoopOfNet& loop, std::uint32_t number) {
 class LoopSearch {
  public:
   LoopSearch(const std::vector<LoopOfNet>& loops, double reach)
-      : loops_(loops), reach_(reach), tree_(AllPieces(loops)), found_(loops.size()) {}
+      : loops_(loops),
+        reach_(reach),
+        tree_(AllPieces(loops)),
+        found_(loops.size()),
+        nearest_(loops.size(), LoopPair{.Distance = HUGE_VAL}) {}
 
   LoopPairs Run() {
     for (std::uint32_t number = 0; number < loops_.size(); ++number) SearchRound(number);
+    for (const LoopPair& pair : nearest_)
+      if (pair.Distance < HUGE_VAL) result_.Nearest.push_back(pair);
     SortAndDropDoubles();
+    result_.Effort += tree_.Effort();
     return std::move(result_);
   }
 
  private:
-  /// The nearest so far of one loop to the loop at work.
+  /// What is known of one loop and the loop at work.
   struct Found {
     std::uint32_t By = kNoLoop;
     bool Compared = false;
-    double Distance = HUGE_VAL;
-    Point3 Where{};
+    LoopPair Pair{.Distance = HUGE_VAL};
   };
 
   static std::vector<WirePiece> AllPieces(const std::vector<LoopOfNet>& loops) {
@@ -54,23 +60,17 @@ class LoopSearch {
 
   void SearchRound(std::uint32_t number) {
     touched_.clear();
-    nearest_ = HUGE_VAL;
-    double bound = HUGE_VAL;
-    for (const WirePiece& query : PiecesOf(loops_[number], number)) {
-      tree_.Search(query, bound, [&](const WirePiece& piece) {
-        Measure(query, piece);
-        bound = std::max(nearest_, reach_);
+    // From the long piece at the end backwards: it meets most.
+    const std::vector<WirePiece> pieces = PiecesOf(loops_[number], number);
+    for (auto query = pieces.rbegin(); query != pieces.rend(); ++query) {
+      double bound = std::max(nearest_[number].Distance, reach_);
+      tree_.Search(*query, bound, [&](const WirePiece& piece) {
+        Measure(*query, piece);
+        bound = std::max(nearest_[number].Distance, reach_);
       });
     }
-    bool nearestTaken = false;
-    for (const std::uint32_t other : touched_) {
-      const Found& found = found_[other];
-      const bool isNearest = !nearestTaken && found.Distance == nearest_;
-      nearestTaken = nearestTaken || isNearest;
-      if (isNearest || found.Distance <= reach_)
-        result_.Nearest.push_back(
-            {std::min(number, other), std::max(number, other), found.Distance, found.Where});
-    }
+    for (const std::uint32_t other : touched_)
+      if (found_[other].Pair.Distance <= reach_) result_.Nearest.push_back(found_[other].Pair);
   }
 
   void Measure(const WirePiece& query, const WirePiece& piece) {
@@ -82,11 +82,13 @@ class LoopSearch {
     if (!found.Compared) return;
     ++result_.Effort;
     const model::Nearness near = model::NearestPoints(query.Line, piece.Line);
-    if (near.Distance >= found.Distance) return;
-    found.Distance = near.Distance;
-    for (std::size_t axis = 0; axis < found.Where.size(); ++axis)
-      found.Where[axis] = (near.OnFirst[axis] + near.OnSecond[axis]) / 2.0;
-    nearest_ = std::min(nearest_, near.Distance);
+    if (near.Distance >= found.Pair.Distance) return;
+    found.Pair = {std::min(query.Wire, piece.Wire), std::max(query.Wire, piece.Wire), near.Distance, {}};
+    for (std::size_t axis = 0; axis < found.Pair.Where.size(); ++axis)
+      found.Pair.Where[axis] = (near.OnFirst[axis] + near.OnSecond[axis]) / 2.0;
+    // What is near the one is near the other: its own search then starts with a small bound.
+    for (const std::uint32_t loop : {query.Wire, piece.Wire})
+      if (near.Distance < nearest_[loop].Distance) nearest_[loop] = found.Pair;
   }
 
   /// A pair may be found from both its loops.
@@ -108,7 +110,7 @@ class LoopSearch {
   SegmentTree tree_;
   std::vector<Found> found_;
   std::vector<std::uint32_t> touched_;  ///< the loops that are in found_ for the one at work
-  double nearest_ = HUGE_VAL;
+  std::vector<LoopPair> nearest_;       ///< of each loop, as far as it is known
   LoopPairs result_;
 };
 

@@ -30,10 +30,11 @@ bool AreCompared(const LoopOfNet& a, const LoopOfNet& b);
 
 struct LoopPairs {
   std::vector<LoopPair> Nearest;  ///< in order of distance
-  std::size_t Effort = 0;         ///< pairs of pieces that were measured
+  std::size_t Effort = 0;         ///< how many distances were measured
 };
 
-/// Every pair as near as `reach`, and for every loop the nearest other one.
+/// For every loop the nearest other one, and every other pair as near as `reach` (none when that is
+/// negative).
 LoopPairs FindNearLoops(const std::vector<LoopOfNet>& loops, double reach);
 
 }  // namespace yax

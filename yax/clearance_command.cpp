@@ -26,6 +26,7 @@ struct ClearanceOptions {
   PackageOptions package;
   std::string output = "-";
   bool json = false;
+  bool all = false;
   std::optional<double> limit;
   std::string pictureFile;  ///< empty for none
   UnitOptions unit;
@@ -51,8 +52,8 @@ Status Clearance(const ClearanceOptions& options) {
   const model::WireBondSettings settings = SettingsOf(options.loops, package);
   const render::WireShapes shapes = ShapesOf(options.tierLoops, package);
   const std::vector<WireLoop> loops = WireLoopsOf(package, settings, shapes);
-  const ClearanceReport report =
-      MeasureClearances({loops, options.nets, unit, WireDiameterIn(unit, settings), options.limit});
+  const ClearanceReport report = MeasureClearances(
+      {loops, options.nets, unit, WireDiameterIn(unit, settings), options.limit, options.all});
   if (!options.pictureFile.empty()) {
     const render::WireSelection offenders = OffendersOf(report);
     WriteOutput(options.pictureFile,
@@ -79,6 +80,8 @@ Command AddClearance(CLI::App& program) {
           "--limit", [options](const std::string& text) { options->limit = DoubleOf("--limit", text); },
           "Pairs with less room than this, in file units, are findings too, not only those that touch")
       ->type_name("UNITS");
+  command->add_flag("--all", options->all,
+                    "List every finding, not only each wire's pair with its nearest other one");
   command
       ->add_option("--picture", options->pictureFile,
                    "Draw the package with only the wires of the findings, .png or .bmp")

@@ -83,7 +83,7 @@ ClearanceReport MeasureClearances(const ClearanceInputs& inputs) {
                          .Limit = inputs.limit,
                          .Wires = inputs.loops.size(),
                          .Rows = {}};
-  const double reach = inputs.wireDiameter + std::max(inputs.limit.value_or(0.0), 0.0);
+  const double reach = inputs.all ? inputs.wireDiameter + std::max(inputs.limit.value_or(0.0), 0.0) : -1.0;
   for (const LoopPair& pair : FindNearLoops(LoopsOf(inputs), reach).Nearest) {
     const WireLoop& first = inputs.loops[pair.First];
     const WireLoop& second = inputs.loops[pair.Second];

@@ -29,7 +29,7 @@ struct ClearanceReport {
   double WireDiameter = 0.0;
   std::optional<double> Limit;
   std::size_t Wires = 0;
-  std::vector<ClearanceRow> Rows;  ///< worst first: all findings, and for every wire its nearest
+  std::vector<ClearanceRow> Rows;  ///< worst first
 
   std::size_t Count(Finding kind) const;
 };
@@ -40,8 +40,10 @@ struct ClearanceInputs {
   const LengthUnit& unit;
   double wireDiameter;
   std::optional<double> limit;
+  bool all;
 };
 
+/// For every wire the pair with its nearest other one; with `all` every other finding too.
 ClearanceReport MeasureClearances(const ClearanceInputs& inputs);
 
 /// A line a pair, in columns; a last line, which begins with "#", counts.

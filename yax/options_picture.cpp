@@ -10,22 +10,31 @@
 
 namespace yax {
 
+namespace {
+
+constexpr char kGroup[] = "Picture";
+
+}  // namespace
+
 void AddPictureOptions(CLI::App& command, PictureOptions& options) {
-  constexpr char kGroup[] = "Picture";
   command
       .add_option_function<std::string>(
           "--size", [&options](const std::string& text) { options.Size = SizeOf("--size", text); },
           "Pixels (default: 1024x768)")
       ->type_name("WxH")
       ->group(kGroup);
+  AddBackgroundOption(command, options.Appearance);
+}
+
+void AddBackgroundOption(CLI::App& command, render::Appearance& appearance) {
   command
       .add_option_function<std::string>(
           "--background",
-          [&options](const std::string& text) {
+          [&appearance](const std::string& text) {
             const std::int16_t component = text == "black" ? 0 : 1;
-            options.Appearance = {text == "black", component, component, component};
+            appearance = {text == "black", component, component, component};
           },
-          "Background (default: black)")
+          "Background, on which colours depend (default: black)")
       ->check(CLI::IsMember(std::vector<std::string>{"black", "white"}))
       ->group(kGroup);
 }

@@ -22,6 +22,9 @@ struct PictureOptions {
 /// Adds --size and --background.
 void AddPictureOptions(CLI::App& command, PictureOptions& options);
 
+/// Adds --background alone.
+void AddBackgroundOption(CLI::App& command, render::Appearance& appearance);
+
 /// The format that the name of an output file asks for; "-" is a PNG.
 /// Faults  Unusable for any other name
 PictureFormat PictureFormatOf(const std::string& output);

@@ -60,8 +60,8 @@ Status ParseAndRun(std::vector<std::string> arguments) {
 }  // namespace
 
 std::vector<Command> AddCommands(CLI::App& program) {
-  return {AddRender(program), AddCheck(program), AddWires(program), AddClearance(program),
-          AddCompletion(program)};
+  return {AddRender(program),    AddCheck(program),  AddWires(program),
+          AddClearance(program), AddExport(program), AddCompletion(program)};
 }
 
 Status RunProgram(const std::vector<std::string>& arguments) {

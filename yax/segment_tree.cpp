@@ -25,12 +25,13 @@ SegmentTree::SegmentTree(std::vector<WirePiece> pieces) : pieces_(std::move(piec
   Build(0, static_cast<std::uint32_t>(pieces_.size()));
 }
 
-/// Splits at the median of the coordinate, of either end, in which the pieces differ most.
+/// Splits at the median of the coordinate, of either end, in which the bundle is widest.
 std::uint32_t SegmentTree::Build(std::uint32_t begin, std::uint32_t end) {
   const auto number = static_cast<std::uint32_t>(nodes_.size());
   nodes_.push_back({.Axis = {}, .Begin = begin, .End = end});
-  const std::size_t widest = Enclose(nodes_[number]);
+  Enclose(nodes_[number]);
   if (end - begin <= kLeafSize) return number;
+  const std::size_t widest = WidestOf(nodes_[number]);
   const std::uint32_t middle = begin + (end - begin) / 2;
   std::nth_element(pieces_.begin() + begin, pieces_.begin() + middle, pieces_.begin() + end,
                    [widest](const WirePiece& a, const WirePiece& b) {
@@ -42,40 +43,62 @@ std::uint32_t SegmentTree::Build(std::uint32_t begin, std::uint32_t end) {
   return number;
 }
 
-/// Puts the axis between the middles of where pieces begin and of where they end. A point part of the way
-/// along a piece is then off the axis by no more than the farther off of the piece's ends. Returns the
-/// coordinate in which the pieces differ most
-std::size_t SegmentTree::Enclose(Node& node) const {
-  std::array<double, kEnds> low{};
-  std::array<double, kEnds> high{};
-  std::size_t widest = 0;
+void SegmentTree::Enclose(Node& node) const {
   double largest = 0.0;
   for (std::size_t k = 0; k < kEnds; ++k) {
-    low[k] = high[k] = Coordinate(pieces_[node.Begin], k);
+    double low = Coordinate(pieces_[node.Begin], k);
+    double high = low;
     for (std::uint32_t i = node.Begin; i < node.End; ++i) {
-      low[k] = std::min(low[k], Coordinate(pieces_[i], k));
-      high[k] = std::max(high[k], Coordinate(pieces_[i], k));
+      low = std::min(low, Coordinate(pieces_[i], k));
+      high = std::max(high, Coordinate(pieces_[i], k));
     }
-    if (high[k] - low[k] > high[widest] - low[widest]) widest = k;
-    largest = std::max({largest, std::fabs(low[k]), std::fabs(high[k])});
-    (k < 3 ? node.Axis.A[k] : node.Axis.B[k - 3]) = (low[k] + high[k]) / 2.0;
+    largest = std::max({largest, std::fabs(low), std::fabs(high)});
+    (k < 3 ? node.Axis.A[k] : node.Axis.B[k - 3]) = (low + high) / 2.0;
+    (k < 3 ? node.BeginHalf[k] : node.EndHalf[k - 3]) = (high - low) / 2.0;
   }
-  const auto halfDiagonal = [&](std::size_t first) {
-    return std::hypot(high[first] - low[first], high[first + 1] - low[first + 1],
-                      high[first + 2] - low[first + 2]) /
-           2.0;
-  };
-  // A hair thicker than needed, so that rounding hides nothing.
-  constexpr double kHair = 1e-12;
-  node.Radius = std::max(halfDiagonal(0), halfDiagonal(3)) + kHair * largest;
+  node.Hair = 1e-12 * largest;
   node.Net = pieces_[node.Begin].Net;
   for (std::uint32_t i = node.Begin; i < node.End; ++i)
     if (pieces_[i].Net != node.Net) node.Net = kNone;
+}
+
+/// Counts a width the less, the more it lies along the bundle: pieces side by side are told apart by a
+/// search, pieces one behind the other hardly.
+std::size_t SegmentTree::WidestOf(const Node& node) {
+  model::Point3 along{};
+  double squared = 0.0;
+  for (std::size_t k = 0; k < along.size(); ++k) {
+    along[k] = node.Axis.B[k] - node.Axis.A[k];
+    squared += along[k] * along[k];
+  }
+  std::size_t widest = 0;
+  double greatest = -1.0;
+  for (std::size_t k = 0; k < kEnds; ++k) {
+    const double part = squared == 0.0 ? 0.0 : along[k % 3] * along[k % 3] / squared;
+    const double width =
+        (k < 3 ? node.BeginHalf[k] : node.EndHalf[k - 3]) * std::sqrt(std::max(1.0 - part, 0.0));
+    if (width <= greatest) continue;
+    widest = k;
+    greatest = width;
+  }
   return widest;
 }
 
-double SegmentTree::DistanceTo(const Node& node, const WirePiece& query) const {
-  return model::NearestPoints(node.Axis, query.Line).Distance - node.Radius;
+/// The gap between the shadows of both on any one line is never more than their distance. The line through
+/// the nearest points of query and axis shows most of it.
+double SegmentTree::LeastDistance(const Node& node, const WirePiece& query) {
+  ++effort_;
+  const model::Nearness near = model::NearestPoints(node.Axis, query.Line);
+  if (near.Distance == 0.0) return 0.0;
+  double queryA = 0.0, queryB = 0.0, axisA = 0.0, axisB = 0.0;
+  for (std::size_t k = 0; k < near.OnFirst.size(); ++k) {
+    const double along = (near.OnSecond[k] - near.OnFirst[k]) / near.Distance;
+    queryA += along * (query.Line.A[k] - near.OnFirst[k]);
+    queryB += along * (query.Line.B[k] - near.OnFirst[k]);
+    axisA += along * (node.Axis.A[k] - near.OnFirst[k]) + std::fabs(along) * node.BeginHalf[k];
+    axisB += along * (node.Axis.B[k] - near.OnFirst[k]) + std::fabs(along) * node.EndHalf[k];
+  }
+  return std::min(queryA, queryB) - std::max(axisA, axisB) - node.Hair;
 }
 
 }  // namespace yax

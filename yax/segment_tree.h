@@ -1,7 +1,9 @@
 /// A search tree over the straight pieces of all wires: finds those that come near without looking at each.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "model/segment_distance.h"
@@ -15,7 +17,7 @@ struct WirePiece {
 };
 
 /// Wires run in bundles, long and side by side; boxes round them would be nearly all air and overlap. So a
-/// node is a thick line: all its pieces run from near one end of the axis to near the other one.
+/// node is a slanting band: its pieces run from a box at one end of an axis to a box at the other.
 class SegmentTree {
  public:
   explicit SegmentTree(std::vector<WirePiece> pieces);
@@ -26,12 +28,17 @@ class SegmentTree {
   template <class Visit>
   void Search(const WirePiece& query, const double& reach, Visit&& visit);
 
+  /// How many nodes were measured so far.
+  std::size_t Effort() const { return effort_; }
+
  private:
   static constexpr std::uint32_t kNone = UINT32_MAX;
 
   struct Node {
-    model::Segment Axis;
-    double Radius = 0.0;
+    model::Segment Axis;        ///< from the middle of where pieces begin to the middle of where they end
+    model::Point3 BeginHalf{};  ///< half the extent of where they begin
+    model::Point3 EndHalf{};
+    double Hair = 0.0;          ///< what rounding may take away
     std::uint32_t Net = kNone;  ///< of all its pieces, or kNone for several
     std::uint32_t Begin = 0, End = 0;
     std::uint32_t Right = kNone;  ///< the left child follows its parent; a leaf has none
@@ -42,12 +49,14 @@ class SegmentTree {
   };
 
   std::uint32_t Build(std::uint32_t begin, std::uint32_t end);
-  std::size_t Enclose(Node& node) const;
-  double DistanceTo(const Node& node, const WirePiece& query) const;
+  void Enclose(Node& node) const;
+  static std::size_t WidestOf(const Node& node);
+  double LeastDistance(const Node& node, const WirePiece& query);
 
   std::vector<WirePiece> pieces_;
   std::vector<Node> nodes_;
   std::vector<Waiting> waiting_;
+  std::size_t effort_ = 0;
 };
 
 template <class Visit>
@@ -65,8 +74,8 @@ void SegmentTree::Search(const WirePiece& query, const double& reach, Visit&& vi
         if (pieces_[i].Net != query.Net) visit(pieces_[i]);
       continue;
     }
-    Waiting near{next.Node + 1, DistanceTo(nodes_[next.Node + 1], query)};
-    Waiting far{node.Right, DistanceTo(nodes_[node.Right], query)};
+    Waiting near{next.Node + 1, LeastDistance(nodes_[next.Node + 1], query)};
+    Waiting far{node.Right, LeastDistance(nodes_[node.Right], query)};
     if (far.Distance < near.Distance) std::swap(near, far);
     waiting_.push_back(far);
     waiting_.push_back(near);

@@ -1,0 +1,18 @@
+/// A surface as triangles.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <vector>
+
+#include "model/pen.h"
+
+namespace render {
+
+/// Scene units; a triangle's corners run counter-clockwise when seen from outside.
+struct Mesh {
+  std::vector<model::SceneVector> Points;
+  std::vector<std::array<std::uint32_t, 3>> Triangles;
+};
+
+}  // namespace render

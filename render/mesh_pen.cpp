@@ -1,0 +1,78 @@
+#include "render/mesh_pen.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+
+#include "render/tube.h"
+
+namespace render {
+
+namespace {
+
+const char* BodyName(model::Part part) {
+  switch (part) {
+    case model::Part::Die:
+      return "die";
+    case model::Part::StackedDie:
+      return "stacked die";
+    case model::Part::DieAttach:
+      return "die attach";
+    case model::Part::Rings:
+      return "rings";
+    default:
+      return nullptr;
+  }
+}
+
+bool AreSame(const model::Colour& a, const model::Colour& b) {
+  return a.Red == b.Red && a.Green == b.Green && a.Blue == b.Blue;
+}
+
+/// Adds points; returns the number of the first.
+template <class Points>
+std::uint32_t AddPoints(const Points& points, Mesh& mesh) {
+  const auto first = static_cast<std::uint32_t>(mesh.Points.size());
+  mesh.Points.insert(mesh.Points.end(), points.begin(), points.end());
+  return first;
+}
+
+}  // namespace
+
+void MeshPen::Begin(model::Part part, std::string_view name) {
+  const char* body = BodyName(part);
+  isNet_ = body == nullptr;
+  name_ = isNet_ ? netOf_(std::string(name)) : body;
+}
+
+Mesh& MeshPen::MeshOf(const model::Colour& paint) {
+  const auto [place, isNew] = places_.try_emplace({isNet_, name_}, groups_.size());
+  if (isNew) groups_.push_back({.Name = name_, .IsNet = isNet_, .Meshes = {}});
+  auto& meshes = groups_[place->second].Meshes;
+  const auto found = std::find_if(meshes.begin(), meshes.end(),
+                                  [&paint](const auto& entry) { return AreSame(entry.first, paint); });
+  return found != meshes.end() ? found->second : meshes.emplace_back(paint, Mesh{}).second;
+}
+
+void MeshPen::Quad(const model::Face& face) {
+  quadPaint_ = face.Paint;
+  Mesh& mesh = MeshOf(face.Paint);
+  const std::uint32_t first = AddPoints(face.Corners, mesh);
+  // A face's corners run clockwise when seen from outside.
+  mesh.Triangles.push_back({first, first + 2, first + 1});
+  mesh.Triangles.push_back({first, first + 3, first + 2});
+}
+
+void MeshPen::Disc(const model::DiscRim& rim) {
+  Mesh& mesh = MeshOf(quadPaint_);
+  const std::uint32_t first = AddPoints(rim, mesh);
+  // The rim's last point is its first one again.
+  for (std::uint32_t k = 1; k + 2 < rim.size(); ++k)
+    mesh.Triangles.push_back({first, first + k, first + k + 1});
+}
+
+void MeshPen::Strip(const model::WireStrip& points, const model::Colour& paint) {
+  AddTube(points, wireRadius_, MeshOf(paint));
+}
+
+}  // namespace render

@@ -1,0 +1,50 @@
+/// The scene as meshes, sorted by net: what an export writes.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "model/pen.h"
+#include "render/mesh.h"
+
+namespace render {
+
+/// All shapes of one net, or of one part of the package's body, a mesh for each colour.
+struct MeshGroup {
+  std::string Name;  ///< of the net; else "die", "stacked die", "die attach" or "rings"
+  bool IsNet = false;
+  std::vector<std::pair<model::Colour, Mesh>> Meshes;
+};
+
+class MeshPen final : public model::Pen {
+ public:
+  using NetOfName = std::function<std::string(const std::string&)>;
+
+  /// Units  `wireRadius` in scene units
+  MeshPen(double wireRadius, NetOfName netOf) : wireRadius_(wireRadius), netOf_(std::move(netOf)) {}
+
+  void Begin(model::Part part, std::string_view name) override;
+  void Quad(const model::Face& face) override;
+  void Disc(const model::DiscRim& rim) override;
+  void Strip(const model::WireStrip& points, const model::Colour& paint) override;
+
+  /// Those with anything in them, in the order in which they were begun.
+  const std::vector<MeshGroup>& Groups() const { return groups_; }
+
+ private:
+  Mesh& MeshOf(const model::Colour& paint);
+
+  double wireRadius_;
+  NetOfName netOf_;
+  bool isNet_ = false;
+  std::string name_;
+  model::Colour quadPaint_;  ///< of the last quad, which discs take on
+  std::vector<MeshGroup> groups_;
+  std::map<std::pair<bool, std::string>, std::size_t> places_;  ///< where each group is
+};
+
+}  // namespace render

@@ -1,0 +1,110 @@
+#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "model/faults.h"
+#include "model/package.h"
+#include "model/text.h"
+#include "render/mesh_pen.h"
+#include "render/scene.h"
+#include "yax/commands.h"
+#include "yax/mesh_files.h"
+#include "yax/messages.h"
+#include "yax/options_loops.h"
+#include "yax/options_nets.h"
+#include "yax/options_package.h"
+#include "yax/options_picture.h"
+#include "yax/options_tier_loops.h"
+#include "yax/options_unit.h"
+#include "yax/options_wires.h"
+#include "yax/output.h"
+
+namespace yax {
+
+namespace {
+
+struct ExportOptions {
+  PackageOptions package;
+  std::string output;
+  render::Appearance appearance;
+  UnitOptions unit;
+  NetOptions nets;
+  LoopOptions loops;
+  TierLoopOptions tierLoops;
+  WireOptions wires;
+};
+
+enum class MeshFormat { Glb, Obj };
+
+MeshFormat MeshFormatOf(const std::string& output) {
+  const std::string name = model::UpperCase(output);
+  if (name == "-" || name.ends_with(".GLB")) return MeshFormat::Glb;
+  if (name.ends_with(".OBJ")) return MeshFormat::Obj;
+  throw Unusable({.File = output}, "its name tells no mesh format", "let it end in .glb or .obj, or give -");
+}
+
+/// Writes both files or neither: the one that names the other comes last.
+void WriteObj(const MeshScene& scene, const std::string& output) {
+  const std::string materialFile = std::filesystem::path(output).replace_extension(".mtl").string();
+  std::error_code ignored;
+  const bool isNew = !std::filesystem::exists(materialFile, ignored);
+  WriteOutput(materialFile, MtlText(scene));
+  try {
+    WriteOutput(output, ObjText(scene, std::string(model::FileNameOf(materialFile))));
+  } catch (...) {
+    if (isNew) std::filesystem::remove(materialFile, ignored);
+    throw;
+  }
+}
+
+Status Export(const ExportOptions& options) {
+  const MeshFormat format = MeshFormatOf(options.output);
+  model::Package package = LoadPackage(options.package);
+  const LengthUnit unit = UnitOf(options.unit, package);
+  const model::WireBondSettings settings = SettingsOf(options.loops, package);
+  const render::WireShapes shapes = ShapesOf(options.tierLoops, package);
+  const render::WireSelection selection = SelectionOf(options.wires, package);
+  const double scale = double(package.UnitScale);
+  render::MeshPen pen(WireDiameterIn(unit, settings) / 2.0 / scale,
+                      [&options](const std::string& name) { return NetOf(options.nets, name); });
+  try {
+    render::Scene({package, settings, options.appearance, selection, &shapes}, pen).DrawPackage();
+  } catch (const model::Fault& fault) {
+    throw Unusable({.File = package.PackagePath}, fault.what(), "the viewer ends here too, correct the file");
+  }
+  const MeshScene scene{.Name = std::string(model::FileNameOf(package.PackagePath)),
+                        .groups = pen.Groups(),
+                        .FileUnits = scale,
+                        .Metres = scale * unit.Metres,
+                        .UnitName = unit.Name};
+  if (format == MeshFormat::Obj) {
+    WriteObj(scene, options.output);
+  } else {
+    WriteOutput(options.output, GlbBytes(scene));
+  }
+  return Status::Done;
+}
+
+}  // namespace
+
+Command AddExport(CLI::App& program) {
+  CLI::App* const command =
+      program.add_subcommand("export", "Write the package as meshes for other viewers and programs");
+  const auto options = std::make_shared<ExportOptions>();
+  AddPackageOption(*command, options->package);
+  command
+      ->add_option("-o,--output", options->output,
+                   "The meshes: .glb, or .obj with an .mtl beside it; - for .glb on standard output")
+      ->type_name("FILE")
+      ->required();
+  AddUnitOption(*command, options->unit);
+  AddNetOptions(*command, options->nets);
+  AddBackgroundOption(*command, options->appearance);
+  AddLoopOptions(*command, options->loops);
+  AddTierLoopOptions(*command, options->tierLoops);
+  AddWireOptions(*command, options->wires);
+  return {command, [options] { return Export(*options); }};
+}
+
+}  // namespace yax

@@ -1,0 +1,31 @@
+/// Meshes as the bytes of files for other programs.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "render/mesh_pen.h"
+
+namespace yax {
+
+/// A package as meshes.
+struct MeshScene {
+  std::string Name;
+  const std::vector<render::MeshGroup>& groups;
+  double FileUnits = 1.0;  ///< a scene unit in file units
+  double Metres = 1.0;     ///< a scene unit in metres
+  const char* UnitName;    ///< of a file unit
+};
+
+/// A binary glTF file in metres: a node for the body's parts, and one for the nets with a node for each.
+std::string GlbBytes(const MeshScene& scene);
+
+/// An .obj file in file units: an object for each part and net. `materialFile` is the name of the other one.
+std::string ObjText(const MeshScene& scene, const std::string& materialFile);
+/// The .mtl file that goes with it.
+std::string MtlText(const MeshScene& scene);
+
+/// The name of a colour's material in both: "rgb_255_255_0".
+std::string MaterialName(const model::Colour& paint);
+
+}  // namespace yax
