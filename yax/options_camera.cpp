@@ -14,7 +14,7 @@ namespace yax {
 
 namespace {
 
-constexpr char kGroup[] = "Camera";
+constexpr char kCameraGroup[] = "Camera";
 
 using render::NamedView;
 constexpr std::pair<const char*, NamedView> kViews[] = {
@@ -34,7 +34,7 @@ CLI::Option* AddView(CLI::App& command, CameraOptions& options) {
       .add_option_function<std::string>("--view", take,
                                         "A view that shows the whole package (default: the window's)")
       ->check(CLI::IsMember(names))
-      ->group(kGroup);
+      ->group(kCameraGroup);
 }
 
 }  // namespace
@@ -45,7 +45,7 @@ void AddCameraOptions(CLI::App& command, CameraOptions& options) {
     const auto takeNamed = [name, take](const std::string& text) { take(name, text); };
     view->excludes(command.add_option_function<std::string>(name, takeNamed, description)
                        ->type_name(value)
-                       ->group(kGroup));
+                       ->group(kCameraGroup));
   };
   add("--pitch", "DEGREES", "The model's turn about its x axis (default: 90)",
       [&options](const char* name, const std::string& text) {

@@ -10,12 +10,12 @@ namespace yax {
 
 namespace {
 
-constexpr char kGroup[] = "Wires";
+constexpr char kLoopsGroup[] = "Wires";
 
 void AddValue(CLI::App& command, const char* name, const char* unit, const char* description,
               std::optional<float>& value) {
   const auto take = [name, &value](const std::string& text) { value = NumberOf(name, text); };
-  command.add_option_function<std::string>(name, take, description)->type_name(unit)->group(kGroup);
+  command.add_option_function<std::string>(name, take, description)->type_name(unit)->group(kLoopsGroup);
 }
 
 }  // namespace
@@ -26,10 +26,10 @@ void AddLoopOptions(CLI::App& command, LoopOptions& options) {
           "--loops", [&options](const std::string& text) { options.DieHeight = text == "die-height"; },
           "Heights and extensions: as the window has them after a load (the default), or the dies' heights")
       ->check(CLI::IsMember(std::vector<std::string>{"window", "die-height"}))
-      ->group(kGroup);
+      ->group(kLoopsGroup);
   command.add_option("--zu", options.ParameterFile, "A parameter file whose settings come over those")
       ->type_name("FILE")
-      ->group(kGroup);
+      ->group(kLoopsGroup);
 
   LoopValues& values = options.Values;
   AddValue(command, "--base-loop-height", "UNITS", "Height of the base die's loops, in the file's units",
@@ -47,11 +47,11 @@ void AddLoopOptions(CLI::App& command, LoopOptions& options) {
           },
           "How far the stacked die's loops run level; edge: to the base die's edge")
       ->type_name("UNITS|edge")
-      ->group(kGroup);
+      ->group(kLoopsGroup);
   AddValue(command, "--stitch-extension", "UNITS", "How far stitches run level", values.StitchExtension);
   command.add_option("--material", values.Material, "What the wires are made of; changes no picture")
       ->check(CLI::IsMember(std::vector<std::string>{"Au", "Al", "Cu"}))
-      ->group(kGroup);
+      ->group(kLoopsGroup);
   AddValue(command, "--wire-diameter", "MILS", "The wires' diameter; changes no picture",
            values.WireDiameter);
   AddValue(command, "--frequency", "HERTZ", "The signals' frequency; changes no picture", values.Frequency);

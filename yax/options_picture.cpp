@@ -12,7 +12,7 @@ namespace yax {
 
 namespace {
 
-constexpr char kGroup[] = "Picture";
+constexpr char kPictureGroup[] = "Picture";
 
 }  // namespace
 
@@ -22,7 +22,7 @@ void AddPictureOptions(CLI::App& command, PictureOptions& options) {
           "--size", [&options](const std::string& text) { options.Size = SizeOf("--size", text); },
           "Pixels (default: 1024x768)")
       ->type_name("WxH")
-      ->group(kGroup);
+      ->group(kPictureGroup);
   AddBackgroundOption(command, options.Appearance);
 }
 
@@ -36,7 +36,7 @@ void AddBackgroundOption(CLI::App& command, render::Appearance& appearance) {
           },
           "Background, on which colours depend (default: black)")
       ->check(CLI::IsMember(std::vector<std::string>{"black", "white"}))
-      ->group(kGroup);
+      ->group(kPictureGroup);
 }
 
 PictureFormat PictureFormatOf(const std::string& output) {

@@ -9,7 +9,7 @@ namespace yax {
 
 namespace {
 
-constexpr char kGroup[] = "Wires";
+constexpr char kWiresGroup[] = "Wires";
 
 std::string TextOf(const model::WireNameRec& wire) {
   return wire.Name2.empty() ? wire.Name : wire.Name + ":" + wire.Name2;
@@ -46,21 +46,21 @@ void AddWireOptions(CLI::App& command, WireOptions& options) {
       ->type_name("TIER,...")
       ->delimiter(',')
       ->allow_extra_args(false)
-      ->group(kGroup);
+      ->group(kWiresGroup);
   command
       .add_option("--net", options.Nets, "Only wires of these net types: power, ground, signal, or P, G, S")
       ->type_name("TYPE,...")
       ->delimiter(',')
       ->allow_extra_args(false)
       ->check(CLI::Validator(NotANet, ""))
-      ->group(kGroup);
-  command.add_flag("--stitches", options.Stitches, "Only stitches")->group(kGroup);
+      ->group(kWiresGroup);
+  command.add_flag("--stitches", options.Stitches, "Only stitches")->group(kWiresGroup);
   command
       .add_option("--name", options.Names,
                   "Only the wire of this name, a stitch as A:B; may be repeated. Filters add up")
       ->type_name("NAME")
       ->allow_extra_args(false)
-      ->group(kGroup);
+      ->group(kWiresGroup);
 }
 
 render::WireSelection SelectionOf(const WireOptions& options, const model::Package& package) {
