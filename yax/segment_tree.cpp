@@ -53,8 +53,13 @@ void SegmentTree::Enclose(Node& node) const {
       high = std::max(high, Coordinate(pieces_[i], k));
     }
     largest = std::max({largest, std::fabs(low), std::fabs(high)});
-    (k < 3 ? node.Axis.A[k] : node.Axis.B[k - 3]) = (low + high) / 2.0;
-    (k < 3 ? node.BeginHalf[k] : node.EndHalf[k - 3]) = (high - low) / 2.0;
+    const bool begin = k < 3;
+    double& least = node.Low[k % 3];
+    double& most = node.High[k % 3];
+    least = begin ? low : std::min(least, low);
+    most = begin ? high : std::max(most, high);
+    (begin ? node.Axis.A[k] : node.Axis.B[k - 3]) = (low + high) / 2.0;
+    (begin ? node.BeginHalf[k] : node.EndHalf[k - 3]) = (high - low) / 2.0;
   }
   node.Hair = 1e-12 * largest;
   node.Net = pieces_[node.Begin].Net;
@@ -84,21 +89,45 @@ std::size_t SegmentTree::WidestOf(const Node& node) {
   return widest;
 }
 
-/// The gap between the shadows of both on any one line is never more than their distance. The line through
-/// the nearest points of query and axis shows most of it.
-double SegmentTree::LeastDistance(const Node& node, const WirePiece& query) {
-  ++effort_;
-  const model::Nearness near = model::NearestPoints(node.Axis, query.Line);
-  if (near.Distance == 0.0) return 0.0;
-  double queryA = 0.0, queryB = 0.0, axisA = 0.0, axisB = 0.0;
-  for (std::size_t k = 0; k < near.OnFirst.size(); ++k) {
-    const double along = (near.OnSecond[k] - near.OnFirst[k]) / near.Distance;
-    queryA += along * (query.Line.A[k] - near.OnFirst[k]);
-    queryB += along * (query.Line.B[k] - near.OnFirst[k]);
-    axisA += along * (node.Axis.A[k] - near.OnFirst[k]) + std::fabs(along) * node.BeginHalf[k];
-    axisB += along * (node.Axis.B[k] - near.OnFirst[k]) + std::fabs(along) * node.EndHalf[k];
+SegmentTree::Query SegmentTree::QueryOf(const WireRun& run) {
+  Query query{.Run = run, .Low = run.Points.front(), .High = run.Points.front()};
+  for (const model::Point3& point : run.Points) {
+    for (std::size_t k = 0; k < point.size(); ++k) {
+      query.Low[k] = std::min(query.Low[k], point[k]);
+      query.High[k] = std::max(query.High[k], point[k]);
+    }
   }
-  return std::min(queryA, queryB) - std::max(axisA, axisB) - node.Hair;
+  return query;
+}
+
+/// The boxes round both tell short pieces apart, and most of all others at little cost. For the rest: the gap
+/// between the shadows of both on any one line is never more than their distance, and the line through the
+/// nearest points of the node's axis and the run's chord shows most of it.
+double SegmentTree::LeastDistance(const Node& node, const Query& query, double reach) {
+  double squared = 0.0;
+  for (std::size_t k = 0; k < query.Low.size(); ++k) {
+    const double gap = std::max({node.Low[k] - query.High[k], query.Low[k] - node.High[k], 0.0});
+    squared += gap * gap;
+  }
+  const double between = std::max(std::sqrt(squared) - node.Hair, 0.0);
+  if (between > reach) return between;
+  const std::span<const model::Point3> points = query.Run.Points;
+  const model::Nearness near = model::NearestPoints(node.Axis, {points.front(), points.back()});
+  if (near.Distance == 0.0) return between;
+  model::Point3 line{};
+  double axisA = 0.0, axisB = 0.0;
+  for (std::size_t k = 0; k < line.size(); ++k) {
+    line[k] = (near.OnSecond[k] - near.OnFirst[k]) / near.Distance;
+    axisA += line[k] * (node.Axis.A[k] - near.OnFirst[k]) + std::fabs(line[k]) * node.BeginHalf[k];
+    axisB += line[k] * (node.Axis.B[k] - near.OnFirst[k]) + std::fabs(line[k]) * node.EndHalf[k];
+  }
+  double least = HUGE_VAL;
+  for (const model::Point3& point : points) {
+    double shadow = 0.0;
+    for (std::size_t k = 0; k < line.size(); ++k) shadow += line[k] * (point[k] - near.OnFirst[k]);
+    least = std::min(least, shadow);
+  }
+  return std::max(between, least - std::max(axisA, axisB) - node.Hair);
 }
 
 }  // namespace yax
