@@ -50,6 +50,7 @@ class Surface final : public render::GlSurface {
   explicit Surface(bool granted) : granted_(granted) {}
   bool CreateContext() override { return has_ = granted_; }
   bool MakeCurrent() override { return has_; }
+  bool IsShown() const override { return true; }
   void SwapBuffers() override {}
   void DeleteContext() override { has_ = false; }
   render::PixelSize Size() const override { return size; }

@@ -19,6 +19,8 @@ class GlSurface {
   virtual bool CreateContext() = 0;
   /// Makes the context current again; false when there is none (yet, or any more).
   virtual bool MakeCurrent() = 0;
+  /// Whether a frame can be seen: a window may not be on the screen yet.
+  virtual bool IsShown() const = 0;
   /// Shows what was drawn.
   virtual void SwapBuffers() = 0;
   virtual void DeleteContext() = 0;

@@ -20,6 +20,7 @@ class OffscreenSurface final : public GlSurface {
   /// Returns false without usable GL, for a size beyond Largest(), and when the memory does not suffice.
   bool CreateContext() override;
   bool MakeCurrent() override;
+  bool IsShown() const override { return true; }
   void SwapBuffers() override;
   void DeleteContext() override;
   PixelSize Size() const override { return size_; }

@@ -47,6 +47,7 @@ GlView::GlView(QWidget* parent) : QWidget(parent) {
   surface_->setGeometry(QRect(QPoint(0, 0), size()));
   surface_->create();
   surface_->setVisible(true);
+  staleExposures_ = std::make_unique<StaleExposures>(*surface_);
 }
 
 GlView::~GlView() { GlView::DeleteContext(); }
@@ -65,9 +66,11 @@ bool GlView::MakeCurrent() {
   return QOpenGLContext::currentContext() == context_.get() || context_->makeCurrent(surface_);
 }
 
+bool GlView::IsShown() const { return surface_->isExposed(); }
+
 void GlView::SwapBuffers() {
-  // There is nothing to show a frame on before the window is; its first exposure paints again.
-  if (surface_->isExposed()) context_->swapBuffers(surface_);
+  staleExposures_->FrameFollows();
+  context_->swapBuffers(surface_);
 }
 
 void GlView::DeleteContext() {

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "render/gl_surface.h"
+#include "shell/stale_exposures.h"
 
 namespace shell {
 
@@ -28,6 +29,7 @@ class GlView final : public QWidget, public render::GlSurface {
 
   bool CreateContext() override;
   bool MakeCurrent() override;
+  bool IsShown() const override;
   void SwapBuffers() override;
   void DeleteContext() override;
   render::PixelSize Size() const override;
@@ -40,6 +42,7 @@ class GlView final : public QWidget, public render::GlSurface {
 
  private:
   QWindow* surface_;  // owned by the widget's own window
+  std::unique_ptr<StaleExposures> staleExposures_;
   std::unique_ptr<QOpenGLContext> context_;
 };
 

@@ -108,7 +108,9 @@ void MainForm::DrawFrame() {
   render::DrawFrame(navigation_.Camera, navigation_.Rotation, package_.CompW, sceneList_);
 }
 
+/// Without a screen to show it on there is no frame; the first exposure brings one.
 void MainForm::ShowFrame() {
+  if (!surface_.IsShown()) return;
   DrawFrame();
   surface_.SwapBuffers();
 }

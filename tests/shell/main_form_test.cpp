@@ -23,6 +23,7 @@ class FakeSurface final : public render::GlSurface {
     return true;
   }
   bool MakeCurrent() override { return recorder_.HasContext(); }
+  bool IsShown() const override { return shown; }
   void SwapBuffers() override { recorder_.Note("SwapBuffers"); }
   void DeleteContext() override {
     recorder_.Note("DeleteContext");
@@ -32,6 +33,7 @@ class FakeSurface final : public render::GlSurface {
 
   render::PixelSize size{300, 200};
   bool usable = true;
+  bool shown = true;
   std::function<void()> creating;
 
  private:
