@@ -227,7 +227,7 @@ def yax_render(table, folder):
 
 def viewer_of_others(table, folder):
     exported = folder / "package.glb"
-    made = subprocess.run([program("yax"), "export", str(PACKAGES[MAIN]), "-o", str(exported)], capture_output=True)
+    made = subprocess.run([program("yax"), "export", "--unit", "mm", str(PACKAGES[MAIN]), "-o", str(exported)], capture_output=True)
     if made.returncode != 0 or shutil.which("f3d") is None:
         why = "f3d is not installed" if made.returncode == 0 else "no export yet"
         print(f"{'yax render / f3d of the exported package':<44}{MAIN:<20} skipped: {why}", flush=True)

@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <memory>
 #include <system_error>
+#include <utility>
 
 #include "model/faults.h"
 #include "model/text.h"
@@ -46,12 +47,12 @@ class Draft {
   Draft(const Draft&) = delete;
   Draft& operator=(const Draft&) = delete;
   ~Draft() {
-    if (number_ < 0) return;
-    close(number_);
+    if (!opened_) return;
+    if (number_ >= 0) close(number_);
     if (!placed_) unlink(name_.c_str());
   }
 
-  bool Opened() const { return number_ >= 0; }
+  bool Opened() const { return opened_; }
 
   bool Write(std::string_view bytes) {
     while (!bytes.empty()) {
@@ -63,14 +64,17 @@ class Draft {
     return true;
   }
 
-  bool Place(const std::string& target, mode_t mode) {
-    placed_ = fchmod(number_, mode) == 0 && fsync(number_) == 0 && rename(name_.c_str(), target.c_str()) == 0;
+  bool Place(const std::string& target, mode_t mode, Content content) {
+    const bool settled = fchmod(number_, mode) == 0 && (content == Content::MadeAgain || fsync(number_) == 0);
+    // Disks in the network may tell only now that they are full.
+    placed_ = settled && close(std::exchange(number_, -1)) == 0 && rename(name_.c_str(), target.c_str()) == 0;
     return placed_;
   }
 
  private:
   std::string name_;
   int number_;
+  bool opened_ = number_ >= 0;
   bool placed_ = false;
 };
 
@@ -90,11 +94,11 @@ mode_t ModeFor(const std::string& target) {
 
 }  // namespace
 
-void WriteWholeFile(const std::string& path, std::string_view bytes) {
+void WriteWholeFile(const std::string& path, std::string_view bytes, Content content) {
   const std::string target = TargetOf(path);
   const mode_t mode = ModeFor(target);
   Draft draft(target);
-  if (!draft.Opened() || !draft.Write(bytes) || !draft.Place(target, mode)) FaultOf(errno, path);
+  if (!draft.Opened() || !draft.Write(bytes) || !draft.Place(target, mode, content)) FaultOf(errno, path);
 }
 
 }  // namespace model

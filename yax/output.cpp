@@ -19,7 +19,7 @@ void WriteOutput(const std::string& output, std::string_view bytes) {
     return;
   }
   try {
-    model::WriteWholeFile(output, bytes);
+    model::WriteWholeFile(output, bytes, model::Content::MadeAgain);
   } catch (const model::Fault& fault) {
     throw Unusable({.File = output}, fault.what(), kAdvice);
   }
