@@ -1,0 +1,179 @@
+// A long day with the viewer: long_use PACKAGE [SHARE]
+// Does everything SHARE times (default 1.0) as often as kUses says, one kind after the other, with all that a
+// user may have open. Resident memory must stay as it was after the first tenth of each kind, and the
+// picture in the end must be that of a fresh start in the same state.
+#include <unistd.h>
+#include <QAction>
+#include <QApplication>
+#include <QListView>
+#include <QTest>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "shell/gl_view.h"
+#include "shell/main_window.h"
+
+namespace {
+
+constexpr double kFlat = 1.05;
+constexpr QSize kSize(420, 340);
+
+double ResidentKilobytes() {
+  std::ifstream file("/proc/self/statm");
+  double all = 0.0;
+  double resident = 0.0;
+  file >> all >> resident;
+  return resident * double(sysconf(_SC_PAGESIZE)) / 1024.0;
+}
+
+/// Answers each question with the one package.
+class SamePackage final : public setup::FileDialog {
+ public:
+  explicit SamePackage(std::string path) : path_(std::move(path)) {}
+  std::optional<std::string> ShowOpen(const setup::FileDialogRequest&) override { return path_; }
+  std::optional<std::string> ShowSave(const setup::FileDialogRequest&) override { return std::nullopt; }
+
+ private:
+  std::string path_;
+};
+
+class Viewer {
+ public:
+  explicit Viewer(const std::string& path)
+      : dialog_(path),
+        window_(shell::StartUp{QCoreApplication::applicationDirPath().toStdString(), '"' + path + '"'}, end_,
+                &dialog_) {
+    window_.resize(kSize);
+    window_.Load();
+    window_.show();
+    if (!QTest::qWaitForWindowExposed(&window_)) std::exit(2);
+    OpenWireList();
+  }
+
+  void MoveMouse(int count) {
+    const QPoint middle = View().rect().center();
+    Mouse(QTest::MousePress, middle, Qt::LeftButton);
+    for (int i = 0; i < count; ++i)
+      Mouse(QTest::MouseMove, middle + QPoint(int(60 * std::sin(i * 0.05)), int(40 * std::cos(i * 0.03))));
+    Mouse(QTest::MouseRelease, middle, Qt::LeftButton);
+  }
+
+  void SelectWires(int count) {
+    const int rows = wires_->model()->rowCount();
+    for (int i = 0; i < count; ++i) {
+      const QModelIndex entry = wires_->model()->index(i * 7 % rows, 0);
+      wires_->scrollTo(entry);
+      QTest::mouseClick(wires_->viewport(), Qt::LeftButton, {}, wires_->visualRect(entry).center());
+      Settle();
+    }
+  }
+
+  void SwitchBackground(int count) {
+    for (int i = 0; i < count; ++i) Choose(i % 2 == 0 ? "DoWhite" : "DoBlack");
+  }
+
+  void Resize(int count) {
+    for (int i = 0; i < count; ++i) {
+      window_.resize(kSize + QSize(i % 9, i % 5));
+      Settle();
+    }
+    window_.resize(kSize);
+    Settle();
+  }
+
+  /// By the menu and by Home in turn. The menu closes the list of the old package.
+  void Load(int count) {
+    for (int i = 0; i < count; ++i) {
+      if (i % 2 == 0) {
+        Choose("DoLoadYAX");
+      } else {
+        QTest::keyClick(window_.windowHandle(), Qt::Key_Home);
+      }
+      Settle();
+    }
+    OpenWireList();
+  }
+
+  /// Some wires on white from one side, wherever the viewer was.
+  render::Picture KnownState() {
+    QTest::keyClick(window_.windowHandle(), Qt::Key_Home);
+    Choose("DoWhite");
+    SelectWires(3);
+    MoveMouse(25);
+    return window_.Form().FramePicture();
+  }
+
+ private:
+  shell::GlView& View() { return *window_.findChild<shell::GlView*>(); }
+
+  void Mouse(QTest::MouseAction action, QPoint at, Qt::MouseButton button = Qt::NoButton) {
+    QTest::mouseEvent(action, View().windowHandle(), button, {}, at);
+  }
+
+  void Choose(const char* command) {
+    window_.findChild<QAction*>(command)->trigger();
+    Settle();
+  }
+
+  void OpenWireList() {
+    Choose("DoWireList");
+    for (QWidget* const other : QApplication::topLevelWidgets())
+      if (other->windowTitle() == "Wire List") wires_ = other->findChild<QListView*>();
+  }
+
+  static void Settle() {
+    QApplication::processEvents();
+    QApplication::sendPostedEvents();
+  }
+
+  shell::ProgramEnd end_;
+  SamePackage dialog_;
+  shell::MainWindow window_;
+  QListView* wires_ = nullptr;
+};
+
+struct Use {
+  const char* Name;
+  int Times;
+  void (Viewer::*Do)(int);
+};
+
+constexpr Use kUses[] = {
+    {"mouse moves", 10000, &Viewer::MoveMouse},
+    {"selections", 1000, &Viewer::SelectWires},
+    {"background switches", 1000, &Viewer::SwitchBackground},
+    {"resizes", 500, &Viewer::Resize},
+    {"loads", 200, &Viewer::Load},
+};
+
+bool StaysFlat(Viewer& viewer, const Use& use, double share) {
+  const int all = int(use.Times * share);
+  (viewer.*use.Do)(all / 10);
+  const double early = ResidentKilobytes();
+  (viewer.*use.Do)(all - all / 10);
+  const double growth = ResidentKilobytes() / early;
+  std::printf("%6d %-20s memory x %.3f\n", all, use.Name, growth);
+  return growth <= kFlat;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  application.setQuitOnLastWindowClosed(false);
+  if (argc < 2) return 2;
+  const double share = argc > 2 ? std::atof(argv[2]) : 1.0;
+  const render::Picture fresh = std::make_unique<Viewer>(argv[1])->KnownState();
+  Viewer viewer(argv[1]);
+  bool good = true;
+  for (const Use& use : kUses) good = StaysFlat(viewer, use, share) && good;
+  const render::Picture late = viewer.KnownState();
+  const bool same = late.Width == fresh.Width && late.Height == fresh.Height && late.Rgb == fresh.Rgb;
+  std::printf("the picture %s that of a fresh start\n", same ? "is" : "is NOT");
+  return good && same ? 0 : 1;
+}
