@@ -49,6 +49,7 @@ void AddLoopOptions(CLI::App& command, LoopOptions& options) {
       ->type_name("UNITS|edge")
       ->group(kGroup);
   AddValue(command, "--stitch-extension", "UNITS", "How far stitches run level", values.StitchExtension);
+  AddTierLoopOptions(command, options.Tiers);
   command.add_option("--material", values.Material, "What the wires are made of; changes no picture")
       ->check(CLI::IsMember(std::vector<std::string>{"Au", "Al", "Cu"}))
       ->group(kGroup);
