@@ -51,7 +51,8 @@ std::vector<model::WirePath> LoopsOf(model::Package& package, const WiresAsked& 
                                      const PackageLines& lines) {
   LoopPen pen;
   try {
-    render::Scene({package, asked.settings, render::Appearance(), asked.selection, &asked.shapes}, pen).DrawWires();
+    render::Scene({package, asked.settings, render::Appearance(), asked.selection, &asked.shapes}, pen)
+        .DrawWires();
   } catch (const model::Fault& fault) {
     throw Unusable(PlaceOf(fault, package, lines), fault.what(), "correct it; yax check tells of others");
   }

@@ -42,7 +42,8 @@ std::string MaterialOf(const Place& place, std::string_view value) {
 }
 
 float NumberOf(const Place& place, std::string_view value) {
-  if (!BeginsNumber(value)) throw Unusable(place, Quoted(value) + " is not a number", "write one such as 12.5");
+  if (!BeginsNumber(value))
+    throw Unusable(place, Quoted(value) + " is not a number", "write one such as 12.5");
   return model::ToNumber(value);
 }
 
@@ -57,8 +58,8 @@ void Take(const Place& place, const setup::Parameter& parameter, LoopValues& val
 LoopValues ReadParameterFile(const std::string& path) {
   try {
     return ReadParameterText(path, model::ReadWholeFile(path));
-  } catch (const model::Fault& fault) {
-    throw Unusable({.File = path}, fault.what(), "give the path of a .zu file");
+  } catch (const model::FileFault& fault) {
+    throw Unusable({.File = path}, fault.Kind(), "give the path of a .zu file");
   }
 }
 
@@ -69,7 +70,8 @@ LoopValues ReadParameterText(const std::string& name, std::string_view text) {
     if (line.Known) {
       Take(place, *line.Known, values);
     } else {
-      Complain(place, Quoted(line.Text) + " holds none of the nine keys and is ignored", "correct or remove it");
+      Complain(place, Quoted(line.Text) + " holds none of the nine keys and is ignored",
+               "correct or remove it");
     }
   }
   return values;

@@ -34,6 +34,10 @@ TEST_F(YaxTest, EndsWithAStatusThatTellsWhatWasFound) {
       {"clearance --unit mm " + (folder / "small.yax"), 0, "# 0 wires of 0.025400 mm", ""},
       {"clearance --net-pattern '(' " + two, 2, "", "'(' is no regular expression"},
       {"clearance --net-pattern '^V' " + two, 2, "", "'^V' has no group"},
+      {"frob", 2, "", "yax: 'frob' is no command; see yax --help"},
+      {"clearance --json --limit 1 --limit 2 " + one, 2, "", "yax: --limit is given more than once; see"},
+      {"wires --summary -o " + (folder / "") + " " + one, 2, "", ": Is a directory; give a file"},
+      {"check ''", 2, "", "'': there is no such file"},
       {"export -o - " + one, 0, "glTF", ""},
       {"export -o " + (folder / "a.stl") + " " + one, 2, "", "a.stl: its name tells no mesh format"},
       {"export -o " + (folder / "a.glb") + " " + (folder / "small.yax"), 2, "", "pass --unit"},
@@ -46,6 +50,14 @@ TEST_F(YaxTest, EndsWithAStatusThatTellsWhatWasFound) {
     EXPECT_EQ(ended.out.empty(), out.empty()) << arguments << "\n" << ended.out;
     EXPECT_EQ(ended.Lines(), err.empty() ? 0U : 1U) << arguments << "\n" << ended.err;
   }
+}
+
+TEST_F(YaxTest, SaysThatNobodyReadsItsOutput) {
+  // More than a pipe holds.
+  const std::string command = "bash -c '" YAX_PROGRAM " export --unit mm -o - " + Sample("bga332") + " 2>" +
+                              (folder / "err") + " | true; exit ${PIPESTATUS[0]}'";
+  EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 2);
+  EXPECT_EQ(GetFile(folder / "err"), "standard output: Broken pipe; see where it leads to\n");
 }
 
 TEST_F(YaxTest, ExportsAnObjectWithItsColoursBesideIt) {
