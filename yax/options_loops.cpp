@@ -53,7 +53,7 @@ void AddLoopOptions(CLI::App& command, LoopOptions& options) {
   command.add_option("--material", values.Material, "What the wires are made of; changes no picture")
       ->check(CLI::IsMember(std::vector<std::string>{"Au", "Al", "Cu"}))
       ->group(kGroup);
-  AddValue(command, "--wire-diameter", "MILS", "The wires' diameter; changes no picture",
+  AddValue(command, "--wire-diameter", "MILS", "The wires' diameter, for clearances and exports; changes no picture",
            values.WireDiameter);
   AddValue(command, "--frequency", "HERTZ", "The signals' frequency; changes no picture", values.Frequency);
 }

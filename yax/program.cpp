@@ -54,6 +54,12 @@ Status AnswerOrRefuse(const std::vector<std::string>& arguments, const CLI::App&
 Status ParseAndRun(const std::vector<std::string>& arguments) {
   CLI::App program("Integrated-circuit packages on the command line: the viewer's companion", "yax");
   program.formatter(std::make_shared<HelpFormat>());
+  const std::string endings =
+      "Exit status:\n"
+      "  0                             Done\n"
+      "  1                             Done, and there are findings\n"
+      "  2                             Input or arguments with which nothing can be done";
+  program.footer(endings);  // which the commands take over
   program.require_subcommand(1, 1);
   AddHelpAndVersion(program);
   const std::vector<Command> commands = AddCommands(program);
@@ -61,6 +67,7 @@ Status ParseAndRun(const std::vector<std::string>& arguments) {
     command->group("Commands");
     AddHelpAndVersion(*command);
   }
+  program.footer(endings + "\n\nyax COMMAND --help tells the options of a command.");
   try {
     // The parser takes them from the back, and takes them away.
     program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
