@@ -18,6 +18,8 @@ class Fault : public std::exception {
   void NameRecord(const std::string& record);
 
   const char* what() const noexcept override { return text_.c_str(); }
+  /// The kind alone, for messages that say by themselves where it happened.
+  const std::string& Kind() const { return kind_; }
 
  private:
   void Compose();

@@ -1,7 +1,6 @@
 #include "setup/estimator_file.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "model/numbers.h"
 #include "model/text.h"
@@ -12,24 +11,32 @@ namespace {
 
 constexpr std::string_view kNewLine = "\r\n";
 
-// Deliberate: "BASEEXTENSTON=" and "STICHEXTENSTON=" are not the keys that ParameterText writes, so a
-// saved file never restores these two extensions.
-constexpr std::pair<std::string_view, ParameterKey> kKeys[] = {
-    {"YAXFILE=", ParameterKey::YaxFile},
-    {"MATERIAL=", ParameterKey::Material},
-    {"WIREDIAMETER=", ParameterKey::WireDiameter},
-    {"FREQUENCY=", ParameterKey::Frequency},
-    {"BASELOOPHEIGHT=", ParameterKey::BaseLoopHeight},
-    {"BASEEXTENSTON=", ParameterKey::BaseExtension},
-    {"STACKLOOPHEIGHT=", ParameterKey::StackLoopHeight},
-    {"STACKEXTENSION=", ParameterKey::StackExtension},
-    {"STICHEXTENSTON=", ParameterKey::StitchExtension},
+struct Key {
+  ParameterKey Meaning;
+  std::string_view Written;
+  std::string_view Loaded;
 };
 
-std::optional<Parameter> ReadLine(std::string_view line) {
-  for (const auto& [key, meaning] : kKeys)
-    if (line.size() >= key.size() && model::EqualsUpper(line.substr(0, key.size()), key))
-      return Parameter{meaning, line.substr(key.size())};
+// Deliberate: the load knows two keys by other texts than those that ParameterText writes, so in the window
+// a saved file never restores these two extensions.
+constexpr Key kKeys[] = {
+    {ParameterKey::YaxFile, "YAXFILE", "YAXFILE"},
+    {ParameterKey::Material, "MATERIAL", "MATERIAL"},
+    {ParameterKey::WireDiameter, "WIREDIAMETER", "WIREDIAMETER"},
+    {ParameterKey::Frequency, "FREQUENCY", "FREQUENCY"},
+    {ParameterKey::BaseLoopHeight, "BASELOOPHEIGHT", "BASELOOPHEIGHT"},
+    {ParameterKey::BaseExtension, "BASEEXTENSION", "BASEEXTENSTON"},
+    {ParameterKey::StackLoopHeight, "STACKLOOPHEIGHT", "STACKLOOPHEIGHT"},
+    {ParameterKey::StackExtension, "STACKEXTENSION", "STACKEXTENSION"},
+    {ParameterKey::StitchExtension, "STICHEXTENSION", "STICHEXTENSTON"},
+};
+
+std::optional<Parameter> ReadLine(std::string_view line, KeyTexts texts) {
+  const std::size_t equals = line.find('=');
+  if (equals == std::string_view::npos) return std::nullopt;
+  for (const Key& key : kKeys)
+    if (model::EqualsUpper(line.substr(0, equals), texts == KeyTexts::AsWritten ? key.Written : key.Loaded))
+      return Parameter{key.Meaning, line.substr(equals + 1)};
   return std::nullopt;
 }
 
@@ -65,14 +72,22 @@ std::string ParameterText(const model::Package& package, const model::WireBondSe
   return text;
 }
 
+std::vector<ParameterLine> ReadParameterLines(std::string_view text, KeyTexts texts) {
+  std::vector<ParameterLine> lines;
+  for (std::size_t number = 1; !text.empty(); ++number) {
+    const std::size_t end = std::min(text.find_first_of(kNewLine), text.size());
+    const std::string_view line = text.substr(0, end);
+    if (!line.empty()) lines.push_back({number, line, ReadLine(line, texts)});
+    text.remove_prefix(end);
+    text.remove_prefix(text.starts_with(kNewLine) ? kNewLine.size() : std::min<std::size_t>(text.size(), 1));
+  }
+  return lines;
+}
+
 std::vector<Parameter> ReadParameters(std::string_view text) {
   std::vector<Parameter> parameters;
-  while (!text.empty()) {
-    // Between a CR and its LF lies an empty line, which no key matches.
-    const std::size_t end = std::min(text.find_first_of(kNewLine), text.size());
-    if (const auto parameter = ReadLine(text.substr(0, end))) parameters.push_back(*parameter);
-    text.remove_prefix(std::min(end + 1, text.size()));
-  }
+  for (const ParameterLine& line : ReadParameterLines(text, KeyTexts::OfLoad))
+    if (line.Known) parameters.push_back(*line.Known);
   return parameters;
 }
 

@@ -1,6 +1,7 @@
 /// The estimator's parameter file (".zu"): its text, its keys, its names.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,7 +12,7 @@
 
 namespace setup {
 
-/// The keys that reading knows.
+/// What a line of the file sets.
 enum class ParameterKey {
   YaxFile,
   Material,
@@ -29,11 +30,28 @@ struct Parameter {
   std::string_view Value;  ///< the rest of the line, as it stands
 };
 
+/// A line with something in it.
+struct ParameterLine {
+  std::size_t Number;  ///< counted from 1, with the empty ones
+  std::string_view Text;
+  std::optional<Parameter> Known;  ///< nothing when it begins with no key
+};
+
+/// By which texts the keys are known, in any letter case.
+enum class KeyTexts {
+  OfLoad,    ///< those that the window's load knows
+  AsWritten  ///< those that ParameterText writes
+};
+
 /// The text of the parameter file, CR LF after every line.
 /// Reads   the package's name and whether it has bonds on a stacked die
 std::string ParameterText(const model::Package& package, const model::WireBondSettings& settings);
 
-/// The lines of a parameter file whose keys are known, in the file's order. Lines end in CR LF, LF or CR.
+/// The lines of a parameter file, but for empty ones. Lines end in CR LF, LF or CR.
+/// Returns views into `text`
+std::vector<ParameterLine> ReadParameterLines(std::string_view text, KeyTexts texts);
+
+/// What the window's load takes from a parameter file, in the file's order.
 /// Returns views into `text`
 std::vector<Parameter> ReadParameters(std::string_view text);
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "model/arithmetic.h"
+#include "model/wire_measures.h"
 #include "model/wire_path.h"
 
 namespace setup {
@@ -23,16 +24,12 @@ PackagePoint EndOf(const StitchRec& stitch) { return {stitch.X2, stitch.Y2, stit
 
 bool HasWire(const StitchRec&) { return true; }
 
-double PlanLength(const PackagePoint& a, const PackagePoint& b) {
-  return std::hypot(double(b.X) - double(a.X), double(b.Y) - double(a.Y));
-}
-
 /// The wire of middle length. Returns nothing when the table has none that can be drawn
 template <class Record>
 std::optional<Record> TypicalOf(const model::Table<Record>& records) {
   std::vector<std::pair<double, const Record*>> wires;
   for (const Record& record : records) {
-    const double length = PlanLength(StartOf(record), EndOf(record));
+    const double length = model::PlanLength(StartOf(record), EndOf(record));
     if (HasWire(record) && length > 0.0) wires.emplace_back(length, &record);
   }
   if (wires.empty()) return std::nullopt;
@@ -87,7 +84,7 @@ float InScene(float setting, const Package& package) {
 /// The loop seen from the side. `startOut` is where it starts, `direction` 1 outwards and -1 inwards.
 std::vector<SidePoint> Profile(const PackagePoint& start, const PackagePoint& end, float loopHeight,
                                float extension, double startOut, double direction) {
-  const double length = PlanLength(start, end);
+  const double length = model::PlanLength(start, end);
   std::vector<SidePoint> profile;
   for (const PackagePoint& point : model::SevenPoints(start, end, loopHeight, extension)) {
     const double along = ((double(point.X) - double(start.X)) * (double(end.X) - double(start.X)) +
@@ -151,7 +148,7 @@ SideWire SideStitchWire(const Package& package, const model::WireBondSettings& s
     const double end = Inside(package, stitch.X2, stitch.Y2);
     // Its outer end stays where it is, so that no stitch that runs askew ends beside the die.
     const bool inwards = end > start;
-    const double startOut = inwards ? -start : -end - PlanLength(StartOf(stitch), EndOf(stitch));
+    const double startOut = inwards ? -start : -end - model::PlanLength(StartOf(stitch), EndOf(stitch));
     return {Profile(StartOf(stitch), EndOf(stitch), InScene(settings.StackLoopHeight, package),
                     InScene(settings.StitchExtension, package), startOut, inwards ? -1.0 : 1.0),
             double(stitch.PadSize1), double(stitch.PadSize2)};

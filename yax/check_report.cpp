@@ -5,13 +5,12 @@
 #include <nlohmann/json.hpp>
 #include <tuple>
 
+#include "yax/json_text.h"
 #include "yax/output.h"
 
 namespace yax {
 
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 std::map<std::string, std::size_t> NoteCounts(const CheckReport& report) {
   std::map<std::string, std::size_t> counts;
@@ -85,8 +84,7 @@ std::string JsonReport(const CheckReport& report, bool listNotes) {
             {"findings", JsonOf(report, Level::Finding)},
             {"note_counts", counts}};
   if (listNotes) json["notes"] = JsonOf(report, Level::Note);
-  // Names may hold any bytes.
-  return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+  return JsonText(json);
 }
 
 }  // namespace yax

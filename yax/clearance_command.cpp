@@ -12,7 +12,6 @@
 #include "yax/options_nets.h"
 #include "yax/options_package.h"
 #include "yax/options_picture.h"
-#include "yax/options_tier_loops.h"
 #include "yax/options_unit.h"
 #include "yax/output.h"
 #include "yax/package_picture.h"
@@ -32,7 +31,6 @@ struct ClearanceOptions {
   UnitOptions unit;
   NetOptions nets;
   LoopOptions loops;
-  TierLoopOptions tierLoops;
   PictureOptions picture;
   CameraOptions camera;
 };
@@ -50,7 +48,7 @@ Status Clearance(const ClearanceOptions& options) {
   model::Package package = LoadPackage(options.package);
   const LengthUnit unit = UnitOf(options.unit, package);
   const model::WireBondSettings settings = SettingsOf(options.loops, package);
-  const render::WireShapes shapes = ShapesOf(options.tierLoops, package);
+  const render::WireShapes shapes = ShapesOf(options.loops.Tiers, package);
   const std::vector<WireLoop> loops = WireLoopsOf(package, settings, shapes);
   const ClearanceReport report = MeasureClearances(
       {loops, options.nets, unit, WireDiameterIn(unit, settings), options.limit, options.all});
@@ -89,7 +87,6 @@ Command AddClearance(CLI::App& program) {
   AddUnitOption(*command, options->unit);
   AddNetOptions(*command, options->nets);
   AddLoopOptions(*command, options->loops);
-  AddTierLoopOptions(*command, options->tierLoops);
   AddPictureOptions(*command, options->picture);
   AddCameraOptions(*command, options->camera);
   return {command, [options] { return Clearance(*options); }};

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <cstdio>
+#include <nlohmann/json.hpp>
 #include <unordered_map>
 
 #include "yax/clearance.h"
@@ -124,25 +125,26 @@ std::string ColumnsOf(const ClearanceReport& report) {
 }
 
 std::string JsonOf(const ClearanceReport& report) {
-  const auto length = [&report](double value) { return LengthText(report, value); };
-  std::string text = std::string("{\n  \"unit\": \"") + report.Unit.Name +
-                     "\",\n  \"wire_diameter\": " + length(report.WireDiameter) +
-                     ",\n  \"limit\": " + (report.Limit ? length(*report.Limit) : "null") +
-                     ",\n  \"wires\": " + std::to_string(report.Wires) +
-                     ",\n  \"touching\": " + std::to_string(report.Count(Finding::Touching)) +
-                     ",\n  \"below_limit\": " + std::to_string(report.Count(Finding::BelowLimit)) +
-                     ",\n  \"pairs\": [";
-  const char* separator = "\n";
-  for (const ClearanceRow& row : report.Rows) {
-    text += separator;
-    text += "    {\"clearance\": " + length(row.Clearance) + ", \"wire\": " + JsonString(row.Name) +
-            ", \"other\": " + JsonString(row.Other) + ", \"net\": " + JsonString(row.Net) +
-            ", \"other_net\": " + JsonString(row.OtherNet) + ", \"x\": " + length(row.Where[0]) +
-            ", \"y\": " + length(row.Where[1]) + ", \"z\": " + length(row.Where[2]) + ", \"finding\": \"" +
-            NameOf(row.Kind) + "\"}";
-    separator = ",\n";
-  }
-  return text + (report.Rows.empty() ? "" : "\n  ") + "]\n}\n";
+  // As many digits as the columns show.
+  const auto length = [&report](double value) { return Json::parse(LengthText(report, value)); };
+  Json json{{"unit", report.Unit.Name},
+            {"wire_diameter", length(report.WireDiameter)},
+            {"limit", report.Limit ? length(*report.Limit) : Json()},
+            {"wires", report.Wires},
+            {"touching", report.Count(Finding::Touching)},
+            {"below_limit", report.Count(Finding::BelowLimit)},
+            {"pairs", Json::array()}};
+  for (const ClearanceRow& row : report.Rows)
+    json["pairs"].push_back({{"clearance", length(row.Clearance)},
+                             {"wire", row.Name},
+                             {"other", row.Other},
+                             {"net", row.Net},
+                             {"other_net", row.OtherNet},
+                             {"x", length(row.Where[0])},
+                             {"y", length(row.Where[1])},
+                             {"z", length(row.Where[2])},
+                             {"finding", NameOf(row.Kind)}});
+  return JsonText(json);
 }
 
 }  // namespace yax

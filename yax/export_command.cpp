@@ -15,7 +15,6 @@
 #include "yax/options_nets.h"
 #include "yax/options_package.h"
 #include "yax/options_picture.h"
-#include "yax/options_tier_loops.h"
 #include "yax/options_unit.h"
 #include "yax/options_wires.h"
 #include "yax/output.h"
@@ -31,7 +30,6 @@ struct ExportOptions {
   UnitOptions unit;
   NetOptions nets;
   LoopOptions loops;
-  TierLoopOptions tierLoops;
   WireOptions wires;
 };
 
@@ -63,7 +61,7 @@ Status Export(const ExportOptions& options) {
   model::Package package = LoadPackage(options.package);
   const LengthUnit unit = UnitOf(options.unit, package);
   const model::WireBondSettings settings = SettingsOf(options.loops, package);
-  const render::WireShapes shapes = ShapesOf(options.tierLoops, package);
+  const render::WireShapes shapes = ShapesOf(options.loops.Tiers, package);
   const render::WireSelection selection = SelectionOf(options.wires, package);
   const double scale = double(package.UnitScale);
   render::MeshPen pen(WireDiameterIn(unit, settings) / 2.0 / scale,
@@ -102,7 +100,6 @@ Command AddExport(CLI::App& program) {
   AddNetOptions(*command, options->nets);
   AddBackgroundOption(*command, options->appearance);
   AddLoopOptions(*command, options->loops);
-  AddTierLoopOptions(*command, options->tierLoops);
   AddWireOptions(*command, options->wires);
   return {command, [options] { return Export(*options); }};
 }

@@ -1,16 +1,19 @@
-/// Texts of package files inside JSON.
+/// JSON as the commands write it.
 #pragma once
 
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 #include <string_view>
 
 namespace yax {
 
-/// The text in UTF-8: each byte that does not fit becomes the replacement character. Package files may hold
-/// any bytes.
-std::string Utf8Of(std::string_view bytes);
+/// Keys stay in the order in which they were given.
+using Json = nlohmann::ordered_json;
 
-/// The text as a JSON string, quotes included.
-std::string JsonString(std::string_view bytes);
+/// The whole file. Names may hold any bytes: each that is no UTF-8 becomes the replacement character.
+std::string JsonText(const Json& json);
+
+/// The text in UTF-8, with the same replacement.
+std::string Utf8Of(std::string_view bytes);
 
 }  // namespace yax

@@ -5,7 +5,7 @@
 namespace yax {
 
 std::string MessageText(const Place& place, std::string_view what, std::string_view advice) {
-  std::string text = place.File;
+  std::string text = place.File.empty() ? "''" : place.File;
   if (place.Line != 0) (text += ':') += std::to_string(place.Line);
   (text += ": ") += what;
   if (!advice.empty()) (text += "; ") += advice;

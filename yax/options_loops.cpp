@@ -49,11 +49,12 @@ void AddLoopOptions(CLI::App& command, LoopOptions& options) {
       ->type_name("UNITS|edge")
       ->group(kLoopsGroup);
   AddValue(command, "--stitch-extension", "UNITS", "How far stitches run level", values.StitchExtension);
+  AddTierLoopOptions(command, options.Tiers);
   command.add_option("--material", values.Material, "What the wires are made of; changes no picture")
       ->check(CLI::IsMember(std::vector<std::string>{"Au", "Al", "Cu"}))
       ->group(kLoopsGroup);
-  AddValue(command, "--wire-diameter", "MILS", "The wires' diameter; changes no picture",
-           values.WireDiameter);
+  AddValue(command, "--wire-diameter", "MILS",
+           "The wires' diameter, for clearances and exports; changes no picture", values.WireDiameter);
   AddValue(command, "--frequency", "HERTZ", "The signals' frequency; changes no picture", values.Frequency);
 }
 

@@ -6,6 +6,7 @@
 
 #include "model/package.h"
 #include "model/wire_bond_settings.h"
+#include "yax/options_tier_loops.h"
 
 namespace CLI {
 class App;
@@ -25,10 +26,11 @@ struct LoopOptions {
   bool DieHeight =
       false;  ///< start from the reader's own defaults, not from what the window has after a load
   std::string ParameterFile;  ///< a .zu file over those; empty for none
-  LoopValues Values;          ///< over everything else
+  LoopValues Values;          ///< over those
+  TierLoopOptions Tiers;      ///< over everything else
 };
 
-/// Adds --loops, --zu and one option for each setting.
+/// Adds --loops, --zu, one option for each setting, and those for single tiers.
 void AddLoopOptions(CLI::App& command, LoopOptions& options);
 
 /// The settings for a package just read.

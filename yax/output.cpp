@@ -20,8 +20,8 @@ void WriteOutput(const std::string& output, std::string_view bytes) {
   }
   try {
     model::WriteWholeFile(output, bytes, model::Content::MadeAgain);
-  } catch (const model::Fault& fault) {
-    throw Unusable({.File = output}, fault.what(), kAdvice);
+  } catch (const model::FileFault& fault) {
+    throw Unusable({.File = output}, fault.Kind(), kAdvice);
   }
 }
 

@@ -20,25 +20,46 @@ void AddHelpAndVersion(CLI::App& level) {
   level.set_version_flag("--version", std::string("yax ") + model::kVersionText, "Show the version and end");
 }
 
+/// What is wrong with the arguments, in words of our own where the parser's are hard to understand.
+std::string MistakeIn(const std::vector<std::string>& arguments, const CLI::App& program,
+                      const CLI::ParseError& stop) {
+  const auto commands = program.get_subcommands();
+  if (arguments.empty()) return "a command is missing";
+  if (commands.empty()) return "'" + arguments.front() + "' is no command";
+  for (const CLI::Option* option : commands.front()->get_options()) {
+    const int most = option->get_items_expected_max();  // 0 for flags, which do no harm twice
+    if (most > 0 && static_cast<int>(option->count()) > most)
+      return option->get_name() + " is given more than once";
+  }
+  std::string what = stop.what();
+  std::replace(what.begin(), what.end(), '\n', ' ');
+  return what;
+}
+
 /// Help and version are answers; anything else that stops the parser is a mistake in the arguments.
-Status AnswerOrRefuse(const CLI::App& program, const CLI::ParseError& stop) {
+Status AnswerOrRefuse(const std::vector<std::string>& arguments, const CLI::App& program,
+                      const CLI::ParseError& stop) {
   std::ostringstream answer;
   std::ostringstream ignored;
   if (program.exit(stop, answer, ignored) == 0) {
     WriteOutput("-", answer.str());
     return Status::Done;
   }
-  std::string what = stop.what();
-  std::replace(what.begin(), what.end(), '\n', ' ');
   const auto commands = program.get_subcommands();
   const std::string help =
       commands.empty() ? "yax --help" : "yax " + commands.front()->get_name() + " --help";
-  throw Unusable(CommandLine(), what, "see " + help);
+  throw Unusable(CommandLine(), MistakeIn(arguments, program, stop), "see " + help);
 }
 
-Status ParseAndRun(std::vector<std::string> arguments) {
+Status ParseAndRun(const std::vector<std::string>& arguments) {
   CLI::App program("Integrated-circuit packages on the command line: the viewer's companion", "yax");
   program.formatter(std::make_shared<HelpFormat>());
+  const std::string endings =
+      "Exit status:\n"
+      "  0                             Done\n"
+      "  1                             Done, and there are findings\n"
+      "  2                             Input or arguments with which nothing can be done";
+  program.footer(endings);  // which the commands take over
   program.require_subcommand(1, 1);
   AddHelpAndVersion(program);
   const std::vector<Command> commands = AddCommands(program);
@@ -46,11 +67,12 @@ Status ParseAndRun(std::vector<std::string> arguments) {
     command->group("Commands");
     AddHelpAndVersion(*command);
   }
+  program.footer(endings + "\n\nyax COMMAND --help tells the options of a command.");
   try {
-    std::reverse(arguments.begin(), arguments.end());  // the parser takes them from the back
-    program.parse(arguments);
+    // The parser takes them from the back, and takes them away.
+    program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
   } catch (const CLI::ParseError& stop) {
-    return AnswerOrRefuse(program, stop);
+    return AnswerOrRefuse(arguments, program, stop);
   }
   const auto asked = std::find_if(commands.begin(), commands.end(),
                                   [](const Command& command) { return command.Parser->parsed(); });

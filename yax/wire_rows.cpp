@@ -47,11 +47,12 @@ Place PlaceOf(const model::Fault& fault, model::Package& package, const PackageL
   return {.File = package.PackagePath};
 }
 
-std::vector<model::WirePath> LoopsOf(model::Package& package, const model::WireBondSettings& settings,
-                                     const render::WireSelection& selection, const PackageLines& lines) {
+std::vector<model::WirePath> LoopsOf(model::Package& package, const WiresAsked& asked,
+                                     const PackageLines& lines) {
   LoopPen pen;
   try {
-    render::Scene({package, settings, render::Appearance(), selection}, pen).DrawWires();
+    render::Scene({package, asked.settings, render::Appearance(), asked.selection, &asked.shapes}, pen)
+        .DrawWires();
   } catch (const model::Fault& fault) {
     throw Unusable(PlaceOf(fault, package, lines), fault.what(), "correct it; yax check tells of others");
   }
@@ -162,12 +163,11 @@ void WireMeasures::AddStitches(const std::vector<std::size_t>& lines,
 
 }  // namespace
 
-std::vector<WireRow> WireRows(model::Package& package, const model::WireBondSettings& settings,
-                              const render::WireSelection& selection, const PackageLines& lines) {
-  WireMeasures measures(package, LoopsOf(package, settings, selection, lines));
-  measures.AddBonds(package.Bonds, lines.Bonds, selection, false);
-  measures.AddBonds(package.SDBonds, lines.SDBonds, selection, true);
-  measures.AddStitches(lines.Stitches, selection);
+std::vector<WireRow> WireRows(model::Package& package, const WiresAsked& asked, const PackageLines& lines) {
+  WireMeasures measures(package, LoopsOf(package, asked, lines));
+  measures.AddBonds(package.Bonds, lines.Bonds, asked.selection, false);
+  measures.AddBonds(package.SDBonds, lines.SDBonds, asked.selection, true);
+  measures.AddStitches(lines.Stitches, asked.selection);
   return std::move(measures.Rows);
 }
 

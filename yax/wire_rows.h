@@ -8,6 +8,7 @@
 #include "model/package.h"
 #include "model/wire_bond_settings.h"
 #include "render/wire_selection.h"
+#include "render/wire_shapes.h"
 #include "yax/line_check.h"
 
 namespace yax {
@@ -33,11 +34,17 @@ struct WireGroup {
   double LargestAngle = 0.0;
 };
 
+/// Which wires, and how their loops run.
+struct WiresAsked {
+  const model::WireBondSettings& settings;
+  const render::WireShapes& shapes;
+  const render::WireSelection& selection;
+};
+
 /// A row for each wire that the viewer would draw of a wire-bond package: base die, stacked die, stitches.
 /// Tier and net type are those of the first wire-list entry of that name; a stitch goes by its first pad.
 /// Faults  Unusable when a wire has no loop
-std::vector<WireRow> WireRows(model::Package& package, const model::WireBondSettings& settings,
-                              const render::WireSelection& selection, const PackageLines& lines);
+std::vector<WireRow> WireRows(model::Package& package, const WiresAsked& asked, const PackageLines& lines);
 
 /// The rows by tier and net type, in the order of these texts.
 std::vector<WireGroup> GroupsOf(const std::vector<WireRow>& rows);

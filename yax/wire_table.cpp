@@ -3,11 +3,11 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
+#include "yax/json_text.h"
+
 namespace yax {
 
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 /// A row as named values: the one place that names the columns, for both formats.
 Json ValuesOf(const WireRow& row, const std::string& unit) {
@@ -78,8 +78,7 @@ std::string WiresJson(const std::vector<WireRow>* rows, const std::vector<WireGr
   json["unit"] = unit;
   if (rows != nullptr) json["wires"] = List(*rows, unit);
   json["summary"] = List(groups, unit);
-  // Names may hold any bytes.
-  return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+  return JsonText(json);
 }
 
 }  // namespace yax

@@ -58,8 +58,9 @@ Status Wires(const WiresOptions& options) {
   LineCheck lines(unused);
   model::Package package = LoadPackage(options.package, nullptr, &lines);
   const model::WireBondSettings settings = SettingsOf(options.loops, package);
+  const render::WireShapes shapes = ShapesOf(options.loops.Tiers, package);
   const render::WireSelection selection = SelectionOf(options.wires, package);
-  const std::vector<WireRow> rows = WireRows(package, settings, selection, lines.Lines());
+  const std::vector<WireRow> rows = WireRows(package, {settings, shapes, selection}, lines.Lines());
   const std::vector<WireGroup> groups = GroupsOf(rows);
   if (options.json) {
     WriteOutput(options.output, WiresJson(options.summary ? nullptr : &rows, groups, options.unit));

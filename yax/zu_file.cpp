@@ -1,6 +1,5 @@
 #include "yax/zu_file.h"
 
-#include <array>
 #include <cctype>
 #include <utility>
 
@@ -8,21 +7,23 @@
 #include "model/files.h"
 #include "model/numbers.h"
 #include "model/text.h"
+#include "setup/estimator_file.h"
 #include "yax/messages.h"
 
 namespace yax {
 
 namespace {
 
-constexpr std::pair<std::string_view, std::optional<float> LoopValues::*> kNumbers[] = {
-    {"WIREDIAMETER", &LoopValues::WireDiameter},
-    {"FREQUENCY", &LoopValues::Frequency},
-    {"BASELOOPHEIGHT", &LoopValues::BaseLoopHeight},
-    {"BASEEXTENSION", &LoopValues::BaseExtension},
-    {"STACKLOOPHEIGHT", &LoopValues::StackLoopHeight},
-    {"STACKEXTENSION", &LoopValues::StackExtension},
-    // Deliberate: this is how the file spells it.
-    {"STICHEXTENSION", &LoopValues::StitchExtension},
+using setup::ParameterKey;
+
+constexpr std::pair<ParameterKey, std::optional<float> LoopValues::*> kNumbers[] = {
+    {ParameterKey::WireDiameter, &LoopValues::WireDiameter},
+    {ParameterKey::Frequency, &LoopValues::Frequency},
+    {ParameterKey::BaseLoopHeight, &LoopValues::BaseLoopHeight},
+    {ParameterKey::BaseExtension, &LoopValues::BaseExtension},
+    {ParameterKey::StackLoopHeight, &LoopValues::StackLoopHeight},
+    {ParameterKey::StackExtension, &LoopValues::StackExtension},
+    {ParameterKey::StitchExtension, &LoopValues::StitchExtension},
 };
 
 /// ToNumber takes anything; a value without a digit where a number begins would silently be 0.
@@ -40,25 +41,16 @@ std::string MaterialOf(const Place& place, std::string_view value) {
   throw Unusable(place, Quoted(value) + " is no wire material", "write Au, Al or Cu");
 }
 
-void TakeLine(const Place& place, std::string_view line, LoopValues& values) {
-  const std::size_t equals = line.find('=');
-  const std::string_view value = equals == std::string_view::npos ? "" : line.substr(equals + 1);
-  const std::string key = model::UpperCase(line.substr(0, equals));
-  if (equals != std::string_view::npos) {
-    for (const auto& [name, setting] : kNumbers) {
-      if (key != name) continue;
-      if (!BeginsNumber(value))
-        throw Unusable(place, Quoted(value) + " is not a number", "write one such as 12.5");
-      values.*setting = model::ToNumber(value);
-      return;
-    }
-    if (key == "MATERIAL") {
-      values.Material = MaterialOf(place, value);
-      return;
-    }
-    if (key == "YAXFILE") return;
-  }
-  Complain(place, Quoted(line) + " holds none of the nine keys and is ignored", "correct or remove it");
+float NumberOf(const Place& place, std::string_view value) {
+  if (!BeginsNumber(value))
+    throw Unusable(place, Quoted(value) + " is not a number", "write one such as 12.5");
+  return model::ToNumber(value);
+}
+
+void Take(const Place& place, const setup::Parameter& parameter, LoopValues& values) {
+  if (parameter.Key == ParameterKey::Material) values.Material = MaterialOf(place, parameter.Value);
+  for (const auto& [key, setting] : kNumbers)
+    if (key == parameter.Key) values.*setting = NumberOf(place, parameter.Value);
 }
 
 }  // namespace
@@ -66,21 +58,21 @@ void TakeLine(const Place& place, std::string_view line, LoopValues& values) {
 LoopValues ReadParameterFile(const std::string& path) {
   try {
     return ReadParameterText(path, model::ReadWholeFile(path));
-  } catch (const model::Fault& fault) {
-    throw Unusable({.File = path}, fault.what(), "give the path of a .zu file");
+  } catch (const model::FileFault& fault) {
+    throw Unusable({.File = path}, fault.Kind(), "give the path of a .zu file");
   }
 }
 
 LoopValues ReadParameterText(const std::string& name, std::string_view text) {
   LoopValues values;
-  Place place{.File = name};
-  while (!text.empty()) {
-    ++place.Line;
-    const std::size_t end = text.find('\n');
-    std::string_view line = text.substr(0, end);
-    text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-    if (line.ends_with('\r')) line.remove_suffix(1);
-    if (!line.empty()) TakeLine(place, line, values);
+  for (const setup::ParameterLine& line : setup::ReadParameterLines(text, setup::KeyTexts::AsWritten)) {
+    const Place place{.File = name, .Line = line.Number};
+    if (line.Known) {
+      Take(place, *line.Known, values);
+    } else {
+      Complain(place, Quoted(line.Text) + " holds none of the nine keys and is ignored",
+               "correct or remove it");
+    }
   }
   return values;
 }

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 #include <png.h>
-#include <sys/wait.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -13,42 +12,9 @@
 #include "render/offscreen.h"
 #include "setup/setup_form.h"
 #include "shell/main_form.h"
-#include "tests/temporary_folder.h"
+#include "tests/yax/yax_program.h"
 
 namespace {
-
-constexpr char kOneWire[] =
-    "TECHNOLOGY WIRE_BOND\nCOMPL 40\nCOMPW 40\nCOMPZ 5\nCBP A 15 10 0 6 6 0 R RECTANGLE\n"
-    "SBP A 30 10 0 6 6 0 RECTANGLE 0 1\nWB A 15 10 0 30 10 5 0\n";
-
-constexpr const char* kSamples[] = {"AAAc",    "bga332",     "caravel-qfn64", "flipchip-bigblade",
-                                    "lqfp100", "stacked-ram"};
-
-struct Ended {
-  int status = -1;
-  std::string out, err;
-  std::size_t Lines() const { return std::size_t(std::count(err.begin(), err.end(), '\n')); }
-};
-
-/// The program itself, without a display unless `environment` gives one.
-class YaxTest : public testing::Test {
- protected:
-  Ended Yax(const std::string& arguments, const std::string& environment = "") const {
-    const std::string command = "env -u DISPLAY -u WAYLAND_DISPLAY " + environment + " " YAX_PROGRAM " " +
-                                arguments + " >" + (folder / "out") + " 2>" + (folder / "err");
-    const int status = std::system(command.c_str());
-    return {WEXITSTATUS(status), GetFile(folder / "out"), GetFile(folder / "err")};
-  }
-
-  std::string Sample(const std::string& name) const { return std::string(YAX_SAMPLES "/") + name + ".yax"; }
-
-  std::string OneWire() const {
-    PutFile(folder / "one.yax", kOneWire);
-    return folder / "one.yax";
-  }
-
-  TemporaryFolder folder;
-};
 
 class NoDialog final : public setup::FileDialog {
   std::optional<std::string> ShowOpen(const setup::FileDialogRequest&) override { return {}; }

@@ -31,7 +31,7 @@ LoopValues Loops() {
 }
 
 Wires WiresOf(const std::string& text, const std::string& netTypes = {},
-              const render::WireSelection& selection = {}) {
+              const render::WireSelection& selection = {}, const TierLoopOptions& tiers = {}) {
   const TemporaryFolder folder;
   const std::string path = folder / "board.yax";
   PutFile(path, text);
@@ -42,7 +42,8 @@ Wires WiresOf(const std::string& text, const std::string& netTypes = {},
   LoopOptions loops;
   loops.Values = Loops();
   const model::WireBondSettings settings = SettingsOf(loops, package);
-  Wires wires{WireRows(package, settings, selection, lines.Lines()), {}};
+  const render::WireShapes shapes = ShapesOf(tiers, package);
+  Wires wires{WireRows(package, {settings, shapes, selection}, lines.Lines()), {}};
   wires.groups = GroupsOf(wires.rows);
   return wires;
 }
@@ -114,6 +115,13 @@ TEST(WireRows, AreThoseThatAreDrawn) {
               std::string::npos)
         << unusable.what();
   }
+}
+
+TEST(WireRows, GiveATierItsOwnLoops) {
+  // Tier 2 is that of S; A keeps the settings.
+  const Wires wires = WiresOf(kThreeWires, {}, {}, {{{"2", {3.0F, {}}}, {"2", {{}, 1.0F}}}});
+  EXPECT_DOUBLE_EQ(wires.rows[0].TopHeight, 15.0);
+  EXPECT_DOUBLE_EQ(wires.rows[1].TopHeight, 10.0) << "3 above the pad, which is at 7";
 }
 
 TEST(WireMeasures, NearestEdgeIsThatOfTheTurnedDie) {

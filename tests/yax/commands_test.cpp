@@ -1,0 +1,93 @@
+#include "tests/yax/yax_program.h"
+
+namespace {
+
+TEST_F(YaxTest, EndsWithAStatusThatTellsWhatWasFound) {
+  const std::string one = OneWire();
+  PutFile(folder / "dirty.yax", std::string(kOneWire) + "# a remark\n");
+  PutFile(folder / "small.yax", "TECHNOLOGY WIRE_BOND\nCOMPL 4\nCOMPW 4\nCOMPZ .3\n");
+  // 15 mils apart, so both are findings only below a limit.
+  PutFile(folder / "two.yax", std::string(kOneWire) +
+                                  "CBP B 15 -5 0 6 6 0 R RECTANGLE\nSBP B 30 -5 0 6 6 0 RECTANGLE 0 1\n"
+                                  "WB B 15 -5 0 30 -5 5 0\n");
+  const std::string two = folder / "two.yax";
+  const struct {
+    std::string arguments;
+    int status;
+    std::string out, err;  ///< a part of each; empty for nothing at all
+  } cases[] = {
+      {"check " + one, 0, "read 7 lines, 0 ignored\n", ""},
+      {"check " + (folder / "dirty.yax"), 1, "read 8 lines, 1 ignored\n", "dirty.yax:8: finding: '#' is no"},
+      {"check --json " + (folder / "dirty.yax"), 1, "\"ignored\": 1", ""},
+      {"check " + (folder / "absent.yax"), 2, "", "absent.yax: there is no such file"},
+      {"wires " + one, 0, "\nA,,base,1,,15.0,", ""},
+      {"wires --limit-length 15 --loops die-height " + one, 1, "\nA,",
+       "one.yax:7: the length of wire 'A' is"},
+      {"wires --limit-angle 0 " + one, 0, "\nA,", ""},
+      {"wires --limit-angle x " + one, 2, "", "--limit-angle 'x' is not a number"},
+      {"wires --tier-loop-height 7=1 " + one, 2, "", "one.yax: no wire is of tier 7"},
+      {"clearance " + one, 0, "# 1 wires of 1.0000 mil: 0 pairs touch\n", ""},
+      {"clearance " + two, 0, " A     B ", ""},
+      {"clearance --limit 14.5 " + two, 1, "1 more are below 14.5000 mil", ""},
+      {"clearance --wire-diameter 15 " + two, 1, "1 pairs touch", ""},
+      {"clearance " + (folder / "small.yax"), 2, "", "small.yax: this looks like mm; pass --unit"},
+      {"clearance --unit mm " + (folder / "small.yax"), 0, "# 0 wires of 0.025400 mm", ""},
+      {"clearance --net-pattern '(' " + two, 2, "", "'(' is no regular expression"},
+      {"clearance --net-pattern '^V' " + two, 2, "", "'^V' has no group"},
+      {"frob", 2, "", "yax: 'frob' is no command; see yax --help"},
+      {"clearance --json --limit 1 --limit 2 " + one, 2, "", "yax: --limit is given more than once; see"},
+      {"wires --summary -o " + (folder / "") + " " + one, 2, "", ": Is a directory; give a file"},
+      {"check ''", 2, "", "'': there is no such file"},
+      {"export -o - " + one, 0, "glTF", ""},
+      {"export -o " + (folder / "a.stl") + " " + one, 2, "", "a.stl: its name tells no mesh format"},
+      {"export -o " + (folder / "a.glb") + " " + (folder / "small.yax"), 2, "", "pass --unit"},
+  };
+  for (const auto& [arguments, status, out, err] : cases) {
+    const Ended ended = Yax(arguments);
+    EXPECT_EQ(ended.status, status) << arguments << "\n" << ended.err;
+    EXPECT_NE(ended.out.find(out), std::string::npos) << arguments << "\n" << ended.out;
+    EXPECT_NE(ended.err.find(err), std::string::npos) << arguments << "\n" << ended.err;
+    EXPECT_EQ(ended.out.empty(), out.empty()) << arguments << "\n" << ended.out;
+    EXPECT_EQ(ended.Lines(), err.empty() ? 0U : 1U) << arguments << "\n" << ended.err;
+  }
+}
+
+TEST_F(YaxTest, SaysThatNobodyReadsItsOutput) {
+  // More than a pipe holds.
+  const std::string command = "bash -c '" YAX_PROGRAM " export --unit mm -o - " + Sample("bga332") + " 2>" +
+                              (folder / "err") + " | true; exit ${PIPESTATUS[0]}'";
+  EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 2);
+  EXPECT_EQ(GetFile(folder / "err"), "standard output: Broken pipe; see where it leads to\n");
+}
+
+TEST_F(YaxTest, ExportsAnObjectWithItsColoursBesideIt) {
+  const std::string one = OneWire();
+  ASSERT_EQ(Yax("export -o " + (folder / "a.b.obj") + " " + one).status, 0);
+  EXPECT_NE(GetFile(folder / "a.b.obj").find("\nmtllib a.b.mtl\n"), std::string::npos);
+  EXPECT_NE(GetFile(folder / "a.b.mtl").find("newmtl rgb_255_255_0\n"), std::string::npos);
+  // Where the one cannot be written the other does not stay.
+  ASSERT_EQ(std::system(("mkdir " + (folder / "c.obj")).c_str()), 0);
+  EXPECT_EQ(Yax("export -o " + (folder / "c.obj") + " " + one).status, 2);
+  EXPECT_EQ(GetFile(folder / "c.mtl"), "");
+}
+
+TEST_F(YaxTest, DrawsTheWiresOfTheFindingsOnly) {
+  const std::string loops = " --unit mm --net-pattern '^(V..)_' --base-loop-height .3 --base-extension .3 ";
+  ASSERT_EQ(Yax("clearance --size 200x150 --picture " + (folder / "a.bmp") + loops + Sample("bga332")).status,
+            1);
+  ASSERT_EQ(Yax("clearance --size 200x150 --picture " + (folder / "b.bmp") + loops +
+                "--tier-loop-height 4=.4 " + Sample("bga332"))
+                .status,
+            0);
+  const auto yellow = [this](const std::string& name) {
+    const std::string bytes = GetFile(folder / name);
+    std::size_t count = 0;
+    for (std::size_t at = 54; at + 3 <= bytes.size(); at += 3)
+      count += bytes.compare(at, 3, std::string("\0\xff\xff", 3)) == 0;
+    return count;
+  };
+  EXPECT_GT(yellow("a.bmp"), 20U);
+  EXPECT_EQ(yellow("b.bmp"), 0U) << "no findings, no wires";
+}
+
+}  // namespace
