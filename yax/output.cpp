@@ -1,7 +1,10 @@
 #include "yax/output.h"
 
+#include <sys/stat.h>
+
 #include <cerrno>
 #include <cstdio>
+#include <memory>
 #include <system_error>
 
 #include "model/faults.h"
@@ -10,18 +13,33 @@
 
 namespace yax {
 
+namespace {
+
+/// What is no file on a disk has no whole to keep: a device, a pipe with a name.
+bool IsStream(const std::string& output) {
+  struct stat found {};
+  return stat(output.c_str(), &found) == 0 && (S_ISCHR(found.st_mode) || S_ISFIFO(found.st_mode));
+}
+
+void Send(std::FILE* stream, const std::string& name, std::string_view bytes) {
+  if (stream == nullptr || std::fwrite(bytes.data(), 1, bytes.size(), stream) != bytes.size() ||
+      std::fflush(stream) != 0)
+    throw Unusable({.File = name}, std::generic_category().message(errno), "see where it leads to");
+}
+
+}  // namespace
+
 void WriteOutput(const std::string& output, std::string_view bytes) {
-  constexpr char kAdvice[] = "give a file in a folder that can be written";
-  if (output == "-") {
-    if (std::fwrite(bytes.data(), 1, bytes.size(), stdout) != bytes.size() || std::fflush(stdout) != 0)
-      throw Unusable({.File = "standard output"}, std::generic_category().message(errno),
-                     "see where it leads to");
-    return;
+  if (output == "-") return Send(stdout, "standard output", bytes);
+  if (IsStream(output)) {
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(std::fopen(output.c_str(), "wbe"),
+                                                                 std::fclose);
+    return Send(stream.get(), output, bytes);
   }
   try {
     model::WriteWholeFile(output, bytes, model::Content::MadeAgain);
   } catch (const model::FileFault& fault) {
-    throw Unusable({.File = output}, fault.Kind(), kAdvice);
+    throw Unusable({.File = output}, fault.Kind(), "give a file in a folder that can be written");
   }
 }
 

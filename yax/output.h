@@ -6,7 +6,7 @@
 
 namespace yax {
 
-/// Writes a file whole or not at all; "-" is standard output.
+/// Writes a file whole or not at all; "-" is standard output, and devices and named pipes are written through.
 /// Faults  Unusable when that fails
 void WriteOutput(const std::string& output, std::string_view bytes);
 

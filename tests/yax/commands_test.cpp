@@ -39,6 +39,8 @@ TEST_F(YaxTest, EndsWithAStatusThatTellsWhatWasFound) {
       {"wires --summary -o " + (folder / "") + " " + one, 2, "", ": Is a directory; give a file"},
       {"check ''", 2, "", "'': there is no such file"},
       {"export -o - " + one, 0, "glTF", ""},
+      {"wires -o /dev/stdout " + one, 0, "A", ""},
+      {"wires -o /dev/full " + one, 2, "", "/dev/full: No space left on device"},
       {"export -o " + (folder / "a.stl") + " " + one, 2, "", "a.stl: its name tells no mesh format"},
       {"export -o " + (folder / "a.glb") + " " + (folder / "small.yax"), 2, "", "pass --unit"},
   };
