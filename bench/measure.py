@@ -208,6 +208,7 @@ def start(table):
 def yax(table):
     with tempfile.TemporaryDirectory() as folder:
         yax_render(table, pathlib.Path(folder))
+        yax_reports(table, pathlib.Path(folder))
         viewer_of_others(table, pathlib.Path(folder))
 
 
@@ -225,19 +226,34 @@ def yax_render(table, folder):
         table.add("yax render: memory / the same", name, ours["memory"], bare["memory"], **target)
 
 
+def yax_reports(table, folder):
+    """The commands without a picture, from the start of their process to its end."""
+    run = program("bench_command")
+    exported = folder / "package.glb"
+    for name, path in PACKAGES.items():
+        unit = ("--unit", "mil" if name.startswith("scale-") else "mm")
+        commands = {"check": (), "wires": (), "clearance": unit, "export": (*unit, "-o", exported)}
+        *ours, bare = in_turn(ROUNDS, *((run, program("yax"), command, *options, path)
+                                        for command, options in commands.items()),
+                              (run, program("bench_read"), path, "bare"))
+        for command, taken in zip(commands, ours):
+            table.add(f"yax {command} / a program with the bare pass", name, taken["time"], bare["time"],
+                      statistics.median(taken["memory"]) / statistics.median(bare["memory"]))
+    few, many = (BUILD / "bench" / f"scale-{bonds}.yax" for bonds in (4000, 32000))
+    small, large = in_turn(ROUNDS, (run, program("yax"), "clearance", few), (run, program("yax"), "clearance", many))
+    table.add("yax clearance: 32,000 wires / 4,000", "scale", large["time"], small["time"],
+              statistics.median(large["memory"]) / statistics.median(small["memory"]), 12)
+
+
 def viewer_of_others(table, folder):
     exported = folder / "package.glb"
-    made = subprocess.run([program("yax"), "export", "--unit", "mm", str(PACKAGES[MAIN]), "-o", str(exported)], capture_output=True)
-    if made.returncode != 0 or shutil.which("f3d") is None:
-        why = "f3d is not installed" if made.returncode == 0 else "no export yet"
-        print(f"{'yax render / f3d of the exported package':<44}{MAIN:<20} skipped: {why}", flush=True)
-        return
     run = program("bench_command")
+    lines_of(run, program("yax"), "export", "--unit", "mm", PACKAGES[MAIN], "-o", exported)
     ours, theirs = in_turn(ROUNDS, (run, program("yax"), "render", PACKAGES[MAIN], "-o", folder / "ours.png"),
                            (run, shutil.which("f3d"), "--resolution=1024,768", f"--output={folder / 'f3d.png'}",
                             exported))
-    table.add("yax render / f3d of the exported package", MAIN, ours["time"], theirs["time"],
-              statistics.median(ours["memory"]) / statistics.median(theirs["memory"]))
+    table.add("yax render / f3d of the exported package", MAIN, ours["time"], theirs["time"], target=0.25)
+    table.add("yax render: memory / the same", MAIN, ours["memory"], theirs["memory"], target=0.45)
 
 
 def main():
