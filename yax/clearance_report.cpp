@@ -59,6 +59,12 @@ std::string CountsText(const ClearanceReport& report) {
   return text + "\n";
 }
 
+/// How many columns a text fills: continuations of a character fill none.
+std::size_t WidthOf(const std::string& text) {
+  return static_cast<std::size_t>(std::count_if(
+      text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
+}
+
 using Line = std::array<std::string, 7>;
 
 Line LineOf(const ClearanceReport& report, const ClearanceRow& row) {
@@ -111,11 +117,11 @@ std::string ColumnsOf(const ClearanceReport& report) {
   for (const ClearanceRow& row : report.Rows) lines.push_back(LineOf(report, row));
   std::array<std::size_t, std::tuple_size_v<Line>> widths{};
   for (const Line& line : lines)
-    for (std::size_t k = 0; k < line.size(); ++k) widths[k] = std::max(widths[k], line[k].size());
+    for (std::size_t k = 0; k < line.size(); ++k) widths[k] = std::max(widths[k], WidthOf(line[k]));
   std::string text;
   for (const Line& line : lines) {
     for (std::size_t k = 0; k + 1 < line.size(); ++k) {
-      const std::string blanks(widths[k] - line[k].size(), ' ');
+      const std::string blanks(widths[k] - WidthOf(line[k]), ' ');
       const bool isName = k == 1 || k == 2;
       text += (isName ? line[k] + blanks : blanks + line[k]) + "  ";
     }

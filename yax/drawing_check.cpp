@@ -91,11 +91,14 @@ void DrawingCheck::Nothing(std::size_t line, std::string what, std::string advic
 }
 
 void DrawingCheck::CheckTechnology() {
-  if (lines_.Technology == 0 || package_.Technology == "WIRE_BOND" || package_.Technology == "FLIP_CHIP")
-    return;
-  Nothing(lines_.Technology,
-          "TECHNOLOGY " + Shown(package_.Technology) + " shows no wires, substrate pads, rings and bands",
-          "write WIRE_BOND or FLIP_CHIP");
+  if (package_.Technology == "WIRE_BOND" || package_.Technology == "FLIP_CHIP") return;
+  const std::string hides = " shows no wires, substrate pads, rings and bands";
+  if (lines_.Technology != 0) {
+    Nothing(lines_.Technology, "TECHNOLOGY " + Shown(package_.Technology) + hides,
+            "write WIRE_BOND or FLIP_CHIP");
+  } else if (lines_.HasMoreThanDies()) {
+    Nothing(0, "a package without TECHNOLOGY" + hides, "write TECHNOLOGY WIRE_BOND into the header");
+  }
 }
 
 void DrawingCheck::CheckDiePads(const model::Table<BondRec>& bonds, const std::vector<BondLines>& lines) {

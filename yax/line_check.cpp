@@ -35,7 +35,16 @@ bool MayBeMissing(const LineNote& note, std::size_t field) {
   return (note.Keyword == BodyKeyword::Ring || note.Keyword == BodyKeyword::SRing) && field == 8;
 }
 
+/// What editors put at the start of a file, where nobody sees it.
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
 }  // namespace
+
+bool PackageLines::HasMoreThanDies() const {
+  const auto has = [](const BondLines& bond) { return bond.SubstratePad != 0 || bond.Wire != 0; };
+  return !Stitches.empty() || !Rings.empty() || !SRings.empty() || !Daps.empty() ||
+         std::any_of(Bonds.begin(), Bonds.end(), has) || std::any_of(SDBonds.begin(), SDBonds.end(), has);
+}
 
 void LineCheck::Add(Level level, const char* kind, std::size_t line, std::string what, std::string advice) {
   report_.Remarks.push_back({level, kind, {report_.File, line}, std::move(what), std::move(advice)});
@@ -67,6 +76,11 @@ void LineCheck::Ignored(const LineNote& note) {
       return nameless_.push_back(
           {note.Line, Keyword(note), Word(note.Fields[1]), note.Keyword == BodyKeyword::SrSeg});
     default:
+      if (note.Fields[0].starts_with(kByteOrderMark))
+        return Add(Level::Finding, "unknown-keyword", note.Line,
+                   "a byte order mark hides " + Shown(note.Fields[0].substr(kByteOrderMark.size())) +
+                       ", the line is ignored",
+                   "save the file as UTF-8 without a mark");
       return Add(Level::Finding, "unknown-keyword", note.Line, word + " is no keyword, the line is ignored",
                  "correct or remove it");
   }

@@ -28,6 +28,9 @@ struct PackageLines {
   std::vector<std::vector<std::size_t>> Segments;  ///< by ring
   std::unordered_set<std::string> StitchedPads;    ///< names of the pads at the stitches' ends
   std::unordered_set<std::size_t> Incomplete;      ///< lines that end before their last number
+
+  /// True where there is anything that only wire-bonded packages show.
+  bool HasMoreThanDies() const;
 };
 
 /// Watches one read and adds to the report what it sees.

@@ -164,6 +164,7 @@ void WireMeasures::AddStitches(const std::vector<std::size_t>& lines,
 }  // namespace
 
 std::vector<WireRow> WireRows(model::Package& package, const WiresAsked& asked, const PackageLines& lines) {
+  if (package.Technology != "WIRE_BOND") return {};
   WireMeasures measures(package, LoopsOf(package, asked, lines));
   measures.AddBonds(package.Bonds, lines.Bonds, asked.selection, false);
   measures.AddBonds(package.SDBonds, lines.SDBonds, asked.selection, true);

@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
+#include "model/numbers.h"
 #include "yax/json_text.h"
 
 namespace yax {
@@ -45,6 +46,7 @@ std::string Csv(const std::vector<Row>& rows, const std::string& unit) {
   addLine(ValuesOf(Row{}, unit), [](const std::string& key, const Json&) { return key; });
   for (const Row& row : rows)
     addLine(ValuesOf(row, unit), [](const std::string&, const Json& value) {
+      if (value.is_number_float()) return model::GeneralText(static_cast<float>(value.get<double>()));
       return value.is_string() ? value.get<std::string>() : value.dump();
     });
   return text;

@@ -158,6 +158,20 @@ TEST(Check, FlipChipsHaveNoWiresToMiss) {
   EXPECT_EQ(Remarks(Check("TECHNOLOGY WIREBOND\n" + bumps), Level::Finding), Texts{"1 draws-nothing"});
 }
 
+TEST(Check, MissesTheTechnologyWhereItHidesSomething) {
+  const std::string pad = "COMPZ 1\nCBP V 2 1 0 .2 .2 0 R ROUND\n";
+  EXPECT_EQ(Remarks(Check(pad), Level::Finding), Texts{});
+  for (const char* line : {"SBP V 4 1 0 1 1 0 ROUND 0 1\n", "WB V 2 1 0 4 1 1 0\n", "STCH V 2 1 V 3 1 1 1\n",
+                           "RING X STRAIGHT -4 4 4 -4 1\n", "DAP D 0 0 1 0 1\n"})
+    EXPECT_EQ(Remarks(Check(pad + line), Level::Finding), Texts{"0 draws-nothing"}) << line;
+}
+
+TEST(Check, TellsOfTheMarkThatNobodySees) {
+  const CheckReport report = Check("\xEF\xBB\xBFTECHNOLOGY FLIP_CHIP\nCOMPZ 1\n");
+  EXPECT_EQ(Remarks(report, Level::Finding), Texts{"1 unknown-keyword"});
+  EXPECT_EQ(report.Remarks.at(0).What, "a byte order mark hides 'TECHNOLOGY', the line is ignored");
+}
+
 TEST(Check, EdgeDistancesCountWhereALoadLeavesThem) {
   // After a load every extension is the die's height; a height of -1 so means the base die's edge.
   const std::string body =

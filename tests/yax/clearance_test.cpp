@@ -190,12 +190,12 @@ TEST(Clearance, OneHeightForFourTiersTouchesTwoHeightsDoNot) {
 TEST(Clearance, IsToldInColumnsAndInJson) {
   const ClearanceReport report = Measure(kHeader + Wire("A\xff\"", "1", "10 0", "50 0", "10 10") +
                                              Wire("long_name", "1", "30 -20", "30 20", "15 15") +
-                                             Wire("C", "1", "10 -30", "50 -30", "10 10"),
+                                             Wire("\xC3\x84", "1", "10 -30", "50 -30", "10 10"),
                                          {.limit = 4.5});
   EXPECT_EQ(ColumnsOf(report),
             "clearance_mil  wire       other        x_mil     y_mil    z_mil  finding\n"
             "       4.0000  A\xff\"        long_name  30.0000    0.0000  12.5000  below-limit\n"
-            "      10.1803  long_name  C          30.0000  -25.0000  12.5000  ok\n"
+            "      10.1803  long_name  \xC3\x84          30.0000  -25.0000  12.5000  ok\n"
             "# 3 wires of 1.0000 mil: 0 pairs touch, 1 more are below 4.5000 mil\n");
   const auto json = nlohmann::json::parse(JsonOf(report));
   EXPECT_EQ(json["unit"], "mil");

@@ -20,7 +20,7 @@ TEST_F(YaxTest, EndsWithAStatusThatTellsWhatWasFound) {
       {"check " + (folder / "dirty.yax"), 1, "read 8 lines, 1 ignored\n", "dirty.yax:8: finding: '#' is no"},
       {"check --json " + (folder / "dirty.yax"), 1, "\"ignored\": 1", ""},
       {"check " + (folder / "absent.yax"), 2, "", "absent.yax: there is no such file"},
-      {"wires " + one, 0, "\nA,,base,1,,15.0,", ""},
+      {"wires " + one, 0, "\nA,,base,1,,15,", ""},
       {"wires --limit-length 15 --loops die-height " + one, 1, "\nA,",
        "one.yax:7: the length of wire 'A' is"},
       {"wires --limit-angle 0 " + one, 0, "\nA,", ""},

@@ -106,6 +106,7 @@ TEST(WireRows, AreMeasuredInTheFilesUnits) {
 
 TEST(WireRows, AreThoseThatAreDrawn) {
   EXPECT_EQ(WiresOf(kThreeWires, {}, {true, {"S:A"}}).rows.at(0).OtherName, "A");
+  EXPECT_EQ(WiresOf(std::string(kThreeWires).substr(21)).rows.size(), 0U) << "without TECHNOLOGY";
   EXPECT_EQ(WiresOf(std::string(kThreeWires) + "WB A 0 0 0 5 5 0 0\n").rows.size(), 2U);
   try {
     WiresOf(std::string(kThreeWires) + "WB A 5 5 0 5 5 0 0\n");
@@ -158,10 +159,11 @@ TEST(WireMeasures, AnglesRunFromZeroToAHalfTurn) {
 TEST(WireTable, QuotesWhatNeedsIt) {
   EXPECT_EQ(CsvField("mprj_io[32]"), "mprj_io[32]");
   EXPECT_EQ(CsvField("a,\"b\""), "\"a,\"\"b\"\"\"");
-  const WireRow row{.Name = "A,1", .OtherName = "B", .Table = "stitch", .PlanLength = 2.5, .Line = 1};
+  const WireRow row{
+      .Name = "A,1", .OtherName = "B", .Table = "stitch", .PlanLength = 2.5, .Angle = 16.40564, .Line = 1};
   EXPECT_EQ(WiresCsv({row}, "mm"),
             "name,other_name,table,tier,net_type,plan_length_mm,length_mm,angle_deg,start_height_mm,"
-            "top_height_mm,end_height_mm\n\"A,1\",B,stitch,,,2.5,0.0,0.0,0.0,0.0,0.0\n");
+            "top_height_mm,end_height_mm\n\"A,1\",B,stitch,,,2.5,0,16.40564,0,0,0\n");
   EXPECT_NE(WiresJson(nullptr, {{.Tier = "1", .NetType = "G"}}, "um").find("\"longest_um\": 0.0"),
             std::string::npos);
 }
