@@ -45,8 +45,23 @@ std::map<std::string, std::string> TypesOf(const std::string& text) {
   return types;
 }
 
+/// Counts the lines of the side file that hold fields.
+class Listener final : public model::ReadObserver {
+ public:
+  void OnPackageLine(const model::LineNote&) override {}
+  void OnSideFileLine(const model::LineNote& note) override {
+    Expect((note.Fields.Found() != 2) == (note.Fate == model::LineFate::NotTwoFields),
+           "entries have two fields");
+    ++Lines;
+  }
+
+  std::size_t Lines = 0;
+};
+
 void Check(const std::string& package, const std::string& text) {
-  const model::Package read = model::ParsePackage({}, {package, text});
+  Listener listener;
+  const model::Package read = model::ParsePackage({}, {package, text}, nullptr, &listener);
+  Expect(listener.Lines <= text.size() / 2 + 1, "a line has a letter and an end");
   Expect(read.HaveVuFile, "a side file was read");
   std::map<std::string, std::string> types = TypesOf(text);
   for (const model::WireNameRec& entry : read.WireNames) {
