@@ -13,6 +13,7 @@
 
 #include "fuzz/arguments.h"
 #include "fuzz/expect.h"
+#include "model/arithmetic.h"
 #include "model/reader.h"
 #include "yax/messages.h"
 #include "yax/options_camera.h"
@@ -27,7 +28,7 @@
 namespace {
 
 constexpr char kPackage[] =
-    "COMPL 4\nCOMPW 4\nCOMPZ 1\nCBP A\nCBP B\nSBP A 1 2 0 3 4 5 ROUND 0 1\nSBP B 1 2 0 3 4 5 ROUND 0 2\n"
+    "COMPL 40\nCOMPW 40\nCOMPZ 1\nCBP A\nCBP B\nSBP A 1 2 0 3 4 5 ROUND 0 1\nSBP B 1 2 0 3 4 5 ROUND 0 2\n"
     "WB A\nWB B\nSTCH A 0 0 B\n";
 
 struct Options {
@@ -70,6 +71,7 @@ void Use(Options& options, const model::Package& package) {
              std::isfinite(options.camera.Camera.CamYaw),
          "angles are numbers");
   yax::CheckCamera(options.camera);
+  model::Add16(options.camera.Camera.CamY, options.camera.Camera.CamLook);  // must not fault any more
   yax::PictureFormatOf(options.package.File);
   options.loops.ParameterFile.clear();
   const model::WireBondSettings settings = yax::SettingsOf(options.loops, package);
@@ -88,7 +90,8 @@ void ExpectMessage(std::string_view text) { Expect(!text.empty(), "a refusal say
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const model::Package package = model::ParsePackage({}, {kPackage, std::nullopt});
+  static const model::Package package =
+      model::ParsePackage({}, {kPackage, "A POWER\nB GROUND\nA:B SIGNAL\n"});
   try {
     Options options = Parsed(ArgumentsOf({reinterpret_cast<const char*>(data), size}));
     Use(options, package);
