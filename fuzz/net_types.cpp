@@ -12,9 +12,10 @@
 
 namespace {
 
-// Tiers from 0 are renumbered, those from 1 stay; names stand twice, in a stitch, and nowhere.
+// Tiers from 0 are renumbered, those from 1 stay; names stand twice, in a stitch, without a wire, and
+// nowhere.
 constexpr char kPackage[] =
-    "COMPZ 1\nCBP A\nCBP B\nCBP C\nSD_CBP S\nSD_CBP A\n"
+    "COMPZ 1\nCBP A\nCBP B\nCBP C\nCBP N\nSD_CBP S\nSD_CBP A\n"
     "SBP A 1 2 0 3 4 5 ROUND 0 2\nSBP B 1 2 0 3 4 5 ROUND 0 1\nSBP S 1 2 0 3 4 5 ROUND 0 3\n"
     "WB A\nWB B\nWB A\nWB S\nSTCH C 0 0 A\nSTCH X 0 0 A\n";
 constexpr char kTierZero[] = "SBP C 1 2 0 3 4 5 ROUND 0 0\n";
