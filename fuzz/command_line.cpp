@@ -3,16 +3,18 @@
 // The first byte says what the system grants; the rest are the arguments, each ended by a NUL byte.
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
+#include "fuzz/arguments.h"
 #include "fuzz/expect.h"
-#include "model/files.h"
 #include "shell/command_line.h"
 #include "shell/main_form.h"
 #include "tests/gl_recorder/gl_recorder.h"
@@ -32,6 +34,7 @@ class ProgramFolder {
     std::ofstream("AAAc.yax") << kPackage;
     std::ofstream("a b") << "COMPZ 1\nCBP A 1 1 0 1 1 0 L ROUND\nWB A 1 1 F 1 1 1 0\n";
     std::filesystem::create_directory("folder");
+    std::ofstream("NavHelp.rtf") << "{\\rtf1 }";
   }
   ProgramFolder(const ProgramFolder&) = delete;
   ProgramFolder& operator=(const ProgramFolder&) = delete;
@@ -62,16 +65,6 @@ class Surface final : public render::GlSurface {
   bool has_ = false;
 };
 
-std::vector<std::string> ArgumentsOf(std::string_view bytes) {
-  std::vector<std::string> arguments;
-  while (!bytes.empty()) {
-    const std::size_t end = bytes.find('\0');
-    arguments.emplace_back(bytes.substr(0, end));
-    bytes.remove_prefix(end == std::string_view::npos ? bytes.size() : end + 1);
-  }
-  return arguments;
-}
-
 /// What the user means: the sample without arguments, else all of them as one path.
 std::string PathMeant(const std::vector<std::string>& arguments, const std::string& programFolder) {
   if (arguments.empty()) return programFolder + "/AAAc.yax";
@@ -95,13 +88,27 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   shell::ProgramEnd end;
   end.leave = [&](int with) { status = with; };
   end.showCritical = [&](const std::string&, const std::string& text) { message = text; };
+  const bool asks = std::count(arguments.begin(), arguments.end(), "--help") +
+                        std::count(arguments.begin(), arguments.end(), "--version") >
+                    0;
+  Expect(shell::AnswerAtOnce(arguments).empty() != asks, "what is asked is answered, and nothing else");
+  const char* const display = shell::ToolkitOption(arguments, "display");
+  Expect(display == nullptr || std::count(arguments.begin() + 1, arguments.end(), display) > 0,
+         "a value is one of the arguments");
+
   shell::MainForm form({folder.Path(), shell::CommandLineText(arguments)}, surface, end);
+  bool caption = false;
+  form.actions.setCaption = [&](const std::string&) { caption = true; };
+  form.actions.enableHelp = [](bool navigation, bool viewer) {
+    Expect(navigation && !viewer, "help is there when its file is");
+  };
   end.Run([&] { form.Form_Load(); });
 
   const std::string path = PathMeant(arguments, folder.Path());
   Expect(form.Package().PackagePath == path, "the arguments are one path");
-  if (!model::FileExists(path)) {
-    Expect(status == 0 && message.empty(), "a file that is not there ends in silence");
+  std::error_code ignored;
+  if (!std::filesystem::is_regular_file(path, ignored)) {
+    Expect(status == 0 && message.empty() && !caption, "a file that is not there ends in silence");
   } else if (!granted) {
     Expect(status == 1 && !message.empty(), "without GL there is a message");
   } else {

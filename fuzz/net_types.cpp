@@ -12,9 +12,10 @@
 
 namespace {
 
-// Tiers from 0 are renumbered, those from 1 stay; names stand twice, in a stitch, and nowhere.
+// Tiers from 0 are renumbered, those from 1 stay; names stand twice, in a stitch, without a wire, and
+// nowhere.
 constexpr char kPackage[] =
-    "COMPZ 1\nCBP A\nCBP B\nCBP C\nSD_CBP S\nSD_CBP A\n"
+    "COMPZ 1\nCBP A\nCBP B\nCBP C\nCBP N\nSD_CBP S\nSD_CBP A\n"
     "SBP A 1 2 0 3 4 5 ROUND 0 2\nSBP B 1 2 0 3 4 5 ROUND 0 1\nSBP S 1 2 0 3 4 5 ROUND 0 3\n"
     "WB A\nWB B\nWB A\nWB S\nSTCH C 0 0 A\nSTCH X 0 0 A\n";
 constexpr char kTierZero[] = "SBP C 1 2 0 3 4 5 ROUND 0 0\n";
@@ -45,8 +46,23 @@ std::map<std::string, std::string> TypesOf(const std::string& text) {
   return types;
 }
 
+/// Counts the lines of the side file that hold fields.
+class Listener final : public model::ReadObserver {
+ public:
+  void OnPackageLine(const model::LineNote&) override {}
+  void OnSideFileLine(const model::LineNote& note) override {
+    Expect((note.Fields.Found() != 2) == (note.Fate == model::LineFate::NotTwoFields),
+           "entries have two fields");
+    ++Lines;
+  }
+
+  std::size_t Lines = 0;
+};
+
 void Check(const std::string& package, const std::string& text) {
-  const model::Package read = model::ParsePackage({}, {package, text});
+  Listener listener;
+  const model::Package read = model::ParsePackage({}, {package, text}, nullptr, &listener);
+  Expect(listener.Lines <= text.size() / 2 + 1, "a line has a letter and an end");
   Expect(read.HaveVuFile, "a side file was read");
   std::map<std::string, std::string> types = TypesOf(text);
   for (const model::WireNameRec& entry : read.WireNames) {

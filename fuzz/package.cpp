@@ -27,6 +27,23 @@ class NoPen final : public model::Pen {
   }
 };
 
+/// Hears of every line with fields, in their order, and of records that are there.
+class Listener final : public model::ReadObserver {
+ public:
+  void OnPackageLine(const model::LineNote& note) override {
+    Expect(note.Line > last_ && note.Fields.Found() > 0, "lines with fields are told of, in their order");
+    Expect(note.Numbers < 1U << model::Tokens::kCount, "numbers are read from fields");
+    Expect((note.Fate == model::LineFate::Taken && note.Keyword != model::BodyKeyword::None) ==
+               (note.Record.Table != model::RecordTable::None),
+           "a line of the body that is taken has a record");
+    last_ = note.Line;
+  }
+  void OnSideFileLine(const model::LineNote&) override { Expect(false, "there is no side file"); }
+
+ private:
+  std::size_t last_ = 0;
+};
+
 void Draw(model::Package& package) {
   model::WireBondSettings settings;
   model::SetUnsetDefaults(settings, package);
@@ -62,6 +79,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   model::Package package = model::ParsePackage({}, {text, std::nullopt});
   ExpectWhole(package);
   Draw(package);
-  ExpectWhole(model::ParsePackage(package, {text, std::nullopt}));
+  Listener listener;
+  ExpectWhole(model::ParsePackage(package, {text, std::nullopt}, nullptr, &listener));
   return 0;
 }

@@ -1,4 +1,5 @@
-// Parameter files, loaded by the button of the wire bond setup, and the picture that follows from them.
+// Parameter files, loaded by the button of the wire bond setup, with the picture that follows from them, and
+// by yax.
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -10,6 +11,20 @@
 #include "fuzz/memory_file.h"
 #include "model/reader.h"
 #include "setup/setup_form.h"
+#include "yax/messages.h"
+#include "yax/zu_file.h"
+
+// What yax says of a file is heard here, and said to nobody.
+namespace yax {
+
+void Complain(const Place& place, std::string_view what, std::string_view) {
+  Expect(place.Line > 0 && !what.empty(), "a complaint has a line and a reason");
+}
+Unusable::Unusable(const Place& place, std::string_view what, std::string_view) : text_(what) {
+  Expect(place.Line > 0 && !what.empty(), "a refusal has a line and a reason");
+}
+
+}  // namespace yax
 
 namespace {
 
@@ -43,6 +58,18 @@ void ExpectNumbers(const model::WireBondSettings& settings) {
     Expect(std::isfinite(value), "settings are numbers");
 }
 
+void ReadByYax(const std::string& path) {
+  try {
+    const yax::LoopValues values = yax::ReadParameterFile(path);
+    for (const auto& value :
+         {values.WireDiameter, values.Frequency, values.BaseLoopHeight, values.StackLoopHeight,
+          values.BaseExtension, values.StackExtension, values.StitchExtension})
+      Expect(std::isfinite(value.value_or(0.0F)), "values are numbers");
+  } catch (const yax::Unusable&) {
+    // Ends the command with a message.
+  }
+}
+
 constexpr char kPackage[] =
     "SD_COMPL 4\nSD_COMPW 4\nSD_COMPZ 2\nCOMPL 80\nCOMPW 80\nCOMPZ 12\nCBP A 30 0 0 2 1 0 R RECTANGLE\n"
     "SBP A 90 0 0 8 2 0 RECTANGLE 1 1\nWB A 30 0 F 90 0 12 0\nSD_CBP S 10 0 0 2 1 0 R RECTANGLE\n"
@@ -68,5 +95,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const setup::PicturePoint& point : shape.Points)
       Expect(std::isfinite(point.X) && std::isfinite(point.Y), "what is pictured has a place");
   setup::ParameterFileName(package.PackagePath);
+  ReadByYax(file.Path());
   return 0;
 }

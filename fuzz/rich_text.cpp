@@ -39,7 +39,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const auto text = shell::ReadRtf({reinterpret_cast<const char*>(data), size});
   if (!text) return 0;
   for (const shell::Paragraph& paragraph : text->Paragraphs) ExpectText(paragraph);
-  for (const auto& [number, font] : text->Fonts) Expect(IsText(font.Name), "fonts have names of text");
+  for (const auto& [number, font] : text->Fonts)
+    Expect(IsText(font.Name) && font.Name.size() < 64 + 4, "fonts have short names of text");
   Expect(text->Fonts.size() <= shell::kMaxRtfFonts, "fonts are bounded");
   return 0;
 }

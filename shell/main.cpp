@@ -4,46 +4,15 @@
 #include <csignal>
 #include <cstdio>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "model/title.h"
-#include "model/version.h"
 #include "shell/accessible_view.h"
 #include "shell/command_line.h"
 #include "shell/display.h"
 #include "shell/main_window.h"
 
 namespace {
-
-constexpr char kUsage[] =
-    "Usage: yaxview [FILE.yax]\n"
-    "Shows an integrated-circuit package in three dimensions.\n"
-    "\n"
-    "Without FILE the sample beside the program opens.\n"
-    "\n"
-    "  --help      show this text and end\n"
-    "  --version   show the program's version and end\n";
-
-/// --help and --version answer without a display.
-bool AnswerAtOnce(int argc, char** argv) {
-  for (int i = 1; i < argc; ++i) {
-    const std::string_view argument = argv[i];
-    if (argument == "--help") return std::fputs(kUsage, stdout) >= 0;
-    if (argument == "--version") return std::printf("yaxview %s\n", model::kVersionText) >= 0;
-  }
-  return false;
-}
-
-/// The value of an option that the toolkit takes ("-display :1"), or null.
-const char* ToolkitOption(int argc, char** argv, std::string_view name) {
-  for (int i = 1; i + 1 < argc; ++i) {
-    const std::string_view argument = argv[i];
-    if (argument.starts_with('-') && argument.substr(argument.starts_with("--") ? 2 : 1) == name)
-      return argv[i + 1];
-  }
-  return nullptr;
-}
 
 /// Nobody could close a box that no screen shows.
 void ShowCritical(const std::string& title, const std::string& text) {
@@ -75,7 +44,9 @@ class Application final : public QApplication {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (AnswerAtOnce(argc, argv)) return 0;
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  if (const std::string answer = shell::AnswerAtOnce(arguments); !answer.empty())
+    return std::fputs(answer.c_str(), stdout) >= 0 ? 0 : 1;
   // A file that may not grow any more fails to be written, which is told; the signal would end the program.
   std::signal(SIGXFSZ, SIG_IGN);
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "xcb");
@@ -85,8 +56,9 @@ int main(int argc, char** argv) {
   end.showCritical = ShowCritical;
   end.leave = [&status](int with) { status = with; };
   // The toolkit would abort where no display answers.
-  const bool onX = ToolkitOption(argc, argv, "platform") == nullptr && qgetenv("QT_QPA_PLATFORM") == "xcb";
-  const shell::DisplayConnection display(ToolkitOption(argc, argv, "display"));
+  const bool onX =
+      shell::ToolkitOption(arguments, "platform") == nullptr && qgetenv("QT_QPA_PLATFORM") == "xcb";
+  const shell::DisplayConnection display(shell::ToolkitOption(arguments, "display"));
   if (onX && !display.Answers()) {
     end.FatalError("Could not retrieve pixel format!");
     return status;
@@ -95,6 +67,7 @@ int main(int argc, char** argv) {
   Application application(argc, argv, end);
   shell::InstallAccessibleViews();
   QCoreApplication::setApplicationName(model::kProgramTitle);
+  // The toolkit has taken its own options out.
   const shell::StartUp startUp{QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString(),
                                shell::CommandLineText({argv + 1, argv + argc})};
   shell::MainWindow window(startUp, end);

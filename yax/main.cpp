@@ -3,7 +3,9 @@
 #include "yax/program.h"
 
 int main(int argc, char** argv) {
-  // A reader that goes away is a failed write like any other, with its message and status.
+  // A reader that goes away, and a file that may not grow any more, are failed writes like any other, with
+  // their message and status.
   std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
   return static_cast<int>(yax::RunProgram({argv + 1, argv + argc}));
 }

@@ -9,7 +9,13 @@ namespace yax {
 
 namespace {
 
+// The library goes a level deeper for each letter of a pattern and of a name, and its stack has an end. No net
+// has a name this long.
+constexpr std::size_t kLongest = 1000;
+
 std::regex PatternOf(const std::string& text) {
+  if (text.size() > kLongest)
+    throw Unusable(CommandLine(), "--net-pattern has more than 1000 letters", "give a shorter one");
   try {
     const std::regex pattern(text);
     if (pattern.mark_count() > 0) return pattern;
@@ -32,8 +38,6 @@ void AddNetOptions(CLI::App& command, NetOptions& options) {
 }
 
 std::string NetOf(const NetOptions& options, const std::string& name) {
-  // The library's matcher goes a level deeper for each letter; names this long are no names of nets.
-  constexpr std::size_t kLongest = 1000;
   std::smatch match;
   if (options.Pattern && name.size() <= kLongest && std::regex_search(name, match, *options.Pattern) &&
       match[1].matched)

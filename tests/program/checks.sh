@@ -12,6 +12,7 @@ unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM QT_SCALE_FACTOR XDG_CONFIG_HOME DB
 finish() {
   kill $pid $manager $server 2>/dev/null
   wait 2>/dev/null
+  [ -e "$folder/missed" ] && failed=1
   rm -rf "$folder"
   exit $failed
 }
@@ -54,8 +55,8 @@ found() {
   done
   echo "there is no window '$1'" >&2
   cat "$folder/err" >&2
-  failed=1
-  exit
+  : >"$folder/missed" # it is asked in a shell of its own, whose variables nobody sees
+  exit 1
 }
 
 # ends WHAT STATUS: the viewer ends by itself, with that status and without a word on the terminal

@@ -1,6 +1,28 @@
 #!/usr/bin/env bash
-# No room for a picture: the file that was there stays as it was, and the viewer lives.
+# No room for a file: what was there stays as it was; the viewer lives, and yax ends with status 2.
 . "$(dirname "$0")/checks.sh"
+
+# A limit on the size of files is told by a signal as well, which must not end the programs.
+mkdir "$folder/answers"
+while read -r command name options; do
+  printf 'old' >"$folder/answers/$name"
+  (ulimit -S -f 1 && exec "$(dirname "$viewer")/yax" $command "$root/samples/bga332.yax" $options \
+    "$folder/answers/$name") >/dev/null 2>"$folder/err"
+  expect "yax $command $name: status" $? 2
+  expect "yax $command $name: words" "$(grep -c 'File too large' "$folder/err") in $(wc -l <"$folder/err")" "1 in 1"
+  expect "yax $command $name: files" "$(ls -A "$folder/answers") $(cat "$folder/answers/$name")" "$name old"
+  rm "$folder/answers/$name"
+done <<'END'
+render board.png -o
+render board.bmp -o
+wires board.csv -o
+wires board.json --json -o
+clearance board.txt --unit mm --all -o
+clearance board.png --unit mm --picture
+export board.glb --unit mm -o
+export board.obj --unit mm -o
+END
+
 open_display
 printf 'COMPL 8\nCOMPW 4\nCOMPZ 1\n' >"$folder/board.yax"
 mkdir "$folder/pictures"
@@ -26,8 +48,7 @@ closed() {
   sleep 0.2
 }
 
-# A limit on the size of files is told by a signal as well, which must not end the program. A frame of this
-# window has two megabytes.
+# A frame of this window has two megabytes.
 ulimit -S -f 500
 start "$folder/board.yax"
 window=$(found 'board.yax$') || exit

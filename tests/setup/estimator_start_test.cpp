@@ -8,6 +8,7 @@
 #include <chrono>
 #include <thread>
 
+#include "tests/full_disk.h"
 #include "tests/setup/setup_fixture.h"
 
 namespace setup {
@@ -58,6 +59,19 @@ TEST_F(SetupFormTest, AFolderThatCannotBeWrittenGivesWayToTheUsers) {
   form.Cmd_Click(2);
   EXPECT_EQ(started, program + "|" + folder / "data/board.zu");
   EXPECT_EQ(GetFile(folder / "data/board.zu"), controls.Vu);
+}
+
+TEST_F(SetupFormTest, WithoutRoomAnywhereNothingIsStartedOrLeftBehind) {
+  PutFile(folder / "ZU.exe", "");
+  PutFile(folder / "board.zu", "old");
+  form.RunCommand3();
+  {
+    const FullDisk full(10);
+    form.Cmd_Click(2);
+  }
+  EXPECT_EQ(started, "");
+  EXPECT_EQ(GetFile(folder / "board.zu"), "old");
+  EXPECT_TRUE(std::filesystem::is_empty(folder / "data"));
 }
 
 TEST(StartDetached, PassesOneArgumentWithNoShellNoZombieAndASessionOfItsOwn) {

@@ -11,6 +11,7 @@
 #include "yax/option_text.h"
 #include "yax/options_camera.h"
 #include "yax/options_loops.h"
+#include "yax/options_nets.h"
 #include "yax/options_picture.h"
 #include "yax/options_wires.h"
 #include "yax/zu_file.h"
@@ -187,6 +188,21 @@ TEST(ParameterFile, TellsTheLineThatIsWrong) {
   EXPECT_EQ(testing::internal::GetCapturedStderr(),
             "a.zu:1: 'BASEEXTENSTON=3' holds none of the nine keys and is ignored; correct or remove it\n");
   EXPECT_EQ(values.BaseExtension, 0.5F);
+}
+
+TEST(NetOptions, RefuseAPatternAndPassOverANameWithoutEnd) {
+  // The library would run out of stack.
+  for (const std::string& pattern :
+       {"(" + std::string(100'000, 'a') + ")", std::string(50'000, '(') + std::string(50'000, ')')})
+    EXPECT_NE(Refusal([&] {
+                Parsed(AddNetOptions, {"--net-pattern", pattern});
+              }),
+              "")
+        << pattern.substr(0, 9);
+  const NetOptions nets = Parsed(AddNetOptions, {"--net-pattern", "(V..)_.*"});
+  EXPECT_EQ(NetOf(nets, "VDD_1"), "VDD");
+  const std::string endless = "VDD_" + std::string(1'000'000, 'a');
+  EXPECT_EQ(NetOf(nets, endless), endless);
 }
 
 model::Package ThreeWiresAndAStitch() {

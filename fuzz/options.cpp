@@ -1,0 +1,104 @@
+// Arguments of yax: all groups of options on one command line, up to the settings that follow from them.
+// Nothing is read, written or drawn.
+//
+// The input is the arguments, each ended by a NUL byte.
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "fuzz/arguments.h"
+#include "fuzz/expect.h"
+#include "model/arithmetic.h"
+#include "model/reader.h"
+#include "yax/messages.h"
+#include "yax/options_camera.h"
+#include "yax/options_loops.h"
+#include "yax/options_nets.h"
+#include "yax/options_package.h"
+#include "yax/options_picture.h"
+#include "yax/options_tier_loops.h"
+#include "yax/options_unit.h"
+#include "yax/options_wires.h"
+
+namespace {
+
+constexpr char kPackage[] =
+    "COMPL 40\nCOMPW 40\nCOMPZ 1\nCBP A\nCBP B\nSBP A 1 2 0 3 4 5 ROUND 0 1\nSBP B 1 2 0 3 4 5 ROUND 0 2\n"
+    "WB A\nWB B\nSTCH A 0 0 B\n";
+
+struct Options {
+  yax::PackageOptions package;
+  yax::CameraOptions camera;
+  yax::LoopOptions loops;
+  yax::NetOptions nets;
+  yax::PictureOptions picture;
+  yax::TierLoopOptions tierLoops;
+  yax::UnitOptions unit;
+  yax::WireOptions wires;
+};
+
+Options Parsed(std::vector<std::string> arguments) {
+  CLI::App command;
+  Options options;
+  yax::AddPackageOption(command, options.package);
+  yax::AddCameraOptions(command, options.camera);
+  yax::AddLoopOptions(command, options.loops);
+  yax::AddNetOptions(command, options.nets);
+  yax::AddPictureOptions(command, options.picture);
+  yax::AddTierLoopOptions(command, options.tierLoops);
+  yax::AddUnitOption(command, options.unit);
+  yax::AddWireOptions(command, options.wires);
+  std::reverse(arguments.begin(), arguments.end());
+  command.parse(arguments);
+  return options;
+}
+
+void ExpectNumbers(const model::WireBondSettings& settings) {
+  for (const float value :
+       {settings.WireDiameter, settings.Frequency, settings.BaseLoopHeight, settings.StackLoopHeight,
+        settings.BaseExtension, settings.StackExtension, settings.StitchExtension})
+    Expect(std::isfinite(value), "settings are numbers");
+}
+
+void Use(Options& options, const model::Package& package) {
+  Expect(options.picture.Size.Width > 0 && options.picture.Size.Height > 0, "a picture has pixels");
+  Expect(std::isfinite(options.camera.Rotation.RotPitch) && std::isfinite(options.camera.Rotation.RotYaw) &&
+             std::isfinite(options.camera.Camera.CamYaw),
+         "angles are numbers");
+  yax::CheckCamera(options.camera);
+  model::Add16(options.camera.Camera.CamY, options.camera.Camera.CamLook);  // must not fault any more
+  yax::PictureFormatOf(options.package.File);
+  options.loops.ParameterFile.clear();
+  const model::WireBondSettings settings = yax::SettingsOf(options.loops, package);
+  ExpectNumbers(settings);
+  for (const auto& [name, shape] : yax::ShapesOf(options.tierLoops, package))
+    Expect(std::isfinite(shape.Height.value_or(0.0F)) && std::isfinite(shape.Extension.value_or(0.0F)),
+           "loops have lengths");
+  const render::WireSelection selection = yax::SelectionOf(options.wires, package);
+  Expect(!selection.Shown || !selection.Names.empty(), "a filter finds a wire or is refused");
+  Expect(yax::WireDiameterIn(yax::UnitOf(options.unit, package), settings) > 0.0, "wires have a diameter");
+  yax::NetOf(options.nets, "VDD_A");
+}
+
+void ExpectMessage(std::string_view text) { Expect(!text.empty(), "a refusal says why"); }
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static const model::Package package =
+      model::ParsePackage({}, {kPackage, "A POWER\nB GROUND\nA:B SIGNAL\n"});
+  try {
+    Options options = Parsed(ArgumentsOf({reinterpret_cast<const char*>(data), size}));
+    Use(options, package);
+  } catch (const CLI::ParseError& stop) {
+    ExpectMessage(stop.what());
+  } catch (const yax::Unusable& unusable) {
+    ExpectMessage(unusable.what());
+  }
+  return 0;
+}
