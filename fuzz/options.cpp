@@ -16,14 +16,14 @@
 #include "model/arithmetic.h"
 #include "model/reader.h"
 #include "yax/messages.h"
-#include "yax/options_camera.h"
-#include "yax/options_loops.h"
-#include "yax/options_nets.h"
-#include "yax/options_package.h"
-#include "yax/options_picture.h"
-#include "yax/options_tier_loops.h"
-#include "yax/options_unit.h"
-#include "yax/options_wires.h"
+#include "yax/options/camera.h"
+#include "yax/options/loops.h"
+#include "yax/options/nets.h"
+#include "yax/options/package.h"
+#include "yax/options/picture.h"
+#include "yax/options/tier_loops.h"
+#include "yax/options/unit.h"
+#include "yax/options/wires.h"
 
 namespace {
 

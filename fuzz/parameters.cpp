@@ -12,7 +12,7 @@
 #include "model/reader.h"
 #include "setup/setup_form.h"
 #include "yax/messages.h"
-#include "yax/zu_file.h"
+#include "yax/options/zu_file.h"
 
 // What yax says of a file is heard here, and said to nobody.
 namespace yax {

@@ -1,12 +1,12 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 
-#include "yax/check_report.h"
 #include "yax/commands.h"
-#include "yax/drawing_check.h"
-#include "yax/line_check.h"
-#include "yax/options_package.h"
+#include "yax/options/package.h"
 #include "yax/output.h"
+#include "yax/reports/check_report.h"
+#include "yax/reports/drawing_check.h"
+#include "yax/reports/line_check.h"
 
 namespace yax {
 

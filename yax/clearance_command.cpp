@@ -4,18 +4,18 @@
 #include <string>
 
 #include "model/package.h"
-#include "yax/clearance_report.h"
 #include "yax/commands.h"
-#include "yax/option_text.h"
-#include "yax/options_camera.h"
-#include "yax/options_loops.h"
-#include "yax/options_nets.h"
-#include "yax/options_package.h"
-#include "yax/options_picture.h"
-#include "yax/options_unit.h"
+#include "yax/options/camera.h"
+#include "yax/options/loops.h"
+#include "yax/options/nets.h"
+#include "yax/options/option_text.h"
+#include "yax/options/package.h"
+#include "yax/options/picture.h"
+#include "yax/options/unit.h"
 #include "yax/output.h"
-#include "yax/package_picture.h"
-#include "yax/wire_loops.h"
+#include "yax/pictures/package_picture.h"
+#include "yax/reports/clearance_report.h"
+#include "yax/reports/wire_loops.h"
 
 namespace yax {
 

@@ -6,8 +6,8 @@
 
 namespace yax {
 
-/// Writes a file whole or not at all; "-" is standard output, and devices and named pipes are written through.
-/// Faults  Unusable when that fails
+/// Writes a file whole or not at all; "-" is standard output, and devices and named pipes are written
+/// through. Faults  Unusable when that fails
 void WriteOutput(const std::string& output, std::string_view bytes);
 
 }  // namespace yax

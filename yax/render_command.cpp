@@ -4,13 +4,13 @@
 
 #include "model/package.h"
 #include "yax/commands.h"
-#include "yax/options_camera.h"
-#include "yax/options_loops.h"
-#include "yax/options_package.h"
-#include "yax/options_picture.h"
-#include "yax/options_wires.h"
+#include "yax/options/camera.h"
+#include "yax/options/loops.h"
+#include "yax/options/package.h"
+#include "yax/options/picture.h"
+#include "yax/options/wires.h"
 #include "yax/output.h"
-#include "yax/package_picture.h"
+#include "yax/pictures/package_picture.h"
 
 namespace yax {
 

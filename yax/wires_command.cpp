@@ -6,14 +6,14 @@
 
 #include "model/numbers.h"
 #include "yax/commands.h"
-#include "yax/line_check.h"
-#include "yax/option_text.h"
-#include "yax/options_loops.h"
-#include "yax/options_package.h"
-#include "yax/options_wires.h"
+#include "yax/options/loops.h"
+#include "yax/options/option_text.h"
+#include "yax/options/package.h"
+#include "yax/options/wires.h"
 #include "yax/output.h"
-#include "yax/wire_rows.h"
-#include "yax/wire_table.h"
+#include "yax/reports/line_check.h"
+#include "yax/reports/wire_rows.h"
+#include "yax/reports/wire_table.h"
 
 namespace yax {
 

@@ -5,10 +5,10 @@
 #include <vector>
 
 #include "tests/temporary_folder.h"
-#include "yax/check_report.h"
-#include "yax/drawing_check.h"
-#include "yax/line_check.h"
-#include "yax/options_package.h"
+#include "yax/reports/check_report.h"
+#include "yax/reports/drawing_check.h"
+#include "yax/reports/line_check.h"
+#include "yax/options/package.h"
 
 namespace yax {
 namespace {

@@ -1,4 +1,4 @@
-#include "yax/clearance.h"
+#include "yax/reports/clearance.h"
 
 #include <gtest/gtest.h>
 
@@ -12,10 +12,10 @@
 #include <vector>
 
 #include "tests/temporary_folder.h"
-#include "yax/clearance_report.h"
+#include "yax/reports/clearance_report.h"
 #include "yax/messages.h"
-#include "yax/options_loops.h"
-#include "yax/options_package.h"
+#include "yax/options/loops.h"
+#include "yax/options/package.h"
 
 namespace yax {
 namespace {

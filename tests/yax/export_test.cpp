@@ -16,10 +16,10 @@
 #include "render/scene.h"
 #include "render/tube.h"
 #include "tests/temporary_folder.h"
-#include "yax/mesh_files.h"
-#include "yax/options_loops.h"
-#include "yax/options_nets.h"
-#include "yax/options_package.h"
+#include "yax/meshes/mesh_files.h"
+#include "yax/options/loops.h"
+#include "yax/options/nets.h"
+#include "yax/options/package.h"
 
 namespace yax {
 namespace {

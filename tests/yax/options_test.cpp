@@ -8,13 +8,13 @@
 #include "setup/estimator_file.h"
 #include "tests/temporary_folder.h"
 #include "yax/messages.h"
-#include "yax/option_text.h"
-#include "yax/options_camera.h"
-#include "yax/options_loops.h"
-#include "yax/options_nets.h"
-#include "yax/options_picture.h"
-#include "yax/options_wires.h"
-#include "yax/zu_file.h"
+#include "yax/options/option_text.h"
+#include "yax/options/camera.h"
+#include "yax/options/loops.h"
+#include "yax/options/nets.h"
+#include "yax/options/picture.h"
+#include "yax/options/wires.h"
+#include "yax/options/zu_file.h"
 
 namespace yax {
 namespace {

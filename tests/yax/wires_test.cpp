@@ -5,13 +5,13 @@
 
 #include "model/wire_measures.h"
 #include "tests/temporary_folder.h"
-#include "yax/check_report.h"
-#include "yax/line_check.h"
+#include "yax/reports/check_report.h"
+#include "yax/reports/line_check.h"
 #include "yax/messages.h"
-#include "yax/options_loops.h"
-#include "yax/options_package.h"
-#include "yax/wire_rows.h"
-#include "yax/wire_table.h"
+#include "yax/options/loops.h"
+#include "yax/options/package.h"
+#include "yax/reports/wire_rows.h"
+#include "yax/reports/wire_table.h"
 
 namespace yax {
 namespace {

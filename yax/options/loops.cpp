@@ -1,0 +1,87 @@
+#include "yax/options/loops.h"
+
+#include <CLI/CLI.hpp>
+#include <vector>
+
+#include "yax/options/option_text.h"
+#include "yax/options/zu_file.h"
+
+namespace yax {
+
+namespace {
+
+constexpr char kLoopsGroup[] = "Wires";
+
+void AddValue(CLI::App& command, const char* name, const char* unit, const char* description,
+              std::optional<float>& value) {
+  const auto take = [name, &value](const std::string& text) { value = NumberOf(name, text); };
+  command.add_option_function<std::string>(name, take, description)->type_name(unit)->group(kLoopsGroup);
+}
+
+}  // namespace
+
+void AddLoopOptions(CLI::App& command, LoopOptions& options) {
+  command
+      .add_option_function<std::string>(
+          "--loops", [&options](const std::string& text) { options.DieHeight = text == "die-height"; },
+          "Heights and extensions: as the window has them after a load (the default), or the dies' heights")
+      ->check(CLI::IsMember(std::vector<std::string>{"window", "die-height"}))
+      ->group(kLoopsGroup);
+  command.add_option("--zu", options.ParameterFile, "A parameter file whose settings come over those")
+      ->type_name("FILE")
+      ->group(kLoopsGroup);
+
+  LoopValues& values = options.Values;
+  AddValue(command, "--base-loop-height", "UNITS", "Height of the base die's loops, in the file's units",
+           values.BaseLoopHeight);
+  AddValue(command, "--base-extension", "UNITS", "How far the base die's loops run level",
+           values.BaseExtension);
+  AddValue(command, "--stack-loop-height", "UNITS", "Height of the stacked die's loops, and of stitches",
+           values.StackLoopHeight);
+  command
+      .add_option_function<std::string>(
+          "--stack-extension",
+          [&values](const std::string& text) {
+            values.StackExtension =
+                text == "edge" ? model::kEdgeOfBaseDie : NumberOf("--stack-extension", text);
+          },
+          "How far the stacked die's loops run level; edge: to the base die's edge")
+      ->type_name("UNITS|edge")
+      ->group(kLoopsGroup);
+  AddValue(command, "--stitch-extension", "UNITS", "How far stitches run level", values.StitchExtension);
+  AddTierLoopOptions(command, options.Tiers);
+  command.add_option("--material", values.Material, "What the wires are made of; changes no picture")
+      ->check(CLI::IsMember(std::vector<std::string>{"Au", "Al", "Cu"}))
+      ->group(kLoopsGroup);
+  AddValue(command, "--wire-diameter", "MILS",
+           "The wires' diameter, for clearances and exports; changes no picture", values.WireDiameter);
+  AddValue(command, "--frequency", "HERTZ", "The signals' frequency; changes no picture", values.Frequency);
+}
+
+model::WireBondSettings SettingsOf(const LoopOptions& options, const model::Package& package) {
+  model::WireBondSettings settings;
+  if (options.DieHeight) {
+    model::SetUnsetDefaults(settings, package);
+  } else {
+    settings = model::SettingsAfterReset(package);
+  }
+  if (!options.ParameterFile.empty()) Apply(ReadParameterFile(options.ParameterFile), settings);
+  Apply(options.Values, settings);
+  return settings;
+}
+
+void Apply(const LoopValues& values, model::WireBondSettings& settings) {
+  const auto set = [](auto& setting, const auto& value) {
+    if (value) setting = *value;
+  };
+  set(settings.Material, values.Material);
+  set(settings.WireDiameter, values.WireDiameter);
+  set(settings.Frequency, values.Frequency);
+  set(settings.BaseLoopHeight, values.BaseLoopHeight);
+  set(settings.StackLoopHeight, values.StackLoopHeight);
+  set(settings.BaseExtension, values.BaseExtension);
+  set(settings.StackExtension, values.StackExtension);
+  set(settings.StitchExtension, values.StitchExtension);
+}
+
+}  // namespace yax

@@ -1,0 +1,43 @@
+/// The wire bond settings with which a command works.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "model/package.h"
+#include "model/wire_bond_settings.h"
+#include "yax/options/tier_loops.h"
+
+namespace CLI {
+class App;
+}
+
+namespace yax {
+
+/// Single settings, those that were given.
+struct LoopValues {
+  std::optional<std::string> Material;
+  std::optional<float> WireDiameter, Frequency;
+  std::optional<float> BaseLoopHeight, StackLoopHeight;
+  std::optional<float> BaseExtension, StackExtension, StitchExtension;
+};
+
+struct LoopOptions {
+  bool DieHeight =
+      false;  ///< start from the reader's own defaults, not from what the window has after a load
+  std::string ParameterFile;  ///< a .zu file over those; empty for none
+  LoopValues Values;          ///< over those
+  TierLoopOptions Tiers;      ///< over everything else
+};
+
+/// Adds --loops, --zu, one option for each setting, and those for single tiers.
+void AddLoopOptions(CLI::App& command, LoopOptions& options);
+
+/// The settings for a package just read.
+/// Faults  Unusable when the parameter file cannot be used
+model::WireBondSettings SettingsOf(const LoopOptions& options, const model::Package& package);
+
+/// Sets in `settings` what is given in `values`.
+void Apply(const LoopValues& values, model::WireBondSettings& settings);
+
+}  // namespace yax

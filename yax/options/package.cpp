@@ -1,0 +1,38 @@
+#include "yax/options/package.h"
+
+#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <optional>
+#include <utility>
+
+#include "model/faults.h"
+#include "yax/messages.h"
+
+namespace yax {
+
+void AddPackageOption(CLI::App& command, PackageOptions& options) {
+  command.add_option("FILE.yax", options.File, "The package to read")->type_name("FILE")->required();
+}
+
+model::Package LoadPackage(const PackageOptions& options, model::ReadEffort* effort,
+                           model::ReadObserver* observer) {
+  const Place file{.File = options.File};
+  model::PackageScalars before;
+  before.PackagePath = options.File;
+  std::optional<model::Package> package;
+  try {
+    package = model::ReadPackage(before, effort, observer);
+  } catch (const model::Fault& fault) {
+    throw Unusable(file, fault.what(), "see that it and its side file can be read");
+  }
+  std::error_code ignored;
+  if (!package && std::filesystem::exists(options.File, ignored))
+    throw Unusable(file, "it is not a file with lines to read", "give the path of a .yax file");
+  if (!package) throw Unusable(file, "there is no such file", "give the path of a .yax file");
+  // Only the COMPZ line sets the height, which is never 0 after it.
+  if (package->CompZ == 0.0F)
+    throw Unusable(file, "it holds no package", "a header that ends in a COMPZ line has to come first");
+  return *std::move(package);
+}
+
+}  // namespace yax

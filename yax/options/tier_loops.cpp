@@ -1,0 +1,66 @@
+#include "yax/options/tier_loops.h"
+
+#include <CLI/CLI.hpp>
+#include <cstddef>
+
+#include "yax/messages.h"
+#include "yax/options/option_text.h"
+
+namespace yax {
+
+namespace {
+
+using Measure = std::optional<float> render::LoopShape::*;
+
+void Add(CLI::App& command, const char* name, const char* description, Measure measure,
+         TierLoopOptions& options) {
+  const auto take = [name, measure, &options](const std::vector<std::string>& texts) {
+    for (const std::string& text : texts) {
+      const std::size_t equals = text.find('=');
+      if (equals == std::string::npos)
+        throw Unusable(CommandLine(), std::string(name) + " '" + text + "' is not TIER=UNITS",
+                       "give a tier and a length, such as 2=12.5");
+      TierLoop loop{.Tier = text.substr(0, equals), .Shape = {}};
+      loop.Shape.*measure = NumberOf(name, text.substr(equals + 1));
+      options.Loops.push_back(loop);
+    }
+    return true;
+  };
+  command.add_option_function<std::vector<std::string>>(name, take, description)
+      ->type_name("TIER=UNITS,...")
+      ->delimiter(',')
+      ->allow_extra_args(false)
+      ->group("Wires");
+}
+
+void Give(const render::LoopShape& shape, render::LoopShape& own) {
+  if (shape.Height) own.Height = shape.Height;
+  if (shape.Extension) own.Extension = shape.Extension;
+}
+
+}  // namespace
+
+void AddTierLoopOptions(CLI::App& command, TierLoopOptions& options) {
+  Add(command, "--tier-loop-height", "Height of a tier's loops, in place of the die's",
+      &render::LoopShape::Height, options);
+  Add(command, "--tier-extension", "How far a tier's loops run level, in place of the die's",
+      &render::LoopShape::Extension, options);
+}
+
+render::WireShapes ShapesOf(const TierLoopOptions& options, const model::Package& package) {
+  render::WireShapes shapes;
+  for (const TierLoop& loop : options.Loops) {
+    bool found = false;
+    for (const model::WireNameRec& wire : package.WireNames) {
+      if (wire.Tier != loop.Tier) continue;
+      Give(loop.Shape, shapes[wire.Name2.empty() ? wire.Name : wire.Name + ":" + wire.Name2]);
+      found = true;
+    }
+    if (!found)
+      throw Unusable({.File = package.PackagePath}, "no wire is of tier " + loop.Tier,
+                     "the viewer's wire list shows which tiers there are");
+  }
+  return shapes;
+}
+
+}  // namespace yax

@@ -1,0 +1,84 @@
+#include "yax/options/wires.h"
+
+#include <CLI/CLI.hpp>
+
+#include "model/text.h"
+#include "yax/messages.h"
+
+namespace yax {
+
+namespace {
+
+constexpr char kWiresGroup[] = "Wires";
+
+std::string TextOf(const model::WireNameRec& wire) {
+  return wire.Name2.empty() ? wire.Name : wire.Name + ":" + wire.Name2;
+}
+
+std::string FirstLetter(const std::string& word) { return model::UpperCase(word.substr(0, 1)); }
+
+std::string NotANet(const std::string& word) {
+  const std::string letter = FirstLetter(word);
+  return letter == "P" || letter == "G" || letter == "S"
+             ? ""
+             : "'" + word + "' is none of power, ground and signal";
+}
+
+/// Selects every wire that matches.
+template <class Matches>
+void Select(const model::Package& package, const std::string& filter, Matches&& matches,
+            render::WireSelection& selection) {
+  bool found = false;
+  for (const model::WireNameRec& wire : package.WireNames) {
+    if (!matches(wire)) continue;
+    selection.Names.insert(TextOf(wire));
+    found = true;
+  }
+  if (!found)
+    throw Unusable({.File = package.PackagePath}, "no wire matches " + filter,
+                   "the viewer's wire list shows which there are");
+}
+
+}  // namespace
+
+void AddWireOptions(CLI::App& command, WireOptions& options) {
+  command.add_option("--tier", options.Tiers, "Only wires of these tiers, as the wire list counts them")
+      ->type_name("TIER,...")
+      ->delimiter(',')
+      ->allow_extra_args(false)
+      ->group(kWiresGroup);
+  command
+      .add_option("--net", options.Nets, "Only wires of these net types: power, ground, signal, or P, G, S")
+      ->type_name("TYPE,...")
+      ->delimiter(',')
+      ->allow_extra_args(false)
+      ->check(CLI::Validator(NotANet, ""))
+      ->group(kWiresGroup);
+  command.add_flag("--stitches", options.Stitches, "Only stitches")->group(kWiresGroup);
+  command
+      .add_option("--name", options.Names,
+                  "Only the wire of this name, a stitch as A:B; may be repeated. Filters add up")
+      ->type_name("NAME")
+      ->allow_extra_args(false)
+      ->group(kWiresGroup);
+}
+
+render::WireSelection SelectionOf(const WireOptions& options, const model::Package& package) {
+  render::WireSelection selection;
+  const auto select = [&](const std::string& filter, auto matches) {
+    selection.Shown = true;
+    Select(package, filter, matches, selection);
+  };
+  for (const std::string& tier : options.Tiers)
+    select("--tier " + tier, [&](const model::WireNameRec& wire) { return wire.Tier == tier; });
+  for (const std::string& net : options.Nets)
+    select("--net " + net,
+           [&](const model::WireNameRec& wire) { return FirstLetter(wire.NetType) == FirstLetter(net); });
+  for (const std::string& name : options.Names)
+    select("--name " + name, [&](const model::WireNameRec& wire) { return TextOf(wire) == name; });
+  if (options.Stitches)
+    select("--stitches", [](const model::WireNameRec& wire) { return !wire.Name2.empty(); });
+  return selection;
+}
+
+}  // namespace yax
