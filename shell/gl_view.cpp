@@ -47,7 +47,7 @@ GlView::GlView(QWidget* parent) : QWidget(parent) {
   surface_->setGeometry(QRect(QPoint(0, 0), size()));
   surface_->create();
   surface_->setVisible(true);
-  staleExposures_ = std::make_unique<StaleExposures>(*surface_);
+  exposures_ = std::make_unique<ExposureWatch>(*surface_);
 }
 
 GlView::~GlView() { GlView::DeleteContext(); }
@@ -69,7 +69,7 @@ bool GlView::MakeCurrent() {
 bool GlView::IsShown() const { return surface_->isExposed(); }
 
 void GlView::SwapBuffers() {
-  staleExposures_->FrameFollows();
+  exposures_->FrameFollows();
   context_->swapBuffers(surface_);
 }
 
@@ -85,7 +85,7 @@ render::PixelSize GlView::Size() const {
 }
 
 bool GlView::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Expose && surface_->isExposed() && exposed) exposed();
+  if (event->type() == QEvent::Expose && surface_->isExposed() && exposures_->Due() && exposed) exposed();
   return QWidget::eventFilter(watched, event);
 }
 

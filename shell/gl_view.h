@@ -7,7 +7,7 @@
 #include <memory>
 
 #include "render/gl_surface.h"
-#include "shell/stale_exposures.h"
+#include "shell/exposure_watch.h"
 
 namespace shell {
 
@@ -42,7 +42,7 @@ class GlView final : public QWidget, public render::GlSurface {
 
  private:
   QWindow* surface_;  // owned by the widget's own window
-  std::unique_ptr<StaleExposures> staleExposures_;
+  std::unique_ptr<ExposureWatch> exposures_;
   std::unique_ptr<QOpenGLContext> context_;
 };
 
