@@ -43,16 +43,4 @@ TEST(GlRecorder, NotesWhatGlForbidsOrLeavesOpen) {
   }
 }
 
-TEST(GlRecorder, KeepsListsAndPrintsThemAsText) {
-  Recorder recorder;
-  NewList(GL_COMPILE);
-  glBegin(GL_LINES), glVertex3d(0.5, -0.0, -2), glEnd();
-  glEndList();
-  EXPECT_EQ(gl_recorder::TextOf(recorder.List(1)), "glBegin(GL_LINES)\n  glVertex3d(0.5, 0, -2)\nglEnd()\n");
-  recorder.NewContext();
-  EXPECT_FALSE(recorder.HasList(1));
-  EXPECT_EQ(glGenLists(2), 1U);
-  EXPECT_EQ(glGenLists(1), 3U);
-}
-
 }  // namespace

@@ -83,14 +83,11 @@ TEST_F(SetupFormTest, ANewFormIsFilledFromTheSettings) {
 }
 
 TEST_F(SetupFormTest, TheFrequencyShowsInTheUnitOfItsSize) {
-  const struct {
-    float hertz;
-    int unit;
-    const char* text;
-  } cases[] = {{0.0F, 3, "0"},        {999.0F, 3, "999"},     {1000.0F, 0, "1"},
-               {999000.0F, 0, "999"}, {1e6F, 1, "1"},         {2.5e8F, 1, "250"},
-               {1e9F, 2, "1"},        {-5e6F, 3, "-5000000"}, {4.5e10F, 2, "45"}};
-  for (const auto& [hertz, unit, text] : cases) {
+  using Case = std::tuple<float, int, const char*>;
+  for (const auto& [hertz, unit, text] :
+       {Case(0.0F, 3, "0"), Case(999.0F, 3, "999"), Case(1000.0F, 0, "1"), Case(999000.0F, 0, "999"),
+        Case(1e6F, 1, "1"), Case(2.5e8F, 1, "250"), Case(1e9F, 2, "1"), Case(-5e6F, 3, "-5000000"),
+        Case(4.5e10F, 2, "45")}) {
     settings.Frequency = hertz;
     form.Unload();
     form.Load();

@@ -115,20 +115,16 @@ TEST_F(NavigationCamera, MouseTurnsAndTiltsMoveByDeltaOrAFixedStepWithoutRepaint
     ((*view).*turn)(byDelta);
     EXPECT_NEAR(view->Camera.CamYaw, heading, 1e-6F);
   }
-  const struct {
-    void (Navigation::*tilt)(int);
-    int byDelta;
-    float deltaY;
-    int look;
-  } tilts[] = {{&Navigation::MouseTilt_Camera_Up, 2, 2.5F, 2},
-               {&Navigation::MouseTilt_Camera_Up, 0, 7.0F, 2},
-               {&Navigation::MouseTilt_Camera_Down, 2, -7.0F, -7},
-               {&Navigation::MouseTilt_Camera_Down, 0, -7.0F, -2}};
-  for (const auto& [tilt, byDelta, deltaY, look] : tilts) {
+  view->Mouse.DeltaY = -2.5F;
+  const std::pair<void (Navigation::*)(int), std::pair<int, int>> tilts[] = {
+      {&Navigation::MouseTilt_Camera_Up, {-2, 2}}, {&Navigation::MouseTilt_Camera_Down, {-2, -2}}};
+  for (const auto& [tilt, looks] : tilts) {
     view->Camera.CamLook = 0;
-    view->Mouse.DeltaY = deltaY;
-    ((*view).*tilt)(byDelta);
-    EXPECT_EQ(view->Camera.CamLook, look);
+    ((*view).*tilt)(1);
+    EXPECT_EQ(view->Camera.CamLook, looks.first);
+    view->Camera.CamLook = 0;
+    ((*view).*tilt)(0);
+    EXPECT_EQ(view->Camera.CamLook, looks.second);
   }
   EXPECT_EQ(counts.repaints, 0);
 }
