@@ -142,7 +142,7 @@ TEST_F(MainWindowCommands, ALoadThatFaultsLeavesTheProgramRunning) {
   EXPECT_EQ(Frame(), before);
 }
 
-TEST_F(MainWindowCommands, OnlyANewSizeReadsTheFileAgain) {
+TEST_F(MainWindowCommands, OnlyANewSizeReadsTheFileAgainAndTellsItsFault) {
   Open();
   int reads = 0;
   Form().actions.packageRead = [&reads] { ++reads; };
@@ -159,6 +159,11 @@ TEST_F(MainWindowCommands, OnlyANewSizeReadsTheFileAgain) {
   window->resize(640, 480);
   QTRY_COMPARE_WITH_TIMEOUT(reads, 1, 1000);
   EXPECT_EQ(Form().Package().CompW, 6.0F);
+  PutFile(package, kFaulty);
+  window->resize(520, 420);
+  QTRY_COMPARE_WITH_TIMEOUT(status, 1, 1000);
+  ASSERT_EQ(boxes.size(), 1U);
+  EXPECT_EQ(boxes[0].find("3D YAX Viewer: Run-time error"), 0U) << boxes[0];
 }
 
 TEST_F(MainWindowCommands, ThePictureIsTheFrameWhateverLiesOverIt) {
