@@ -36,7 +36,7 @@ TEST_F(SetupFormTest, SaveThenLoadRestoresAllButTwoExtensions) {
     form.LH_Click(frame.Custom);
   }
   form.LH_Click(5);
-  dialog.Answer = folder / "a.zu";
+  dialog.answer = folder / "a.zu";
   form.Cmd_Click(6);
   const std::string saved = controls.Vu;
   EXPECT_EQ(GetFile(folder / "a.zu"), saved);
@@ -56,7 +56,7 @@ TEST_F(SetupFormTest, SaveThenLoadRestoresAllButTwoExtensions) {
 
 TEST_F(SetupFormTest, SaveWithoutRoomLeavesTheOldFile) {
   form.RunCommand3();
-  dialog.Answer = PutFile(folder / "a.zu", "old");
+  dialog.answer = PutFile(folder / "a.zu", "old");
   {
     const FullDisk full(10);
     form.Cmd_Click(6);
@@ -125,14 +125,14 @@ TEST_F(SetupFormTest, DialogsAskAsToldAndCancellingChangesNothing) {
   rebuilds = 0;
   const auto asked = [this](std::size_t button) {
     form.Cmd_Click(button);
-    const FileDialogRequest& r = dialog.Request;
-    return dialog.Shown + ": " + r.DialogTitle + ", " + r.FileName + ", " + r.Filter + ", " +
+    const FileDialogRequest& r = dialog.asked.back();
+    return dialog.shown + ": " + r.DialogTitle + ", " + r.FileName + ", " + r.Filter + ", " +
            std::to_string(r.Flags) + ", " + r.DefaultExt;
   };
   EXPECT_EQ(asked(6),
             "save: Save ZU file, " + package.PackagePath + ", zu files|*.zu|all files|*.*, 8206, .zu");
   EXPECT_EQ(asked(5), "open: Load ZU File, *.zu, zu files|*.zu|All files|*.*, 16396, .zu");
-  dialog.Answer = folder / "missing.zu";
+  dialog.answer = folder / "missing.zu";
   form.Cmd_Click(5);
   EXPECT_EQ(rebuilds, 0);
   EXPECT_EQ(GetFile(package.PackagePath), "");

@@ -11,27 +11,11 @@
 
 #include "shell/gl_view.h"
 #include "shell/main_window.h"
+#include "tests/setup/answering_dialog.h"
 #include "tests/shell/navigation_fixture.h"
 #include "tests/temporary_folder.h"
 
 namespace shell {
-
-/// A user who knows beforehand what to answer.
-class AnsweringDialog final : public setup::FileDialog {
- public:
-  std::optional<std::string> ShowOpen(const setup::FileDialogRequest& request) override {
-    return ShowSave(request);
-  }
-  std::optional<std::string> ShowSave(const setup::FileDialogRequest& request) override {
-    asked.push_back(request);
-    if (asking) asking();
-    return answer;
-  }
-
-  std::optional<std::string> answer;  ///< empty: cancelled
-  std::vector<setup::FileDialogRequest> asked;
-  std::function<void()> asking;  ///< what the user sees while the dialog is open
-};
 
 class MainWindowTest : public testing::Test {
  protected:
@@ -99,7 +83,7 @@ class MainWindowTest : public testing::Test {
   ProgramEnd end;
   std::vector<std::string> boxes;
   std::optional<int> status;
-  AnsweringDialog dialog;
+  setup::AnsweringDialog dialog;
   setup::FileDialog* asks = &dialog;  ///< null: the toolkit's own
   std::unique_ptr<MainWindow> window;
 };
