@@ -234,6 +234,15 @@ TEST_F(MainFormTest, NothingIsDrawnBeforeTheFirstContext) {
   EXPECT_NE(Steps().find("CreateContext\nglClearColor(1, 1, 1, 0)\n"), std::string::npos);
 }
 
+TEST_F(MainFormTest, AFrameThatNobodySeesIsLeftToTheFirstExposure) {
+  surface.shown = false;
+  Load(kGood);
+  EXPECT_TRUE(Steps().ends_with("glGenLists(1)\n"));
+  surface.shown = true;
+  form->Form_Paint();
+  EXPECT_EQ(Steps(), "gluLookAt\nglRotatef(90, 0.1, 0, 0)\nglCallList(1)\nSwapBuffers\n");
+}
+
 TEST_F(MainFormTest, BackgroundIsSetAtOnceAndEverythingRebuilt) {
   Load(kGood);
   Steps();
