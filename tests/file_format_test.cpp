@@ -19,27 +19,21 @@ using FileFormatDocument = PackageText;
 
 TEST_F(FileFormatDocument, ShowsAPackageThatIsWhatItSays) {
   const Package package = Read(Block("yax"), Block("vu"));
-  EXPECT_EQ(package.Technology, "WIRE_BOND");
-  EXPECT_EQ(package.CompW, 4.0F);
-  EXPECT_EQ(package.SDCompW, 1.4F);
-  EXPECT_EQ(package.Bonds.Count(), 4U);
-  EXPECT_EQ(package.SDBonds.Count(), 2U);
-  EXPECT_EQ(package.Stitches.Count(), 1U);
-  EXPECT_EQ(package.Rings.Count(), 1U);
-  ASSERT_EQ(package.SRings.Count(), 1U);
-  EXPECT_EQ(package.SRings[0].Segs.Count(), 2U);
-  EXPECT_EQ(package.Daps.Count(), 1U);
-  ASSERT_EQ(package.WireNames.Count(), 6U) << "five wires and a stitch";
+  EXPECT_EQ(Fields(package.Technology, package.CompW, package.SDCompW), "'WIRE_BOND' 4 1.4");
+  // Five wires and a stitch, one ring whole and one in two pieces, and a band.
+  EXPECT_EQ(Fields(package.Bonds.Count(), package.SDBonds.Count(), package.WireNames.Count(),
+                   package.Stitches.Count(), package.Rings.Count(), package.SRings.Count(),
+                   package.SRings[0].Segs.Count(), package.Daps.Count()),
+            "4 2 6 1 1 1 2 1");
   for (const WireNameRec& entry : package.WireNames) EXPECT_NE(entry.NetType, "") << entry.Name;
   // The pad is 0.08 wide along its edge, which is x for the one at the top.
   EXPECT_EQ(package.Bonds[2].DieSizeX, 0.08F);
   EXPECT_EQ(package.Bonds[0].DieSizeY, 0.08F);
   // Every wire starts at its pad, on top of its own die.
-  for (const BondRec& bond : package.Bonds) {
-    EXPECT_EQ(bond.WireStartX, bond.DieX) << bond.Name;
-    EXPECT_EQ(bond.WireStartY, bond.DieY) << bond.Name;
-    EXPECT_EQ(bond.WireStartZ, package.CompZ) << bond.Name;
-  }
+  for (const BondRec& bond : package.Bonds)
+    EXPECT_EQ(Fields(bond.WireStartX, bond.WireStartY, bond.WireStartZ),
+              Fields(bond.DieX, bond.DieY, package.CompZ))
+        << bond.Name;
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include <GL/gl.h>
 #include <GL/glu.h>
 #include <gtest/gtest.h>
-#include <malloc.h>
 
 #include <algorithm>
 #include <memory>
@@ -17,9 +16,12 @@ struct Pixel {
   int red, green, blue;
 };
 
+std::ostream& operator<<(std::ostream& out, const Pixel& p) {
+  return out << "(" << p.red << " " << p.green << " " << p.blue << ")";
+}
+
 Pixel PixelAt(const render::Picture& picture, int x, int y) {
-  const std::uint8_t* rgb =
-      picture.Rgb.data() + 3 * (std::size_t(y) * std::size_t(picture.Width) + std::size_t(x));
+  const std::uint8_t* rgb = &picture.Rgb.at(3 * static_cast<std::size_t>(y * picture.Width + x));
   return {rgb[0], rgb[1], rgb[2]};
 }
 
@@ -30,10 +32,6 @@ bool IsBlue(const Pixel& p) { return p.red < 20 && p.green < 20 && p.blue >= 160
 bool IsYellow(const Pixel& p) { return p.red >= 160 && p.green >= 160 && p.blue < 20; }
 bool IsCyan(const Pixel& p) { return p.red < 160 && p.green >= 160 && p.blue >= 160; }
 bool IsBlack(const Pixel& p) { return p.green < 20 && p.blue < 20; }
-
-std::ostream& operator<<(std::ostream& out, const Pixel& p) {
-  return out << "(" << p.red << " " << p.green << " " << p.blue << ")";
-}
 
 class OffscreenTest : public testing::Test {
  protected:
@@ -46,7 +44,6 @@ class OffscreenTest : public testing::Test {
     ASSERT_FALSE(end.Ending());
   }
 
-  /// Draws a frame and keeps it.
   void TakePicture() { picture = form->FramePicture(); }
 
   /// Where a point of the scene lies in the picture, as the frame's own matrices tell.
@@ -71,24 +68,19 @@ class OffscreenTest : public testing::Test {
     return PixelAt(picture, column, row);
   }
 
+  using Test = bool (*)(const Pixel&);
+
   /// True when a pixel at a place or right beside it passes: lines are two pixels wide.
-  template <class Test>
-  bool Near(double x, double height, double z, Test&& test) const {
+  bool Near(double x, double height, double z, Test test) const {
     const auto [column, row] = Place(x, height, z);
-    for (int dy = -1; dy <= 1; ++dy) {
-      for (int dx = -1; dx <= 1; ++dx) {
-        if (test(PixelAt(picture, column + dx, row + dy))) return true;
-      }
-    }
-    return false;
+    bool passes = false;
+    for (int i = 0; i < 9; ++i) passes |= test(PixelAt(picture, column - 1 + i % 3, row - 1 + i / 3));
+    return passes;
   }
 
-  template <class Test>
-  int Count(Test&& test) const {
+  int Count(Test test) const {
     int count = 0;
-    for (int y = 0; y < picture.Height; ++y) {
-      for (int x = 0; x < picture.Width; ++x) count += test(PixelAt(picture, x, y));
-    }
+    for (int i = 0; i < picture.Width * picture.Height; ++i) count += test(PixelAt(picture, i, 0));
     return count;
   }
 
@@ -147,61 +139,29 @@ TEST_F(OffscreenTest, EverySampleShowsItsPads) {
   }
 }
 
-TEST_F(OffscreenTest, RebuildsTakeFreshNamesAndNoMemory) {
-  Load(std::string(YAX_SAMPLES) + "/bga332.yax", {64, 48});
-  const auto used = [] { return mallinfo2().uordblks + mallinfo2().hblkhd; };
-  for (int build = 0; build < 10; ++build) form->RebuildAndRepaint();
-  glFinish();
-  const std::size_t before = used();
-  const GLuint next = glGenLists(1);
-  for (int build = 0; build < 50; ++build) form->RebuildAndRepaint();
-  glFinish();
-  // Each kept list would hold more than three megabytes.
-  EXPECT_LT(used(), before + 4'000'000);
-  EXPECT_TRUE(glIsList(next + 50));
-  EXPECT_EQ(glGenLists(1), next + 51);
-}
-
-TEST_F(OffscreenTest, LoadsStartAgainWithAFreshContext) {
-  PutFile(folder / "one.yax", kOneWire);
-  Load(folder / "one.yax", {100, 75});
-  TakePicture();
-  const render::Picture first = picture;
-  form->RebuildAndRepaint();
-  EXPECT_TRUE(glIsList(2));
-  form->Form_Load();
-  EXPECT_FALSE(glIsList(2));
-  TakePicture();
-  EXPECT_TRUE(picture.Rgb == first.Rgb);
-}
-
 TEST(ReadFrame, GivesTheTopRowFirstAtAnyWidth) {
   for (const render::PixelSize& size : {render::PixelSize{1, 3}, {3, 2}, {5, 1}, {401, 301}}) {
     render::OffscreenSurface surface(size);
     ASSERT_TRUE(surface.CreateContext());
     // Blue, but for a red row at the bottom with a green pixel at its right end.
-    const auto fill = [](int x, int y, int width, int height, float red, float green, float blue) {
-      glScissor(x, y, width, height);
+    const auto fill = [](int x, int width, int height, float red, float green, float blue) {
+      glScissor(x, 0, width, height);
       glClearColor(red, green, blue, 0.0F);
       glClear(GL_COLOR_BUFFER_BIT);
     };
     glEnable(GL_SCISSOR_TEST);
-    fill(0, 0, size.Width, size.Height, 0, 0, 1);
-    fill(0, 0, size.Width, 1, 1, 0, 0);
-    fill(size.Width - 1, 0, 1, 1, 0, 1, 0);
-    const render::Picture picture = render::ReadFrame(size);
+    fill(0, size.Width, size.Height, 0, 0, 1);
+    fill(0, size.Width, 1, 1, 0, 0);
+    fill(size.Width - 1, 1, 1, 0, 1, 0);
+    const auto pixels = static_cast<std::size_t>(size.Width * size.Height);
+    const auto row = static_cast<std::size_t>(size.Width);
+    std::vector<std::uint8_t> expected(3 * pixels);
+    for (std::size_t i = 0; i < pixels; ++i)
+      expected[3 * i + (i == pixels - 1 ? 1 : i >= pixels - row ? 0 : 2)] = 255;
+    EXPECT_TRUE(render::ReadFrame(size).Rgb == expected) << size.Width;
     EXPECT_EQ(glGetError(), GLenum(GL_NO_ERROR));
-    for (int y = 0; y < size.Height; ++y) {
-      for (int x = 0; x < size.Width; ++x) {
-        const bool bottom = y == size.Height - 1;
-        const bool corner = bottom && x == size.Width - 1;
-        const Pixel pixel = PixelAt(picture, x, y);
-        ASSERT_EQ(pixel.blue, bottom ? 0 : 255) << x << " " << y;
-        ASSERT_EQ(pixel.red, bottom && !corner ? 255 : 0) << x << " " << y;
-        ASSERT_EQ(pixel.green, corner ? 255 : 0) << x << " " << y;
-      }
-    }
   }
+  EXPECT_TRUE(render::ReadFrame({0, 3}).Rgb.empty());
 }
 
 TEST(OffscreenSurface, StandsBesideOthers) {

@@ -4,6 +4,8 @@
 #include <GL/gl.h>
 #include <GL/glu.h>
 
+#include <cstdio>
+
 #include "tests/gl_recorder/gl_recorder.h"
 
 using gl_recorder::Argument;
@@ -14,42 +16,34 @@ namespace {
 Argument Value(GLenum value) { return {double(value), gl_recorder::NameOf(value)}; }
 
 Argument Mask(GLbitfield mask) {
-  std::string text;
-  const auto add = [&](GLbitfield bit, const char* name) {
-    if (!(mask & bit)) return;
-    text += (text.empty() ? "" : " | ");
-    text += name;
-    mask &= ~bit;
-  };
-  const double number = mask;
-  add(GL_COLOR_BUFFER_BIT, "GL_COLOR_BUFFER_BIT");
-  add(GL_DEPTH_BUFFER_BIT, "GL_DEPTH_BUFFER_BIT");
-  if (mask != 0) text += " | " + std::to_string(mask);
-  return {number, text};
+  char text[16];
+  std::snprintf(text, sizeof text, "0x%04X", mask);
+  return {double(mask), text};
 }
 
 }  // namespace
+
+// A routine that is recorded as it stands, between the ends of a primitive or not: name, parameters,
+// arguments.
+#define OUTSIDE(name, parameters, ...) \
+  void name parameters { Current().Plain(#name, {__VA_ARGS__}); }
+#define INSIDE(name, parameters, ...) \
+  void name parameters { Current().InsidePrimitive(#name, {__VA_ARGS__}); }
+#define ANYWHERE(name, parameters, ...) \
+  void name parameters { Current().Anywhere(#name, {__VA_ARGS__}); }
+#define FOUR(values) values[0], values[1], values[2], values[3]
 
 extern "C" {
 
 // Primitives and what stands in them.
 void glBegin(GLenum mode) { Current().Begin(mode); }
 void glEnd() { Current().End(); }
-void glVertex3f(GLfloat x, GLfloat y, GLfloat z) { Current().InsidePrimitive("glVertex3f", {x, y, z}); }
-void glVertex3d(GLdouble x, GLdouble y, GLdouble z) { Current().InsidePrimitive("glVertex3d", {x, y, z}); }
-void glNormal3f(GLfloat x, GLfloat y, GLfloat z) { Current().InsidePrimitive("glNormal3f", {x, y, z}); }
-
-void glMaterialfv(GLenum face, GLenum name, const GLfloat* values) {
-  Current().Anywhere("glMaterialfv", {Value(face), Value(name), values[0], values[1], values[2], values[3]});
-}
-
-void glMateriali(GLenum face, GLenum name, GLint value) {
-  Current().Anywhere("glMateriali", {Value(face), Value(name), double(value)});
-}
-
-void glColor3ub(GLubyte red, GLubyte green, GLubyte blue) {
-  Current().Anywhere("glColor3ub", {double(red), double(green), double(blue)});
-}
+INSIDE(glVertex3f, (GLfloat x, GLfloat y, GLfloat z), x, y, z)
+INSIDE(glVertex3d, (GLdouble x, GLdouble y, GLdouble z), x, y, z)
+INSIDE(glNormal3f, (GLfloat x, GLfloat y, GLfloat z), x, y, z)
+ANYWHERE(glMaterialfv, (GLenum face, GLenum name, const GLfloat* v), Value(face), Value(name), FOUR(v))
+ANYWHERE(glMateriali, (GLenum face, GLenum name, GLint v), Value(face), Value(name), double(v))
+ANYWHERE(glColor3ub, (GLubyte red, GLubyte green, GLubyte blue), double(red), double(green), double(blue))
 
 // Lists.
 GLuint glGenLists(GLsizei range) { return Current().GenLists(range); }
@@ -59,67 +53,39 @@ void glCallList(GLuint list) { Current().CallList(list); }
 
 // Matrices.
 void glMatrixMode(GLenum mode) { Current().MatrixMode(mode); }
-void glLoadIdentity() { Current().Plain("glLoadIdentity", {}); }
 void glPushMatrix() { Current().PushMatrix(); }
 void glPopMatrix() { Current().PopMatrix(); }
-void glTranslatef(GLfloat x, GLfloat y, GLfloat z) { Current().Plain("glTranslatef", {x, y, z}); }
-
-void glRotatef(GLfloat angle, GLfloat x, GLfloat y, GLfloat z) {
-  Current().Plain("glRotatef", {angle, x, y, z});
-}
-
-void gluPerspective(GLdouble fieldOfView, GLdouble aspect, GLdouble nearPlane, GLdouble farPlane) {
-  Current().Plain("gluPerspective", {fieldOfView, aspect, nearPlane, farPlane});
-}
-
-void gluLookAt(GLdouble eyeX, GLdouble eyeY, GLdouble eyeZ, GLdouble targetX, GLdouble targetY,
-               GLdouble targetZ, GLdouble upX, GLdouble upY, GLdouble upZ) {
-  Current().Plain("gluLookAt", {eyeX, eyeY, eyeZ, targetX, targetY, targetZ, upX, upY, upZ});
-}
+OUTSIDE(glLoadIdentity, ())
+OUTSIDE(glTranslatef, (GLfloat x, GLfloat y, GLfloat z), x, y, z)
+OUTSIDE(glRotatef, (GLfloat angle, GLfloat x, GLfloat y, GLfloat z), angle, x, y, z)
+OUTSIDE(gluPerspective, (GLdouble angle, GLdouble aspect, GLdouble from, GLdouble to), angle, aspect, from,
+        to)
+OUTSIDE(gluLookAt,
+        (GLdouble x, GLdouble y, GLdouble z, GLdouble toX, GLdouble toY, GLdouble toZ, GLdouble upX,
+         GLdouble upY, GLdouble upZ),
+        x, y, z, toX, toY, toZ, upX, upY, upZ)
 
 // State.
-void glEnable(GLenum what) { Current().Plain("glEnable", {Value(what)}); }
-void glDisable(GLenum what) { Current().Plain("glDisable", {Value(what)}); }
-void glPushAttrib(GLbitfield mask) { Current().PushAttrib(mask); }
+void glPushAttrib(GLbitfield mask) { Current().PushAttrib(Mask(mask)); }
 void glPopAttrib() { Current().PopAttrib(); }
-void glDepthFunc(GLenum function) { Current().Plain("glDepthFunc", {Value(function)}); }
-void glFrontFace(GLenum mode) { Current().Plain("glFrontFace", {Value(mode)}); }
-void glShadeModel(GLenum mode) { Current().Plain("glShadeModel", {Value(mode)}); }
-void glLineWidth(GLfloat width) { Current().Plain("glLineWidth", {width}); }
-
-void glLightfv(GLenum light, GLenum name, const GLfloat* values) {
-  Current().Plain("glLightfv", {Value(light), Value(name), values[0], values[1], values[2], values[3]});
-}
-
-void glLightModelfv(GLenum name, const GLfloat* values) {
-  Current().Plain("glLightModelfv", {Value(name), values[0], values[1], values[2], values[3]});
-}
-
-void glViewport(GLint x, GLint y, GLsizei width, GLsizei height) {
-  Current().Plain("glViewport", {double(x), double(y), double(width), double(height)});
-}
+OUTSIDE(glEnable, (GLenum what), Value(what))
+OUTSIDE(glDisable, (GLenum what), Value(what))
+OUTSIDE(glDepthFunc, (GLenum function), Value(function))
+OUTSIDE(glFrontFace, (GLenum mode), Value(mode))
+OUTSIDE(glShadeModel, (GLenum mode), Value(mode))
+OUTSIDE(glLineWidth, (GLfloat width), width)
+OUTSIDE(glLightfv, (GLenum light, GLenum name, const GLfloat* v), Value(light), Value(name), FOUR(v))
+OUTSIDE(glLightModelfv, (GLenum name, const GLfloat* v), Value(name), FOUR(v))
+OUTSIDE(glViewport, (GLint x, GLint y, GLsizei w, GLsizei h), double(x), double(y), double(w), double(h))
 
 // The frame.
-void glClearColor(GLclampf red, GLclampf green, GLclampf blue, GLclampf alpha) {
-  Current().Plain("glClearColor", {red, green, blue, alpha});
-}
+OUTSIDE(glClearColor, (GLclampf red, GLclampf green, GLclampf blue, GLclampf alpha), red, green, blue, alpha)
+OUTSIDE(glClearDepth, (GLclampd depth), depth)
+OUTSIDE(glClear, (GLbitfield mask), Mask(mask))
+OUTSIDE(glReadBuffer, (GLenum buffer), Value(buffer))
+OUTSIDE(glPixelStorei, (GLenum name, GLint value), Value(name), double(value))
 
-void glClearDepth(GLclampd depth) { Current().Plain("glClearDepth", {depth}); }
-void glClear(GLbitfield mask) { Current().Plain("glClear", {Mask(mask)}); }
-void glReadBuffer(GLenum buffer) { Current().Plain("glReadBuffer", {Value(buffer)}); }
-
-void glPixelStorei(GLenum name, GLint value) {
-  Current().Plain("glPixelStorei", {Value(name), double(value)});
-}
-
-/// Every row is filled with its number, counted from the bottom as GL does.
-void glReadPixels(GLint x, GLint y, GLsizei width, GLsizei height, GLenum format, GLenum type, void* pixels) {
-  Current().Plain("glReadPixels",
-                  {double(x), double(y), double(width), double(height), Value(format), Value(type)});
-  auto* byte = static_cast<GLubyte*>(pixels);
-  for (GLsizei row = 0; row < height; ++row) {
-    for (GLsizei i = 0; i < 3 * width; ++i) *byte++ = static_cast<GLubyte>(row);
-  }
-}
+OUTSIDE(glReadPixels, (GLint x, GLint y, GLsizei w, GLsizei h, GLenum format, GLenum type, void*), double(x),
+        double(y), double(w), double(h), Value(format), Value(type))
 
 }  // extern "C"

@@ -8,15 +8,11 @@
 
 namespace gl_recorder {
 
-namespace {
-
 // GL's own names have no object to hang on, so neither has the recorder that they write to.
-Recorder*& Slot() {
+static Recorder*& Slot() {
   static Recorder* current = nullptr;
   return current;
 }
-
-}  // namespace
 
 Recorder& Current() {
   if (Slot() == nullptr) {
@@ -33,54 +29,35 @@ Argument::Argument(double number) : Number(number) {
   Text = text;
 }
 
+#define NAMED(value) \
+  { value, #value }
+
 std::string NameOf(unsigned value) {
-  static const std::map<unsigned, std::string> kNames = {
-      {GL_MODELVIEW, "GL_MODELVIEW"},
-      {GL_PROJECTION, "GL_PROJECTION"},
-      {GL_COMPILE, "GL_COMPILE"},
-      {GL_COMPILE_AND_EXECUTE, "GL_COMPILE_AND_EXECUTE"},
-      {GL_DEPTH_TEST, "GL_DEPTH_TEST"},
-      {GL_DITHER, "GL_DITHER"},
-      {GL_LIGHTING, "GL_LIGHTING"},
-      {GL_LIGHT0, "GL_LIGHT0"},
-      {GL_POSITION, "GL_POSITION"},
-      {GL_LIGHT_MODEL_AMBIENT, "GL_LIGHT_MODEL_AMBIENT"},
-      {GL_SMOOTH, "GL_SMOOTH"},
-      {GL_CCW, "GL_CCW"},
-      {GL_LESS, "GL_LESS"},
-      {GL_FRONT, "GL_FRONT"},
-      {GL_BACK, "GL_BACK"},
-      {GL_FRONT_AND_BACK, "GL_FRONT_AND_BACK"},
-      {GL_AMBIENT_AND_DIFFUSE, "GL_AMBIENT_AND_DIFFUSE"},
-      {GL_SPECULAR, "GL_SPECULAR"},
-      {GL_SHININESS, "GL_SHININESS"},
-      {GL_PACK_ALIGNMENT, "GL_PACK_ALIGNMENT"},
-      {GL_RGB, "GL_RGB"},
-      {GL_UNSIGNED_BYTE, "GL_UNSIGNED_BYTE"},
-  };
+  static const std::map<unsigned, std::string> kNames = {NAMED(GL_MODELVIEW),
+                                                         NAMED(GL_PROJECTION),
+                                                         NAMED(GL_COMPILE),
+                                                         NAMED(GL_COMPILE_AND_EXECUTE),
+                                                         NAMED(GL_DEPTH_TEST),
+                                                         NAMED(GL_DITHER),
+                                                         NAMED(GL_LIGHTING),
+                                                         NAMED(GL_LIGHT0),
+                                                         NAMED(GL_POSITION),
+                                                         NAMED(GL_LIGHT_MODEL_AMBIENT),
+                                                         NAMED(GL_SMOOTH),
+                                                         NAMED(GL_CCW),
+                                                         NAMED(GL_LESS),
+                                                         NAMED(GL_FRONT),
+                                                         NAMED(GL_BACK),
+                                                         NAMED(GL_FRONT_AND_BACK),
+                                                         NAMED(GL_AMBIENT_AND_DIFFUSE),
+                                                         NAMED(GL_SPECULAR),
+                                                         NAMED(GL_SHININESS),
+                                                         NAMED(GL_PACK_ALIGNMENT),
+                                                         NAMED(GL_RGB),
+                                                         NAMED(GL_UNSIGNED_BYTE)};
   const auto found = kNames.find(value);
   return found == kNames.end() ? std::to_string(value) : found->second;
 }
-
-namespace {
-
-/// Small numbers mean different things elsewhere, so primitives have names of their own.
-std::string PrimitiveName(unsigned mode) {
-  switch (mode) {
-    case GL_LINES:
-      return "GL_LINES";
-    case GL_LINE_STRIP:
-      return "GL_LINE_STRIP";
-    case GL_TRIANGLE_FAN:
-      return "GL_TRIANGLE_FAN";
-    case GL_QUADS:
-      return "GL_QUADS";
-    default:
-      return std::to_string(mode);
-  }
-}
-
-}  // namespace
 
 std::string TextOf(const std::vector<Call>& calls) {
   std::string text;
@@ -103,7 +80,7 @@ Recorder::~Recorder() { Slot() = nullptr; }
 
 void Recorder::Error(const std::string& what) { errors_.push_back(what); }
 
-void Recorder::Write(const std::string& name, std::initializer_list<Argument> arguments) {
+void Recorder::Anywhere(const std::string& name, std::initializer_list<Argument> arguments) {
   Call call{name, {}, name + "("};
   for (const Argument& argument : arguments) {
     if (!call.Numbers.empty()) call.Text += ", ";
@@ -122,21 +99,24 @@ void Recorder::Note(const std::string& name) { log_.push_back({name, {}, name});
 
 void Recorder::Plain(const std::string& name, std::initializer_list<Argument> arguments) {
   if (inPrimitive_) Error(name + " between glBegin and glEnd");
-  Write(name, arguments);
+  Anywhere(name, arguments);
 }
 
 void Recorder::InsidePrimitive(const std::string& name, std::initializer_list<Argument> arguments) {
   if (!inPrimitive_) Error(name + " outside glBegin and glEnd");
-  Write(name, arguments);
+  Anywhere(name, arguments);
 }
 
 void Recorder::Begin(unsigned mode) {
-  Plain("glBegin", {{double(mode), PrimitiveName(mode)}});
+  // Small numbers mean different things elsewhere, so primitives have names of their own.
+  static const std::map<unsigned, std::string> kPrimitives = {NAMED(GL_LINES), NAMED(GL_LINE_STRIP),
+                                                              NAMED(GL_TRIANGLE_FAN), NAMED(GL_QUADS)};
+  Plain("glBegin", {{double(mode), kPrimitives.at(mode)}});
   inPrimitive_ = true;
 }
 
 void Recorder::End() {
-  Write("glEnd", {});
+  Anywhere("glEnd", {});
   if (std::exchange(inPrimitive_, false)) return;
   // BuildCube's lone end: the last call of a list that draws while it is compiled.
   if (openMode_ == GL_COMPILE_AND_EXECUTE) {
@@ -170,7 +150,7 @@ void Recorder::EndList() {
   open_.clear();
   openName_ = 0;
   openMode_ = 0;
-  Write("glEndList", {});
+  Anywhere("glEndList", {});
 }
 
 void Recorder::CallList(unsigned name) {
@@ -199,10 +179,8 @@ void Recorder::PopMatrix() {
   if (--matrixDepth_[matrixMode_] < 0) Error("glPopMatrix() of an empty stack");
 }
 
-void Recorder::PushAttrib(unsigned mask) {
-  char text[16];
-  std::snprintf(text, sizeof text, "0x%04X", mask);
-  Plain("glPushAttrib", {{double(mask), text}});
+void Recorder::PushAttrib(const Argument& mask) {
+  Plain("glPushAttrib", {mask});
   ++attribDepth_;
 }
 
@@ -230,9 +208,8 @@ void Recorder::Finish() {
   if (inPrimitive_) Error("glBegin without a glEnd");
   if (openName_ != 0) Error("glNewList without a glEndList");
   if (loneEnd_) Error("glEnd() without a glBegin");
-  for (const auto& [mode, depth] : matrixDepth_) {
+  for (const auto& [mode, depth] : matrixDepth_)
     if (depth > 0) Error("glPushMatrix() without a glPopMatrix() in " + NameOf(mode));
-  }
   if (attribDepth_ > 0) Error("glPushAttrib without a glPopAttrib");
   inPrimitive_ = false;
   openName_ = 0;

@@ -39,7 +39,6 @@ class Recorder {
   const std::vector<Call>& Log() const { return log_; }
   const std::vector<std::string>& Errors() const { return errors_; }
   void ClearLog() { log_.clear(); }
-  void ClearErrors() { errors_.clear(); }
 
   /// The calls compiled into a list; empty when it was emptied or there is no such list.
   std::vector<Call> List(unsigned name) const;
@@ -57,9 +56,7 @@ class Recorder {
   void Note(const std::string& name);
 
   // What the gl names do.
-  void Anywhere(const std::string& name, std::initializer_list<Argument> arguments) {
-    Write(name, arguments);
-  }
+  void Anywhere(const std::string& name, std::initializer_list<Argument> arguments);
   void Plain(const std::string& name, std::initializer_list<Argument> arguments);
   void InsidePrimitive(const std::string& name, std::initializer_list<Argument> arguments);
   void Begin(unsigned mode);
@@ -71,12 +68,11 @@ class Recorder {
   void MatrixMode(unsigned mode);
   void PushMatrix();
   void PopMatrix();
-  void PushAttrib(unsigned mask);
+  void PushAttrib(const Argument& mask);
   void PopAttrib();
   bool HasContext() const { return hasContext_; }
 
  private:
-  void Write(const std::string& name, std::initializer_list<Argument> arguments);
   void Error(const std::string& what);
 
   std::vector<Call> log_;

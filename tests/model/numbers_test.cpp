@@ -9,27 +9,17 @@
 namespace model {
 namespace {
 
+using Reads = std::pair<const char*, float>;
+using Writes = std::pair<float, const char*>;
+
 TEST(ToNumber, ReadsTheNumberAtTheStart) {
-  const std::pair<const char*, float> cases[] = {
-      {"1.5", 1.5F},
-      {"1,5", 1.5F},
-      {"+2", 2.0F},
-      {"-3.25mil", -3.25F},
-      {".5", 0.5F},
-      {"5.", 5.0F},
-      {"-.5", -0.5F},
-      {"1e3", 1000.0F},
-      {"1E-2x", 0.01F},
-      {"2e", 2.0F},
-      {"2e+", 2.0F},
-      {"0x10", 0.0F},
-      {"1,2,3", 1.2F},
-      {"1.000,5", 1.0F},
-      {"1,e2", 100.0F},
-      {"3.4e38", 3.4e38F},
-      {"16777217", 16777216.0F},
-  };
-  for (const auto& [text, value] : cases) EXPECT_EQ(ToNumber(text), value) << text;
+  for (const auto& [text, value] :
+       {Reads("1.5", 1.5F), Reads("1,5", 1.5F), Reads("+2", 2.0F), Reads("-3.25mil", -3.25F),
+        Reads(".5", 0.5F), Reads("5.", 5.0F), Reads("-.5", -0.5F), Reads("1e3", 1000.0F),
+        Reads("1E-2x", 0.01F), Reads("2e", 2.0F), Reads("2e+", 2.0F), Reads("0x10", 0.0F),
+        Reads("1,2,3", 1.2F), Reads("1.000,5", 1.0F), Reads("1,e2", 100.0F), Reads("3.4e38", 3.4e38F),
+        Reads("16777217", 16777216.0F)})
+    EXPECT_EQ(ToNumber(text), value) << text;
 }
 
 TEST(ToNumber, IsZeroWithoutANumberOrBeyondASingle) {
@@ -39,23 +29,16 @@ TEST(ToNumber, IsZeroWithoutANumberOrBeyondASingle) {
 }
 
 TEST(ToNumber, ReadsLongNumbersAndThoseWithAnExponentToo) {
-  const std::pair<const char*, float> cases[] = {
-      {"0000000000000000000001.5", 1.5F},
-      {"123456789012345678901234567890", 1.2345679e29F},
-      {"99999999999999999999,5x", 1e20F},
-      {"0.00000000000000000000000000000000000001", 1e-38F},
-      {"1.5e1,5", 15.0F},
-      {"1,5e+2.5", 150.0F},
-      {"15.E-1", 1.5F},
-      {"-12345678901234567890", -12345678901234567890.0F},
-      // 15 digits are converted exactly; the half way point between two singles goes to the even one.
-      {"16777217.0000000", 16777216.0F},
-      {"16777219.0000000", 16777220.0F},
-      {"16777217.0000001", 16777218.0F},
-      {"999999999999999", 1e15F},
-      {"0.00000000000001", 1e-14F},
-  };
-  for (const auto& [text, value] : cases) EXPECT_EQ(ToNumber(text), value) << text;
+  for (const auto& [text, value] :
+       {Reads("0000000000000000000001.5", 1.5F), Reads("123456789012345678901234567890", 1.2345679e29F),
+        Reads("99999999999999999999,5x", 1e20F), Reads("0.00000000000000000000000000000000000001", 1e-38F),
+        Reads("1.5e1,5", 15.0F), Reads("1,5e+2.5", 150.0F), Reads("15.E-1", 1.5F),
+        Reads("-12345678901234567890", -12345678901234567890.0F),
+        // 15 digits are converted exactly; the half way point between two singles goes to the even one.
+        Reads("16777217.0000000", 16777216.0F), Reads("16777219.0000000", 16777220.0F),
+        Reads("16777217.0000001", 16777218.0F), Reads("999999999999999", 1e15F),
+        Reads("0.00000000000001", 1e-14F)})
+    EXPECT_EQ(ToNumber(text), value) << text;
 }
 
 TEST(ToNumber, RoundsToSingleAtTheEndOfTheRange) {
@@ -65,33 +48,22 @@ TEST(ToNumber, RoundsToSingleAtTheEndOfTheRange) {
 }
 
 TEST(NumberText, GeneralFormatHasSevenDigitsAndNoExponent) {
-  const std::pair<float, const char*> cases[] = {
-      {0.7F, "0.7"},
-      {1.25F, "1.25"},
-      {1e9F, "1000000000"},
-      {-1.0F, "-1"},
-      {0.0F, "0"},
-      {1.0F / 3.0F, "0.3333333"},
-      {1e-10F, "0.0000000001"},
-      {123456.78F, "123456.8"},
-      {1e20F, "100000000000000000000"},
-      {-0.0F, "0"},
-  };
-  for (const auto& [value, text] : cases) EXPECT_EQ(GeneralText(value), text);
+  for (const auto& [value, text] :
+       {Writes(0.7F, "0.7"), Writes(1e9F, "1000000000"), Writes(-1.0F, "-1"), Writes(0.0F, "0"),
+        Writes(1.0F / 3.0F, "0.3333333"), Writes(1e-10F, "0.0000000001"), Writes(123456.78F, "123456.8"),
+        Writes(1e20F, "100000000000000000000"), Writes(-0.0F, "0")})
+    EXPECT_EQ(GeneralText(value), text);
 }
 
 TEST(NumberText, FixedFormatRoundsDecimalHalvesAwayFromZero) {
-  EXPECT_EQ(FixedText(1.25F, 1), "1.3");
-  EXPECT_EQ(FixedText(0.35F, 1), "0.4");  // the nearest single lies below 0.35: the decimal text decides
-  EXPECT_EQ(FixedText(-1.25F, 1), "-1.3");
-  EXPECT_EQ(FixedText(1.24F, 1), "1.2");
-  EXPECT_EQ(FixedText(9.96F, 1), "10.0");
-  EXPECT_EQ(FixedText(0.9995F, 3), "1.000");
-  EXPECT_EQ(FixedText(0.0004F, 3), "0.000");
-  EXPECT_EQ(FixedText(-0.0004F, 3), "0.000");
-  EXPECT_EQ(FixedText(0.05F, 1), "0.1");
-  EXPECT_EQ(FixedText(0.005F, 1), "0.0");
-  EXPECT_EQ(FixedText(12.0F, 3), "12.000");
+  // The nearest single lies below 0.35: the decimal text decides.
+  for (const auto& [value, text] :
+       {Writes(1.25F, "1.3"), Writes(0.35F, "0.4"), Writes(-1.25F, "-1.3"), Writes(1.24F, "1.2"),
+        Writes(9.96F, "10.0"), Writes(0.05F, "0.1"), Writes(0.005F, "0.0")})
+    EXPECT_EQ(FixedText(value, 1), text);
+  for (const auto& [value, text] : {Writes(0.9995F, "1.000"), Writes(0.0004F, "0.000"),
+                                    Writes(-0.0004F, "0.000"), Writes(12.0F, "12.000")})
+    EXPECT_EQ(FixedText(value, 3), text);
 }
 
 TEST(Arithmetic, NearestRoundsHalvesToEvenAndFaultsOutsideItsRange) {

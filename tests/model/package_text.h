@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,6 +12,30 @@
 #include "tests/temporary_folder.h"
 
 namespace model {
+
+/// Values side by side, texts in quotes: "'A' 1 -2.5 ''".
+template <class... Values>
+std::string Fields(const Values&... values) {
+  std::ostringstream text;
+  text.precision(7);
+  const auto add = [&text](const auto& value) {
+    if (text.tellp() > 0) text << ' ';
+    if constexpr (std::is_arithmetic_v<std::decay_t<decltype(value)>>)
+      text << value;
+    else
+      text << '\'' << value << '\'';
+  };
+  (add(values), ...);
+  return text.str();
+}
+
+/// Reads a package from its text.
+inline Package PackageOf(const std::string& text) {
+  const TemporaryFolder folder;
+  PackageScalars before;
+  before.PackagePath = PutFile(folder / "board.yax", text);
+  return ReadPackage(before).value();
+}
 
 class PackageText : public testing::Test {
  protected:

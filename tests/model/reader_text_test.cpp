@@ -12,9 +12,8 @@ TEST_F(ReaderText, FieldsStandBetweenAnyBlanks) {
                            "cBp A 1 2\r", "C\rBP A 1\r 2\r\r", "\r\n \t\nCBP A 1 2\n\n"}) {
     const Package package = Read("COMPZ 1\r\n" + std::string(line));  // the last line has no end
     ASSERT_EQ(package.Bonds.Count(), 1U) << line;
-    EXPECT_EQ(package.Bonds[0].Name, "A") << line;
-    EXPECT_EQ(package.Bonds[0].DieX, 1.0F) << line;
-    EXPECT_EQ(package.Bonds[0].DieY, 2.0F) << line;
+    const BondRec& bond = package.Bonds[0];
+    EXPECT_EQ(Fields(bond.Name, bond.DieX, bond.DieY), "'A' 1 2") << line;
   }
 }
 
@@ -23,25 +22,19 @@ TEST_F(ReaderText, ACarriageReturnAloneEndsNoLine) {
 }
 
 TEST_F(ReaderText, MissingFieldsAreEmptyAndFurtherOnesDropped) {
-  const Package package = ReadBody("CBP\nCBP A\nSBP A 1 2 0 3 4 5 ROUND 0 T more and more\n");
+  const Package package =
+      ReadBody("CBP A 1 2 0 3 4 0 L ROUND\nCBP\nSBP A 1 2 0 3 4 5 ROUND 0 T more and more\n");
   ASSERT_EQ(package.Bonds.Count(), 2U);
-  EXPECT_EQ(package.Bonds[0].Name, "");
-  EXPECT_EQ(package.Bonds[0].DieShape, "");
-  EXPECT_EQ(package.Bonds[1].Tier, "T");
-}
-
-TEST_F(ReaderText, MissingFieldsAreNotThoseOfTheLineBefore) {
-  const Package package = ReadBody("CBP A 1 2 0 3 4 0 L ROUND\nCBP B\n");
-  EXPECT_EQ(package.Bonds[1].DieX, 0.0F);
-  EXPECT_EQ(package.Bonds[1].DieSide, "");
+  const BondRec& bare = package.Bonds[1];
+  EXPECT_EQ(Fields(bare.Name, bare.DieX, bare.DieSide, bare.DieShape), "'' 0 '' ''")
+      << "not those of the line before";
+  EXPECT_EQ(package.Bonds[0].Tier, "T");
 }
 
 TEST_F(ReaderText, UnreadableNumbersAreZero) {
   const Package package = ReadBody("CBP A 1,5 x7 0 2,5mil -,5 0 L ROUND\n");
-  EXPECT_EQ(package.Bonds[0].DieX, 1.5F);
-  EXPECT_EQ(package.Bonds[0].DieY, 0.0F);
-  EXPECT_EQ(package.Bonds[0].DieSizeX, 2.5F);
-  EXPECT_EQ(package.Bonds[0].DieSizeY, -0.5F);
+  const BondRec& bond = package.Bonds[0];
+  EXPECT_EQ(Fields(bond.DieX, bond.DieY, bond.DieSizeX, bond.DieSizeY), "1.5 0 2.5 -0.5");
 }
 
 TEST_F(ReaderText, OrdinaryBytesStayAsTheyAre) {

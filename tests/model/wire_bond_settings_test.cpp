@@ -1,42 +1,28 @@
 #include "model/wire_bond_settings.h"
 
-#include <gtest/gtest.h>
-
 #include "model/title.h"
 #include "model/version.h"
+#include "tests/model/package_text.h"
 
 namespace model {
 namespace {
 
-TEST(WireBondSettings, UnsetOnesBecomeTheDiesHeightsInFileUnits) {
+std::string Text(const WireBondSettings& s) {
+  return Fields(s.Material, s.WireDiameter, s.Frequency, s.BaseLoopHeight, s.StackLoopHeight, s.BaseExtension,
+                s.StackExtension, s.StitchExtension);
+}
+
+TEST(WireBondSettings, UnsetOnesBecomeTheDiesHeightsInFileUnitsAndOthersStay) {
   Package package;
   package.UnitScale = 100.0F;
   package.CompZ = 0.125F;
   package.SDCompZ = 0.0625F;
   WireBondSettings settings;
   SetUnsetDefaults(settings, package);
-  EXPECT_EQ(settings.Material, "Au");
-  EXPECT_EQ(settings.WireDiameter, 1.0F);
-  EXPECT_EQ(settings.Frequency, 0.0F);
-  EXPECT_EQ(settings.BaseLoopHeight, 12.5F);
-  EXPECT_EQ(settings.BaseExtension, 12.5F);
-  EXPECT_EQ(settings.StackLoopHeight, 6.25F);
-  EXPECT_EQ(settings.StackExtension, 6.25F);
-  EXPECT_EQ(settings.StitchExtension, 6.25F);
-}
-
-TEST(WireBondSettings, ThoseThatAreSetStay) {
-  Package package;
-  package.CompZ = package.SDCompZ = 9.0F;
-  WireBondSettings settings{"Cu", 2.0F, 3.0F, 4.0F, 5.0F, 6.0F, kEdgeOfBaseDie, 8.0F};
+  EXPECT_EQ(Text(settings), "'Au' 1 0 12.5 6.25 12.5 6.25 6.25");
+  settings = {"Cu", 2.0F, 3.0F, 4.0F, 5.0F, 6.0F, kEdgeOfBaseDie, 8.0F};
   SetUnsetDefaults(settings, package);
-  EXPECT_EQ(settings.Material, "Cu");
-  EXPECT_EQ(settings.WireDiameter, 2.0F);
-  EXPECT_EQ(settings.BaseLoopHeight, 4.0F);
-  EXPECT_EQ(settings.StackLoopHeight, 5.0F);
-  EXPECT_EQ(settings.BaseExtension, 6.0F);
-  EXPECT_EQ(settings.StackExtension, -1.0F);
-  EXPECT_EQ(settings.StitchExtension, 8.0F);
+  EXPECT_EQ(Text(settings), "'Cu' 2 3 4 5 6 -1 8");
 }
 
 TEST(Title, HasTheMinorVersionTwiceAndTheFilesName) {

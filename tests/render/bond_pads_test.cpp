@@ -36,8 +36,7 @@ TEST_F(SceneTest, SubstratePadsTurnWithTheirSideAndAngle) {
       "White (0 1 0) (3.567 0 -0.5179) (5.567 0 -3.9821) (6.433 0 -3.4821) (4.433 0 -0.0179)";
   const std::tuple<const char*, const char*, const char*> cases[] = {
       {"B", "0", upright},  {"t", "0", upright},   {"L", "0", quarter}, {"r", "0", quarter},
-      {"T", "90", quarter}, {"R", "-90", upright}, {"B", "30", thirty}, {"L", "-60", thirty},
-  };
+      {"T", "90", quarter}, {"R", "-90", upright}, {"B", "30", thirty}, {"L", "-60", thirty}};
   for (const auto& [side, angle, expected] : cases) {
     Draw(kBody + Die("A", side) + Pad("A", angle, "rectangle"), &Scene::DrawBondPads);
     ASSERT_EQ(pen.Order, "QQ");

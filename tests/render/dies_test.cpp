@@ -20,14 +20,12 @@ std::string Text(std::initializer_list<const char*> parts) {
 
 TEST_F(SceneTest, BaseDieIsABoxWithNormalsOutwards) {
   Draw(Text({kWireBond, kBase, kBody}), &Scene::DrawDie);
-  const char* expected[] = {
-      "White (0 1 0) (3 1 2) (-3 1 2) (-3 1 -2) (3 1 -2)",
-      "DarkBlue (0 -1 0) (3 0 -2) (-3 0 -2) (-3 0 2) (3 0 2)",
-      "DarkCyan (0 0 1) (3 0 2) (-3 0 2) (-3 1 2) (3 1 2)",
-      "DarkCyan (0 0 -1) (-3 0 -2) (3 0 -2) (3 1 -2) (-3 1 -2)",
-      "DarkCyan (-1 0 0) (-3 0 2) (-3 0 -2) (-3 1 -2) (-3 1 2)",
-      "DarkCyan (1 0 0) (3 0 -2) (3 0 2) (3 1 2) (3 1 -2)",
-  };
+  const char* expected[] = {"White (0 1 0) (3 1 2) (-3 1 2) (-3 1 -2) (3 1 -2)",
+                            "DarkBlue (0 -1 0) (3 0 -2) (-3 0 -2) (-3 0 2) (3 0 2)",
+                            "DarkCyan (0 0 1) (3 0 2) (-3 0 2) (-3 1 2) (3 1 2)",
+                            "DarkCyan (0 0 -1) (-3 0 -2) (3 0 -2) (3 1 -2) (-3 1 -2)",
+                            "DarkCyan (-1 0 0) (-3 0 2) (-3 0 -2) (-3 1 -2) (-3 1 2)",
+                            "DarkCyan (1 0 0) (3 0 -2) (3 0 2) (3 1 2) (3 1 -2)"};
   ASSERT_EQ(pen.Order, "QQQQQQ");
   for (std::size_t i = 0; i < 6; ++i) EXPECT_EQ(FaceText(pen.Quads[i]), expected[i]);
 
@@ -43,13 +41,11 @@ TEST_F(SceneTest, BaseDieIsABoxWithNormalsOutwards) {
 
 TEST_F(SceneTest, StackedDieStandsOnTheBaseDieWithItsYAsItIs) {
   Draw(Text({kBase, kStacked, kBody}), &Scene::DrawSDDie);
-  const char* expected[] = {
-      "Gray (0 1 0) (1.5 1.5 1.5) (0.5 1.5 1.5) (0.5 1.5 -0.5) (1.5 1.5 -0.5)",
-      "DarkCyan (0 0 -1) (1.5 1.5 -0.5) (0.5 1.5 -0.5) (0.5 1 -0.5) (1.5 1 -0.5)",
-      "DarkCyan (0 0 1) (1.5 1 1.5) (0.5 1 1.5) (0.5 1.5 1.5) (1.5 1.5 1.5)",
-      "DarkCyan (-1 0 0) (0.5 1 1.5) (0.5 1 -0.5) (0.5 1.5 -0.5) (0.5 1.5 1.5)",
-      "DarkCyan (1 0 0) (1.5 1.5 1.5) (1.5 1.5 -0.5) (1.5 1 -0.5) (1.5 1 1.5)",
-  };
+  const char* expected[] = {"Gray (0 1 0) (1.5 1.5 1.5) (0.5 1.5 1.5) (0.5 1.5 -0.5) (1.5 1.5 -0.5)",
+                            "DarkCyan (0 0 -1) (1.5 1.5 -0.5) (0.5 1.5 -0.5) (0.5 1 -0.5) (1.5 1 -0.5)",
+                            "DarkCyan (0 0 1) (1.5 1 1.5) (0.5 1 1.5) (0.5 1.5 1.5) (1.5 1.5 1.5)",
+                            "DarkCyan (-1 0 0) (0.5 1 1.5) (0.5 1 -0.5) (0.5 1.5 -0.5) (0.5 1.5 1.5)",
+                            "DarkCyan (1 0 0) (1.5 1.5 1.5) (1.5 1.5 -0.5) (1.5 1 -0.5) (1.5 1 1.5)"};
   ASSERT_EQ(pen.Order, "QQQQQ");
   for (std::size_t i = 0; i < 5; ++i) EXPECT_EQ(FaceText(pen.Quads[i]), expected[i]);
   // A quarter turn about (1, 0.5) takes the corner at (+0.5, +1) from it to (-1, +0.5).

@@ -7,29 +7,20 @@ using render::Snap;
 
 constexpr char kBody[] = "TECHNOLOGY WIRE_BOND\nCOMPL 4\nCOMPW 4\nCOMPZ 1\n";
 
-struct Bounds {
-  double left = 1e9, right = -1e9, low = 1e9, high = -1e9;
-};
-
-/// In plan, over the quads first .. first + count - 1.
-Bounds BoundsOf(const RecordingPen& pen, std::size_t first, std::size_t count) {
-  Bounds bounds;
-  for (std::size_t i = first; i < first + count; ++i) {
-    for (const model::SceneVector& corner : pen.Quads.at(i).Corners) {
-      bounds.left = std::min(bounds.left, double(corner.X));
-      bounds.right = std::max(bounds.right, double(corner.X));
-      bounds.low = std::min(bounds.low, double(corner.Z));
-      bounds.high = std::max(bounds.high, double(corner.Z));
-    }
-  }
-  return bounds;
+std::string PlanText(const model::SceneVector& point) {
+  return "(" + NumberText(double(point.X)) + " " + NumberText(double(point.Z)) + ")";
 }
 
-void ExpectBounds(const Bounds& bounds, double left, double right, double low, double high) {
-  EXPECT_NEAR(bounds.left, left, 1e-4);
-  EXPECT_NEAR(bounds.right, right, 1e-4);
-  EXPECT_NEAR(bounds.low, low, 1e-4);
-  EXPECT_NEAR(bounds.high, high, 1e-4);
+/// The two corners, in plan, of the box round the quads first .. first + count - 1.
+std::string Bounds(const RecordingPen& pen, std::size_t first, std::size_t count) {
+  model::SceneVector low{1e9F, 0.0F, 1e9F}, high{-1e9F, 0.0F, -1e9F};
+  for (std::size_t i = first; i < first + count; ++i) {
+    for (const model::SceneVector& corner : pen.Quads.at(i).Corners) {
+      low = {std::min(low.X, corner.X), 0.0F, std::min(low.Z, corner.Z)};
+      high = {std::max(high.X, corner.X), 0.0F, std::max(high.Z, corner.Z)};
+    }
+  }
+  return PlanText(low) + PlanText(high);
 }
 
 /// Every plate is a top face that looks up and the same face reversed, a little lower.
@@ -51,8 +42,7 @@ void ExpectPlates(const RecordingPen& pen) {
 
 std::string Top(const RecordingPen& pen, std::size_t plate) {
   std::string text;
-  for (const model::SceneVector& corner : pen.Quads.at(2 * plate).Corners)
-    text += "(" + NumberText(double(corner.X)) + " " + NumberText(double(corner.Z)) + ")";
+  for (const model::SceneVector& corner : pen.Quads.at(2 * plate).Corners) text += PlanText(corner);
   return text;
 }
 
@@ -85,18 +75,17 @@ TEST_F(SceneTest, ArcRingsBowOutwardsByTheirBulgeAndKeepTheirCorners) {
   // sqrt(25 - 2.939394^2) = 4.044745 gives a bulge of 0.044745.
   EXPECT_EQ(Top(pen, 198), "(-3.75 -3.25)(-3.7947 -2.6894)(-4.2947 -2.6894)(-4.25 -3.25)");
   EXPECT_EQ(Top(pen, 297), "(4.25 -3.25)(4.2947 -2.6894)(3.7947 -2.6894)(3.75 -3.25)");
-  ExpectBounds(BoundsOf(pen, 0, 198), -4.25, 4.25, 2.75, 4.2499);
-  ExpectBounds(BoundsOf(pen, 198, 198), -4.25, 4.25, -4.2499, -2.75);
-  ExpectBounds(BoundsOf(pen, 396, 198), -5.2499, -3.75, -3.25, 3.25);
-  ExpectBounds(BoundsOf(pen, 594, 198), 3.75, 5.2499, -3.25, 3.25);
+  EXPECT_EQ(Bounds(pen, 0, 198), "(-4.25 2.75)(4.25 4.2499)");
+  EXPECT_EQ(Bounds(pen, 198, 198), "(-4.25 -4.2499)(4.25 -2.75)");
+  EXPECT_EQ(Bounds(pen, 396, 198), "(-5.2499 -3.25)(-3.75 3.25)");
+  EXPECT_EQ(Bounds(pen, 594, 198), "(3.75 -3.25)(5.2499 3.25)");
 }
 
 TEST_F(SceneTest, ArcRingsGivenUpsideDownAreSampledBeyondTheRing) {
   Draw(std::string(kBody) + "RING R ARC -4 -3 4 3 0.5 1\n", &Scene::DrawRings);
-  // Upright sides start at y2 = 3 and run 6 upwards all the same.
-  const Bounds bounds = BoundsOf(pen, 396, 198);
-  EXPECT_NEAR(bounds.low, 2.75, 1e-4);
-  EXPECT_NEAR(bounds.high, 9.25, 1e-4);
+  // Upright sides start at y2 = 3 and run 6 upwards all the same, over the circle of radius 5 and beyond it:
+  // the bulge is 1 - 5 = -4 at y = 5, and 1 - (5 - sqrt(9^2 - 25)) = 3.4833 at y = 9.
+  EXPECT_EQ(Bounds(pen, 396, 198), "(-7.7333 2.75)(0.25 9.25)");
 }
 
 TEST_F(SceneTest, SegmentsDrawTheirPartOfAStraightSide) {
@@ -125,10 +114,10 @@ TEST_F(SceneTest, SegmentsOfArcRingsLieOnTheRingsArcWithTheirTopsUp) {
   EXPECT_EQ(Top(pen, 99), "(4.3326 2.25)(4.3457 1.7197)(4.8457 1.7197)(4.8326 2.25)");
   // Longer by 0.25 at both ends. On the upright sides the bulge is least at y = 2, and within 0.0001 of 1 in
   // the middle; on the lying ones it is least at x = -2, sqrt(8.5^2 - 4) - 7.5 = 0.761355.
-  ExpectBounds(BoundsOf(pen, 0, 198), -5.25, -4.3326, -1.25, 2.25);
-  ExpectBounds(BoundsOf(pen, 198, 198), 4.3326, 5.25, -1.25, 2.25);
-  ExpectBounds(BoundsOf(pen, 396, 198), -2.25, 1.25, 3.5114, 4.25);
-  ExpectBounds(BoundsOf(pen, 594, 198), -2.25, 1.25, -4.25, -3.5114);
+  EXPECT_EQ(Bounds(pen, 0, 198), "(-5.25 -1.25)(-4.3326 2.25)");
+  EXPECT_EQ(Bounds(pen, 198, 198), "(4.3326 -1.25)(5.25 2.25)");
+  EXPECT_EQ(Bounds(pen, 396, 198), "(-2.25 3.5114)(1.25 4.25)");
+  EXPECT_EQ(Bounds(pen, 594, 198), "(-2.25 -4.25)(1.25 -3.5114)");
 }
 
 TEST(Snap, MeasuresFromTheSidesMiddleAndGoesOnBeyondTheCircle) {

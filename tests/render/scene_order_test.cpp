@@ -90,15 +90,4 @@ TEST_F(SceneOrderTest, CountersOf16BitsFaultAt32768Records) {
   check(package.Stitches, stitch, &Scene::DrawWires, "stitches");
 }
 
-TEST_F(SceneOrderTest, OtherTablesHaveNoLimit) {
-  Fill(package.Bonds, 32768, {});
-  Fill(package.SDBonds, 32768, {});
-  Fill(package.Daps, 32768, {});
-  EXPECT_EQ(FaultOf(&Scene::DrawDiePads), "no fault");
-  EXPECT_EQ(FaultOf(&Scene::DrawSDDie), "no fault");
-  EXPECT_EQ(FaultOf(&Scene::DrawSDDiePads), "no fault");
-  EXPECT_EQ(FaultOf(&Scene::DrawAttach), "no fault");
-  EXPECT_EQ(pen.Quads.size(), 65536U);
-}
-
 }  // namespace

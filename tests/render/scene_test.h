@@ -6,19 +6,11 @@
 #include <string>
 
 #include "model/faults.h"
-#include "model/reader.h"
 #include "render/scene.h"
+#include "tests/model/package_text.h"
 #include "tests/render/recording_pen.h"
-#include "tests/temporary_folder.h"
 
-/// Reads a package from its text.
-inline model::Package PackageOf(const std::string& text) {
-  const TemporaryFolder folder;
-  model::PackageScalars before;
-  before.PackagePath = folder / "board.yax";
-  PutFile(before.PackagePath, text);
-  return model::ReadPackage(before).value();
-}
+using model::PackageOf;
 
 class SceneTest : public testing::Test {
  protected:

@@ -116,8 +116,7 @@ TEST_F(WiresTest, StackedWiresCanRunLevelToTheBaseDiesEdge) {
       {"t", "1 1", "4 5", "(3.25 20 -4)"},
       {"r", "1 1", "5 4", "(3 20 -2.5)"},
       // From beyond the edge, where the distance has no sign either: 3.75 along (0.6, -0.8).
-      {"T", "1 7", "4 3", "(3.25 20 -4)"},
-  };
+      {"T", "1 7", "4 3", "(3.25 20 -4)"}};
   for (const auto& [side, from, to, reach] : cases) {
     DrawWires(kBody + StackedWire("S", side, from, to));
     EXPECT_EQ(Reach(0), reach) << side << " " << from;

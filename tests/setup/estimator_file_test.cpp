@@ -36,30 +36,27 @@ TEST_F(SetupFormTest, SaveThenLoadRestoresAllButTwoExtensions) {
     form.LH_Click(frame.Custom);
   }
   form.LH_Click(5);
-  dialog.Answer = folder / "a.zu";
+  dialog.answer = folder / "a.zu";
   form.Cmd_Click(6);
-  EXPECT_EQ(GetFile(folder / "a.zu"), controls.Vu);
-  const model::WireBondSettings saved = settings;
+  const std::string saved = controls.Vu;
+  EXPECT_EQ(GetFile(folder / "a.zu"), saved);
   form.Cmd_Click(3);
   rebuilds = 0;
   form.Cmd_Click(5);
   EXPECT_EQ(rebuilds, 1);
-  EXPECT_EQ(settings.Material, "Cu");
-  EXPECT_EQ(settings.WireDiameter, 0.9F);
-  EXPECT_EQ(Selected(controls.WD), 6);
-  EXPECT_EQ(settings.Frequency, 2.5e9F);
-  EXPECT_EQ(settings.BaseLoopHeight, saved.BaseLoopHeight);
-  EXPECT_EQ(settings.StackLoopHeight, saved.StackLoopHeight);
-  EXPECT_EQ(settings.StackExtension, -1.0F);
-  // As Reset left them: the written keys are not those that are read.
+  // These are as Reset left them: the written keys are not those that are read.
   EXPECT_EQ(settings.BaseExtension, 0.25F);
   EXPECT_EQ(settings.StitchExtension, 0.25F);
+  for (const std::size_t custom : {3U, 10U}) form.LH_Click(custom);
+  controls.LEc[0].Text = controls.LEc[2].Text = "40.125";
+  form.UpdateVals();
+  EXPECT_EQ(controls.Vu, saved);
   EXPECT_EQ(package.PackagePath, folder / "board.yax");
 }
 
 TEST_F(SetupFormTest, SaveWithoutRoomLeavesTheOldFile) {
   form.RunCommand3();
-  dialog.Answer = PutFile(folder / "a.zu", "old");
+  dialog.answer = PutFile(folder / "a.zu", "old");
   {
     const FullDisk full(10);
     form.Cmd_Click(6);
@@ -126,20 +123,16 @@ TEST_F(SetupFormTest, DamagedFilesChangeNothing) {
 TEST_F(SetupFormTest, DialogsAskAsToldAndCancellingChangesNothing) {
   form.RunCommand3();
   rebuilds = 0;
-  form.Cmd_Click(6);
-  EXPECT_EQ(dialog.Shown, "save");
-  EXPECT_EQ(dialog.Request.DialogTitle, "Save ZU file");
-  EXPECT_EQ(dialog.Request.FileName, package.PackagePath);
-  EXPECT_EQ(dialog.Request.Filter, "zu files|*.zu|all files|*.*");
-  EXPECT_EQ(dialog.Request.Flags, 8206);
-  form.Cmd_Click(5);
-  EXPECT_EQ(dialog.Shown, "open");
-  EXPECT_EQ(dialog.Request.DialogTitle, "Load ZU File");
-  EXPECT_EQ(dialog.Request.FileName, "*.zu");
-  EXPECT_EQ(dialog.Request.Filter, "zu files|*.zu|All files|*.*");
-  EXPECT_EQ(dialog.Request.Flags, 16396);
-  EXPECT_EQ(dialog.Request.DefaultExt, ".zu");
-  dialog.Answer = folder / "missing.zu";
+  const auto asked = [this](std::size_t button) {
+    form.Cmd_Click(button);
+    const FileDialogRequest& r = dialog.asked.back();
+    return dialog.shown + ": " + r.DialogTitle + ", " + r.FileName + ", " + r.Filter + ", " +
+           std::to_string(r.Flags) + ", " + r.DefaultExt;
+  };
+  EXPECT_EQ(asked(6),
+            "save: Save ZU file, " + package.PackagePath + ", zu files|*.zu|all files|*.*, 8206, .zu");
+  EXPECT_EQ(asked(5), "open: Load ZU File, *.zu, zu files|*.zu|All files|*.*, 16396, .zu");
+  dialog.answer = folder / "missing.zu";
   form.Cmd_Click(5);
   EXPECT_EQ(rebuilds, 0);
   EXPECT_EQ(GetFile(package.PackagePath), "");
@@ -157,22 +150,17 @@ TEST_F(SetupFormTest, TheOverwriteQuestionKnowsThePackageByAnyName) {
 }
 
 TEST(ParameterFile, ItsNameReplacesThreeCharacters) {
-  const std::pair<const char*, std::optional<std::string>> cases[] = {{"/a/board.yax", "board.zu"},
-                                                                      {"board.YAX", "board.zu"},
-                                                                      {"/a.b/yax", "zu"},
-                                                                      {"/a/package", "packzu"},
-                                                                      {"/a/b.\xC3\xA4\xC3\xB6x", "b.zu"},
-                                                                      {"/a/ya", std::nullopt},
-                                                                      {"/a/\xC3\xA4\xC3\xA4", std::nullopt},
-                                                                      {"", std::nullopt},
-                                                                      {"/a/", std::nullopt}};
-  for (const auto& [path, name] : cases) EXPECT_EQ(ParameterFileName(path), name) << path;
+  using Name = std::pair<const char*, std::optional<std::string>>;
+  for (const auto& [path, name] :
+       {Name("/a/board.yax", "board.zu"), Name("board.YAX", "board.zu"), Name("/a.b/yax", "zu"),
+        Name("/a/package", "packzu"), Name("/a/b.\xC3\xA4\xC3\xB6x", "b.zu"), Name("/a/ya", std::nullopt),
+        Name("/a/\xC3\xA4\xC3\xA4", std::nullopt), Name("", std::nullopt), Name("/a/", std::nullopt)})
+    EXPECT_EQ(ParameterFileName(path), name) << path;
 }
 
 TEST(ParameterFile, ItsFolderKeepsTheSeparator) {
-  EXPECT_EQ(GetFilePath("/a b/c.zu"), "/a b/");
-  EXPECT_EQ(GetFilePath("/c.zu"), "/");
-  EXPECT_EQ(GetFilePath("c.zu"), "");
+  for (const auto& [path, its] : {std::pair("/a b/c.zu", "/a b/"), {"/c.zu", "/"}, {"c.zu", ""}})
+    EXPECT_EQ(GetFilePath(path), its);
 }
 
 }  // namespace

@@ -1,41 +1,27 @@
 #include "setup/loop_picture.h"
 
-#include <gtest/gtest.h>
-
+#include <algorithm>
 #include <cfloat>
 #include <cmath>
+
+#include "tests/model/package_text.h"
 
 namespace setup {
 namespace {
 
-/// A die of 8 x 8 x 1 with a stacked die of 4 x 4 x 1, wires along x to the right, and a stitch between them.
+/// A die of 8 x 8 x 1 with a stacked die of 4 x 4 x 1, wires along x to the right, and a stitch between them;
+/// ten file units make one of the scene.
 model::Package StackedPackage() {
-  model::Package package;
-  package.CompW = package.CompL = 8.0F;
-  package.CompZ = 1.0F;
-  package.SDCompW = package.SDCompL = 4.0F;
-  package.SDCompZ = 1.0F;
+  model::Package package = model::PackageOf(
+      "COMPL 8\nCOMPW 8\nSD_COMPL 4\nSD_COMPW 4\nSD_COMPZ 1\nCOMPZ 1\n"
+      "CBP A 0 0 0 0.5 0 0 R\nSBP A 7 0 0 0.5\nWB A 3.5 0 0 7 0 1 0\n"
+      "SD_CBP S 0 0 0 0 0.5 0 R\nSBP S 9 0 0 0.5\nWB S 1.5 0 0 9 0 2 0\nSTCH X 1 0 Y 3 0 2 1\n");
   package.UnitScale = 10.0F;
-  model::BondRec bond;
-  bond.DieSide = "R";
-  bond.DieSizeX = bond.SubSizeX = 0.5F;
-  bond.WireStartX = 3.5F;
-  bond.WireStartZ = 1.0F;
-  bond.WireEndX = bond.SubX = 7.0F;
-  package.Bonds.Spare() = bond;
-  package.Bonds.Grow();
-  bond.WireStartX = 1.5F;
-  bond.WireStartZ = 2.0F;
-  bond.WireEndX = bond.SubX = 9.0F;
-  package.SDBonds.Spare() = bond;
-  package.SDBonds.Grow();
-  model::StitchRec& stitch = package.Stitches.Spare();
-  stitch.X1 = 1.0F;
-  stitch.Z1 = 2.0F;
-  stitch.X2 = 3.0F;
-  stitch.Z2 = 1.0F;
-  package.Stitches.Grow();
   return package;
+}
+
+LoopPicture Drawn(const model::Package& package, const model::WireBondSettings& settings) {
+  return DrawLoops(package, settings, 800.0F, 400.0F);
 }
 
 const PictureShape* Find(const LoopPicture& picture, PicturePart part) {
@@ -45,19 +31,15 @@ const PictureShape* Find(const LoopPicture& picture, PicturePart part) {
 }
 
 bool Moved(const LoopPicture& before, const LoopPicture& after, PicturePart part) {
-  const PictureShape* a = Find(before, part);
-  const PictureShape* b = Find(after, part);
-  for (std::size_t i = 0; i < a->Points.size(); ++i)
-    if (std::fabs(a->Points[i].X - b->Points[i].X) > 0.5F ||
-        std::fabs(a->Points[i].Y - b->Points[i].Y) > 0.5F)
-      return true;
-  return false;
+  const auto& a = Find(before, part)->Points;
+  return !std::equal(a.begin(), a.end(), Find(after, part)->Points.begin(), [](const auto& p, const auto& q) {
+    return std::fabs(p.X - q.X) < 0.5F && std::fabs(p.Y - q.Y) < 0.5F;
+  });
 }
 
 bool HasLabel(const LoopPicture& picture, const std::string& text) {
-  for (const PictureLabel& label : picture.Labels)
-    if (label.Text == text) return true;
-  return false;
+  return std::any_of(picture.Labels.begin(), picture.Labels.end(),
+                     [&](const auto& l) { return l.Text == text; });
 }
 
 const model::WireBondSettings kTenEach{"Au", 1.0F, 1e6F, 10.0F, 10.0F, 10.0F, 10.0F, 10.0F};
@@ -72,21 +54,18 @@ TEST(LoopPicture, EachSettingMovesItsOwnWireOnly) {
                // Stitches take the stacked wires' height.
                {&model::WireBondSettings::StackLoopHeight, false, true, true},
                {&model::WireBondSettings::StitchExtension, false, false, true}};
-  const model::Package bare = [] {
-    model::Package package = StackedPackage();
-    // Pads without wires: the wires are made up.
-    package.Bonds = {};
-    package.SDBonds = {};
-    package.SDBonds.Grow();
-    package.Stitches = {};
-    return package;
-  }();
+  // Pads without wires: the wires are made up.
+  model::Package bare = StackedPackage();
+  bare.Bonds = {};
+  bare.SDBonds = {};
+  bare.SDBonds.Grow();
+  bare.Stitches = {};
   for (const model::Package& package : {StackedPackage(), bare}) {
-    const LoopPicture before = DrawLoops(package, kTenEach, 800.0F, 400.0F);
+    const LoopPicture before = Drawn(package, kTenEach);
     for (const auto& [setting, base, stack, stitch] : cases) {
       model::WireBondSettings settings = kTenEach;
       settings.*setting = 15.0F;
-      const LoopPicture after = DrawLoops(package, settings, 800.0F, 400.0F);
+      const LoopPicture after = Drawn(package, settings);
       EXPECT_EQ(Moved(before, after, PicturePart::BaseWire), base);
       EXPECT_EQ(Moved(before, after, PicturePart::StackWire), stack);
       EXPECT_EQ(Moved(before, after, PicturePart::StitchWire), stitch);
@@ -96,7 +75,7 @@ TEST(LoopPicture, EachSettingMovesItsOwnWireOnly) {
 }
 
 TEST(LoopPicture, IsToScale) {
-  const LoopPicture picture = DrawLoops(StackedPackage(), kTenEach, 800.0F, 400.0F);
+  const LoopPicture picture = Drawn(StackedPackage(), kTenEach);
   const std::vector<PicturePoint>& base = Find(picture, PicturePart::BaseWire)->Points;
   ASSERT_EQ(base.size(), 7U);
   // From 3.5 to 7.0 along, so 3.5 units; up by the loop height of 10 / 10 = 1 unit; level from 0.3 to 1.
@@ -115,7 +94,7 @@ TEST(LoopPicture, IsToScale) {
 TEST(LoopPicture, DimensionLinesMeasureHeightAndExtension) {
   model::WireBondSettings settings = kTenEach;
   settings.BaseExtension = 20.0F;
-  const LoopPicture picture = DrawLoops(StackedPackage(), settings, 800.0F, 400.0F);
+  const LoopPicture picture = Drawn(StackedPackage(), settings);
   const std::vector<PicturePoint>& base = Find(picture, PicturePart::BaseWire)->Points;
   std::vector<float> across, up;
   for (const PictureShape& shape : picture.Shapes) {
@@ -133,7 +112,7 @@ TEST(LoopPicture, DimensionLinesMeasureHeightAndExtension) {
 TEST(LoopPicture, EdgeOfBaseDieEndsTheLevelRunAtTheEdge) {
   model::WireBondSettings settings = kTenEach;
   settings.StackExtension = model::kEdgeOfBaseDie;
-  const LoopPicture picture = DrawLoops(StackedPackage(), settings, 800.0F, 400.0F);
+  const LoopPicture picture = Drawn(StackedPackage(), settings);
   EXPECT_NEAR(Find(picture, PicturePart::StackWire)->Points[5].X,
               Find(picture, PicturePart::Die)->Points[2].X, 0.01F);
 }
@@ -146,15 +125,14 @@ TEST(LoopPicture, TheWireOfMiddleLengthStandsForAll) {
     package.Bonds.Grow();
   }
   // Lengths 3.5, 16.5 and 1.5: the picture is the one of 3.5 alone.
-  EXPECT_FALSE(Moved(DrawLoops(StackedPackage(), kTenEach, 800.0F, 400.0F),
-                     DrawLoops(package, kTenEach, 800.0F, 400.0F), PicturePart::BaseWire));
+  EXPECT_FALSE(Moved(Drawn(StackedPackage(), kTenEach), Drawn(package, kTenEach), PicturePart::BaseWire));
 }
 
 TEST(LoopPicture, StackAndItsLabelNeedAStackedDie) {
   model::Package package = StackedPackage();
-  const LoopPicture stacked = DrawLoops(package, kTenEach, 800.0F, 400.0F);
+  const LoopPicture stacked = Drawn(package, kTenEach);
   package.SDBonds = {};
-  const LoopPicture single = DrawLoops(package, kTenEach, 800.0F, 400.0F);
+  const LoopPicture single = Drawn(package, kTenEach);
   for (const char* label : {"Die", "Base", "SBP"}) EXPECT_TRUE(HasLabel(single, label)) << label;
   EXPECT_TRUE(HasLabel(stacked, "Stack"));
   EXPECT_FALSE(HasLabel(single, "Stack"));
@@ -199,7 +177,7 @@ TEST(LoopPicture, AWireThatFaultsIsLeftOut) {
   package.SDBonds[0].SubX = 1.5F;  // straight above its pad: the edge of the die is never reached
   model::WireBondSettings settings = kTenEach;
   settings.StackExtension = model::kEdgeOfBaseDie;
-  const LoopPicture picture = DrawLoops(package, settings, 800.0F, 400.0F);
+  const LoopPicture picture = Drawn(package, settings);
   EXPECT_EQ(Find(picture, PicturePart::StackWire), nullptr);
   EXPECT_NE(Find(picture, PicturePart::BaseWire), nullptr);
 }

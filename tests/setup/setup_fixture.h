@@ -7,30 +7,10 @@
 
 #include "model/faults.h"
 #include "setup/setup_form.h"
+#include "tests/setup/answering_dialog.h"
 #include "tests/temporary_folder.h"
 
 namespace setup {
-
-class AnsweringDialog : public FileDialog {
- public:
-  std::optional<std::string> ShowOpen(const FileDialogRequest& request) override {
-    return Take("open", request);
-  }
-  std::optional<std::string> ShowSave(const FileDialogRequest& request) override {
-    return Take("save", request);
-  }
-
-  std::optional<std::string> Answer;
-  std::string Shown;
-  FileDialogRequest Request;
-
- private:
-  std::optional<std::string> Take(const char* which, const FileDialogRequest& request) {
-    Shown = which;
-    Request = request;
-    return Answer;
-  }
-};
 
 class SetupFormTest : public testing::Test {
  protected:
@@ -68,7 +48,7 @@ class SetupFormTest : public testing::Test {
   }
 
   void LoadText(const std::string& text) {
-    dialog.Answer = PutFile(folder / "saved.zu", text);
+    dialog.answer = PutFile(folder / "saved.zu", text);
     form.Cmd_Click(5);
   }
 

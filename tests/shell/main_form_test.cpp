@@ -18,9 +18,8 @@ class FakeSurface final : public render::GlSurface {
   bool CreateContext() override {
     recorder_.Note("CreateContext");
     if (creating) creating();
-    if (!usable) return false;
-    recorder_.NewContext();
-    return true;
+    if (usable) recorder_.NewContext();
+    return usable;
   }
   bool MakeCurrent() override { return recorder_.HasContext(); }
   bool IsShown() const override { return shown; }
@@ -62,15 +61,17 @@ class MainFormTest : public GlTest {
     form->actions.unhookWheel = [this] { gl.Note("unhookWheel"); };
     form->actions.resetWireBondSetup = [this] {
       gl.Note("resetWireBondSetup");
-      if (resetting) resetting();
+      form->RebuildAndRepaint();  // as the setup does
     };
     return *form;
   }
-
-  std::string File(const std::string& name, const std::string& text) {
-    PutFile(folder / name, text);
-    return folder / name;
+  /// One that has loaded this package.
+  MainForm& Load(const std::string& text) {
+    Start('"' + File("board.yax", text) + '"').Form_Load();
+    return *form;
   }
+
+  std::string File(const std::string& name, const std::string& text) { return PutFile(folder / name, text); }
   std::string Folder() { return std::filesystem::path(folder / "x").parent_path(); }
 
   /// The calls that mark the steps of a load.
@@ -91,7 +92,6 @@ class MainFormTest : public GlTest {
   FakeSurface surface{gl};
   shell::ProgramEnd end;
   std::unique_ptr<MainForm> form;
-  std::function<void()> resetting;
   std::string box = "none";
   int status = -1;
 };
@@ -101,8 +101,7 @@ constexpr char kShown[] =
     "glGenLists(1)\ngluLookAt\nglRotatef(90, 0.1, 0, 0)\nglCallList(1)\nSwapBuffers\n";
 
 TEST_F(MainFormTest, LoadReadsThenSetsUpThenBuildsThenPaints) {
-  const std::string path = File("board.yax", kGood);
-  Start('"' + path + '"').Form_Load();
+  Load(kGood);
   const std::string read = "enableHelp\ncaption 3D YAX Viewer - 1.00.0 - board.yax\nresetWireBondSetup\n";
   EXPECT_EQ(Steps(), "hookWheel\n" + read + kShown);
   // Settings that were unset have their defaults: the die's height.
@@ -120,8 +119,7 @@ TEST_F(MainFormTest, LoadReadsThenSetsUpThenBuildsThenPaints) {
 }
 
 TEST_F(MainFormTest, ResizeReadsThePackageAgainAndOnlyForANewSize) {
-  const std::string path = File("board.yax", kGood);
-  Start('"' + path + '"').Form_Load();
+  Load(kGood);
   Steps();
   form->Form_Resize();
   EXPECT_EQ(Steps(), "");
@@ -181,8 +179,7 @@ TEST_F(MainFormTest, FaultOfALoadIsToldOnceAndNothingRunsAfterIt) {
 }
 
 TEST_F(MainFormTest, TrappedFaultLeavesTheProgramAlive) {
-  const std::string path = File("board.yax", kGood);
-  Start('"' + path + '"').Form_Load();
+  Load(kGood);
   // A rebuild that faults keeps the list shown.
   form->Package().Rings.Spare().Kind = "ARC";
   form->Package().Rings.Grow();
@@ -226,40 +223,39 @@ TEST_F(MainFormTest, StartUpTakesTheCommandLineThenTheFileShownThenTheSample) {
   EXPECT_EQ(form->Package().PackagePath, board);
 }
 
-TEST_F(MainFormTest, NothingIsDrawnBeforeTheFirstContextOrInsideALoad) {
-  const std::string path = File("board.yax", kGood);
-  Start('"' + path + '"');
+TEST_F(MainFormTest, NothingIsDrawnBeforeTheFirstContext) {
+  Start('"' + File("board.yax", kGood) + '"');
   form->Form_Paint();
-  form->BuildCube();
   form->RebuildAndRepaint();
   form->SetBackground(false);
   EXPECT_TRUE(form->FramePicture().Rgb.empty());
   EXPECT_EQ(Steps(), "");
-  // The setup's reset rebuilds and repaints, and a load does both once, at its end.
-  resetting = [this] { form->RebuildAndRepaint(); };
-  for (int load = 0; load < 2; ++load) {
-    form->Form_Load();
-    const std::string steps = Steps();
-    EXPECT_NE(steps.find("resetWireBondSetup\nCreateContext\nglClearColor(1, 1, 1, 0)\n"), std::string::npos);
-    EXPECT_TRUE(
-        steps.ends_with("glGenLists(1)\ngluLookAt\nglRotatef(90, 0.1, 0, 0)\nglCallList(1)\nSwapBuffers\n"));
-  }
+  form->Form_Load();
+  EXPECT_NE(Steps().find("CreateContext\nglClearColor(1, 1, 1, 0)\n"), std::string::npos);
+}
+
+TEST_F(MainFormTest, AFrameThatNobodySeesIsLeftToTheFirstExposure) {
+  surface.shown = false;
+  Load(kGood);
+  EXPECT_TRUE(Steps().ends_with("glGenLists(1)\n"));
+  surface.shown = true;
+  form->Form_Paint();
+  EXPECT_EQ(Steps(), "gluLookAt\nglRotatef(90, 0.1, 0, 0)\nglCallList(1)\nSwapBuffers\n");
 }
 
 TEST_F(MainFormTest, BackgroundIsSetAtOnceAndEverythingRebuilt) {
-  Start('"' + File("board.yax", kGood) + '"').Form_Load();
+  Load(kGood);
   Steps();
   form->SetBackground(false);
-  EXPECT_EQ(Steps(),
-            "glClearColor(1, 1, 1, 0)\nglGenLists(1)\ngluLookAt\nglRotatef(90, 0.1, 0, "
-            "0)\nglCallList(2)\nSwapBuffers\n");
+  const std::string frame = "gluLookAt\nglRotatef(90, 0.1, 0, 0)\nglCallList(2)\n";
+  EXPECT_EQ(Steps(), "glClearColor(1, 1, 1, 0)\nglGenLists(1)\n" + frame + "SwapBuffers\n");
   // A picture is a frame that nobody is shown.
   EXPECT_EQ(form->FramePicture().Rgb.size(), 300U * 200U * 3U);
-  EXPECT_EQ(Steps(), "gluLookAt\nglRotatef(90, 0.1, 0, 0)\nglCallList(2)\n");
+  EXPECT_EQ(Steps(), frame);
 }
 
 TEST_F(MainFormTest, UnloadTakesTheViewDownAndEnds) {
-  Start('"' + File("board.yax", kGood) + '"').Form_Load();
+  Load(kGood);
   Steps();
   end.Run([this] { form->Form_Unload(); });
   EXPECT_EQ(Steps(), "unhookWheel\nDeleteContext\n");
@@ -269,11 +265,12 @@ TEST_F(MainFormTest, UnloadTakesTheViewDownAndEnds) {
 }
 
 TEST(CommandLineText, IsTheArgumentsInDoubleQuotes) {
-  EXPECT_EQ(shell::CommandLineText({}), "");
-  EXPECT_EQ(shell::CommandLineText({"a.yax"}), "\"a.yax\"");
-  EXPECT_EQ(shell::CommandLineText({"my", "file.yax"}), "\"my file.yax\"");
-  EXPECT_EQ(shell::CommandLineText({""}), "\"\"");
-  EXPECT_EQ(shell::CommandLineText({"", "b"}), "\" b\"");
+  const std::pair<std::vector<std::string>, const char*> cases[] = {{{}, ""},
+                                                                    {{"a.yax"}, "\"a.yax\""},
+                                                                    {{"my", "file.yax"}, "\"my file.yax\""},
+                                                                    {{""}, "\"\""},
+                                                                    {{"", "b"}, "\" b\""}};
+  for (const auto& [words, text] : cases) EXPECT_EQ(shell::CommandLineText(words), text);
 }
 
 }  // namespace

@@ -13,10 +13,28 @@
 
 namespace shell {
 
+/// What differs from the first frame, in words: "z 4", "heading -10", "yaw 1 pitch 91", "" for nothing.
+inline std::string Moves(const Navigation& view) {
+  std::string text;
+  const auto add = [&text](const char* name, long value, long first) {
+    if (value != first) text += (text.empty() ? "" : " ") + std::string(name) + " " + std::to_string(value);
+  };
+  add("x", view.Camera.CamX, 0);
+  add("y", view.Camera.CamY, 0);
+  add("z", view.Camera.CamZ, 5);
+  // In the program's own degrees, of which 180 make 3.142.
+  add("heading", std::lround((double(view.Camera.CamYaw) - 1.56) * 180.0 / 3.142), 0);
+  add("look", view.Camera.CamLook, 0);
+  add("yaw", std::lround(view.Rotation.RotYaw), 0);
+  add("pitch", std::lround(view.Rotation.RotPitch), 90);
+  return text;
+}
+
 class NavigationTest : public testing::Test {
  protected:
   struct Counts {
-    int repaints = 0, reloads = 0, ends = 0, menus = 0, dummyFocus = 0;
+    int repaints = 0, menus = 0, dummyFocus = 0;
+    std::string asked;  ///< for a load or the end
     float menuX = 0.0F, menuY = 0.0F;
     std::optional<Pointer> pointer;
   };
@@ -28,8 +46,8 @@ class NavigationTest : public testing::Test {
     view.emplace();
     NavigationActions& actions = view->actions;
     actions.repaint = [this] { counts.repaints++; };
-    actions.reload = [this] { counts.reloads++; };
-    actions.endProgram = [this] { counts.ends++; };
+    actions.reload = [this] { counts.asked += "reload"; };
+    actions.endProgram = [this] { counts.asked += "end"; };
     actions.openCommandMenu = [this](float x, float y) {
       counts.menus++;
       counts.menuX = x;
@@ -42,27 +60,12 @@ class NavigationTest : public testing::Test {
     counts = {};
   }
 
-  /// What has changed since Restart, in words: "z 4", "heading +10", "yaw 1 pitch 91", "" for nothing.
+  /// The changes since Restart, which bars and model share.
   std::string Changes() const {
-    std::string text;
-    const auto add = [&](const std::string& word) { text += (text.empty() ? "" : " ") + word; };
-    const render::Camera& now = view->Camera;
-    if (now.CamX != 0) add("x " + std::to_string(now.CamX));
-    if (now.CamY != 0) add("y " + std::to_string(now.CamY));
-    if (now.CamZ != 5) add("z " + std::to_string(now.CamZ));
-    // In the program's own degrees, of which 180 make 3.142.
-    const long turned = std::lround((double(now.CamYaw) - 1.56) * 180.0 / 3.142);
-    if (turned != 0) add((turned > 0 ? "heading +" : "heading ") + std::to_string(turned));
-    if (now.CamLook != 0) add("look " + std::to_string(now.CamLook));
-    if (view->ScrollYaw.Value() != 0) add("yaw " + std::to_string(view->ScrollYaw.Value()));
-    if (view->ScrollPitch.Value() != 90) add("pitch " + std::to_string(view->ScrollPitch.Value()));
-    if (counts.reloads != 0) add("reload");
-    if (counts.ends != 0) add("end");
-    return text;
+    EXPECT_EQ(float(view->ScrollYaw.Value()), view->Rotation.RotYaw);
+    EXPECT_EQ(float(view->ScrollPitch.Value()), view->Rotation.RotPitch);
+    return Moves(*view) + counts.asked;
   }
-
-  /// Puts the pointer at (x, y), as a press does.
-  void Press(float x, float y) { view->Form_MouseDown(kLeftButton, kAlt, x, y); }
 
   std::optional<Navigation> view;
   Counts counts;

@@ -64,39 +64,34 @@ void ExpectEach(std::initializer_list<Case> cases) {
 }
 
 TEST(Rtf, FormatsLastUntilSwitchedOffOrTheirGroupEnds) {
-  ExpectEach({
-      {R"({\rtf1 a{\b b{\i c}d}e})", "<>a<b>b<b i>c<b>d<>e|"},
-      {R"({\rtf1\b a\b0 b\ul c\ulnone d\strike e\strike0 f})", "<b>a<>b<ul>c<>d<strike>e<>f|"},
-      {R"({\rtf1 10{\super 6} H{\sub 2}O\super x\nosupersub y})", "<>10<super>6<> H<sub>2<>O<super>x<>y|"},
-      {R"({\rtf1\fs36\b a\plain b\fs c})", "<b fs36>a<>bc|"},
-      // Runs of one format are one run, however they were written.
-      {"{\\rtf1 a{}b{c}\\b0\r\nd}", "<>abcd|"},
-  });
+  ExpectEach(
+      {{R"({\rtf1 a{\b b{\i c}d}e})", "<>a<b>b<b i>c<b>d<>e|"},
+       {R"({\rtf1\b a\b0 b\ul c\ulnone d\strike e\strike0 f})", "<b>a<>b<ul>c<>d<strike>e<>f|"},
+       {R"({\rtf1 10{\super 6} H{\sub 2}O\super x\nosupersub y})", "<>10<super>6<> H<sub>2<>O<super>x<>y|"},
+       {R"({\rtf1\fs36\b a\plain b\fs c})", "<b fs36>a<>bc|"},
+       // Runs of one format are one run, however they were written.
+       {"{\\rtf1 a{}b{c}\\b0\r\nd}", "<>abcd|"}});
 }
 
 TEST(Rtf, ParagraphsKeepTheirOwnFormat) {
-  ExpectEach({
-      {R"({\rtf1\qc a\par\qr b\par\qj c\par\ql d\par})", "c <>a|r <>b|j <>c|<>d|"},
-      {R"({\rtf1\sb120\sa60\li720\ri360\fi-360 a\par\par\pard b})",
-       "li720 ri360 fi-360 sb120 sa60 <>a|li720 ri360 fi-360 sb120 sa60 |<>b|"},
-      {"{\\rtf1{\\qc a\\par}b\\\nc\\line d}", "c <>a|<>b|<>c\nd|"},
-      {R"({\rtf1\pard\tx2000\tx5000\b Key\tab Shift\b0\tab None\par Up\tab a\tab b\par})",
-       "tx2000 tx5000 <b>Key\tShift<>\tNone|tx2000 tx5000 <>Up\ta\tb|"},
-  });
+  ExpectEach({{R"({\rtf1\qc a\par\qr b\par\qj c\par\ql d\par})", "c <>a|r <>b|j <>c|<>d|"},
+              {R"({\rtf1\sb120\sa60\li720\ri360\fi-360 a\par\par\pard b})",
+               "li720 ri360 fi-360 sb120 sa60 <>a|li720 ri360 fi-360 sb120 sa60 |<>b|"},
+              {"{\\rtf1{\\qc a\\par}b\\\nc\\line d}", "c <>a|<>b|<>c\nd|"},
+              {R"({\rtf1\pard\tx2000\tx5000\b Key\tab Shift\b0\tab None\par Up\tab a\tab b\par})",
+               "tx2000 tx5000 <b>Key\tShift<>\tNone|tx2000 tx5000 <>Up\ta\tb|"}});
 }
 
 TEST(Rtf, ListsShowTheTextOfTheirMarks) {
-  ExpectEach({
-      {R"({\rtf1{\fonttbl{\f0 Arial;}{\f1\fcharset2 Symbol;}}
+  ExpectEach({{R"({\rtf1{\fonttbl{\f0 Arial;}{\f1\fcharset2 Symbol;}}
 {\*\listtable{\list{\listlevel{\leveltext\'01\u-3913 ?;}}}}
 \pard\li720\fi-360{\listtext\f1\'b7\tab}one\par
 \pard\li1440\fi-360{\listtext -\tab}two\par
 \pard\li720\fi-360{\pntext\f0\'b7\tab}{\*\pn\pnlvlblt{\pntxtb x}}three\par
 {\*\pntext\f0\bullet\tab}\'95 four\par})",
-       "li720 fi-360 <f1>\u2022\t<>one|li1440 fi-360 <>-\ttwo|"
-       // The same byte of a font of letters is the dot that stands in its code page.
-       "li720 fi-360 <>\u00B7\tthree|li720 fi-360 <>\u2022\t\u2022 four|"},
-  });
+               "li720 fi-360 <f1>\u2022\t<>one|li1440 fi-360 <>-\ttwo|"
+               // The same byte of a font of letters is the dot that stands in its code page.
+               "li720 fi-360 <>\u00B7\tthree|li720 fi-360 <>\u2022\t\u2022 four|"}});
 }
 
 TEST(Rtf, FontsAndColoursComeFromTheirTables) {
@@ -116,52 +111,47 @@ TEST(Rtf, FontsAndColoursComeFromTheirTables) {
 }
 
 TEST(Rtf, CharactersOfEverySpelling) {
-  ExpectEach({
-      {R"({\rtf1 \'e4\'80\'9F\\\{\}\~\-\_x})", "<>\u00E4\u20AC\u0178\\{}\u00A0\u00AD\u2011x|"},
-      {R"({\rtf1\emdash\endash\lquote\rquote\ldblquote\rdblquote\bullet  x})",
-       "<>\u2014\u2013\u2018\u2019\u201C\u201D\u2022 x|"},
-      {"{\\rtf1 \xE4\x95}", "<>\u00E4\u2022|"},
-      {R"({\rtf1 \u8722?5})", "<>\u22125|"},
-      {R"({\rtf1 \u8722 ?5\u-3 ?})", "<>\u22125\uFFFD|"},
-      {R"({\rtf1\uc2 a\u8722\'97\'97b{\uc0\u955 c}\u955 ??d})", "<>a\u2212b\u03BBc\u03BBd|"},
-      {R"({\rtf1\u955\tab x{\u955}y})", "<>\u03BBx\u03BBy|"},
-      // -10179 is 0xD83D, -8704 is 0xDE00: together U+1F600. One half alone is none.
-      {R"({\rtf1 \u-10179?\u-8704?})", "<>\U0001F600|"},
-      {R"({\rtf1 \u55357?x\u56832?\u55357?})", "<>\uFFFDx\uFFFD\uFFFD|"},
-  });
+  ExpectEach({{R"({\rtf1 \'e4\'80\'9F\\\{\}\~\-\_x})", "<>\u00E4\u20AC\u0178\\{}\u00A0\u00AD\u2011x|"},
+              {R"({\rtf1\emdash\endash\lquote\rquote\ldblquote\rdblquote\bullet  x})",
+               "<>\u2014\u2013\u2018\u2019\u201C\u201D\u2022 x|"},
+              {"{\\rtf1 \xE4\x95}", "<>\u00E4\u2022|"},
+              {R"({\rtf1 \u8722?5})", "<>\u22125|"},
+              {R"({\rtf1 \u8722 ?5\u-3 ?})", "<>\u22125\uFFFD|"},
+              {R"({\rtf1\uc2 a\u8722\'97\'97b{\uc0\u955 c}\u955 ??d})", "<>a\u2212b\u03BBc\u03BBd|"},
+              {R"({\rtf1\u955\tab x{\u955}y})", "<>\u03BBx\u03BBy|"},
+              // -10179 is 0xD83D, -8704 is 0xDE00: together U+1F600. One half alone is none.
+              {R"({\rtf1 \u-10179?\u-8704?})", "<>\U0001F600|"},
+              {R"({\rtf1 \u55357?x\u56832?\u55357?})", "<>\uFFFDx\uFFFD\uFFFD|"}});
 }
 
 TEST(Rtf, WhatIsNotThePageIsNotShown) {
-  ExpectEach({
-      {R"({\rtf1{\stylesheet{\s1\b heading 1;}}{\info{\title T}{\author A}}{\*\generator x{y}z;}\pard\s1 a})",
-       "<>a|"},
-      {R"({\rtf1\viewkind4\foo12 a\unknownword-7 b{\header h\par}{\*\wow\par{\pntext x}}c})", "<>abc|"},
-      {R"({\rtf1{\field{\*\fldinst HYPERLINK "x"}{\fldrslt\ul link}}!})", "<ul>link<>!|"},
-      {"{\\rtf1 a\\bin4 }}{{b{\\pict\\bin3 }}}}c}trailing", "<>abc|"},
-  });
+  ExpectEach(
+      {{R"({\rtf1{\stylesheet{\s1\b heading 1;}}{\info{\title T}{\author A}}{\*\generator x{y}z;}\pard\s1 a})",
+        "<>a|"},
+       {R"({\rtf1\viewkind4\foo12 a\unknownword-7 b{\header h\par}{\*\wow\par{\pntext x}}c})", "<>abc|"},
+       {R"({\rtf1{\field{\*\fldinst HYPERLINK "x"}{\fldrslt\ul link}}!})", "<ul>link<>!|"},
+       {"{\\rtf1 a\\bin4 }}{{b{\\pict\\bin3 }}}}c}trailing", "<>abc|"}});
 }
 
 TEST(Rtf, DamageLeavesWhatCanBeRead) {
-  ExpectEach({
-      {"", "no RTF"},
-      {"Plain text", "no RTF"},
-      {" {\\rtf1 a}", "no RTF"},
-      {"{\\rt", "no RTF"},
-      {"{\\rtf", ""},
-      {"{\\rtf1 a{\\b b", "<>a<b>b|"},
-      {"{\\rtf1 a{\\info b", "<>a|"},
-      {"{\\rtf1 a}}}}\\b b", "<>a|"},
-      {"{\\rtf1 a\\", "<>a|"},
-      {"{\\rtf1 a\\'", "<>a|"},
-      {"{\\rtf1 a\\'4", "<>a|"},
-      {"{\\rtf1 a\\'zzb\\'4gc", "<>azzbgc|"},
-      {"{\\rtf1 a\\bin99999 b", "<>a|"},
-      {"{\\rtf1 a\\bin-5 b}", "<>ab|"},
-      {"{\\rtf1 a\\u b\\u", "<>ab|"},
-      {"{\\rtf1\\fs-4 a\\fs99999999999999999999 b}", "<fs2>a<fs2000>b|"},
-      {"{\\rtf1\\li-99999999999 a}", "li-31680 <>a|"},
-      {"{\\rtf1{\\*a\\cf5{\\*}\\fonttbl;;}\\uc-3\\u65?b}", "<>A?b|"},
-  });
+  ExpectEach({{"", "no RTF"},
+              {"Plain text", "no RTF"},
+              {" {\\rtf1 a}", "no RTF"},
+              {"{\\rt", "no RTF"},
+              {"{\\rtf", ""},
+              {"{\\rtf1 a{\\b b", "<>a<b>b|"},
+              {"{\\rtf1 a{\\info b", "<>a|"},
+              {"{\\rtf1 a}}}}\\b b", "<>a|"},
+              {"{\\rtf1 a\\", "<>a|"},
+              {"{\\rtf1 a\\'", "<>a|"},
+              {"{\\rtf1 a\\'4", "<>a|"},
+              {"{\\rtf1 a\\'zzb\\'4gc", "<>azzbgc|"},
+              {"{\\rtf1 a\\bin99999 b", "<>a|"},
+              {"{\\rtf1 a\\bin-5 b}", "<>ab|"},
+              {"{\\rtf1 a\\u b\\u", "<>ab|"},
+              {"{\\rtf1\\fs-4 a\\fs99999999999999999999 b}", "<fs2>a<fs2000>b|"},
+              {"{\\rtf1\\li-99999999999 a}", "li-31680 <>a|"},
+              {"{\\rtf1{\\*a\\cf5{\\*}\\fonttbl;;}\\uc-3\\u65?b}", "<>A?b|"}});
   EXPECT_EQ(Described(std::string("{\\rtf1 a\0b\\'00\\u7 ?c}", 22)), "<>abc|");
 }
 
@@ -211,8 +201,7 @@ TEST(HelpPages, AreWholeAndHoldTheirHeadings) {
   const std::pair<const char*, std::vector<const char*>> pages[] = {
       {"NavHelp.rtf", {"Navigation", "Keys", "Mouse", "Wheel", "Buttons", "Scroll bars", "Reset"}},
       {"YaxViewHelp.rtf",
-       {"Viewer", "Menu", "Package file", "Net types", "Wire bond setup", "Wire list", "Estimator", "flat"}},
-  };
+       {"Viewer", "Menu", "Package file", "Net types", "Wire bond setup", "Wire list", "Estimator", "flat"}}};
   for (const auto& [name, headings] : pages) {
     const Page page(name);
     for (const char* heading : headings)
