@@ -46,12 +46,14 @@ void ExposureWatch::FrameFollows() {
 }
 
 bool ExposureWatch::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*) {
-  if (due_ || eventType != "xcb_generic_event_t") return false;
+  if (eventType != "xcb_generic_event_t") return false;
   const auto& event = *static_cast<const xcb_generic_event_t*>(message);
+  if (WindowOf(event) != window_.winId()) return false;
   // The numbers wrap round.
   const bool afterFrame = static_cast<std::int32_t>(event.full_sequence - frame_) >= 0;
-  due_ = afterFrame && WindowOf(event) == window_.winId();
-  return false;
+  due_ = due_ || afterFrame;
+  // The toolkit would take out of the queue, unseen here, what was exposed since, and count it to this one.
+  return !due_ && (event.response_type & 0x7F) == XCB_EXPOSE && window_.isExposed();
 }
 
 }  // namespace shell

@@ -54,6 +54,9 @@ GlView::~GlView() { GlView::DeleteContext(); }
 
 bool GlView::CreateContext() {
   DeleteContext();
+  // A hidden widget hears of its size only when it is shown, and the driver keeps the size that it finds
+  // first.
+  surface_->setGeometry(QRect(QPoint(0, 0), size()));
   context_ = std::make_unique<QOpenGLContext>();
   context_->setFormat(WantedFormat());
   if (context_->create() && IsUsable(context_->format()) && context_->makeCurrent(surface_)) return true;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QTest>
 #include <algorithm>
 
 #include "render/offscreen.h"
@@ -32,6 +33,42 @@ TEST(GlView, ShowsThePixelsOfASurfaceInMemory) {
   ASSERT_EQ(inWindow.Rgb.size(), inMemory.Rgb.size());
   EXPECT_TRUE(inWindow.Rgb == inMemory.Rgb);
   EXPECT_GT(std::count(inWindow.Rgb.begin(), inWindow.Rgb.end(), 255), 1000);
+}
+
+/// The display's own way back: all that it tells of the view has arrived.
+void Settle() {
+  for (int i = 0; i < 3; ++i) QTest::qWait(20);
+}
+
+TEST(GlView, IsPaintedWhenUncoveredButNotAgainAfterALoadForItsNewSize) {
+  shell::ProgramEnd end;
+  shell::GlView view(nullptr);
+  shell::MainForm form({".", '"' + std::string(YAX_SAMPLES) + "/AAAc.yax\""}, view, end);
+  int painted = 0;
+  view.exposed = [&] {
+    ++painted;
+    form.Form_Paint();
+  };
+  view.resized = [&] { form.Form_Resize(); };
+  view.resize(400, 300);
+  form.Form_Load();
+  view.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+  Settle();
+  EXPECT_EQ(painted, 1);
+
+  for (const QSize& size : {QSize(440, 330), QSize(380, 280)}) {
+    view.resize(size);
+    Settle();
+    EXPECT_EQ(painted, 1) << size.width();
+  }
+  QWidget cover;
+  cover.setGeometry(view.geometry());
+  cover.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&cover));
+  cover.hide();
+  Settle();
+  EXPECT_EQ(painted, 2);
 }
 
 }  // namespace
