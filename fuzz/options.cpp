@@ -21,7 +21,6 @@
 #include "yax/options/nets.h"
 #include "yax/options/package.h"
 #include "yax/options/picture.h"
-#include "yax/options/tier_loops.h"
 #include "yax/options/unit.h"
 #include "yax/options/wires.h"
 
@@ -37,7 +36,6 @@ struct Options {
   yax::LoopOptions loops;
   yax::NetOptions nets;
   yax::PictureOptions picture;
-  yax::TierLoopOptions tierLoops;
   yax::UnitOptions unit;
   yax::WireOptions wires;
 };
@@ -50,7 +48,6 @@ Options Parsed(std::vector<std::string> arguments) {
   yax::AddLoopOptions(command, options.loops);
   yax::AddNetOptions(command, options.nets);
   yax::AddPictureOptions(command, options.picture);
-  yax::AddTierLoopOptions(command, options.tierLoops);
   yax::AddUnitOption(command, options.unit);
   yax::AddWireOptions(command, options.wires);
   std::reverse(arguments.begin(), arguments.end());
@@ -76,7 +73,7 @@ void Use(Options& options, const model::Package& package) {
   options.loops.ParameterFile.clear();
   const model::WireBondSettings settings = yax::SettingsOf(options.loops, package);
   ExpectNumbers(settings);
-  for (const auto& [name, shape] : yax::ShapesOf(options.tierLoops, package))
+  for (const auto& [name, shape] : yax::ShapesOf(options.loops.Tiers, package))
     Expect(std::isfinite(shape.Height.value_or(0.0F)) && std::isfinite(shape.Extension.value_or(0.0F)),
            "loops have lengths");
   const render::WireSelection selection = yax::SelectionOf(options.wires, package);
