@@ -18,6 +18,7 @@
 #include "yax/options/unit.h"
 #include "yax/options/wires.h"
 #include "yax/output.h"
+#include "yax/reports/fault_place.h"
 
 namespace yax {
 
@@ -69,7 +70,7 @@ Status Export(const ExportOptions& options) {
   try {
     render::Scene({package, settings, options.appearance, selection, &shapes}, pen).DrawPackage();
   } catch (const model::Fault& fault) {
-    throw Unusable({.File = package.PackagePath}, fault.what(), "the viewer ends here too, correct the file");
+    throw NotDrawn(package.PackagePath, fault);
   }
   const MeshScene scene{.Name = std::string(model::FileNameOf(package.PackagePath)),
                         .groups = pen.Groups(),

@@ -11,6 +11,8 @@ TEST_F(YaxTest, EndsWithAStatusThatTellsWhatWasFound) {
                                   "CBP B 15 -5 0 6 6 0 R RECTANGLE\nSBP B 30 -5 0 6 6 0 RECTANGLE 0 1\n"
                                   "WB B 15 -5 0 30 -5 5 0\n");
   const std::string two = folder / "two.yax";
+  PutFile(folder / "dot.yax", std::string(kOneWire) + "WB A 1 1 0 1 1 0 0\nRING X ARC -9 9 9 -9 1\n");
+  const std::string dot = folder / "dot.yax";
   const struct {
     std::string arguments;
     int status;
@@ -34,6 +36,12 @@ TEST_F(YaxTest, EndsWithAStatusThatTellsWhatWasFound) {
       {"clearance --unit mm " + (folder / "small.yax"), 0, "# 0 wires of 0.025400 mm", ""},
       {"clearance --net-pattern '(' " + two, 2, "", "'(' is no regular expression"},
       {"clearance --net-pattern '^V' " + two, 2, "", "'^V' has no group"},
+      {"wires " + dot, 2, "",
+       "dot.yax:8: Run-time error: Division by zero (wire A: its ends coincide); let the wire"},
+      {"clearance " + dot, 2, "", "dot.yax:8: "},
+      {"export -o - " + dot, 2, "",
+       "dot.yax:9: Run-time error: Division by zero (ring 1: its bulge is 0); give field"},
+      {"render -o - " + dot, 2, "", "dot.yax:9: "},
       {"frob", 2, "", "yax: 'frob' is no command; see yax --help"},
       {"clearance --json --limit 1 --limit 2 " + one, 2, "", "yax: --limit is given more than once; see"},
       {"wires --summary -o " + (folder / "") + " " + one, 2, "", ": Is a directory; give a file"},

@@ -58,7 +58,7 @@ render::WireShapes ShapesOf(const TierLoopOptions& options, const model::Package
     }
     if (!found)
       throw Unusable({.File = package.PackagePath}, "no wire is of tier " + loop.Tier,
-                     "the viewer's wire list shows which tiers there are");
+                     "yax wires --summary lists the tiers");
   }
   return shapes;
 }

@@ -36,7 +36,7 @@ void Select(const model::Package& package, const std::string& filter, Matches&& 
   }
   if (!found)
     throw Unusable({.File = package.PackagePath}, "no wire matches " + filter,
-                   "the viewer's wire list shows which there are");
+                   "yax wires lists them all");
 }
 
 }  // namespace

@@ -14,6 +14,7 @@
 #include "render/scene_list.h"
 #include "yax/messages.h"
 #include "yax/pictures/png_bytes.h"
+#include "yax/reports/fault_place.h"
 
 namespace yax {
 
@@ -73,8 +74,7 @@ std::string PictureBytes(const PictureRequest& request, PictureFormat format) {
   try {
     DrawFrame(request);
   } catch (const model::Fault& fault) {
-    throw Unusable({.File = request.package.PackagePath}, fault.what(),
-                   "the viewer ends here too, correct the file");
+    throw NotDrawn(request.package.PackagePath, fault);
   }
   const auto read = [&surface](int first, int count, std::uint8_t* rgb) {
     surface.ReadRows(first, count, rgb);

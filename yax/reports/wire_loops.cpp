@@ -5,7 +5,7 @@
 #include "model/faults.h"
 #include "model/pen.h"
 #include "render/scene.h"
-#include "yax/messages.h"
+#include "yax/reports/fault_place.h"
 
 namespace yax {
 
@@ -61,7 +61,7 @@ std::vector<WireLoop> WireLoopsOf(model::Package& package, const model::WireBond
   try {
     render::Scene({package, settings, appearance, selection, &shapes}, pen).DrawWires();
   } catch (const model::Fault& fault) {
-    throw Unusable({.File = package.PackagePath}, fault.what(), "the viewer ends here too, correct the file");
+    throw NotDrawn(package.PackagePath, fault);
   }
   return std::move(pen.Loops);
 }

@@ -13,8 +13,7 @@
 #include "model/pen.h"
 #include "model/wire_measures.h"
 #include "render/scene.h"
-#include "yax/messages.h"
-#include "yax/reports/drawing_check.h"
+#include "yax/reports/fault_place.h"
 
 namespace yax {
 
@@ -38,23 +37,13 @@ class LoopPen final : public model::Pen {
   std::vector<model::WirePath> Loops;
 };
 
-/// The line of the wire with which the viewer ends.
-Place PlaceOf(const model::Fault& fault, model::Package& package, const PackageLines& lines) {
-  CheckReport report{.File = package.PackagePath};
-  CheckDrawing(package, lines, report);
-  for (const Remark& remark : report.Remarks)
-    if (remark.What.find(fault.what()) != std::string::npos) return remark.At;
-  return {.File = package.PackagePath};
-}
-
-std::vector<model::WirePath> LoopsOf(model::Package& package, const WiresAsked& asked,
-                                     const PackageLines& lines) {
+std::vector<model::WirePath> LoopsOf(model::Package& package, const WiresAsked& asked) {
   LoopPen pen;
   try {
     render::Scene({package, asked.settings, render::Appearance(), asked.selection, &asked.shapes}, pen)
         .DrawWires();
   } catch (const model::Fault& fault) {
-    throw Unusable(PlaceOf(fault, package, lines), fault.what(), "correct it; yax check tells of others");
+    throw NotDrawn(package.PackagePath, fault);
   }
   return std::move(pen.Loops);
 }
@@ -165,7 +154,7 @@ void WireMeasures::AddStitches(const std::vector<std::size_t>& lines,
 
 std::vector<WireRow> WireRows(model::Package& package, const WiresAsked& asked, const PackageLines& lines) {
   if (package.Technology != "WIRE_BOND") return {};
-  WireMeasures measures(package, LoopsOf(package, asked, lines));
+  WireMeasures measures(package, LoopsOf(package, asked));
   measures.AddBonds(package.Bonds, lines.Bonds, asked.selection, false);
   measures.AddBonds(package.SDBonds, lines.SDBonds, asked.selection, true);
   measures.AddStitches(lines.Stitches, asked.selection);
