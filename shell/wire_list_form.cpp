@@ -4,9 +4,8 @@
 #include <optional>
 #include <utility>
 
-#include "model/arithmetic.h"
-#include "model/numbers.h"
 #include "model/text.h"
+#include "model/wire_names.h"
 
 namespace shell {
 
@@ -14,32 +13,11 @@ namespace {
 
 enum Button { kTier1, kTier4 = 3, kStitch, kPower, kGround, kSignal, kClear };
 
-std::string EntryText(const model::WireNameRec& wire) {
-  return wire.Name2.empty() ? wire.Name : wire.Name + ":" + wire.Name2;
-}
-
 std::vector<std::string> EntryTexts(const model::Package& package) {
   std::vector<std::string> texts;
   texts.reserve(package.WireNames.Count());
-  for (const model::WireNameRec& wire : package.WireNames) texts.push_back(EntryText(wire));
+  for (const model::WireNameRec& wire : package.WireNames) texts.push_back(model::EntryText(wire));
   return texts;
-}
-
-/// The button that a tier enables; nothing when there is none of that number.
-// Deliberate: a tier is a button's number, whatever the button: "5" enables "Stitch".
-std::optional<std::size_t> ButtonOfTier(const std::string& tier) {
-  const double index = model::NearestWhole(double(model::ToNumber(tier)) - 1.0);
-  if (!(index >= 0.0 && index < double(WireListForm::kButtons))) return std::nullopt;
-  return static_cast<std::size_t>(index);
-}
-
-void MindTiers(const model::Package& package) {
-  for (const model::WireNameRec& wire : package.WireNames) {
-    if (wire.Tier.empty() || ButtonOfTier(wire.Tier)) continue;
-    model::SubscriptOutOfRange fault("no button for tier " + wire.Tier);
-    fault.NameRecord("wire " + EntryText(wire));
-    throw fault;
-  }
 }
 
 std::array<bool, WireListForm::kButtons> EnabledButtons(const model::Package& package) {
@@ -49,7 +27,7 @@ std::array<bool, WireListForm::kButtons> EnabledButtons(const model::Package& pa
   enabled[kClear] = true;
   for (const model::WireNameRec& wire : package.WireNames) {
     if (wire.Tier.empty()) continue;
-    if (const auto button = ButtonOfTier(wire.Tier)) enabled[*button] = true;
+    if (const auto button = model::ButtonOfTier(wire.Tier)) enabled[*button] = true;
   }
   return enabled;
 }
@@ -60,7 +38,7 @@ const std::array<const char*, WireListForm::kButtons> WireListForm::kCaptions = 
     "Tier1", "Tier2", "Tier3", "Tier4", "Stitch", "Power", "Ground", "Signal", "Clear"};
 
 void WireListForm::DoWireList() {
-  MindTiers(package_);
+  for (const model::WireNameRec& wire : package_.WireNames) model::MindTier(wire);
   enabled_ = EnabledButtons(package_);
   entries_ = EntryTexts(package_);
   selected_.assign(entries_.size(), false);
@@ -70,7 +48,7 @@ void WireListForm::DoWireList() {
 bool WireListForm::Refill() {
   if (!selection_.Shown) return false;
   const auto sameText = [](const std::string& entry, const model::WireNameRec& wire) {
-    return entry == EntryText(wire);
+    return entry == model::EntryText(wire);
   };
   if (std::equal(entries_.begin(), entries_.end(), package_.WireNames.begin(), package_.WireNames.end(),
                  sameText))

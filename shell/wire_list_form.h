@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "model/package.h"
+#include "model/wire_names.h"
 #include "render/wire_selection.h"
 #include "shell/entry_ranges.h"
 
@@ -17,7 +18,7 @@ namespace shell {
 /// ranges; the list hands its selection back as ranges, never entry by entry.
 class WireListForm {
  public:
-  static constexpr std::size_t kButtons = 9;
+  static constexpr std::size_t kButtons = model::kWireListButtons;
   static const std::array<const char*, kButtons> kCaptions;
 
   /// What the form asks of others; empty ones do nothing.

@@ -7,6 +7,7 @@
 #include "yax/reports/check_report.h"
 #include "yax/reports/drawing_check.h"
 #include "yax/reports/line_check.h"
+#include "yax/reports/wire_list_check.h"
 
 namespace yax {
 
@@ -26,6 +27,7 @@ Status Check(const CheckOptions& options) {
   report.Lines = effort.lines;
   lines.Finish(package);
   CheckDrawing(package, lines.Lines(), report);
+  CheckWireList(package, lines.Lines(), report);
   report.Sort();
   if (options.json) {
     WriteOutput("-", JsonReport(report, options.notes));

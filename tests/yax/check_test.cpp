@@ -5,10 +5,11 @@
 #include <vector>
 
 #include "tests/temporary_folder.h"
+#include "yax/options/package.h"
 #include "yax/reports/check_report.h"
 #include "yax/reports/drawing_check.h"
 #include "yax/reports/line_check.h"
-#include "yax/options/package.h"
+#include "yax/reports/wire_list_check.h"
 
 namespace yax {
 namespace {
@@ -21,6 +22,7 @@ CheckReport CheckFile(const std::string& path) {
   report.Lines = effort.lines;
   lines.Finish(package);
   CheckDrawing(package, lines.Lines(), report);
+  CheckWireList(package, lines.Lines(), report);
   report.Sort();
   return report;
 }
@@ -190,6 +192,28 @@ TEST(Check, FindsTablesBeyondTheirLimit) {
   const CheckReport report = Check(text);
   EXPECT_EQ(Remarks(report, Level::Error), Texts{"32772 too-many"});
   EXPECT_NE(report.Remarks.at(0).What.find("32768 rings, at most 32767"), std::string::npos);
+}
+
+std::string Wire(const std::string& name, const std::string& substratePad) {
+  return "CBP " + name + " 2 1 0 .2 .2 0 R ROUND\n" + substratePad + "WB " + name + " 2 1 0 4 1 1 0\n";
+}
+
+std::string WireOfTier(const std::string& name, const std::string& tier) {
+  return Wire(name, "SBP " + name + " 4 1 0 1 1 0 ROUND 0 " + tier + "\n");
+}
+
+TEST(Check, FindsTiersWithWhichTheWireListEndsTheViewer) {
+  const std::pair<std::string, Texts> cases[] = {
+      {WireOfTier("A", "0") + WireOfTier("B", "3") + WireOfTier("C", ""), {}},
+      {WireOfTier("A", "12") + WireOfTier("B", "1") + WireOfTier("C", "12") + WireOfTier("D", "-1"),
+       {"6 tier-fault", "15 tier-fault"}},
+      // Where tiers count from 0, 9 is shown as 10.
+      {WireOfTier("A", "0") + WireOfTier("B", "9"), {"9 tier-fault"}},
+      // A wire without a tier counts as the lowest, so that the others are not counted from 1.
+      {Wire("A", "") + WireOfTier("B", "0") + WireOfTier("C", "0"), {"8 tier-fault"}},
+  };
+  for (const auto& [body, errors] : cases)
+    EXPECT_EQ(Remarks(Check(kHeader + body), Level::Error), errors) << body;
 }
 
 TEST(Check, FindsEveryOtherFaultOfTheDrawing) {

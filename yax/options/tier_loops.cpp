@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <cstddef>
 
+#include "model/wire_names.h"
 #include "yax/messages.h"
 #include "yax/options/option_text.h"
 
@@ -53,7 +54,7 @@ render::WireShapes ShapesOf(const TierLoopOptions& options, const model::Package
     bool found = false;
     for (const model::WireNameRec& wire : package.WireNames) {
       if (wire.Tier != loop.Tier) continue;
-      Give(loop.Shape, shapes[wire.Name2.empty() ? wire.Name : wire.Name + ":" + wire.Name2]);
+      Give(loop.Shape, shapes[EntryText(wire)]);
       found = true;
     }
     if (!found)

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 
 #include "model/text.h"
+#include "model/wire_names.h"
 #include "yax/messages.h"
 
 namespace yax {
@@ -10,10 +11,6 @@ namespace yax {
 namespace {
 
 constexpr char kWiresGroup[] = "Wires";
-
-std::string TextOf(const model::WireNameRec& wire) {
-  return wire.Name2.empty() ? wire.Name : wire.Name + ":" + wire.Name2;
-}
 
 std::string FirstLetter(const std::string& word) { return model::UpperCase(word.substr(0, 1)); }
 
@@ -31,12 +28,11 @@ void Select(const model::Package& package, const std::string& filter, Matches&& 
   bool found = false;
   for (const model::WireNameRec& wire : package.WireNames) {
     if (!matches(wire)) continue;
-    selection.Names.insert(TextOf(wire));
+    selection.Names.insert(EntryText(wire));
     found = true;
   }
   if (!found)
-    throw Unusable({.File = package.PackagePath}, "no wire matches " + filter,
-                   "yax wires lists them all");
+    throw Unusable({.File = package.PackagePath}, "no wire matches " + filter, "yax wires lists them all");
 }
 
 }  // namespace
@@ -75,7 +71,7 @@ render::WireSelection SelectionOf(const WireOptions& options, const model::Packa
     select("--net " + net,
            [&](const model::WireNameRec& wire) { return FirstLetter(wire.NetType) == FirstLetter(net); });
   for (const std::string& name : options.Names)
-    select("--name " + name, [&](const model::WireNameRec& wire) { return TextOf(wire) == name; });
+    select("--name " + name, [&](const model::WireNameRec& wire) { return EntryText(wire) == name; });
   if (options.Stitches)
     select("--stitches", [](const model::WireNameRec& wire) { return !wire.Name2.empty(); });
   return selection;
