@@ -88,7 +88,7 @@ TEST(Check, TellsEachBadLineOnceWithItsPlace) {
   dirty.Bad(kFinding, "duplicate", "SBP A 4.5 1 0 1 1 0 RECTANGLE 0 1");
   dirty.Bad(kFinding, "duplicate", "WB A 2 1 0 4.5 1 1 0");
   dirty.Good("DAP PADDLE -1 0 1 0 2");
-  dirty.Bad(kFinding, "duplicate", "dap PADDLE  -1 0 1 0 2");
+  dirty.Bad(kFinding, "duplicate", "dap PADDLE  -1.0 -0 1 0,0 2");
   dirty.Good("CBP B 2 2 0 .2 .2 0 R ROUND");
   dirty.Bad(kFinding, "unreadable-number", "SBP B 4 2 0 1 1 x9 ROUND 0 1");
   dirty.Bad(kError, "wire-fault", "WB B 2 2 0 2 2 1 0");
@@ -112,6 +112,7 @@ TEST(Check, TellsEachBadLineOnceWithItsPlace) {
   dirty.Bad(kError, "ring-fault", "SRING Z ARC -5 5 5 -5 1 0");
   dirty.Good("SRSEG Z T 0 2");
   dirty.Bad(kFinding, "draws-nothing", "DAP BAND -1 0 1 0 0");
+  dirty.Bad(kFinding, "unreadable-number", "DAP BAND -1 0 1 0 wide");
   dirty.expected_[1].insert(
       std::find(dirty.expected_[1].begin(), dirty.expected_[1].end(), "42 duplicate") + 1,
       "42 draws-nothing");  // the second ring of a name cannot have pieces either
@@ -130,6 +131,29 @@ TEST(Check, TellsEachBadLineOnceWithItsPlace) {
     EXPECT_NE(remark.What, "");
     EXPECT_TRUE(remark.Rank == Level::Note || !remark.Advice.empty()) << remark.What;
   }
+}
+
+TEST(Check, TellsOfDiesWithoutASize) {
+  const std::string wireBond = "TECHNOLOGY WIRE_BOND\n";
+  const std::string pad = "SD_CBP A 2 1 0 .2 .2 0 R ";
+  const struct {
+    std::string text;
+    Texts findings;
+  } cases[] = {
+      {wireBond + "COMPL 0\nCOMPW 6\nCOMPZ 1\n", {"2 draws-nothing"}},
+      {wireBond + "COMPL 8\nCOMPW 0.0\nCOMPZ 0\n", {"3 draws-nothing", "4 zero-height"}},
+      {wireBond + "COMPL long\nCOMPW\nCOMPZ high\n",
+       {"2 unreadable-number", "3 missing-number", "4 unreadable-number"}},
+      {wireBond + "SD_COMPW 3\nCOMPZ 1\n", {"2 draws-nothing"}},
+      {wireBond + "SD_COMPW 3\nSD_COMPL 0\nCOMPZ 1\n", {"3 draws-nothing"}},
+      {wireBond + "SD_COMPL 3\nCOMPZ 1\n", {"2 draws-nothing"}},
+      // Writers that know of stacked dies may always write all of it.
+      {wireBond + "SD_COMPL 0\nSD_COMPW 0\nSD_COMPZ 0\nCOMPZ 1\n", {}},
+      {wireBond + "COMPZ 1\n" + pad + "ROUND\n" + pad + "RECTANGLE\n", {"4 duplicate", "4 draws-nothing"}},
+      {wireBond + "COMPZ 1\n" + pad + "ROUND\n", {"3 draws-nothing"}},
+  };
+  for (const auto& [text, findings] : cases)
+    EXPECT_EQ(Remarks(Check(text), Level::Finding), findings) << text;
 }
 
 constexpr char kHeader[] = "TECHNOLOGY WIRE_BOND\nCOMPL 8\nCOMPW 6\nCOMPZ 1\n";

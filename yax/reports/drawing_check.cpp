@@ -51,8 +51,10 @@ class DrawingCheck {
  private:
   void Error(const char* kind, std::size_t line, const std::string& fault, std::string advice);
   void Nothing(std::size_t line, std::string what, std::string advice);
+  void NothingOfZero(std::size_t line, std::string what, std::string advice);
   void CheckTechnology();
   void CheckDiePads(const model::Table<BondRec>& bonds, const std::vector<BondLines>& lines);
+  void CheckBaseDie();
   void CheckStackedDie();
   void CheckBonds(const model::Table<BondRec>& bonds, const std::vector<BondLines>& lines, bool stacked);
   void CheckWire(const BondRec& bond, std::size_t line, bool stacked);
@@ -90,12 +92,15 @@ void DrawingCheck::Nothing(std::size_t line, std::string what, std::string advic
       {Level::Finding, "draws-nothing", {report_.File, line}, std::move(what), std::move(advice)});
 }
 
+void DrawingCheck::NothingOfZero(std::size_t line, std::string what, std::string advice) {
+  if (!lines_.Tells(line)) Nothing(line, std::move(what), std::move(advice));
+}
+
 void DrawingCheck::CheckTechnology() {
   if (package_.Technology == "WIRE_BOND" || package_.Technology == "FLIP_CHIP") return;
   const std::string hides = " shows no wires, substrate pads, rings and bands";
-  if (lines_.Technology != 0) {
-    Nothing(lines_.Technology, "TECHNOLOGY " + Shown(package_.Technology) + hides,
-            "write WIRE_BOND or FLIP_CHIP");
+  if (const std::size_t line = lines_.HeaderOf("TECHNOLOGY")) {
+    Nothing(line, "TECHNOLOGY " + Shown(package_.Technology) + hides, "write WIRE_BOND or FLIP_CHIP");
   } else if (lines_.HasMoreThanDies()) {
     Nothing(0, "a package without TECHNOLOGY" + hides, "write TECHNOLOGY WIRE_BOND into the header");
   }
@@ -111,7 +116,7 @@ void DrawingCheck::CheckDiePads(const model::Table<BondRec>& bonds, const std::v
       Nothing(lines[i].Pad, pad + " is not drawn: its shape is " + Shown(bond.DieShape),
               "write RECTANGLE, or ROUND in capitals");
     } else if (bond.DieSizeX == 0.0F || (rectangle && bond.DieSizeY == 0.0F)) {
-      Nothing(lines[i].Pad, pad + " shows nothing: its size is 0", "give fields 5 and 6 a size");
+      NothingOfZero(lines[i].Pad, pad + " shows nothing: its size is 0", "give fields 5 and 6 a size");
     } else if (package_.Technology == "WIRE_BOND" && !IsEdge(bond.DieSide)) {
       Nothing(lines[i].Pad,
               pad + " lies on no edge, " + Shown(bond.DieSide) +
@@ -121,11 +126,35 @@ void DrawingCheck::CheckDiePads(const model::Table<BondRec>& bonds, const std::v
   }
 }
 
-/// Rectangular pads of a stacked die are drawn from corners that only a stacked die turns.
+void DrawingCheck::CheckBaseDie() {
+  const auto check = [&](float size, const char* keyword) {
+    // Where there is no such line at all the package may well be without a die.
+    const std::size_t line = lines_.HeaderOf(keyword);
+    if (size == 0.0F && line != 0)
+      NothingOfZero(line, std::string("the base die shows nothing: its ") + keyword + " is 0",
+                    "give it a length and a width");
+  };
+  check(package_.CompL, "COMPL");
+  check(package_.CompW, "COMPW");
+}
+
+/// The width alone decides whether there is a stacked die. Its rectangular pads are drawn from corners that
+/// only a stacked die turns; round ones are drawn all the same.
 void DrawingCheck::CheckStackedDie() {
-  if (package_.SDCompW != 0.0F || package_.SDBonds.Empty()) return;
-  Nothing(lines_.SDBonds[0].Pad, "there is no stacked die, and its rectangular pads show nothing",
-          "give SD_COMPW, SD_COMPL and SD_COMPZ in the header");
+  const std::string advice = "give SD_COMPW, SD_COMPL and SD_COMPZ in the header";
+  const std::size_t length = lines_.HeaderOf("SD_COMPL");
+  if (package_.SDCompW != 0.0F) {
+    if (package_.SDCompL != 0.0F) return;
+    return NothingOfZero(length != 0 ? length : lines_.HeaderOf("SD_COMPW"),
+                         "the stacked die shows nothing: it has no SD_COMPL", advice);
+  }
+  for (std::size_t i = 0; i < package_.SDBonds.Count(); ++i)
+    if (EqualsUpper(package_.SDBonds[i].DieShape, "RECTANGLE"))
+      return Nothing(lines_.SDBonds[i].Pad, "there is no stacked die, and its rectangular pads show nothing",
+                     advice);
+  if (!package_.SDBonds.Empty())
+    return Nothing(lines_.SDBonds[0].Pad, "there is no stacked die under its pads", advice);
+  if (package_.SDCompL != 0.0F) Nothing(length, "the stacked die is not drawn: it has no SD_COMPW", advice);
 }
 
 void DrawingCheck::CheckBonds(const model::Table<BondRec>& bonds, const std::vector<BondLines>& lines,
@@ -135,9 +164,9 @@ void DrawingCheck::CheckBonds(const model::Table<BondRec>& bonds, const std::vec
     if (const std::size_t line = lines[i].SubstratePad) {
       const std::string pad = "the substrate pad of " + Shown(bond.Name);
       if (bond.SubX == 0.0F && bond.SubY == 0.0F) {
-        Nothing(line, pad + " is not drawn: its centre is (0, 0)", "give fields 2 and 3 its place");
+        NothingOfZero(line, pad + " is not drawn: its centre is (0, 0)", "give fields 2 and 3 its place");
       } else if (bond.SubSizeX == 0.0F || bond.SubSizeY == 0.0F) {
-        Nothing(line, pad + " shows nothing: its size is 0", "give fields 5 and 6 a size");
+        NothingOfZero(line, pad + " shows nothing: its size is 0", "give fields 5 and 6 a size");
       }
     }
     if (lines[i].Wire != 0) CheckWire(bond, lines[i].Wire, stacked);
@@ -146,8 +175,8 @@ void DrawingCheck::CheckBonds(const model::Table<BondRec>& bonds, const std::vec
 
 void DrawingCheck::CheckWire(const BondRec& bond, std::size_t line, bool stacked) {
   if (!model::HasWire(bond))
-    return Nothing(line, "the wire " + Shown(bond.Name) + " is not drawn: it starts at (0, 0)",
-                   "give fields 2 and 3 its start");
+    return NothingOfZero(line, "the wire " + Shown(bond.Name) + " is not drawn: it starts at (0, 0)",
+                         "give fields 2 and 3 its start");
   const model::PackagePoint start{bond.WireStartX, bond.WireStartY, bond.WireStartZ};
   const model::PackagePoint end{bond.WireEndX, bond.WireEndY, bond.WireEndZ};
   const std::string fault = FaultOf([&] {
@@ -181,7 +210,7 @@ void DrawingCheck::CheckRings() {
   for (std::size_t i = 0; i < package_.Rings.Count(); ++i) {
     const model::RingRec& ring = package_.Rings[i];
     if (ring.Width == 0.0F)
-      Nothing(lines_.Rings[i], "the ring shows nothing: its width is 0", "give field 7 its width");
+      NothingOfZero(lines_.Rings[i], "the ring shows nothing: its width is 0", "give field 7 its width");
     if (!EqualsUpper(ring.Kind, "ARC")) continue;
     const std::string fault = FaultOf([&] {
       model::Naming([&] { return "ring " + std::to_string(i + 1); }, [&] { scene_.DrawArcRing(i); });
@@ -198,7 +227,7 @@ void DrawingCheck::CheckSRings() {
     if (ring.Segs.Empty()) {
       Nothing(lines_.SRings[i], name + " shows nothing: it has no pieces", "add SRSEG lines");
     } else if (ring.Width == 0.0F) {
-      Nothing(lines_.SRings[i], name + " shows nothing: its width is 0", "give field 7 its width");
+      NothingOfZero(lines_.SRings[i], name + " shows nothing: its width is 0", "give field 7 its width");
     }
     CheckSegments(ring, lines_.Segments[i]);
     if (!EqualsUpper(ring.Kind, "ARC")) continue;
@@ -225,7 +254,7 @@ void DrawingCheck::CheckSegments(const model::SRingRec& ring, const std::vector<
 void DrawingCheck::CheckBands() {
   for (std::size_t i = 0; i < package_.Daps.Count(); ++i) {
     if (package_.Daps[i].D5 == 0.0F)
-      Nothing(lines_.Daps[i], "the band shows nothing: its width is 0", "give field 6 its width");
+      NothingOfZero(lines_.Daps[i], "the band shows nothing: its width is 0", "give field 6 its width");
   }
 }
 
@@ -268,6 +297,7 @@ void DrawingCheck::Run() {
   CheckTechnology();
   CheckDiePads(package_.Bonds, lines_.Bonds);
   CheckDiePads(package_.SDBonds, lines_.SDBonds);
+  CheckBaseDie();
   CheckStackedDie();
   if (package_.Technology == "WIRE_BOND") {
     CheckBonds(package_.Bonds, lines_.Bonds, false);

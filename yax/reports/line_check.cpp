@@ -40,6 +40,15 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 }  // namespace
 
+std::size_t PackageLines::HeaderOf(const std::string& keyword) const {
+  const auto found = Headers.find(keyword);
+  return found == Headers.end() ? 0 : found->second;
+}
+
+bool PackageLines::Tells(std::size_t line) const {
+  return Incomplete.contains(line) || Unreadable.contains(line);
+}
+
 bool PackageLines::HasMoreThanDies() const {
   const auto has = [](const BondLines& bond) { return bond.SubstratePad != 0 || bond.Wire != 0; };
   return !Stitches.empty() || !Rings.empty() || !SRings.empty() || !Daps.empty() ||
@@ -87,6 +96,8 @@ void LineCheck::Ignored(const LineNote& note) {
 }
 
 void LineCheck::CheckNumbers(const LineNote& note) {
+  // A height of 0 becomes 1, however it came about.
+  const std::string readAs = model::EqualsUpper(note.Fields[0], "COMPZ") ? "1" : "0";
   std::string missing;
   for (std::size_t field = 1; field < model::Tokens::kCount; ++field) {
     const std::string_view text = note.Fields[field];
@@ -94,15 +105,18 @@ void LineCheck::CheckNumbers(const LineNote& note) {
     if (text.empty()) {
       if (!MayBeMissing(note, field)) missing += (missing.empty() ? "" : ", ") + std::to_string(field);
     } else if (IsUnreadable(text)) {
+      lines_.Unreadable.insert(note.Line);
       Add(Level::Finding, "unreadable-number", note.Line,
-          "field " + std::to_string(field) + ", " + Shown(text) + ", cannot be read as a number and is 0",
+          "field " + std::to_string(field) + ", " + Shown(text) + ", cannot be read as a number and is " +
+              readAs,
           "write a number such as 12.5");
     }
   }
   if (missing.empty()) return;
   lines_.Incomplete.insert(note.Line);
   Add(Level::Finding, "missing-number", note.Line,
-      "the line ends too early: numbers are missing and read as 0 (field " + missing + ")", "complete it");
+      "the line ends too early: numbers are missing and read as " + readAs + " (field " + missing + ")",
+      "complete it");
 }
 
 /// The line that had `key` before this one, or 0 when this is the first.
@@ -113,10 +127,11 @@ std::size_t LineCheck::Before(FirstLines& lines, std::string key, std::size_t li
 
 void LineCheck::TakeHeaderLine(const LineNote& note) {
   const std::string keyword = Keyword(note);
-  if (keyword == "TECHNOLOGY") lines_.Technology = note.Line;
-  if (const std::size_t before = Before(headers_, keyword, note.Line))
+  if (const std::size_t before = std::exchange(lines_.Headers[keyword], note.Line))
     Add(Level::Finding, "duplicate", note.Line, keyword + " again: it takes the place of " + OnLine(before),
         "keep one of them");
+  if (keyword == "COMPZ" && model::ToNumber(note.Fields[1]) == 0.0F && !lines_.Tells(note.Line))
+    Add(Level::Finding, "zero-height", note.Line, "a COMPZ of 0 is read as 1", "give the base die's height");
 }
 
 void LineCheck::TakeRecord(const LineNote& note) {
@@ -179,8 +194,18 @@ void LineCheck::TakeOfBond(const LineNote& note, std::size_t BondLines::*which) 
 
 /// Records that are all drawn may share a name; only the same record twice is of no use.
 void LineCheck::FindTwins(const LineNote& note) {
+  // Values that are 0 by mistake make no twins.
+  if (lines_.Tells(note.Line)) return;
   std::string key = Keyword(note);
-  for (std::size_t field = 1; field < model::Tokens::kCount; ++field) (key += ' ') += note.Fields[field];
+  for (std::size_t field = 1; field < model::Tokens::kCount; ++field) {
+    key += ' ';
+    if (note.ReadAsNumber(field)) {
+      const float value = model::ToNumber(note.Fields[field]) + 0.0F;  // which is never -0
+      key.append(reinterpret_cast<const char*>(&value), sizeof value);
+    } else {
+      key += note.Fields[field];
+    }
+  }
   if (const std::size_t before = Before(twins_, std::move(key), note.Line))
     Add(Level::Finding, "duplicate", note.Line, "the same " + Keyword(note) + " as on " + OnLine(before),
         "remove one of them");

@@ -22,12 +22,18 @@ struct BondLines {
 
 /// The line of every record of a package.
 struct PackageLines {
-  std::size_t Technology = 0;
+  std::unordered_map<std::string, std::size_t> Headers;  ///< by keyword; of several lines the last one
   std::vector<BondLines> Bonds, SDBonds;
   std::vector<std::size_t> Stitches, Rings, SRings, Daps;
   std::vector<std::vector<std::size_t>> Segments;  ///< by ring
   std::unordered_set<std::string> StitchedPads;    ///< names of the pads at the stitches' ends
   std::unordered_set<std::size_t> Incomplete;      ///< lines that end before their last number
+  std::unordered_set<std::size_t> Unreadable;      ///< lines with a number that was read as 0
+
+  /// The line that gave a header keyword its value; 0 when there is none.
+  std::size_t HeaderOf(const std::string& keyword) const;
+  /// True when it was told already why the line's numbers are 0.
+  bool Tells(std::size_t line) const;
 
   /// True where there is anything that only wire-bonded packages show.
   bool HasMoreThanDies() const;
@@ -66,7 +72,7 @@ class LineCheck final : public model::ReadObserver {
 
   CheckReport& report_;
   PackageLines lines_;
-  FirstLines headers_, pads_, stackedPads_, rings_, twins_;
+  FirstLines pads_, stackedPads_, rings_, twins_;
   std::vector<Nameless> nameless_;
   std::vector<Remark> repeatedPads_, unknownNets_;  ///< of interest in a package with wires only
   struct NetType {
