@@ -13,6 +13,8 @@ TEST_F(YaxTest, EndsWithAStatusThatTellsWhatWasFound) {
   const std::string two = folder / "two.yax";
   PutFile(folder / "dot.yax", std::string(kOneWire) + "WB A 1 1 0 1 1 0 0\nRING X ARC -9 9 9 -9 1\n");
   const std::string dot = folder / "dot.yax";
+  PutFile(folder / "noted.yax", kOneWire);
+  PutFile(folder / "noted.yax.vu", "Z POWER\n");
   const struct {
     std::string arguments;
     int status;
@@ -21,6 +23,7 @@ TEST_F(YaxTest, EndsWithAStatusThatTellsWhatWasFound) {
       {"check " + one, 0, "read 7 lines, 0 ignored\n", ""},
       {"check " + (folder / "dirty.yax"), 1, "read 8 lines, 1 ignored\n", "dirty.yax:8: finding: '#' is no"},
       {"check --json " + (folder / "dirty.yax"), 1, "\"ignored\": 1", ""},
+      {"check " + (folder / "noted.yax"), 0, "read 7", "noted.yax: note: 1 net type without wire; --notes"},
       {"check " + (folder / "absent.yax"), 2, "", "absent.yax: there is no such file"},
       {"wires " + one, 0, "\nA,,base,1,,15,", ""},
       {"wires --limit-length 15 --loops die-height " + one, 1, "\nA,",

@@ -19,6 +19,14 @@ std::map<std::string, std::size_t> NoteCounts(const CheckReport& report) {
   return counts;
 }
 
+// The kind in words, "pads without wire"; of one thing without the plural's letter.
+std::string Counted(std::string kind, std::size_t count) {
+  std::replace(kind.begin(), kind.end(), '-', ' ');
+  const std::size_t plural = kind.find("s without");
+  if (count == 1 && plural != std::string::npos) kind.erase(plural, 1);
+  return kind;
+}
+
 const char* PrefixOf(Level level) {
   return level == Level::Error ? "error: " : level == Level::Finding ? "finding: " : "note: ";
 }
@@ -65,9 +73,7 @@ void TellReport(const CheckReport& report, bool listNotes) {
     if (listNotes || remark.Rank != Level::Note)
       Complain(remark.At, PrefixOf(remark.Rank) + remark.What, remark.Advice);
   for (const auto& [kind, count] : NoteCounts(report)) {
-    std::string words = kind;
-    std::replace(words.begin(), words.end(), '-', ' ');
-    Complain({.File = report.File}, "note: " + std::to_string(count) + " " + words,
+    Complain({.File = report.File}, "note: " + std::to_string(count) + " " + Counted(kind, count),
              listNotes ? "" : "--notes lists them");
   }
   WriteOutput("-", "read " + std::to_string(report.Lines) + " lines, " + std::to_string(report.Ignored) +
