@@ -23,6 +23,10 @@ done
 expect "run: status" $? 1
 expect "run: words" "$(cat "$folder/out")" "run: there is no file '$folder/missing.yax'"
 
+"$root/run" --help >"$folder/out" 2>&1
+expect "run --help: status" $? 0
+expect "run --help: words" "$(cat "$folder/out")" "usage: ./run [FILE.yax]"
+
 # The script alone, with what it builds already there.
 house=$folder/house
 mkdir -p "$house/tools" "$house/build/release"
