@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "tests/model/package_text.h"
+#include "tests/samples.h"
 
 namespace model {
 namespace {
@@ -23,7 +24,7 @@ TEST(Samples, HaveTheirRecords) {
       {"lqfp100", "1 112 0 112 112 0 0 0 0 6 84 8 20"}};
   for (const auto& [name, counts] : samples) {
     PackageScalars before;
-    before.PackagePath = std::string(YAX_SAMPLES "/") + name + ".yax";
+    before.PackagePath = SamplePath(name);
     const Package package = ReadPackage(before).value();
     std::size_t pieces = 0;
     for (const SRingRec& ring : package.SRings) pieces += ring.Segs.Count();

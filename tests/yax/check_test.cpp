@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <string>
 #include <vector>
 
+#include "tests/samples.h"
 #include "tests/temporary_folder.h"
 #include "yax/options/package.h"
 #include "yax/reports/check_report.h"
@@ -48,80 +48,77 @@ std::vector<std::string> Remarks(const CheckReport& report, Level level) {
 
 using Texts = std::vector<std::string>;
 
-/// A package with lines that are wrong in one way each: `expected` is the kind of the last line added.
-class DirtyPackage {
- public:
-  void Good(const std::string& line) { text_ += line + "\n", ++line_; }
-  void Bad(Level level, const std::string& kind, const std::string& line) {
-    Good(line);
-    expected_[level == Level::Error ? 0 : 1].push_back(std::to_string(line_) + " " + kind);
-  }
-
-  std::string text_;
-  std::size_t line_ = 0;
-  Texts expected_[2];
-};
-
 TEST(Check, TellsEachBadLineOnceWithItsPlace) {
-  constexpr Level kError = Level::Error;
-  constexpr Level kFinding = Level::Finding;
-  DirtyPackage dirty;
-  dirty.Good("TECHNOLOGY WIRE_BOND");
-  dirty.Good("COMPL 8");
-  dirty.Bad(kFinding, "duplicate", "compl 8");
-  dirty.Good("COMPW 6");
-  dirty.Bad(kFinding, "before-compz", "CBP A 2 1 0 .2 .2 0 R RECTANGLE");
-  dirty.Bad(kFinding, "unreadable-number", "SD_COMPL wide");
-  dirty.Bad(kFinding, "missing-number", "SD_ROTATION");
-  dirty.Good("COMPZ 1");
-  dirty.Bad(kFinding, "after-compz", "COMPZ 2");
-  dirty.Bad(kFinding, "too-early", "SBP A 4 1 0 1 1 0 RECTANGLE 0 1");
-  dirty.Good("  ");
-  dirty.Good("CBP A 2 1 0 .2 .2 0 r rectangle");
-  dirty.Good("SBP A 4 1 0 1 1 0 OBLONG 0 1");
-  dirty.Good("WB A 2 1 0 4 1 1 0");
-  dirty.Bad(kFinding, "unknown-keyword", "WIRE A 2 1 0 4 1 1 0 and so on and on");
-  dirty.Bad(kFinding, "names-nothing", "WB a 2 1 0 4 1 1 0");
-  dirty.Bad(kFinding, "names-nothing", "SRSEG NO B -1 1");
-  dirty.Bad(kFinding, "extra-fields", "RING X STRAIGHT -4 4 4 -4 1 0 9 10 11");
-  dirty.Bad(kFinding, "duplicate", "CBP A -2 1 0 .2 .2 0 L RECTANGLE");
-  dirty.Bad(kFinding, "duplicate", "SBP A 4.5 1 0 1 1 0 RECTANGLE 0 1");
-  dirty.Bad(kFinding, "duplicate", "WB A 2 1 0 4.5 1 1 0");
-  dirty.Good("DAP PADDLE -1 0 1 0 2");
-  dirty.Bad(kFinding, "duplicate", "dap PADDLE  -1.0 -0 1 0,0 2");
-  dirty.Good("CBP B 2 2 0 .2 .2 0 R ROUND");
-  dirty.Bad(kFinding, "unreadable-number", "SBP B 4 2 0 1 1 x9 ROUND 0 1");
-  dirty.Bad(kError, "wire-fault", "WB B 2 2 0 2 2 1 0");
-  dirty.Bad(kError, "wire-fault", "STCH A 1 1 B 1 1 0 5");
-  dirty.Bad(kFinding, "draws-nothing", "CBP C 2 3 0 .2 .2 0 R round");
-  dirty.Good("CBP D 2 -1 0 .2 .2 0 R RECTANGLE");
-  dirty.Bad(kFinding, "draws-nothing", "SBP D 0 0 0 1 1 0 RECTANGLE 0 1");
-  dirty.Bad(kFinding, "draws-nothing", "WB D 0 0 0 4 -1 1 0");
-  dirty.Bad(kFinding, "draws-nothing", "CBP E 2 -2 0 0 .2 0 R RECTANGLE");
-  dirty.Bad(kFinding, "draws-nothing", "SBP E 4 -2 0 0 1 0 RECTANGLE 0 1");
-  dirty.Bad(kFinding, "missing-number", "WB E 2 -2 0 4 -2 1");
-  dirty.Bad(kFinding, "draws-nothing", "CBP F 2 -3 0 .2 .2 0 X RECTANGLE");
-  dirty.Bad(kError, "ring-fault", "RING X arc -4 4 4 -4 1");
-  dirty.Bad(kFinding, "draws-nothing", "RING X STRAIGHT -5 5 5 -5 0");
-  dirty.Good("SRING V STRAIGHT -5 5 5 -5 1");
-  dirty.Bad(kFinding, "draws-nothing", "SRSEG V b -1 1");
-  dirty.Good("SRSEG V B 0 2");
-  dirty.Bad(kFinding, "duplicate", "SRSEG V B 0 2");
-  dirty.Bad(kFinding, "duplicate", "SRING V STRAIGHT -6 6 6 -6 1");
-  dirty.Bad(kFinding, "draws-nothing", "SRING W STRAIGHT -5 5 5 -5 1");
-  dirty.Bad(kError, "ring-fault", "SRING Z ARC -5 5 5 -5 1 0");
-  dirty.Good("SRSEG Z T 0 2");
-  dirty.Bad(kFinding, "draws-nothing", "DAP BAND -1 0 1 0 0");
-  dirty.Bad(kFinding, "unreadable-number", "DAP BAND -1 0 1 0 wide");
-  dirty.expected_[1].insert(
-      std::find(dirty.expected_[1].begin(), dirty.expected_[1].end(), "42 duplicate") + 1,
-      "42 draws-nothing");  // the second ring of a name cannot have pieces either
-  dirty.expected_[1].insert(dirty.expected_[1].end(), {"vu 2 not-two-fields", "vu 4 duplicate"});
+  // A line and what is wrong with it.
+  const struct {
+    const char* line;
+    std::string kind = {};
+  } lines[] = {
+      {"TECHNOLOGY WIRE_BOND"},
+      {"COMPL 8"},
+      {"compl 8", "duplicate"},
+      {"COMPW 6"},
+      {"CBP A 2 1 0 .2 .2 0 R RECTANGLE", "before-compz"},
+      {"SD_COMPL wide", "unreadable-number"},
+      {"SD_ROTATION", "missing-number"},
+      {"COMPZ 1"},
+      {"COMPZ 2", "after-compz"},
+      {"SBP A 4 1 0 1 1 0 RECTANGLE 0 1", "too-early"},
+      {"  "},
+      {"CBP A 2 1 0 .2 .2 0 r rectangle"},
+      {"SBP A 4 1 0 1 1 0 OBLONG 0 1"},
+      {"WB A 2 1 0 4 1 1 0"},
+      {"WIRE A 2 1 0 4 1 1 0 and so on and on", "unknown-keyword"},
+      {"WB a 2 1 0 4 1 1 0", "names-nothing"},
+      {"SRSEG NO B -1 1", "names-nothing"},
+      {"RING X STRAIGHT -4 4 4 -4 1 0 9 10 11", "extra-fields"},
+      {"CBP A -2 1 0 .2 .2 0 L RECTANGLE", "duplicate"},
+      {"SBP A 4.5 1 0 1 1 0 RECTANGLE 0 1", "duplicate"},
+      {"WB A 2 1 0 4.5 1 1 0", "duplicate"},
+      {"DAP PADDLE -1 0 1 0 2"},
+      {"dap PADDLE  -1.0 -0 1 0,0 2", "duplicate"},
+      {"CBP B 2 2 0 .2 .2 0 R ROUND"},
+      {"SBP B 4 2 0 1 1 x9 ROUND 0 1", "unreadable-number"},
+      {"WB B 2 2 0 2 2 1 0", "wire-fault"},
+      {"STCH A 1 1 B 1 1 0 5", "wire-fault"},
+      {"CBP C 2 3 0 .2 .2 0 R round", "draws-nothing"},
+      {"CBP D 2 -1 0 .2 .2 0 R RECTANGLE"},
+      {"SBP D 0 0 0 1 1 0 RECTANGLE 0 1", "draws-nothing"},
+      {"WB D 0 0 0 4 -1 1 0", "draws-nothing"},
+      {"CBP E 2 -2 0 0 .2 0 R RECTANGLE", "draws-nothing"},
+      {"SBP E 4 -2 0 0 1 0 RECTANGLE 0 1", "draws-nothing"},
+      {"WB E 2 -2 0 4 -2 1", "missing-number"},
+      {"CBP F 2 -3 0 .2 .2 0 X RECTANGLE", "draws-nothing"},
+      {"RING X arc -4 4 4 -4 1", "ring-fault"},
+      {"RING X STRAIGHT -5 5 5 -5 0", "draws-nothing"},
+      {"SRING V STRAIGHT -5 5 5 -5 1"},
+      {"SRSEG V b -1 1", "draws-nothing"},
+      {"SRSEG V B 0 2"},
+      {"SRSEG V B 0 2", "duplicate"},
+      {"SRING V STRAIGHT -6 6 6 -6 1", "duplicate"},
+      {"SRING W STRAIGHT -5 5 5 -5 1", "draws-nothing"},
+      {"SRING Z ARC -5 5 5 -5 1 0", "ring-fault"},
+      {"SRSEG Z T 0 2"},
+      {"DAP BAND -1 0 1 0 0", "draws-nothing"},
+      {"DAP BAND -1 0 1 0 wide", "unreadable-number"},
+  };
+  std::string text;
+  Texts errors, findings;
+  std::size_t count = 0;
+  for (const auto& [line, kind] : lines) {
+    text.append(line) += '\n';
+    ++count;
+    if (!kind.empty())
+      (kind.ends_with("-fault") ? errors : findings).push_back(std::to_string(count) + " " + kind);
+    // The second ring of a name cannot have pieces either.
+    if (count == 42) findings.push_back("42 draws-nothing");
+  }
+  findings.insert(findings.end(), {"vu 2 not-two-fields", "vu 4 duplicate"});
 
-  const CheckReport report = Check(dirty.text_, "A SIGNAL\nA SIGNAL POWER\n\nA GROUND\nA GROUND\nQ POWER\n");
-  EXPECT_EQ(Remarks(report, kError), dirty.expected_[0]);
-  EXPECT_EQ(Remarks(report, kFinding), dirty.expected_[1]);
-  EXPECT_EQ(report.Lines, dirty.line_);
+  const CheckReport report = Check(text, "A SIGNAL\nA SIGNAL POWER\n\nA GROUND\nA GROUND\nQ POWER\n");
+  EXPECT_EQ(Remarks(report, Level::Error), errors);
+  EXPECT_EQ(Remarks(report, Level::Finding), findings);
+  EXPECT_EQ(report.Lines, count);
   EXPECT_EQ(report.Ignored, 6U) << "two at COMPZ, one early, one unknown, two that name nothing";
   // C and F are bare; E has a substrate pad and a wire, D the lines of both.
   EXPECT_EQ(Remarks(report, Level::Note),
@@ -246,26 +243,14 @@ TEST(Check, FindsEveryOtherFaultOfTheDrawing) {
   EXPECT_EQ(Remarks(report, Level::Error), Texts{"0 fault"});
 }
 
-class CheckedSample : public testing::TestWithParam<const char*> {};
-
-TEST_P(CheckedSample, HasNeitherErrorNorFinding) {
-  const CheckReport report = CheckFile(std::string(YAX_SAMPLES "/") + GetParam() + ".yax");
-  EXPECT_EQ(report.Count(Level::Error), 0U);
-  EXPECT_EQ(report.Count(Level::Finding), 0U);
-  EXPECT_EQ(report.Ignored, 0U);
-  // The six round probe points of AAAc; all other pads are connected.
-  const std::size_t probes = GetParam() == std::string("AAAc") ? 6 : 0;
-  EXPECT_EQ(report.Count(Level::Note), 2 * probes);
+TEST(Check, HasNothingAgainstTheSamples) {
+  for (const std::string name : kSamples) {
+    const CheckReport report = CheckFile(SamplePath(name));
+    EXPECT_EQ(report.Count(Level::Error) + report.Count(Level::Finding) + report.Ignored, 0U) << name;
+    // The six round probe points of AAAc; all other pads are connected.
+    EXPECT_EQ(report.Count(Level::Note), name == "AAAc" ? 12U : 0U) << name;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(All, CheckedSample,
-                         testing::Values("AAAc", "bga332", "caravel-qfn64", "flipchip-bigblade", "lqfp100",
-                                         "stacked-ram"),
-                         [](const auto& info) {
-                           std::string name = info.param;
-                           std::erase(name, '-');
-                           return name;
-                         });
 
 TEST(CheckReport, ShowsWordsShortAndSafe) {
   EXPECT_EQ(Shown("a\x1b[b"), "'a?[b'");

@@ -11,10 +11,13 @@ TEST_F(YaxTest, EndsWithAStatusThatTellsWhatWasFound) {
                                   "CBP B 15 -5 0 6 6 0 R RECTANGLE\nSBP B 30 -5 0 6 6 0 RECTANGLE 0 1\n"
                                   "WB B 15 -5 0 30 -5 5 0\n");
   const std::string two = folder / "two.yax";
+  PutFile(folder / "none.yax", "COMPL 4\n");
   PutFile(folder / "dot.yax", std::string(kOneWire) + "WB A 1 1 0 1 1 0 0\nRING X ARC -9 9 9 -9 1\n");
   const std::string dot = folder / "dot.yax";
   PutFile(folder / "noted.yax", kOneWire);
   PutFile(folder / "noted.yax.vu", "Z POWER\n");
+  PutFile(folder / "kept.png", "old");
+  const std::string to = " -o " + (folder / "a.png");
   const struct {
     std::string arguments;
     int status;
@@ -54,6 +57,21 @@ TEST_F(YaxTest, EndsWithAStatusThatTellsWhatWasFound) {
       {"wires -o /dev/full " + one, 2, "", "/dev/full: No space left on device"},
       {"export -o " + (folder / "a.stl") + " " + one, 2, "", "a.stl: its name tells no mesh format"},
       {"export -o " + (folder / "a.glb") + " " + (folder / "small.yax"), 2, "", "pass --unit"},
+      {"render " + one + " -o " + (folder / "b.bmp"), 0, "", ""},
+      {"", 2, "", "yax: "},
+      {"render" + to, 2, "", "FILE.yax"},
+      {"render " + one, 2, "", "--output"},
+      {"render " + one + to + " --size 10", 2, "", "--size '10'"},
+      {"render " + one + to + " --no-such", 2, "", "--no-such"},
+      {"render " + one + " " + one + to, 2, "", "yax: "},
+      {"render " + one + to + " --tier 4", 2, "", "--tier 4"},
+      {"render " + (folder / "absent.yax") + to, 2, "", "absent.yax: there is no such file"},
+      {"render " + (folder / "") + to, 2, "", "it is not a file"},
+      {"render " + (folder / "none.yax") + to, 2, "", "none.yax: it holds no package"},
+      {"render " + one + " -o " + (folder / "a.gif"), 2, "", "a.gif: "},
+      {"render " + one + " -o " + (folder / "absent/a.png"), 2, "", "absent/a.png: "},
+      {"render " + one + " -o " + (folder / "kept.png") + " --zu " + (folder / "absent.zu"), 2, "",
+       "absent.zu: "},
   };
   for (const auto& [arguments, status, out, err] : cases) {
     const Ended ended = Yax(arguments);
@@ -62,13 +80,15 @@ TEST_F(YaxTest, EndsWithAStatusThatTellsWhatWasFound) {
     EXPECT_NE(ended.err.find(err), std::string::npos) << arguments << "\n" << ended.err;
     EXPECT_EQ(ended.out.empty(), out.empty()) << arguments << "\n" << ended.out;
     EXPECT_EQ(ended.Lines(), err.empty() ? 0U : 1U) << arguments << "\n" << ended.err;
+    EXPECT_EQ(GetFile(folder / "a.png"), "") << arguments;
   }
+  EXPECT_EQ(GetFile(folder / "kept.png"), "old");
 }
 
 TEST_F(YaxTest, SaysThatNobodyReadsItsOutput) {
   // More than a pipe holds.
-  const std::string command = "bash -c '" YAX_PROGRAM " export --unit mm -o - " + Sample("bga332") + " 2>" +
-                              (folder / "err") + " | true; exit ${PIPESTATUS[0]}'";
+  const std::string command = "bash -c '" YAX_PROGRAM " export --unit mm -o - " + SamplePath("bga332") +
+                              " 2>" + (folder / "err") + " | true; exit ${PIPESTATUS[0]}'";
   EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 2);
   EXPECT_EQ(GetFile(folder / "err"), "standard output: Broken pipe; see where it leads to\n");
 }
@@ -86,21 +106,16 @@ TEST_F(YaxTest, ExportsAnObjectWithItsColoursBesideIt) {
 
 TEST_F(YaxTest, DrawsTheWiresOfTheFindingsOnly) {
   const std::string loops = " --unit mm --net-pattern '^(V..)_' --base-loop-height .3 --base-extension .3 ";
-  ASSERT_EQ(Yax("clearance --size 200x150 --picture " + (folder / "a.bmp") + loops + Sample("bga332")).status,
-            1);
-  ASSERT_EQ(Yax("clearance --size 200x150 --picture " + (folder / "b.bmp") + loops +
-                "--tier-loop-height 4=.4 " + Sample("bga332"))
-                .status,
-            0);
-  const auto yellow = [this](const std::string& name) {
-    const std::string bytes = GetFile(folder / name);
+  const auto yellow = [&](const std::string& options, int status) {
+    const std::string bytes =
+        PictureOf("clearance --size 200x150" + loops + options + SamplePath("bga332") + " --picture", status);
     std::size_t count = 0;
     for (std::size_t at = 54; at + 3 <= bytes.size(); at += 3)
       count += bytes.compare(at, 3, std::string("\0\xff\xff", 3)) == 0;
     return count;
   };
-  EXPECT_GT(yellow("a.bmp"), 20U);
-  EXPECT_EQ(yellow("b.bmp"), 0U) << "no findings, no wires";
+  EXPECT_GT(yellow("", 1), 20U);
+  EXPECT_EQ(yellow("--tier-loop-height 4=.4 ", 0), 0U) << "no findings, no wires";
 }
 
 }  // namespace

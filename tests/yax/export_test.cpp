@@ -2,6 +2,7 @@
 #include <tiny_gltf.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstring>
 #include <map>
@@ -15,7 +16,8 @@
 #include "render/mesh_pen.h"
 #include "render/scene.h"
 #include "render/tube.h"
-#include "tests/temporary_folder.h"
+#include "tests/model/package_text.h"
+#include "tests/samples.h"
 #include "yax/meshes/mesh_files.h"
 #include "yax/options/loops.h"
 #include "yax/options/nets.h"
@@ -86,13 +88,10 @@ TEST(Tube, IsClosedAndLooksOutwards) {
 
 /// A package as meshes, with wires of 2 units that run straight.
 struct Exported {
-  Exported(const std::string& text, const std::string& netPattern) {
-    const TemporaryFolder folder;
-    model::Package package = LoadPackage({PutFile(folder / "board.yax", text)});
-    Draw(package, netPattern);
-  }
+  explicit Exported(const std::string& text, const std::string& netPattern = {})
+      : Exported(model::PackageOf(text), netPattern) {}
 
-  void Draw(model::Package& package, const std::string& netPattern) {
+  explicit Exported(model::Package package, const std::string& netPattern = {}) {
     LoopOptions loops;
     loops.Values.BaseLoopHeight = loops.Values.BaseExtension = 0.0F;
     NetOptions nets;
@@ -114,7 +113,7 @@ struct Exported {
     return group == groups.end() || group->Meshes.size() != 1 ? none : group->Meshes.front().second;
   }
 
-  double scale = 1.0;
+  double scale;
   std::vector<render::MeshGroup> groups;
   const Mesh none = {};
 };
@@ -157,6 +156,15 @@ std::vector<std::string> ChildNames(const tinygltf::Model& model, const std::str
   return names;
 }
 
+template <class Value>
+std::vector<Value> ValuesOf(const tinygltf::Model& model, const tinygltf::Accessor& accessor) {
+  const tinygltf::BufferView& view = model.bufferViews.at(std::size_t(accessor.bufferView));
+  std::vector<Value> values(accessor.count);
+  std::memcpy(values.data(), model.buffers.at(0).data.data() + view.byteOffset + accessor.byteOffset,
+              values.size() * sizeof(Value));
+  return values;
+}
+
 struct Box {
   double low[3] = {HUGE_VAL, HUGE_VAL, HUGE_VAL}, high[3] = {-HUGE_VAL, -HUGE_VAL, -HUGE_VAL};
 };
@@ -168,12 +176,8 @@ void Enclose(const tinygltf::Model& model, const tinygltf::Node& node, Box& box)
   if (node.mesh < 0) return;
   for (const tinygltf::Primitive& primitive : model.meshes.at(std::size_t(node.mesh)).primitives) {
     const tinygltf::Accessor& points = model.accessors.at(std::size_t(primitive.attributes.at("POSITION")));
-    const tinygltf::BufferView& view = model.bufferViews.at(std::size_t(points.bufferView));
-    const auto& bytes = model.buffers.at(std::size_t(view.buffer)).data;
     Box own;
-    for (std::size_t i = 0; i < points.count; ++i) {
-      float at[3];
-      std::memcpy(at, bytes.data() + view.byteOffset + points.byteOffset + i * sizeof at, sizeof at);
+    for (const auto& at : ValuesOf<std::array<float, 3>>(model, points)) {
       for (std::size_t k = 0; k < 3; ++k) {
         own.low[k] = std::min(own.low[k], double(at[k]));
         own.high[k] = std::max(own.high[k], double(at[k]));
@@ -201,38 +205,28 @@ std::string BoundsOf(const tinygltf::Model& model, const std::string& name) {
   return text.str();
 }
 
-TEST(Export, NamesANodeForEachNet) {
+TEST(Export, NamesANodeForEachNetAndIsAsLargeAsThePackage) {
   const tinygltf::Model model = Parsed(GlbBytes(Exported(kThreeWires, "^(V)_").Scene()));
   EXPECT_EQ(ChildNames(model, "board.yax"), (std::vector<std::string>{"body", "nets"}));
   EXPECT_EQ(ChildNames(model, "body"), std::vector<std::string>{"die"});
   EXPECT_EQ(ChildNames(model, "nets"), (std::vector<std::string>{"V", "X\xEF\xBF\xBD"}));
-  EXPECT_EQ(ChildNames(Parsed(GlbBytes(Exported(kThreeWires, "").Scene())), "nets").size(), 3U);
-}
-
-TEST(Export, IsAsLargeAsThePackage) {
-  const tinygltf::Model model = Parsed(GlbBytes(Exported(kThreeWires, "^(V)_").Scene()));
   // Up is y, and the package's y runs against z.
   EXPECT_EQ(BoundsOf(model, "die"), "-20 20 0 5 -30 30 ");
   EXPECT_EQ(BoundsOf(model, "V"), "10 50 9 11 -10 1 ");
+  const tinygltf::Model bare = Parsed(GlbBytes(Exported("COMPL 60\nCOMPW 40\nCOMPZ 5\n").Scene()));
+  EXPECT_EQ(ChildNames(bare, "board.yax"), std::vector<std::string>{"body"});
 }
 
 TEST(Export, KeepsItsTrianglesAndColoursInTheFile) {
-  const Exported exported(kThreeWires, "");
+  const Exported exported(kThreeWires);
   const tinygltf::Model model = Parsed(GlbBytes(exported.Scene()));
   std::size_t triangles = 0;
   for (const tinygltf::Mesh& mesh : model.meshes) {
     for (const tinygltf::Primitive& primitive : mesh.primitives) {
       const tinygltf::Accessor& corners = model.accessors.at(std::size_t(primitive.indices));
-      const tinygltf::BufferView& view = model.bufferViews.at(std::size_t(corners.bufferView));
       const auto points = model.accessors.at(std::size_t(primitive.attributes.at("POSITION"))).count;
       triangles += corners.count / 3;
-      for (std::size_t i = 0; i < corners.count; ++i) {
-        std::uint32_t corner = 0;
-        std::memcpy(&corner,
-                    model.buffers[0].data.data() + view.byteOffset + corners.byteOffset + i * sizeof corner,
-                    sizeof corner);
-        ASSERT_LT(corner, points);
-      }
+      for (const std::uint32_t corner : ValuesOf<std::uint32_t>(model, corners)) ASSERT_LT(corner, points);
     }
   }
   // The die's six faces; a tube of one piece: 8 sides of two triangles, and two octagons of six.
@@ -253,16 +247,13 @@ TEST(Export, WritesTheSameAsText) {
   std::set<std::string> materials;
   double lowest = 0.0, farthest = 0.0;
   std::size_t lastCorner = 0;
-  for (std::string word; obj >> word;) {
+  for (std::string line, word; std::getline(obj, line);) {
+    std::istringstream values(line);
+    values >> word;
     ++counts[word];
-    std::string rest;
-    std::getline(obj, rest);
-    std::istringstream values(rest);
-    if (word == "o") objects.push_back(rest.substr(1));
-    if (word == "usemtl") materials.insert(rest.substr(1));
-    if (word == "v") {
-      double x = 0, y = 0;
-      values >> x >> y;
+    if (word == "o") objects.push_back(line.substr(2));
+    if (word == "usemtl") materials.insert(line.substr(7));
+    if (double x, y; word == "v" && values >> x >> y) {
       lowest = std::min(lowest, y);
       farthest = std::max(farthest, x);
     }
@@ -281,33 +272,19 @@ TEST(Export, WritesTheSameAsText) {
   EXPECT_NE(mtl.find("rgb_255_255_0\nKd 1 1 0\n"), std::string::npos) << mtl;
 }
 
-TEST(Export, OfAPackageWithoutWiresIsItsBody) {
-  const tinygltf::Model model = Parsed(GlbBytes(Exported("COMPL 60\nCOMPW 40\nCOMPZ 5\n", "").Scene()));
-  EXPECT_EQ(ChildNames(model, "board.yax"), std::vector<std::string>{"body"});
+TEST(Export, OfTheSamplesReadsBackWithTheirNets) {
+  for (const char* sample : kSamples) {
+    model::Package package = LoadPackage({SamplePath(sample)});
+    std::set<std::string> names;
+    for (const auto* bonds : {&package.Bonds, &package.SDBonds})
+      for (const model::BondRec& bond : *bonds) names.insert(bond.Name);
+    for (const model::StitchRec& stitch : package.Stitches) names.insert(stitch.Name);
+    const std::vector<std::string> nodes =
+        ChildNames(Parsed(GlbBytes(Exported(std::move(package)).Scene())), "nets");
+    EXPECT_EQ(std::set<std::string>(nodes.begin(), nodes.end()), names) << sample;
+    EXPECT_EQ(nodes.size(), names.size()) << sample;
+  }
 }
-
-class ExportedSample : public testing::TestWithParam<const char*> {};
-
-TEST_P(ExportedSample, ReadsBackWithItsNets) {
-  model::Package package = LoadPackage({std::string(YAX_SAMPLES "/") + GetParam() + ".yax"});
-  std::set<std::string> names;
-  for (const auto* bonds : {&package.Bonds, &package.SDBonds})
-    for (const model::BondRec& bond : *bonds) names.insert(bond.Name);
-  for (const model::StitchRec& stitch : package.Stitches) names.insert(stitch.Name);
-  Exported exported("COMPZ 1\n", "");
-  exported.Draw(package, "");
-  const std::vector<std::string> nodes = ChildNames(Parsed(GlbBytes(exported.Scene())), "nets");
-  EXPECT_EQ(std::set<std::string>(nodes.begin(), nodes.end()), names);
-  EXPECT_EQ(nodes.size(), names.size());
-}
-
-INSTANTIATE_TEST_SUITE_P(All, ExportedSample,
-                         testing::Values("AAAc", "bga332", "flipchip-bigblade", "stacked-ram"),
-                         [](const auto& info) {
-                           std::string name = info.param;
-                           std::erase(name, '-');
-                           return name;
-                         });
 
 }  // namespace
 }  // namespace yax

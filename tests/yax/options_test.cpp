@@ -2,12 +2,14 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "setup/estimator_file.h"
-#include "tests/temporary_folder.h"
-#include "yax/messages.h"
+#include "tests/model/package_text.h"
+#include "tests/yax/refusal.h"
 #include "yax/options/camera.h"
 #include "yax/options/loops.h"
 #include "yax/options/nets.h"
@@ -30,19 +32,6 @@ Options Parsed(void (*add)(CLI::App&, Options&), Arguments arguments) {
   std::reverse(arguments.begin(), arguments.end());
   command.parse(arguments);
   return options;
-}
-
-/// The message with which `work` is refused; empty when it is not.
-template <class Work>
-std::string Refusal(Work&& work) {
-  try {
-    work();
-  } catch (const Unusable& unusable) {
-    return unusable.what();
-  } catch (const CLI::ParseError& error) {
-    return error.what();
-  }
-  return {};
 }
 
 TEST(Message, NamesFileLineWhatAndWhatToDo) {
@@ -69,26 +58,18 @@ TEST(OptionText, TakesWholeValuesOnly) {
 }
 
 TEST(CameraOptions, StartAsTheWindowAndTakeItsFields) {
-  const CameraOptions start = Parsed(AddCameraOptions, {});
-  EXPECT_FALSE(start.View);
-  EXPECT_EQ(start.Camera.CamZ, 5);
-  EXPECT_EQ(start.Camera.CamYaw, 1.56F);
-  EXPECT_EQ(start.Rotation.RotPitch, 90.0F);
-
-  const CameraOptions given = Parsed(AddCameraOptions, {"--cam", "-1,2,-3", "--pitch=-20", "--yaw", "-5",
-                                                        "--heading", "3.5", "--look", "-7"});
-  EXPECT_EQ(given.Camera.CamX, -1);
-  EXPECT_EQ(given.Camera.CamY, 2);
-  EXPECT_EQ(given.Camera.CamZ, -3);
-  EXPECT_EQ(given.Camera.CamYaw, 3.5F);
-  EXPECT_EQ(given.Camera.CamLook, -7);
-  EXPECT_EQ(given.Rotation.RotPitch, -20.0F);
-  EXPECT_EQ(given.Rotation.RotYaw, -5.0F);
-
-  EXPECT_EQ(Parsed(AddCameraOptions, {"--view", "left"}).View, render::NamedView::Left);
-  EXPECT_NE(Refusal([] { Parsed(AddCameraOptions, {"--view", "above"}); }), "");
-  EXPECT_NE(Refusal([] { Parsed(AddCameraOptions, {"--view", "top", "--look", "1"}); }), "");
-  EXPECT_NE(Refusal([] { Parsed(AddCameraOptions, {"--look", "1", "--look", "2"}); }), "");
+  const auto fields = [](const Arguments& arguments) {
+    const auto [view, camera, rotation] = Parsed(AddCameraOptions, arguments);
+    return model::Fields(camera.CamX, camera.CamY, camera.CamZ, camera.CamYaw, camera.CamLook,
+                         rotation.RotPitch, rotation.RotYaw, view == render::NamedView::Left);
+  };
+  EXPECT_EQ(fields({}), "0 0 5 1.56 0 90 0 0");
+  EXPECT_EQ(fields({"--cam", "-1,2,-3", "--pitch=-20", "--yaw", "-5", "--heading", "3.5", "--look", "-7"}),
+            "-1 2 -3 3.5 -7 -20 -5 0");
+  EXPECT_EQ(fields({"--view", "left"}), "0 0 5 1.56 0 90 0 1");
+  for (const Arguments& arguments :
+       {Arguments{"--view", "above"}, {"--view", "top", "--look", "1"}, {"--look", "1", "--look", "2"}})
+    EXPECT_NE(Refusal([&] { fields(arguments); }), "") << arguments[1];
 }
 
 TEST(CameraOptions, KeepTheTargetIn16Bits) {
@@ -123,37 +104,29 @@ model::Package TwoDice() {
   return package;
 }
 
-TEST(LoopOptions, StartAsTheWindowOrAtTheDieHeight) {
-  const model::WireBondSettings window = SettingsOf(Parsed(AddLoopOptions, {}), TwoDice());
-  // A reset copies the height as the scene has it.
-  EXPECT_EQ(window.BaseLoopHeight, 0.5F);
-  EXPECT_EQ(window.StackLoopHeight, 0.5F);
-  EXPECT_EQ(window.StitchExtension, 0.5F);
-  EXPECT_EQ(window.Material, "Au");
-  EXPECT_EQ(window.WireDiameter, 1.0F);
-  EXPECT_EQ(window.Frequency, 1e6F);
-
-  const model::WireBondSettings reader =
-      SettingsOf(Parsed(AddLoopOptions, {"--loops", "die-height"}), TwoDice());
-  EXPECT_FLOAT_EQ(reader.BaseLoopHeight, 5.0F);
-  EXPECT_FLOAT_EQ(reader.StackExtension, 3.0F);
-  EXPECT_EQ(reader.WireDiameter, 1.0F);
+/// Base height and extension, those of the stacked die, the stitch extension, material, diameter, frequency.
+std::string TextOf(const model::WireBondSettings& settings) {
+  return model::Fields(settings.BaseLoopHeight, settings.BaseExtension, settings.StackLoopHeight,
+                       settings.StackExtension, settings.StitchExtension, settings.Material,
+                       settings.WireDiameter, settings.Frequency);
 }
 
-TEST(LoopOptions, SingleSettingsComeLast) {
+TEST(LoopOptions, StartAsTheWindowOrAtTheDieHeightAndTakeSingleSettingsLast) {
   const TemporaryFolder folder;
   PutFile(folder / "a.zu", "BaseLoopHeight=7\r\nBaseExtension=8\r\n");
-  const model::WireBondSettings settings = SettingsOf(
-      Parsed(AddLoopOptions, {"--zu", folder / "a.zu", "--base-loop-height", "9", "--stack-extension", "edge",
-                              "--stack-loop-height", "-2", "--stitch-extension", "0"}),
-      TwoDice());
-  EXPECT_EQ(settings.BaseLoopHeight, 9.0F);
-  EXPECT_EQ(settings.BaseExtension, 8.0F);
-  EXPECT_EQ(settings.StackExtension, model::kEdgeOfBaseDie);
-  EXPECT_EQ(settings.StackLoopHeight, -2.0F);
-  EXPECT_EQ(settings.StitchExtension, 0.0F);
-  EXPECT_NE(Refusal([&] { SettingsOf(Parsed(AddLoopOptions, {"--zu", folder / "b.zu"}), TwoDice()); }), "");
-  EXPECT_NE(Refusal([] { Parsed(AddLoopOptions, {"--stack-extension", "Edge"}); }), "");
+  const auto settings = [](const Arguments& arguments) {
+    return TextOf(SettingsOf(Parsed(AddLoopOptions, arguments), TwoDice()));
+  };
+  // A reset copies the height as the scene has it.
+  EXPECT_EQ(settings({}), "0.5 0.5 0.5 0.5 0.5 'Au' 1 1000000");
+  // The reader's own defaults go by each wire's die, and know no frequency.
+  EXPECT_EQ(settings({"--loops", "die-height"}), "5 5 3 3 3 'Au' 1 0");
+  // The edge of the base die is written as -1.
+  EXPECT_EQ(settings({"--zu", folder / "a.zu", "--base-loop-height", "9", "--stack-extension", "edge",
+                      "--stack-loop-height", "-2", "--stitch-extension", "0"}),
+            "9 8 -2 -1 0 'Au' 1 1000000");
+  EXPECT_NE(Refusal([&] { settings({"--zu", folder / "b.zu"}); }), "");
+  EXPECT_NE(Refusal([&] { settings({"--stack-extension", "Edge"}); }), "");
 }
 
 TEST(ParameterFile, RestoresAllThatIsWritten) {
@@ -167,14 +140,7 @@ TEST(ParameterFile, RestoresAllThatIsWritten) {
                                         .StitchExtension = 4.5F};
   model::WireBondSettings read;
   Apply(ReadParameterText("a.zu", setup::ParameterText(TwoDice(), written)), read);
-  EXPECT_EQ(read.Material, "Cu");
-  EXPECT_EQ(read.WireDiameter, 1.25F);
-  EXPECT_EQ(read.Frequency, 2e9F);
-  EXPECT_EQ(read.BaseLoopHeight, 1.5F);
-  EXPECT_EQ(read.StackLoopHeight, 2.5F);
-  EXPECT_EQ(read.BaseExtension, 3.5F);
-  EXPECT_EQ(read.StackExtension, model::kEdgeOfBaseDie);
-  EXPECT_EQ(read.StitchExtension, 4.5F);
+  EXPECT_EQ(TextOf(read), "1.5 3.5 2.5 -1 4.5 'Cu' 1.25 2e+09");
 }
 
 TEST(ParameterFile, TellsTheLineThatIsWrong) {
@@ -194,11 +160,7 @@ TEST(NetOptions, RefuseAPatternAndPassOverANameWithoutEnd) {
   // The library would run out of stack.
   for (const std::string& pattern :
        {"(" + std::string(100'000, 'a') + ")", std::string(50'000, '(') + std::string(50'000, ')')})
-    EXPECT_NE(Refusal([&] {
-                Parsed(AddNetOptions, {"--net-pattern", pattern});
-              }),
-              "")
-        << pattern.substr(0, 9);
+    EXPECT_NE(Refusal([&] { Parsed<NetOptions>(AddNetOptions, {"--net-pattern", pattern}); }), "");
   const NetOptions nets = Parsed(AddNetOptions, {"--net-pattern", "(V..)_.*"});
   EXPECT_EQ(NetOf(nets, "VDD_1"), "VDD");
   const std::string endless = "VDD_" + std::string(1'000'000, 'a');
@@ -218,25 +180,20 @@ model::Package ThreeWiresAndAStitch() {
 }
 
 TEST(WireOptions, SelectAsTheWireListDoes) {
-  struct Case {
-    Arguments arguments;
-    std::vector<std::string> selected;
-  };
-  const Case cases[] = {{{"--tier", "2"}, {"B", "C"}},
-                        {{"--tier", "1,2"}, {"A", "B", "C"}},
-                        {{"--net", "p"}, {"A"}},
-                        {{"--net", "Ground", "--net", "S"}, {"A:B", "B"}},
-                        {{"--name", "A:B", "--name", "C"}, {"A:B", "C"}},
-                        {{"--stitches"}, {"A:B"}},
-                        // Filters add up, as the list's buttons do with Shift held down.
-                        {{"--tier", "1", "--net", "G"}, {"A", "B"}}};
-  for (const Case& with : cases) {
+  const std::pair<Arguments, std::set<std::string>> cases[] = {
+      {{"--tier", "2"}, {"B", "C"}},
+      {{"--tier", "1,2"}, {"A", "B", "C"}},
+      {{"--net", "p"}, {"A"}},
+      {{"--net", "Ground", "--net", "S"}, {"A:B", "B"}},
+      {{"--name", "A:B", "--name", "C"}, {"A:B", "C"}},
+      {{"--stitches"}, {"A:B"}},
+      // Filters add up, as the list's buttons do with Shift held down.
+      {{"--tier", "1", "--net", "G"}, {"A", "B"}}};
+  for (const auto& [arguments, selected] : cases) {
     const render::WireSelection selection =
-        SelectionOf(Parsed(AddWireOptions, with.arguments), ThreeWiresAndAStitch());
+        SelectionOf(Parsed(AddWireOptions, arguments), ThreeWiresAndAStitch());
     EXPECT_TRUE(selection.Shown);
-    EXPECT_EQ(std::vector<std::string>(selection.Names.begin(), selection.Names.end()).size(),
-              with.selected.size());
-    for (const std::string& name : with.selected) EXPECT_TRUE(selection.Draws(name)) << name;
+    EXPECT_EQ(std::set<std::string>(selection.Names.begin(), selection.Names.end()), selected);
   }
   EXPECT_FALSE(SelectionOf({}, ThreeWiresAndAStitch()).Shown);
 }

@@ -12,14 +12,10 @@
 #include "render/offscreen.h"
 #include "setup/setup_form.h"
 #include "shell/main_form.h"
+#include "tests/setup/answering_dialog.h"
 #include "tests/yax/yax_program.h"
 
 namespace {
-
-class NoDialog final : public setup::FileDialog {
-  std::optional<std::string> ShowOpen(const setup::FileDialogRequest&) override { return {}; }
-  std::optional<std::string> ShowSave(const setup::FileDialogRequest&) override { return {}; }
-};
 
 /// The window's load with the setup form at its end, on a surface in memory.
 class Window {
@@ -39,23 +35,31 @@ class Window {
   shell::ProgramEnd end_;
   render::OffscreenSurface surface_;
   shell::MainForm form_;
-  NoDialog dialog_;
+  setup::AnsweringDialog dialog_;
   setup::Estimator estimator_{".", "."};
   setup::SetupForm setup_{form_.Settings(), form_.Package(), dialog_, estimator_};
 };
 
 TEST_F(YaxTest, RendersThePixelsOfTheWindow) {
+  const render::PixelSize size{641, 479};
   for (const char* name : kSamples) {
-    Window window(Sample(name), {641, 479});
-    const Ended ended = Yax("render --size 641x479 -o " + (folder / "a.bmp") + " " + Sample(name));
-    EXPECT_EQ(ended.status, 0) << ended.err;
-    EXPECT_EQ(ended.out + ended.err, "");
-    EXPECT_TRUE(GetFile(folder / "a.bmp") == window.SavedPicture()) << name;
+    Window window(SamplePath(name), size);
+    const render::Picture picture = window.Form().FramePicture();
+    EXPECT_TRUE(PictureOf("render --size 641x479 " + SamplePath(name) + " -o") ==
+                render::BitmapBytes(picture))
+        << name;
+
+    render::Framebuffer framebuffer;
+    ASSERT_TRUE(framebuffer.Bind(size));
+    window.Form().FramePicture();
+    std::vector<std::uint8_t> rgb(picture.Rgb.size());
+    framebuffer.ReadRows(0, size.Height, rgb.data());
+    EXPECT_TRUE(rgb == picture.Rgb) << name << " in a framebuffer object";
   }
 }
 
 TEST_F(YaxTest, RendersAnyStateOfTheWindow) {
-  Window window(Sample("stacked-ram"), {400, 300});
+  Window window(SamplePath("stacked-ram"), {400, 300});
   window.Form().SetBackground(false);
   window.Form().Navigator().Camera = {.CamX = -2, .CamY = 3, .CamZ = 6, .CamYaw = 1.3F, .CamLook = -40};
   window.Form().Navigator().Rotation = {.RotPitch = 20.0F, .RotYaw = -35.0F};
@@ -65,12 +69,11 @@ TEST_F(YaxTest, RendersAnyStateOfTheWindow) {
   for (const model::WireNameRec& wire : window.Form().Package().WireNames)
     if (wire.Tier == "2") window.Form().Selection().Names.insert(wire.Name);
   window.Form().RebuildAndRepaint();
-  const Ended ended = Yax(
+  const std::string command =
       "render --size 400x300 --background white --cam -2,3,6 --heading 1.3 --look -40 --pitch 20 --yaw -35 "
-      "--base-loop-height 0.9 --stack-extension edge --tier 2 -o " +
-      (folder / "a.bmp") + " " + Sample("stacked-ram"));
-  EXPECT_EQ(ended.status, 0) << ended.err;
-  EXPECT_TRUE(GetFile(folder / "a.bmp") == window.SavedPicture());
+      "--base-loop-height 0.9 --stack-extension edge --tier 2 " +
+      SamplePath("stacked-ram") + " -o";
+  EXPECT_TRUE(PictureOf(command) == window.SavedPicture());
 }
 
 TEST_F(YaxTest, WritesPngToAFileAndToStandardOutput) {
@@ -127,77 +130,24 @@ TEST_F(YaxTest, DrawsBeyondThePixelBuffersSizeUpToTheViewports) {
   EXPECT_EQ(GetFile(folder / "a.bmp"), "");
 }
 
-TEST_F(YaxTest, AFramebufferObjectHasTheSurfacesPixels) {
-  const render::PixelSize size{641, 479};
-  for (const char* name : kSamples) {
-    Window window(Sample(name), size);
-    const render::Picture onSurface = window.Form().FramePicture();
-    render::Framebuffer framebuffer;
-    ASSERT_TRUE(framebuffer.Bind(size));
-    window.Form().FramePicture();
-    std::vector<std::uint8_t> rgb(onSurface.Rgb.size());
-    framebuffer.ReadRows(0, size.Height, rgb.data());
-    EXPECT_TRUE(rgb == onSurface.Rgb) << name;
-  }
-}
-
 TEST_F(YaxTest, NamedViewsShowTheWholePackage) {
   for (const char* view : {"top", "bottom", "front", "back", "left", "right", "iso"}) {
-    ASSERT_EQ(Yax("render --size 200x150 --view " + std::string(view) + " -o " + (folder / "a.bmp") + " " +
-                  Sample("AAAc"))
-                  .status,
-              0);
-    const std::string bytes = GetFile(folder / "a.bmp").substr(54);
-    const auto lit = [&](int x, int y) {
-      return bytes.substr(std::size_t(y * 200 + x) * 3, 3) != std::string(3, '\0');
-    };
+    const std::string bytes =
+        PictureOf("render --size 200x150 " + SamplePath("AAAc") + " --view " + view + " -o").substr(54);
     int inside = 0, edge = 0, outer = 0;
     for (int y = 0; y < 150; ++y) {
       for (int x = 0; x < 200; ++x) {
-        inside += lit(x, y);
-        edge += lit(x, y) && (x == 0 || x == 199 || y == 0 || y == 149);
+        if (bytes.substr(std::size_t(y * 200 + x) * 3, 3) == std::string(3, '\0')) continue;
+        ++inside;
+        edge += x == 0 || x == 199 || y == 0 || y == 149;
         // The margin is 5 % of the half, and the outermost parts are thinner than a pixel where seen edge on.
-        outer += lit(x, y) && (x < 30 || x > 169 || y < 20 || y > 129);
+        outer += (x < 30 || x > 169 || y < 20 || y > 129);
       }
     }
     EXPECT_GT(inside, 300) << view;
     EXPECT_EQ(edge, 0) << view;
     EXPECT_GT(outer, 0) << view;
   }
-}
-
-TEST_F(YaxTest, RefusesWhatItCannotUse) {
-  const std::string one = OneWire();
-  PutFile(folder / "none.yax", "COMPL 4\n");
-  PutFile(folder / "dot.yax", "TECHNOLOGY WIRE_BOND\nCOMPZ 1\nCBP A 1 1\nWB A 1 1 0 1 1 0 0\n");
-  PutFile(folder / "kept.png", "old");
-  const std::string to = " -o " + (folder / "a.png");
-  const std::pair<std::string, std::string> cases[] = {
-      {"", "yax: "},
-      {"paint", "yax: "},
-      {"render" + to, "FILE.yax"},
-      {"render " + one, "--output"},
-      {"render " + one + to + " --size 10", "--size '10'"},
-      {"render " + one + to + " --no-such", "--no-such"},
-      {"render " + one + " " + one + to, "yax: "},
-      {"render " + one + to + " --tier 4", "--tier 4"},
-      {"render " + (folder / "absent.yax") + to, "absent.yax: there is no such file"},
-      {"render " + (folder / "") + to, "it is not a file"},
-      {"render " + (folder / "none.yax") + to, "none.yax: it holds no package"},
-      {"render " + (folder / "dot.yax") + to, "wire A: its ends coincide"},
-      {"render " + one + " -o " + (folder / "a.gif"), "a.gif: "},
-      {"render " + one + " -o " + (folder / "absent/a.png"), "absent/a.png: "},
-      {"render " + one + " -o " + (folder / "kept.png") + " --zu " + (folder / "absent.zu"), "absent.zu: "},
-  };
-  for (const auto& [arguments, part] : cases) {
-    const Ended ended = Yax(arguments);
-    EXPECT_EQ(ended.status, 2) << arguments;
-    EXPECT_NE(ended.err.find(part), std::string::npos) << ended.err;
-    EXPECT_EQ(ended.Lines(), 1U) << ended.err;
-    EXPECT_EQ(ended.out, "");
-    EXPECT_EQ(GetFile(folder / "a.png"), "") << arguments;
-  }
-  EXPECT_EQ(GetFile(folder / "kept.png"), "old");
 }
 
 TEST_F(YaxTest, AnswersHelpAndVersionOnEveryLevel) {

@@ -8,14 +8,12 @@
 #include <cstdlib>
 #include <string>
 
+#include "tests/samples.h"
 #include "tests/temporary_folder.h"
 
 inline constexpr char kOneWire[] =
     "TECHNOLOGY WIRE_BOND\nCOMPL 40\nCOMPW 40\nCOMPZ 5\nCBP A 15 10 0 6 6 0 R RECTANGLE\n"
     "SBP A 30 10 0 6 6 0 RECTANGLE 0 1\nWB A 15 10 0 30 10 5 0\n";
-
-inline constexpr const char* kSamples[] = {"AAAc",    "bga332",     "caravel-qfn64", "flipchip-bigblade",
-                                           "lqfp100", "stacked-ram"};
 
 struct Ended {
   int status = -1;
@@ -33,7 +31,13 @@ class YaxTest : public testing::Test {
     return {WEXITSTATUS(status), GetFile(folder / "out"), GetFile(folder / "err")};
   }
 
-  std::string Sample(const std::string& name) const { return std::string(YAX_SAMPLES "/") + name + ".yax"; }
+  /// The bytes of the picture that a command writes, whose last option names its file.
+  std::string PictureOf(const std::string& command, int status = 0) const {
+    const Ended ended = Yax(command + " " + (folder / "a.bmp"));
+    EXPECT_EQ(ended.status, status) << command;
+    EXPECT_EQ(ended.err, "") << command;
+    return GetFile(folder / "a.bmp");
+  }
 
   std::string OneWire() const {
     PutFile(folder / "one.yax", kOneWire);
