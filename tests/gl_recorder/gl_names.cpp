@@ -10,6 +10,7 @@
 
 using gl_recorder::Argument;
 using gl_recorder::Current;
+using Place = gl_recorder::Recorder::Place;
 
 namespace {
 
@@ -26,11 +27,11 @@ Argument Mask(GLbitfield mask) {
 // A routine that is recorded as it stands, between the ends of a primitive or not: name, parameters,
 // arguments.
 #define OUTSIDE(name, parameters, ...) \
-  void name parameters { Current().Plain(#name, {__VA_ARGS__}); }
+  void name parameters { Current().Take(Place::Outside, #name, {__VA_ARGS__}); }
 #define INSIDE(name, parameters, ...) \
-  void name parameters { Current().InsidePrimitive(#name, {__VA_ARGS__}); }
+  void name parameters { Current().Take(Place::Inside, #name, {__VA_ARGS__}); }
 #define ANYWHERE(name, parameters, ...) \
-  void name parameters { Current().Anywhere(#name, {__VA_ARGS__}); }
+  void name parameters { Current().Take(Place::Anywhere, #name, {__VA_ARGS__}); }
 #define FOUR(values) values[0], values[1], values[2], values[3]
 
 extern "C" {
@@ -53,8 +54,8 @@ void glCallList(GLuint list) { Current().CallList(list); }
 
 // Matrices.
 void glMatrixMode(GLenum mode) { Current().MatrixMode(mode); }
-void glPushMatrix() { Current().PushMatrix(); }
-void glPopMatrix() { Current().PopMatrix(); }
+void glPushMatrix() { Current().Nest(1, "Matrix", {}); }
+void glPopMatrix() { Current().Nest(-1, "Matrix", {}); }
 OUTSIDE(glLoadIdentity, ())
 OUTSIDE(glTranslatef, (GLfloat x, GLfloat y, GLfloat z), x, y, z)
 OUTSIDE(glRotatef, (GLfloat angle, GLfloat x, GLfloat y, GLfloat z), angle, x, y, z)
@@ -66,8 +67,8 @@ OUTSIDE(gluLookAt,
         x, y, z, toX, toY, toZ, upX, upY, upZ)
 
 // State.
-void glPushAttrib(GLbitfield mask) { Current().PushAttrib(Mask(mask)); }
-void glPopAttrib() { Current().PopAttrib(); }
+void glPushAttrib(GLbitfield mask) { Current().Nest(1, "Attrib", {Mask(mask)}); }
+void glPopAttrib() { Current().Nest(-1, "Attrib", {}); }
 OUTSIDE(glEnable, (GLenum what), Value(what))
 OUTSIDE(glDisable, (GLenum what), Value(what))
 OUTSIDE(glDepthFunc, (GLenum function), Value(function))

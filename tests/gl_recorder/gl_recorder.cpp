@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <sstream>
 #include <utility>
 
 namespace gl_recorder {
@@ -29,34 +30,22 @@ Argument::Argument(double number) : Number(number) {
   Text = text;
 }
 
-#define NAMED(value) \
-  { value, #value }
+#define VALUES_AND_NAMES(...)                   \
+  constexpr unsigned kValues[] = {__VA_ARGS__}; \
+  constexpr char kNames[] = #__VA_ARGS__
+VALUES_AND_NAMES(GL_MODELVIEW, GL_PROJECTION, GL_COMPILE, GL_COMPILE_AND_EXECUTE, GL_DEPTH_TEST, GL_DITHER,
+                 GL_LIGHTING, GL_LIGHT0, GL_POSITION, GL_LIGHT_MODEL_AMBIENT, GL_SMOOTH, GL_CCW, GL_LESS,
+                 GL_FRONT, GL_BACK, GL_FRONT_AND_BACK, GL_AMBIENT_AND_DIFFUSE, GL_SPECULAR, GL_SHININESS,
+                 GL_PACK_ALIGNMENT, GL_RGB, GL_UNSIGNED_BYTE);
 
 std::string NameOf(unsigned value) {
-  static const std::map<unsigned, std::string> kNames = {NAMED(GL_MODELVIEW),
-                                                         NAMED(GL_PROJECTION),
-                                                         NAMED(GL_COMPILE),
-                                                         NAMED(GL_COMPILE_AND_EXECUTE),
-                                                         NAMED(GL_DEPTH_TEST),
-                                                         NAMED(GL_DITHER),
-                                                         NAMED(GL_LIGHTING),
-                                                         NAMED(GL_LIGHT0),
-                                                         NAMED(GL_POSITION),
-                                                         NAMED(GL_LIGHT_MODEL_AMBIENT),
-                                                         NAMED(GL_SMOOTH),
-                                                         NAMED(GL_CCW),
-                                                         NAMED(GL_LESS),
-                                                         NAMED(GL_FRONT),
-                                                         NAMED(GL_BACK),
-                                                         NAMED(GL_FRONT_AND_BACK),
-                                                         NAMED(GL_AMBIENT_AND_DIFFUSE),
-                                                         NAMED(GL_SPECULAR),
-                                                         NAMED(GL_SHININESS),
-                                                         NAMED(GL_PACK_ALIGNMENT),
-                                                         NAMED(GL_RGB),
-                                                         NAMED(GL_UNSIGNED_BYTE)};
-  const auto found = kNames.find(value);
-  return found == kNames.end() ? std::to_string(value) : found->second;
+  std::istringstream names(kNames);
+  std::string name;
+  for (const unsigned each : kValues) {
+    std::getline(names >> std::ws, name, ',');
+    if (each == value) return name;
+  }
+  return std::to_string(value);
 }
 
 std::string TextOf(const std::vector<Call>& calls) {
@@ -71,7 +60,7 @@ std::string TextOf(const std::vector<Call>& calls) {
   return text;
 }
 
-Recorder::Recorder() : matrixMode_(GL_MODELVIEW) {
+Recorder::Recorder() {
   if (Slot() != nullptr) std::abort();
   Slot() = this;
 }
@@ -80,7 +69,9 @@ Recorder::~Recorder() { Slot() = nullptr; }
 
 void Recorder::Error(const std::string& what) { errors_.push_back(what); }
 
-void Recorder::Anywhere(const std::string& name, std::initializer_list<Argument> arguments) {
+void Recorder::Note(const std::string& name) { log_.push_back({name, {}, name}); }
+
+void Recorder::Take(Place place, const std::string& name, const std::vector<Argument>& arguments) {
   Call call{name, {}, name + "("};
   for (const Argument& argument : arguments) {
     if (!call.Numbers.empty()) call.Text += ", ";
@@ -88,75 +79,58 @@ void Recorder::Anywhere(const std::string& name, std::initializer_list<Argument>
     call.Text += argument.Text;
   }
   call.Text += ")";
+  if (place == Place::Outside && open_.Primitive) Error(name + " between glBegin and glEnd");
+  if (place == Place::Inside && !open_.Primitive) Error(name + " outside glBegin and glEnd");
   if (!hasContext_) Error(call.Text + " without a context");
-  if (loneEnd_ && name != "glEndList") Error("glEnd() without a glBegin, and then " + call.Text);
-  loneEnd_ = false;
-  if (openName_ != 0) open_.push_back(call);
+  if (open_.LoneEnd && name != "glEndList") Error("glEnd() without a glBegin, and then " + call.Text);
+  open_.LoneEnd = false;
+  if (open_.Name != 0) open_.List.push_back(call);
   log_.push_back(std::move(call));
-}
-
-void Recorder::Note(const std::string& name) { log_.push_back({name, {}, name}); }
-
-void Recorder::Plain(const std::string& name, std::initializer_list<Argument> arguments) {
-  if (inPrimitive_) Error(name + " between glBegin and glEnd");
-  Anywhere(name, arguments);
-}
-
-void Recorder::InsidePrimitive(const std::string& name, std::initializer_list<Argument> arguments) {
-  if (!inPrimitive_) Error(name + " outside glBegin and glEnd");
-  Anywhere(name, arguments);
 }
 
 void Recorder::Begin(unsigned mode) {
   // Small numbers mean different things elsewhere, so primitives have names of their own.
-  static const std::map<unsigned, std::string> kPrimitives = {NAMED(GL_LINES), NAMED(GL_LINE_STRIP),
-                                                              NAMED(GL_TRIANGLE_FAN), NAMED(GL_QUADS)};
-  Plain("glBegin", {{double(mode), kPrimitives.at(mode)}});
-  inPrimitive_ = true;
+  static const std::map<unsigned, std::string> kPrimitives = {{GL_LINES, "GL_LINES"},
+                                                              {GL_LINE_STRIP, "GL_LINE_STRIP"},
+                                                              {GL_TRIANGLE_FAN, "GL_TRIANGLE_FAN"},
+                                                              {GL_QUADS, "GL_QUADS"}};
+  Take(Place::Outside, "glBegin", {{double(mode), kPrimitives.at(mode)}});
+  open_.Primitive = true;
 }
 
 void Recorder::End() {
-  Anywhere("glEnd", {});
-  if (std::exchange(inPrimitive_, false)) return;
+  Take(Place::Anywhere, "glEnd", {});
+  if (std::exchange(open_.Primitive, false)) return;
   // BuildCube's lone end: the last call of a list that draws while it is compiled.
-  if (openMode_ == GL_COMPILE_AND_EXECUTE) {
-    loneEnd_ = true;
-  } else {
-    Error("glEnd() without a glBegin");
-  }
+  open_.LoneEnd = open_.Mode == GL_COMPILE_AND_EXECUTE;
+  if (!open_.LoneEnd) Error("glEnd() without a glBegin");
 }
 
 unsigned Recorder::GenLists(int count) {
-  Plain("glGenLists", {double(count)});
-  const unsigned first = nextName_;
-  nextName_ += static_cast<unsigned>(count);
-  namesGiven_ = nextName_ - 1;
-  return first;
+  Take(Place::Outside, "glGenLists", {double(count)});
+  return std::exchange(nextName_, nextName_ + static_cast<unsigned>(count));
 }
 
 void Recorder::NewList(unsigned name, unsigned mode) {
-  if (openName_ != 0) Error("glNewList inside list " + std::to_string(openName_));
-  if (name == 0 || name > namesGiven_) Error("glNewList of a name never given: " + std::to_string(name));
-  Plain("glNewList", {double(name), {double(mode), NameOf(mode)}});
-  openName_ = name;
-  openMode_ = mode;
-  open_.clear();
+  if (open_.Name != 0) Error("glNewList inside list " + std::to_string(open_.Name));
+  if (name == 0 || name >= nextName_) Error("glNewList of a name never given: " + std::to_string(name));
+  Take(Place::Outside, "glNewList", {double(name), {double(mode), NameOf(mode)}});
+  open_.Name = name;
+  open_.Mode = mode;
+  open_.List.clear();
 }
 
 void Recorder::EndList() {
-  if (openName_ == 0) Error("glEndList() without a glNewList");
-  if (inPrimitive_) Error("glEndList() between glBegin and glEnd");
-  if (openName_ != 0) lists_[openName_] = std::move(open_);
-  open_.clear();
-  openName_ = 0;
-  openMode_ = 0;
-  Anywhere("glEndList", {});
+  if (open_.Name == 0) Error("glEndList() without a glNewList");
+  lists_[std::exchange(open_.Name, 0)] = std::move(open_.List);
+  open_.Mode = 0;
+  Take(Place::Outside, "glEndList", {});
 }
 
 void Recorder::CallList(unsigned name) {
-  Plain("glCallList", {double(name)});
+  Take(Place::Outside, "glCallList", {double(name)});
   // List 0 is the one that is never there, and drawing it does nothing.
-  if (name != 0 && !HasList(name)) Error("glCallList of no list: " + std::to_string(name));
+  if (name != 0 && !lists_.contains(name)) Error("glCallList of no list: " + std::to_string(name));
 }
 
 std::vector<Call> Recorder::List(unsigned name) const {
@@ -165,37 +139,21 @@ std::vector<Call> Recorder::List(unsigned name) const {
 }
 
 void Recorder::MatrixMode(unsigned mode) {
-  Plain("glMatrixMode", {{double(mode), NameOf(mode)}});
-  matrixMode_ = mode;
+  matrixMode_ = NameOf(mode);
+  Take(Place::Outside, "glMatrixMode", {{double(mode), matrixMode_}});
 }
 
-void Recorder::PushMatrix() {
-  Plain("glPushMatrix", {});
-  ++matrixDepth_[matrixMode_];
-}
-
-void Recorder::PopMatrix() {
-  Plain("glPopMatrix", {});
-  if (--matrixDepth_[matrixMode_] < 0) Error("glPopMatrix() of an empty stack");
-}
-
-void Recorder::PushAttrib(const Argument& mask) {
-  Plain("glPushAttrib", {mask});
-  ++attribDepth_;
-}
-
-void Recorder::PopAttrib() {
-  Plain("glPopAttrib", {});
-  if (--attribDepth_ < 0) Error("glPopAttrib() of an empty stack");
+void Recorder::Nest(int step, std::string stack, const std::vector<Argument>& arguments) {
+  Take(Place::Outside, (step > 0 ? "glPush" : "glPop") + stack, arguments);
+  if (stack == "Matrix") stack += " in " + matrixMode_;
+  if ((open_.Depths[stack] += step) < 0) Error("glPop of an empty stack: " + stack);
 }
 
 void Recorder::NewContext() {
-  Finish();
+  DropContext();
   hasContext_ = true;
-  lists_.clear();
   nextName_ = 1;
-  namesGiven_ = 0;
-  matrixMode_ = GL_MODELVIEW;
+  matrixMode_ = NameOf(GL_MODELVIEW);
 }
 
 void Recorder::DropContext() {
@@ -205,17 +163,12 @@ void Recorder::DropContext() {
 }
 
 void Recorder::Finish() {
-  if (inPrimitive_) Error("glBegin without a glEnd");
-  if (openName_ != 0) Error("glNewList without a glEndList");
-  if (loneEnd_) Error("glEnd() without a glBegin");
-  for (const auto& [mode, depth] : matrixDepth_)
-    if (depth > 0) Error("glPushMatrix() without a glPopMatrix() in " + NameOf(mode));
-  if (attribDepth_ > 0) Error("glPushAttrib without a glPopAttrib");
-  inPrimitive_ = false;
-  openName_ = 0;
-  loneEnd_ = false;
-  matrixDepth_.clear();
-  attribDepth_ = 0;
+  if (open_.Primitive) Error("glBegin without a glEnd");
+  if (open_.Name != 0) Error("glNewList without a glEndList");
+  if (open_.LoneEnd) Error("glEnd() without a glBegin");
+  for (const auto& [stack, depth] : open_.Depths)
+    if (depth > 0) Error("glPush without a glPop: " + stack);
+  open_ = {};
 }
 
 }  // namespace gl_recorder

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <initializer_list>
 #include <map>
 #include <string>
 #include <vector>
@@ -42,7 +41,6 @@ class Recorder {
 
   /// The calls compiled into a list; empty when it was emptied or there is no such list.
   std::vector<Call> List(unsigned name) const;
-  bool HasList(unsigned name) const { return lists_.contains(name); }
   void SetNextListName(unsigned name) { nextName_ = name; }
 
   /// A fresh context, without lists; or none, and then every call is an error.
@@ -56,9 +54,8 @@ class Recorder {
   void Note(const std::string& name);
 
   // What the gl names do.
-  void Anywhere(const std::string& name, std::initializer_list<Argument> arguments);
-  void Plain(const std::string& name, std::initializer_list<Argument> arguments);
-  void InsidePrimitive(const std::string& name, std::initializer_list<Argument> arguments);
+  enum class Place { Anywhere, Outside, Inside };  ///< of the ends of a primitive
+  void Take(Place place, const std::string& name, const std::vector<Argument>& arguments);
   void Begin(unsigned mode);
   void End();
   unsigned GenLists(int count);
@@ -66,10 +63,7 @@ class Recorder {
   void EndList();
   void CallList(unsigned name);
   void MatrixMode(unsigned mode);
-  void PushMatrix();
-  void PopMatrix();
-  void PushAttrib(const Argument& mask);
-  void PopAttrib();
+  void Nest(int step, std::string stack, const std::vector<Argument>& arguments);
   bool HasContext() const { return hasContext_; }
 
  private:
@@ -78,17 +72,16 @@ class Recorder {
   std::vector<Call> log_;
   std::vector<std::string> errors_;
   std::map<unsigned, std::vector<Call>> lists_;
-  std::vector<Call> open_;  ///< what the list being compiled holds so far
-  unsigned openName_ = 0;
-  unsigned openMode_ = 0;
   unsigned nextName_ = 1;
-  unsigned namesGiven_ = 0;
-  unsigned matrixMode_ = 0;
-  std::map<unsigned, int> matrixDepth_;
-  int attribDepth_ = 0;
+  std::string matrixMode_ = "GL_MODELVIEW";
   bool hasContext_ = true;
-  bool inPrimitive_ = false;
-  bool loneEnd_ = false;  ///< an end without a begin came; only the list's end may follow
+  struct {
+    unsigned Name = 0, Mode = 0;  ///< of the list being compiled
+    std::vector<Call> List;       ///< what it holds so far
+    std::map<std::string, int> Depths;
+    bool Primitive = false;
+    bool LoneEnd = false;  ///< an end without a begin came; only the list's end may follow
+  } open_;
 };
 
 /// The recorder at work. Needs  one to live

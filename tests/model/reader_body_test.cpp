@@ -96,22 +96,5 @@ TEST_F(ReaderBody, RingsAndAttachBandsTakeTheirFields) {
   EXPECT_EQ(Fields(band.Name, band.D1, band.D2, band.D3, band.D4, band.D5), "'D' 1 2 3 4 5");
 }
 
-TEST_F(ReaderBody, FindsNamesWithoutScanningTheTables) {
-  constexpr int kBonds = 32000;
-  std::string pads, rest, types;
-  for (int i = 0; i < kBonds; ++i) {
-    const std::string back = "N" + std::to_string(kBonds - 1 - i);
-    pads += "CBP N" + std::to_string(i) + "\n";
-    rest += "SBP " + back + " 1 2 0 0 0 0 R 0 2\nWB " + back + " 3\n";
-    types += back + " POWER\n";
-  }
-  const Package package = Read("COMPZ 1\n" + pads + rest, types);
-  ASSERT_EQ(package.WireNames.Count(), std::size_t{kBonds});
-  EXPECT_EQ(package.WireNames[0].Name, "N31999");
-  for (const WireNameRec& entry : package.WireNames) ASSERT_EQ(entry.NetType + entry.Tier, "POWER2");
-  // Three look-ups for each bond, each with at most two comparisons; a scan would take 1.5e9.
-  EXPECT_LE(effort.nameComparisons, std::size_t{6 * kBonds});
-}
-
 }  // namespace
 }  // namespace model

@@ -1,7 +1,7 @@
 #include <filesystem>
 
-#include "model/faults.h"
 #include "model/package.h"
+#include "tests/fault_of.h"
 #include "tests/model/package_text.h"
 
 namespace model {
@@ -46,12 +46,7 @@ TEST_F(SideFile, MayBeMissingOrAFolderButFaultsWhenItCannotBeRead) {
   EXPECT_FALSE(Read(kPackage).HaveVuFile);
   std::filesystem::remove(path);
   std::filesystem::create_symlink("/proc/self/mem", path);
-  try {
-    Read(kPackage);
-    FAIL() << "no fault";
-  } catch (const FileFault& fault) {
-    EXPECT_STREQ(fault.what(), "Run-time error: Input/output error (board.yax.vu)");
-  }
+  EXPECT_EQ(FaultOf([&] { Read(kPackage); }), "Run-time error: Input/output error (board.yax.vu)");
 }
 
 class Tiers : public PackageText {

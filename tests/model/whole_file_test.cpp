@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "model/faults.h"
+#include "tests/fault_of.h"
 #include "tests/full_disk.h"
 #include "tests/temporary_folder.h"
 
@@ -18,12 +18,7 @@ unsigned ModeOf(const std::string& path) {
 }
 
 std::string FaultOf(const std::string& path, std::string_view bytes) {
-  try {
-    WriteWholeFile(path, bytes);
-  } catch (const FileFault& fault) {
-    return fault.what();
-  }
-  return "no fault";
+  return ::FaultOf([&] { WriteWholeFile(path, bytes); });
 }
 
 TEST(WholeFile, CreatesAndReplacesAndKeepsThePermissions) {

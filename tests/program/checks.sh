@@ -7,6 +7,7 @@ folder=$(mktemp -d)
 server="" manager="" pid="" failed=0
 mkdir -m 700 "$folder/run"
 export HOME=$folder XDG_RUNTIME_DIR=$folder/run LC_ALL=C.UTF-8
+printf 'COMPL 8\nCOMPW 4\nCOMPZ 1\n' >"$folder/board.yax"
 unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM QT_SCALE_FACTOR XDG_CONFIG_HOME DBUS_SESSION_BUS_ADDRESS
 
 finish() {
@@ -59,18 +60,23 @@ found() {
   exit 1
 }
 
-# ends WHAT STATUS: the viewer ends by itself, with that status and without a word on the terminal
-ends() {
+# ended WHAT STATUS: the viewer ends by itself, with that status
+ended() {
   local status
   for _ in $(seq 200); do
     kill -0 $pid 2>/dev/null || break
     sleep 0.05
   done
-  kill -0 $pid 2>/dev/null && { expect "$1" "still running" "ended"; kill $pid; }
-  wait $pid
+  kill -0 $pid 2>/dev/null && { expect "$1" "still running" "ended"; kill -9 $pid; }
+  wait $pid 2>/dev/null
   status=$?
   pid=""
   expect "$1: status" "$status" "$2"
+}
+
+# ends WHAT STATUS: and without a word on the terminal
+ends() {
+  ended "$1" "$2"
   expect "$1: words" "$(cat "$folder/out" "$folder/err")" ""
 }
 

@@ -4,7 +4,7 @@
 open_display
 cd "$folder" || exit
 mkdir "a folder"
-printf 'COMPL 8\nCOMPW 4\nCOMPZ 1\n' | tee board.yax "a folder/bo ärd.yax" >/dev/null
+cp board.yax "a folder/bo ärd.yax"
 
 # opens TITLE ARGUMENTS...: then Escape ends it
 opens() {

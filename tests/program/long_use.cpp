@@ -17,6 +17,7 @@
 
 #include "shell/gl_view.h"
 #include "shell/main_window.h"
+#include "tests/setup/answering_dialog.h"
 
 namespace {
 
@@ -25,29 +26,17 @@ constexpr QSize kSize(420, 340);
 
 double ResidentKilobytes() {
   std::ifstream file("/proc/self/statm");
-  double all = 0.0;
-  double resident = 0.0;
+  double all = 0.0, resident = 0.0;
   file >> all >> resident;
   return resident * double(sysconf(_SC_PAGESIZE)) / 1024.0;
 }
 
-/// Answers each question with the one package.
-class SamePackage final : public setup::FileDialog {
- public:
-  explicit SamePackage(std::string path) : path_(std::move(path)) {}
-  std::optional<std::string> ShowOpen(const setup::FileDialogRequest&) override { return path_; }
-  std::optional<std::string> ShowSave(const setup::FileDialogRequest&) override { return std::nullopt; }
-
- private:
-  std::string path_;
-};
-
 class Viewer {
  public:
   explicit Viewer(const std::string& path)
-      : dialog_(path),
-        window_(shell::StartUp{QCoreApplication::applicationDirPath().toStdString(), '"' + path + '"'}, end_,
+      : window_(shell::StartUp{QCoreApplication::applicationDirPath().toStdString(), '"' + path + '"'}, end_,
                 &dialog_) {
+    dialog_.answer = path;
     window_.resize(kSize);
     window_.Load();
     window_.show();
@@ -89,11 +78,7 @@ class Viewer {
   /// By the menu and by Home in turn. The menu closes the list of the old package.
   void Load(int count) {
     for (int i = 0; i < count; ++i) {
-      if (i % 2 == 0) {
-        Choose("DoLoadYAX");
-      } else {
-        QTest::keyClick(window_.windowHandle(), Qt::Key_Home);
-      }
+      i % 2 == 0 ? Choose("DoLoadYAX") : QTest::keyClick(window_.windowHandle(), Qt::Key_Home);
       Settle();
     }
     OpenWireList();
@@ -132,7 +117,7 @@ class Viewer {
   }
 
   shell::ProgramEnd end_;
-  SamePackage dialog_;
+  setup::AnsweringDialog dialog_;  ///< answers each question with the one package
   shell::MainWindow window_;
   QListView* wires_ = nullptr;
 };

@@ -24,7 +24,6 @@ export board.obj --unit mm -o
 END
 
 open_display
-printf 'COMPL 8\nCOMPW 4\nCOMPZ 1\n' >"$folder/board.yax"
 mkdir "$folder/pictures"
 printf 'old' >"$folder/pictures/old.bmp"
 

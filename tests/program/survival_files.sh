@@ -39,10 +39,11 @@ for length in 0 30 65; do # nothing, in the header, in the middle of a pad
   ends "truncated to $length" 0
 done
 
-# fails WHAT: one box, and status 1 when it is closed
+# fails WHAT WINDOWS: one box beside so many windows, and status 1 when it is closed
 fails() {
   local box
   box=$(found '^3D YAX Viewer$') || exit
+  expect "$1: windows beside the box" "$(xdotool search --onlyvisible --name '3D YAX Viewer - ' | wc -l)" "$2"
   xdotool windowfocus --sync "$box" key Return
   ends "$1" 1
 }
@@ -50,17 +51,17 @@ fails() {
 shown
 printf 'RING R ARC -2 2 2 -2 1 0\n' >>"$board"
 resize
-fails "a bowed ring without bulge"
+fails "a bowed ring without bulge" 1
 
 shown
 ln -s /proc/self/mem "$board.vu" # there, regular, and not to be read, by nobody
 resize
-fails "unreadable net types"
+fails "unreadable net types" 1
 
 start "$board"
-fails "unreadable net types from the start"
+fails "unreadable net types from the start" 0
 
 rm "$board.vu"
 truncate -s 1T "$board" # a hole: no room on the disk, more than any memory
 start "$board"
-fails "a file of a terabyte"
+fails "a file of a terabyte" 0

@@ -8,7 +8,6 @@ for _ in $(seq 100); do
   xdotool get_num_desktops >/dev/null 2>&1 && break
   sleep 0.05
 done
-printf 'COMPL 8\nCOMPW 4\nCOMPZ 1\n' >"$folder/board.yax"
 start "$folder/board.yax"
 window=$(found 'board.yax$')
 # It complains as long as no window is active yet; what it brought about is seen below.

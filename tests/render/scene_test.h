@@ -5,8 +5,8 @@
 
 #include <string>
 
-#include "model/faults.h"
 #include "render/scene.h"
+#include "tests/fault_of.h"
 #include "tests/model/package_text.h"
 #include "tests/render/recording_pen.h"
 
@@ -31,12 +31,7 @@ class SceneTest : public testing::Test {
 
   /// What the fault of a drawing says.
   std::string FaultOf(void (render::Scene::*routine)() = &render::Scene::DrawPackage) {
-    try {
-      Draw(routine);
-    } catch (const model::Fault& fault) {
-      return fault.what();
-    }
-    return "no fault";
+    return ::FaultOf([&] { Draw(routine); });
   }
 
   model::Package package;

@@ -74,22 +74,24 @@ TEST_F(SetupFormTest, LoadTakesForeignFiles) {
       "StichExtenston=8 mil\nStackExtension=-1.0\nBaseLoopHeight=25.000\nStackLoopHeight=0");
   EXPECT_EQ(package.PackagePath, folder / "sub/other.yax");
   EXPECT_EQ(settings.Material, "Al");
-  EXPECT_EQ(Selected(controls.WD), 4);
-  EXPECT_EQ(controls.WDc.Text, "1.250");
-  EXPECT_EQ(Selected(controls.FQ), 0);
-  EXPECT_EQ(controls.FQc.Text, "4.7");
   EXPECT_EQ(settings.BaseExtension, 7.0F);
   EXPECT_EQ(settings.StitchExtension, 8.0F);
-  EXPECT_EQ(controls.LEc[2].Text, "8 mil");
-  EXPECT_EQ(SelectedLoop(2), 6) << "only the text -1 means the die's edge by itself";
-  EXPECT_EQ(controls.LEc[1].Text, "-1.0");
-  EXPECT_EQ(SelectedLoop(0), 0) << "25 is the die height in file units";
-  EXPECT_EQ(SelectedLoop(3), 7) << "0 is unset";
-  EXPECT_EQ(controls.LHc[1].Text, "0");
   EXPECT_NE(controls.Vu.find("YAXFile=other.yax\r\n"), std::string::npos);
-}
+  const struct {
+    int selected, expected;
+    const Field& field;
+    const char* text;
+  } frames[] = {
+      {Selected(controls.WD), 4, controls.WDc, "1.250"}, {Selected(controls.FQ), 0, controls.FQc, "4.7"},
+      {SelectedLoop(0), 0, controls.LHc[0], "25.000"},  // 25 is the die height in file units
+      {SelectedLoop(2), 6, controls.LEc[1], "-1.0"},    // only the text -1 means the die's edge by itself
+      {SelectedLoop(3), 7, controls.LHc[1], "0"},       // unset
+      {SelectedLoop(4), 10, controls.LEc[2], "8 mil"}};
+  for (const auto& [selected, expected, field, text] : frames) {
+    EXPECT_EQ(selected, expected) << text;
+    EXPECT_EQ(field.Text, text);
+  }
 
-TEST_F(SetupFormTest, LoadSelectsTheEdgeByItsTextAlone) {
   form.RunCommand3();
   LoadText("StackExtension=-1\r\n");
   EXPECT_EQ(SelectedLoop(2), 5);

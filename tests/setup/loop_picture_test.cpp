@@ -142,23 +142,15 @@ TEST(LoopPicture, StackAndItsLabelNeedAStackedDie) {
 }
 
 TEST(LoopPicture, OddValuesStayInsideThePictureOrAreLeftOut) {
-  struct Size {
-    float width, height;
-  };
   std::vector<model::Package> packages(3, StackedPackage());
   packages[1] = {};
   packages[2].UnitScale = 0.0F;
   packages[2].CompZ = -FLT_MAX;
   for (const model::Package& package : packages) {
     for (const float value : {0.0F, -50.0F, 1e-30F, 1e30F, FLT_MAX, -FLT_MAX, -1.0F}) {
-      for (const auto& [width, height] : {Size{800.0F, 400.0F}, Size{0.0F, 0.0F}, Size{1.0F, 3.0F}}) {
-        model::WireBondSettings settings;
-        for (auto setting :
-             {&model::WireBondSettings::BaseLoopHeight, &model::WireBondSettings::StackLoopHeight,
-              &model::WireBondSettings::BaseExtension, &model::WireBondSettings::StackExtension,
-              &model::WireBondSettings::StitchExtension})
-          settings.*setting = value;
-        const LoopPicture picture = DrawLoops(package, settings, width, height);
+      for (const auto& [width, height] : {std::pair(800.0F, 400.0F), {0.0F, 0.0F}, {1.0F, 3.0F}}) {
+        const LoopPicture picture =
+            DrawLoops(package, {"", 0.0F, 0.0F, value, value, value, value, value}, width, height);
         EXPECT_NE(Find(picture, PicturePart::Die), nullptr);
         for (const PictureShape& shape : picture.Shapes) {
           for (const PicturePoint& point : shape.Points) {

@@ -29,24 +29,19 @@ TEST_F(SetupFormTest, EachOptionGivesItsSettingAtOnceAndWithoutARebuild) {
   rebuilds = 0;
   controls.WDc.Text = controls.FQc.Text = "2,5";
   for (const LoopFrame& frame : kLoopFrames) frame.FieldOf(controls).Text = "2,5";
-  int index = 0;
-  for (const char* material : {"Au", "Al", "Cu"}) {
-    form.M_Click(std::size_t(index));
-    EXPECT_EQ(settings.Material, material);
-    EXPECT_EQ(Selected(controls.M), index++);
-  }
-  index = 0;
-  for (const float diameter : {0.5F, 0.7F, 0.8F, 1.0F, 1.25F, 1.5F, 2.5F}) {
-    form.WD_Click(std::size_t(index));
-    EXPECT_EQ(settings.WireDiameter, diameter);
-    EXPECT_EQ(Selected(controls.WD), index++);
-  }
-  index = 0;
-  for (const float frequency : {2500.0F, 2500000.0F, 2500000000.0F, 2.5F}) {
-    form.FQ_Click(std::size_t(index));
-    EXPECT_EQ(settings.Frequency, frequency);
-    EXPECT_EQ(Selected(controls.FQ), index++);
-  }
+  const auto tryEach = [this](auto click, auto& options, auto& setting, const auto& values) {
+    std::size_t index = 0;
+    for (const auto& value : values) {
+      (form.*click)(index);
+      EXPECT_EQ(setting, value);
+      EXPECT_EQ(Selected(options), int(index++));
+    }
+  };
+  tryEach(&SetupForm::M_Click, controls.M, settings.Material, std::vector<std::string>{"Au", "Al", "Cu"});
+  tryEach(&SetupForm::WD_Click, controls.WD, settings.WireDiameter,
+          std::vector{0.5F, 0.7F, 0.8F, 1.0F, 1.25F, 1.5F, 2.5F});
+  tryEach(&SetupForm::FQ_Click, controls.FQ, settings.Frequency,
+          std::vector{2500.0F, 2500000.0F, 2500000000.0F, 2.5F});
   for (const LoopFrame& frame : kLoopFrames) {
     for (std::size_t i = frame.First; i <= frame.Custom; ++i) {
       form.LH_Click(i);
@@ -190,10 +185,9 @@ TEST_F(SetupFormTest, FieldsTakeTheirFallbackAndFormat) {
 }
 
 TEST_F(SetupFormTest, EnterGoesToTheFieldsOptionAndSelectsNothing) {
-  std::vector<std::pair<OptionArray, std::size_t>> focused;
-  form.upward.focusOption = [&](OptionArray options, std::size_t index) {
-    focused.emplace_back(options, index);
-  };
+  using Options = std::vector<std::pair<OptionArray, std::size_t>>;
+  Options focused;
+  form.upward.focusOption = [&](auto... option) { focused.emplace_back(option...); };
   form.RunCommand3();
   form.FQ_Click(2);
   for (const int key : {13, 10, 9}) {
@@ -202,13 +196,10 @@ TEST_F(SetupFormTest, EnterGoesToTheFieldsOptionAndSelectsNothing) {
     for (const LoopFrame& frame : kLoopFrames)
       frame.Height ? form.LHc_KeyUp(frame.Index, key) : form.LEc_KeyUp(frame.Index, key);
   }
-  EXPECT_EQ(focused, (std::vector<std::pair<OptionArray, std::size_t>>{{OptionArray::WD, 6},
-                                                                       {OptionArray::FQ, 2},
-                                                                       {OptionArray::LH, 1},
-                                                                       {OptionArray::LH, 3},
-                                                                       {OptionArray::LH, 6},
-                                                                       {OptionArray::LH, 8},
-                                                                       {OptionArray::LH, 10}}));
+  constexpr auto kLoops = OptionArray::LH;
+  const Options expected = {{OptionArray::WD, 6}, {OptionArray::FQ, 2}, {kLoops, 1}, {kLoops, 3},
+                            {kLoops, 6},          {kLoops, 8},          {kLoops, 10}};
+  EXPECT_EQ(focused, expected);
   EXPECT_EQ(Selected(controls.WD), 3);
   EXPECT_EQ(SelectedLoop(0), 0);
 }

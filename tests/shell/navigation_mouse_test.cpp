@@ -150,14 +150,6 @@ TEST_F(NavigationMouse, OnlyAPlainRightPressOpensTheMenuAndRecordsNothing) {
   EXPECT_EQ(counts.repaints, 0);
 }
 
-TEST_F(NavigationMouse, DoubleClickTogglesWalkModeAndItsPointer) {
-  for (const bool on : {true, false}) {
-    view->Form_DblClick();
-    EXPECT_EQ(view->WalkMode, on);
-    EXPECT_EQ(counts.pointer, on ? Pointer::kUpArrow : Pointer::kDefault);
-  }
-}
-
 TEST_F(NavigationMouse, AnOverflowLeavesTheMoveAndTheMoveIsOver) {
   view->Camera.CamLook = std::numeric_limits<std::int16_t>::max();
   EXPECT_THROW(Drag(1, kLeftButton, kCtrl, 0, -1), model::Overflow);

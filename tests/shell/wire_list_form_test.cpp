@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "model/faults.h"
+#include "tests/fault_of.h"
 
 namespace shell {
 namespace {
@@ -95,13 +95,9 @@ TEST_F(WireList, ATierWithoutAButtonFaultsAndChangesNothing) {
     package = {};
     Add("A", "", "", "VDD");
     Add("VSS", tier, "", "OUT");
-    try {
-      form.DoWireList();
-      ADD_FAILURE() << tier;
-    } catch (const model::SubscriptOutOfRange& fault) {
-      EXPECT_EQ(fault.what(), "Run-time error: Subscript out of range (wire VSS:OUT: no button for tier " +
-                                  std::string(tier) + ")");
-    }
+    EXPECT_EQ(FaultOf([&] { form.DoWireList(); }),
+              "Run-time error: Subscript out of range (wire VSS:OUT: no button for tier " +
+                  std::string(tier) + ")");
     EXPECT_EQ(form.Entries().size(), 5U);
     EXPECT_EQ(Selected(), "03");
   }

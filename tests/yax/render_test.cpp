@@ -45,6 +45,7 @@ TEST_F(YaxTest, RendersThePixelsOfTheWindow) {
   for (const char* name : kSamples) {
     Window window(SamplePath(name), size);
     const render::Picture picture = window.Form().FramePicture();
+    EXPECT_GT(std::count(picture.Rgb.begin(), picture.Rgb.end(), 255), 30000) << name << " is seen";
     EXPECT_TRUE(PictureOf("render --size 641x479 " + SamplePath(name) + " -o") ==
                 render::BitmapBytes(picture))
         << name;

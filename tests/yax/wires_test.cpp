@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "model/wire_measures.h"
-#include "tests/temporary_folder.h"
+#include "tests/model/package_text.h"
 #include "tests/yax/refusal.h"
 #include "yax/options/loops.h"
 #include "yax/options/package.h"
@@ -57,51 +57,31 @@ constexpr char kThreeWires[] =
 
 TEST(WireRows, AreMeasuredInTheFilesUnits) {
   const Wires wires = WiresOf(kThreeWires, "A SIGNAL\nS POWER\n");
-  ASSERT_EQ(wires.rows.size(), 3U);
-
-  // A: dx 30, dy 40. Up 4; then (0.5, 2), (0.5, 2), (2, 2), level 7, and down from 40 away and 15 up:
-  // 4 + 2 * sqrt(4.25) + sqrt(8) + 7 + sqrt(40^2 + 15^2) = 4 + 4.12311 + 2.82843 + 7 + 42.72002.
-  const WireRow& base = wires.rows[0];
-  EXPECT_EQ(base.Name + "|" + base.OtherName + "|" + base.Table, "A||base");
-  EXPECT_EQ(base.Tier + base.NetType, "1SIGNAL") << "tiers counted from 0 are shown from 1";
-  EXPECT_DOUBLE_EQ(base.PlanLength, 50.0);
-  EXPECT_NEAR(base.Length, 60.671552, 1e-5);
-  EXPECT_DOUBLE_EQ(base.Angle, 53.1301) << "3-4-5, off the x axis";
-  EXPECT_DOUBLE_EQ(base.StartHeight, 5.0);
-  EXPECT_DOUBLE_EQ(base.TopHeight, 15.0);
-  EXPECT_DOUBLE_EQ(base.EndHeight, 0.0);
-  EXPECT_EQ(base.Line, 9U);
-
-  // S: dx -16, dy 12, so 20 in plan. Straight up 20, then sqrt(20^2 + 27^2). On no side by its letter; the
-  // stacked die's nearest edge is that at y = 15, whose normal is (0, 1).
-  const WireRow& stacked = wires.rows[1];
-  EXPECT_EQ(stacked.Name + "|" + stacked.OtherName + "|" + stacked.Table, "S||stacked");
-  EXPECT_EQ(stacked.Tier + stacked.NetType, "2POWER");
-  EXPECT_DOUBLE_EQ(stacked.PlanLength, 20.0);
-  EXPECT_NEAR(stacked.Length, 53.60060, 1e-5);
-  EXPECT_DOUBLE_EQ(stacked.Angle, 53.1301);
-  EXPECT_DOUBLE_EQ(stacked.TopHeight, 27.0);
-
-  // The stitch: 25 along x from the same pad, at right angles to its edge's normal; up 20 and over to (25,
-  // -22).
-  const WireRow& stitch = wires.rows[2];
-  EXPECT_EQ(stitch.Name + "|" + stitch.OtherName + "|" + stitch.Table, "S|A|stitch");
-  EXPECT_EQ(stitch.NetType, "POWER") << "a stitch goes by its first pad";
-  EXPECT_DOUBLE_EQ(stitch.PlanLength, 25.0);
-  EXPECT_NEAR(stitch.Length, 20.0 + 33.30165, 1e-5);
-  EXPECT_DOUBLE_EQ(stitch.Angle, 90.0);
-  EXPECT_DOUBLE_EQ(stitch.EndHeight, 5.0);
-  EXPECT_EQ(stitch.Line, 13U);
-
+  const char* const rows[] = {
+      // dx 30, dy 40. Up 4; then (0.5, 2), (0.5, 2), (2, 2), level 7, and down from 40 away and 15 up: 4 + 2
+      // *
+      // sqrt(4.25) + sqrt(8) + 7 + sqrt(40^2 + 15^2) = 4 + 4.12311 + 2.82843 + 7 + 42.72002. 3-4-5, off the x
+      // axis. Tiers counted from 0 are shown from 1.
+      "'A' '' 'base' '1' 'SIGNAL' 50 60.67155 53.1301 5 15 0 9",
+      // dx -16, dy 12, so 20 in plan. Straight up 20, then sqrt(20^2 + 27^2) = 33.60060. On no side by its
+      // letter; the stacked die's nearest edge is that at y = 15, whose normal is (0, 1).
+      "'S' '' 'stacked' '2' 'POWER' 20 53.6006 53.1301 7 27 0 12",
+      // The stitch goes by its first pad: 25 along x from there, at right angles to its edge's normal; up 20
+      // and
+      // over to (25, -22), 33.30165 away.
+      "'S' 'A' 'stitch' '2' 'POWER' 25 53.30165 90 7 27 5 13"};
+  ASSERT_EQ(wires.rows.size(), std::size(rows));
+  for (std::size_t i = 0; i < std::size(rows); ++i) {
+    const WireRow& row = wires.rows[i];
+    EXPECT_EQ(model::Fields(row.Name, row.OtherName, row.Table, row.Tier, row.NetType, row.PlanLength,
+                            row.Length, row.Angle, row.StartHeight, row.TopHeight, row.EndHeight, row.Line),
+              rows[i]);
+  }
   ASSERT_EQ(wires.groups.size(), 2U);
   const WireGroup& power = wires.groups[1];
-  EXPECT_EQ(power.Tier + power.NetType, "2POWER");
-  EXPECT_EQ(power.Wires, 2U);
-  EXPECT_NEAR(power.Total, 106.90225, 1e-4);
-  EXPECT_NEAR(power.Mean, 53.45113, 1e-4);
-  EXPECT_NEAR(power.Shortest, 53.30165, 1e-5);
-  EXPECT_NEAR(power.Longest, 53.60060, 1e-5);
-  EXPECT_DOUBLE_EQ(power.LargestAngle, 90.0);
+  EXPECT_EQ(model::Fields(power.Tier, power.NetType, power.Wires, power.Shortest, power.Mean, power.Longest,
+                          power.Total, power.LargestAngle),
+            "'2' 'POWER' 2 53.30165 53.45112 53.6006 106.9022 90");
 }
 
 TEST(WireRows, AreThoseThatAreDrawn) {
