@@ -130,14 +130,7 @@ TEST(LoopOptions, StartAsTheWindowOrAtTheDieHeightAndTakeSingleSettingsLast) {
 }
 
 TEST(ParameterFile, RestoresAllThatIsWritten) {
-  const model::WireBondSettings written{.Material = "Cu",
-                                        .WireDiameter = 1.25F,
-                                        .Frequency = 2e9F,
-                                        .BaseLoopHeight = 1.5F,
-                                        .StackLoopHeight = 2.5F,
-                                        .BaseExtension = 3.5F,
-                                        .StackExtension = model::kEdgeOfBaseDie,
-                                        .StitchExtension = 4.5F};
+  const model::WireBondSettings written{"Cu", 1.25F, 2e9F, 1.5F, 2.5F, 3.5F, model::kEdgeOfBaseDie, 4.5F};
   model::WireBondSettings read;
   Apply(ReadParameterText("a.zu", setup::ParameterText(TwoDice(), written)), read);
   EXPECT_EQ(TextOf(read), "1.5 3.5 2.5 -1 4.5 'Cu' 1.25 2e+09");
