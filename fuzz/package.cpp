@@ -45,15 +45,15 @@ class Listener final : public model::ReadObserver {
 };
 
 void Draw(model::Package& package) {
-  model::WireBondSettings settings;
-  model::SetUnsetDefaults(settings, package);
   const render::Appearance appearance;
   const render::WireSelection selection;
   NoPen pen;
   try {
+    model::WireBondSettings settings;
+    model::SetUnsetDefaults(settings, package);
     render::Scene({package, settings, appearance, selection}, pen).DrawPackage();
   } catch (const model::Fault&) {
-    // Ends the build with a message.
+    // Ends the load with a message.
   }
 }
 

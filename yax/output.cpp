@@ -22,8 +22,10 @@ bool IsStream(const std::string& output) {
 }
 
 void Send(std::FILE* stream, const std::string& name, std::string_view bytes) {
-  if (stream == nullptr || std::fwrite(bytes.data(), 1, bytes.size(), stream) != bytes.size() ||
-      std::fflush(stream) != 0)
+  const bool sent = stream != nullptr && std::fwrite(bytes.data(), 1, bytes.size(), stream) == bytes.size() &&
+                    std::fflush(stream) == 0;
+  // Who has read enough, as "head" does, misses nothing.
+  if (!sent && errno != EPIPE)
     throw Unusable({.File = name}, std::generic_category().message(errno), "see where it leads to");
 }
 

@@ -241,6 +241,8 @@ TEST(Check, FindsEveryOtherFaultOfTheDrawing) {
   // The corners of the largest die that can be written leave the range of a single.
   const CheckReport report = Check("TECHNOLOGY WIRE_BOND\nSD_COMPW 3e38\nSD_XOFFSET 3e38\nCOMPZ 1\n");
   EXPECT_EQ(Remarks(report, Level::Error), Texts{"0 fault"});
+  // In units of a die that is 431 wide, the greatest height is more than a single holds.
+  EXPECT_EQ(Remarks(Check("COMPW 431\nCOMPZ 3.4028235e38\n"), Level::Error), Texts{"2 fault"});
 }
 
 TEST(Check, HasNothingAgainstTheSamples) {

@@ -174,7 +174,7 @@ TEST(Clearance, IsToldInColumnsAndInJson) {
             "clearance_mil  wire       other        x_mil     y_mil    z_mil  finding\n"
             "       4.0000  A\xff\"        long_name  30.0000    0.0000  12.5000  below-limit\n"
             "      10.1803  long_name  \xC3\x84          30.0000  -25.0000  12.5000  ok\n"
-            "# 3 wires of 1.0000 mil: 0 pairs touch, 1 more are below 4.5000 mil\n");
+            "# wires: 3, diameter: 1.0000 mil, touching pairs: 0, others below 4.5000 mil: 1\n");
   const auto json = nlohmann::json::parse(JsonOf(report));
   EXPECT_EQ(json["unit"], "mil");
   EXPECT_EQ(json["limit"], 4.5);

@@ -3,6 +3,8 @@
 #include <CLI/CLI.hpp>
 #include <vector>
 
+#include "model/faults.h"
+#include "yax/messages.h"
 #include "yax/options/option_text.h"
 #include "yax/options/zu_file.h"
 
@@ -60,11 +62,13 @@ void AddLoopOptions(CLI::App& command, LoopOptions& options) {
 
 model::WireBondSettings SettingsOf(const LoopOptions& options, const model::Package& package) {
   model::WireBondSettings settings;
-  if (options.DieHeight) {
+  try {
+    // As in a load, which ends where the heights cannot be.
     model::SetUnsetDefaults(settings, package);
-  } else {
-    settings = model::SettingsAfterReset(package);
+  } catch (const model::Fault& fault) {
+    throw Unusable({.File = package.PackagePath}, fault.what(), "correct COMPZ or SD_COMPZ");
   }
+  if (!options.DieHeight) settings = model::SettingsAfterReset(package);
   if (!options.ParameterFile.empty()) Apply(ReadParameterFile(options.ParameterFile), settings);
   Apply(options.Values, settings);
   return settings;

@@ -50,12 +50,13 @@ std::string LengthText(const ClearanceReport& report, double length) {
 }
 
 std::string CountsText(const ClearanceReport& report) {
-  std::string text = "# " + std::to_string(report.Wires) + " wires of " +
-                     LengthText(report, report.WireDiameter) + " " + report.Unit.Name + ": " +
-                     std::to_string(report.Count(Finding::Touching)) + " pairs touch";
+  const auto length = [&](double value) { return LengthText(report, value) + " " + report.Unit.Name; };
+  std::string text = "# wires: " + std::to_string(report.Wires) +
+                     ", diameter: " + length(report.WireDiameter) +
+                     ", touching pairs: " + std::to_string(report.Count(Finding::Touching));
   if (report.Limit)
-    text += ", " + std::to_string(report.Count(Finding::BelowLimit)) + " more are below " +
-            LengthText(report, *report.Limit) + " " + report.Unit.Name;
+    text +=
+        ", others below " + length(*report.Limit) + ": " + std::to_string(report.Count(Finding::BelowLimit));
   return text + "\n";
 }
 

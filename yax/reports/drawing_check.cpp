@@ -1,6 +1,7 @@
 #include "yax/reports/drawing_check.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string_view>
 #include <utility>
 
@@ -54,6 +55,7 @@ class DrawingCheck {
   void NothingOfZero(std::size_t line, std::string what, std::string advice);
   void CheckTechnology();
   void CheckDiePads(const model::Table<BondRec>& bonds, const std::vector<BondLines>& lines);
+  void CheckHeights();
   void CheckBaseDie();
   void CheckStackedDie();
   void CheckBonds(const model::Table<BondRec>& bonds, const std::vector<BondLines>& lines, bool stacked);
@@ -124,6 +126,15 @@ void DrawingCheck::CheckDiePads(const model::Table<BondRec>& bonds, const std::v
               "write L, R, T or B");
     }
   }
+}
+
+/// A load works these out before it draws anything.
+void DrawingCheck::CheckHeights() {
+  model::WireBondSettings settings;
+  const std::string fault = FaultOf([&] { model::SetUnsetDefaults(settings, package_); });
+  const bool base = std::fabs(package_.CompZ) >= std::fabs(package_.SDCompZ);
+  if (!fault.empty())
+    Error("fault", lines_.HeaderOf(base ? "COMPZ" : "SD_COMPZ"), fault, "give the die a height that can be");
 }
 
 void DrawingCheck::CheckBaseDie() {
@@ -294,6 +305,7 @@ void DrawingCheck::NotePads(const model::Table<BondRec>& bonds, const std::vecto
 }
 
 void DrawingCheck::Run() {
+  CheckHeights();
   CheckTechnology();
   CheckDiePads(package_.Bonds, lines_.Bonds);
   CheckDiePads(package_.SDBonds, lines_.SDBonds);
