@@ -11,59 +11,75 @@ namespace yax {
 
 namespace {
 
-/// Keeps the loops and passes over everything else.
-class LoopPen final : public model::Pen {
+/// Keeps the wires and passes over everything else.
+class WirePen final : public model::Pen {
  public:
-  explicit LoopPen(const model::Package& package)
-      : scale_(double(package.UnitScale)), nextStitch_(package.WireNames.begin()) {}
-
   void Begin(model::Part part, std::string_view name) override {
     part_ = part;
     name_ = name;
   }
   void Quad(const model::Face&) override {}
   void Disc(const model::DiscRim&) override {}
-
-  void Strip(const model::WireStrip& points, const model::Colour&) override {
-    WireLoop loop{.Name = std::string(name_), .Pads = PadsAtWork()};
-    for (std::size_t k = 0; k < points.size(); ++k)
-      loop.Points[k] = {double(points[k].X) * scale_, -double(points[k].Z) * scale_,
-                        double(points[k].Y) * scale_};
-    Loops.push_back(std::move(loop));
+  void Strip(const model::WireStrip& strip, const model::Colour&) override {
+    DrawnWire wire{.Part = part_, .Name = std::string(name_)};
+    for (std::size_t k = 0; k < strip.size(); ++k) wire.Path[k] = {strip[k].X, -strip[k].Z, strip[k].Y};
+    Wires.push_back(std::move(wire));
   }
 
-  std::vector<WireLoop> Loops;
+  std::vector<DrawnWire> Wires;
 
  private:
-  /// A colon may be part of a pad's name, so a stitch's name alone does not tell its pads. The wire list
-  /// does: it has the stitches in their order, though other wires among them.
-  std::array<std::string, 2> PadsAtWork() {
-    if (part_ != model::Part::Stitch) return {std::string(name_), std::string(name_)};
-    while (nextStitch_->Name + ":" + nextStitch_->Name2 != name_) ++nextStitch_;
-    const model::WireNameRec& stitch = *nextStitch_++;
-    return {stitch.Name, stitch.Name2};
-  }
-
-  double scale_;
-  decltype(std::declval<const model::Package&>().WireNames.begin()) nextStitch_;
   model::Part part_{};
   std::string_view name_;
 };
 
+/// A colon may be part of a pad's name, so a stitch's name alone does not tell its pads. The wire list does:
+/// it has the stitches in their order, though other wires among them.
+class PadsInOrder {
+ public:
+  explicit PadsInOrder(const model::Package& package) : next_(package.WireNames.begin()) {}
+
+  std::array<std::string, 2> Of(const DrawnWire& wire) {
+    if (wire.Part != model::Part::Stitch) return {wire.Name, wire.Name};
+    while (next_->Name + ":" + next_->Name2 != wire.Name) ++next_;
+    const model::WireNameRec& stitch = *next_++;
+    return {stitch.Name, stitch.Name2};
+  }
+
+ private:
+  decltype(std::declval<const model::Package&>().WireNames.begin()) next_;
+};
+
 }  // namespace
 
-std::vector<WireLoop> WireLoopsOf(model::Package& package, const model::WireBondSettings& settings,
-                                  const render::WireShapes& shapes) {
-  if (package.Technology != "WIRE_BOND") return {};
+std::vector<DrawnWire> DrawnWires(model::Package& package, const model::WireBondSettings& settings,
+                                  const render::WireShapes& shapes, const render::WireSelection& selection) {
   const render::Appearance appearance;
-  const render::WireSelection selection;
-  LoopPen pen(package);
+  WirePen pen;
   try {
     render::Scene({package, settings, appearance, selection, &shapes}, pen).DrawWires();
   } catch (const model::Fault& fault) {
     throw NotDrawn(package.PackagePath, fault);
   }
-  return std::move(pen.Loops);
+  return std::move(pen.Wires);
+}
+
+std::vector<WireLoop> WireLoopsOf(model::Package& package, const model::WireBondSettings& settings,
+                                  const render::WireShapes& shapes) {
+  if (package.Technology != "WIRE_BOND") return {};
+  const double scale = package.UnitScale;
+  PadsInOrder pads(package);
+  std::vector<WireLoop> loops;
+  for (DrawnWire& wire : DrawnWires(package, settings, shapes, {})) {
+    WireLoop loop{.Name = {}, .Pads = pads.Of(wire)};
+    loop.Name = std::move(wire.Name);
+    for (std::size_t k = 0; k < wire.Path.size(); ++k) {
+      const model::PackagePoint& point = wire.Path[k];
+      loop.Points[k] = {double(point.X) * scale, double(point.Y) * scale, double(point.Z) * scale};
+    }
+    loops.push_back(std::move(loop));
+  }
+  return loops;
 }
 
 }  // namespace yax

@@ -6,12 +6,27 @@
 #include <vector>
 
 #include "model/package.h"
+#include "model/pen.h"
 #include "model/segment_distance.h"
 #include "model/wire_bond_settings.h"
 #include "model/wire_path.h"
+#include "render/wire_selection.h"
 #include "render/wire_shapes.h"
 
 namespace yax {
+
+/// A wire as the scene draws it.
+struct DrawnWire {
+  model::Part Part{};
+  std::string Name;
+  model::WirePath Path{};  ///< package axes, in the package's unit
+};
+
+/// The wires that `selection` draws: the base die's, the stacked die's, then the stitches.
+/// Needs   a wire-bonded package
+/// Faults  Unusable when a wire cannot be drawn
+std::vector<DrawnWire> DrawnWires(model::Package& package, const model::WireBondSettings& settings,
+                                  const render::WireShapes& shapes, const render::WireSelection& selection);
 
 struct WireLoop {
   std::string Name;                 ///< as in the wire list: "A", or "A:B" for a stitch

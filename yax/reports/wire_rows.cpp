@@ -8,12 +8,9 @@
 #include <unordered_map>
 #include <utility>
 
-#include "model/faults.h"
 #include "model/numbers.h"
-#include "model/pen.h"
 #include "model/wire_measures.h"
-#include "render/scene.h"
-#include "yax/reports/fault_place.h"
+#include "yax/reports/wire_loops.h"
 
 namespace yax {
 
@@ -22,31 +19,6 @@ namespace {
 using model::BondRec;
 using model::PlanVector;
 using model::WireNameRec;
-
-/// Keeps the loops that the drawing makes, so that a wire measures what it shows.
-class LoopPen final : public model::Pen {
- public:
-  void Quad(const model::Face&) override {}
-  void Disc(const model::DiscRim&) override {}
-  void Strip(const model::WireStrip& strip, const model::Colour&) override {
-    model::WirePath path;
-    for (std::size_t i = 0; i < path.size(); ++i) path[i] = {strip[i].X, -strip[i].Z, strip[i].Y};
-    Loops.push_back(path);
-  }
-
-  std::vector<model::WirePath> Loops;
-};
-
-std::vector<model::WirePath> LoopsOf(model::Package& package, const WiresAsked& asked) {
-  LoopPen pen;
-  try {
-    render::Scene({package, asked.settings, render::Appearance(), asked.selection, &asked.shapes}, pen)
-        .DrawWires();
-  } catch (const model::Fault& fault) {
-    throw NotDrawn(package.PackagePath, fault);
-  }
-  return std::move(pen.Loops);
-}
 
 /// A value with as many digits as a single holds, which is what the text of it shows.
 double Rounded(double value) {
@@ -58,8 +30,8 @@ double Rounded(double value) {
 
 class WireMeasures {
  public:
-  WireMeasures(const model::Package& package, std::vector<model::WirePath> loops)
-      : package_(package), loops_(std::move(loops)) {
+  WireMeasures(const model::Package& package, std::vector<DrawnWire> wires)
+      : package_(package), wires_(std::move(wires)) {
     for (const WireNameRec& entry : package.WireNames) entries_.emplace(entry.Name, &entry);
     for (const BondRec& bond : package.Bonds) pads_.insert_or_assign(bond.Name, Pad{&bond, false});
     // Like the sizes of its pads, the direction of a stitch comes from the last pad of the name.
@@ -83,7 +55,7 @@ class WireMeasures {
   double AngleOf(const model::WirePath& loop, const Pad& pad) const;
 
   const model::Package& package_;
-  std::vector<model::WirePath> loops_;  ///< in the order of the rows
+  std::vector<DrawnWire> wires_;  ///< in the order of the rows, measured as they show
   std::unordered_map<std::string_view, const WireNameRec*> entries_;
   std::unordered_map<std::string_view, Pad> pads_;
 };
@@ -109,7 +81,7 @@ double WireMeasures::AngleOf(const model::WirePath& loop, const Pad& pad) const 
 
 void WireMeasures::Add(std::string_view name, std::string_view otherName, const char* table, const Pad& pad,
                        std::size_t line) {
-  const model::WirePath& loop = loops_[Rows.size()];
+  const model::WirePath& loop = wires_[Rows.size()].Path;
   const double scale = double(package_.UnitScale);
   const auto entry = entries_.find(name);
   WireRow row{.Name = std::string(name), .OtherName = std::string(otherName), .Table = table};
@@ -154,7 +126,7 @@ void WireMeasures::AddStitches(const std::vector<std::size_t>& lines,
 
 std::vector<WireRow> WireRows(model::Package& package, const WiresAsked& asked, const PackageLines& lines) {
   if (package.Technology != "WIRE_BOND") return {};
-  WireMeasures measures(package, LoopsOf(package, asked));
+  WireMeasures measures(package, DrawnWires(package, asked.settings, asked.shapes, asked.selection));
   measures.AddBonds(package.Bonds, lines.Bonds, asked.selection, false);
   measures.AddBonds(package.SDBonds, lines.SDBonds, asked.selection, true);
   measures.AddStitches(lines.Stitches, asked.selection);
