@@ -48,7 +48,8 @@ void ExposureWatch::FrameFollows() {
 bool ExposureWatch::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*) {
   if (eventType != "xcb_generic_event_t") return false;
   const auto& event = *static_cast<const xcb_generic_event_t*>(message);
-  if (WindowOf(event) != window_.winId()) return false;
+  // To ask a window that is gone for its number would make it anew.
+  if (window_.handle() == nullptr || WindowOf(event) != window_.winId()) return false;
   // The numbers wrap round.
   const bool afterFrame = static_cast<std::int32_t>(event.full_sequence - frame_) >= 0;
   due_ = due_ || afterFrame;

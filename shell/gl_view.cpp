@@ -44,7 +44,7 @@ GlView::GlView(QWidget* parent) : QWidget(parent) {
   surface_->setFlags(Qt::FramelessWindowHint | Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus);
   surface_->setFormat(WantedFormat());
   surface_->installEventFilter(this);
-  surface_->setGeometry(QRect(QPoint(0, 0), size()));
+  FitSurface();
   surface_->create();
   surface_->setVisible(true);
   exposures_ = std::make_unique<ExposureWatch>(*surface_);
@@ -56,7 +56,7 @@ bool GlView::CreateContext() {
   DeleteContext();
   // A hidden widget hears of its size only when it is shown, and the driver keeps the size that it finds
   // first.
-  surface_->setGeometry(QRect(QPoint(0, 0), size()));
+  FitSurface();
   context_ = std::make_unique<QOpenGLContext>();
   context_->setFormat(WantedFormat());
   if (context_->create() && IsUsable(context_->format()) && context_->makeCurrent(surface_)) return true;
@@ -92,9 +92,11 @@ bool GlView::eventFilter(QObject* watched, QEvent* event) {
   return QWidget::eventFilter(watched, event);
 }
 
+void GlView::FitSurface() { surface_->setGeometry(QRect(QPoint(0, 0), size())); }
+
 void GlView::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  surface_->setGeometry(QRect(QPoint(0, 0), size()));
+  FitSurface();
   if (resized) resized();
 }
 

@@ -41,6 +41,8 @@ class GlView final : public QWidget, public render::GlSurface {
   QPaintEngine* paintEngine() const override { return nullptr; }
 
  private:
+  void FitSurface();
+
   QWindow* surface_;  // owned by the widget's own window
   std::unique_ptr<ExposureWatch> exposures_;
   std::unique_ptr<QOpenGLContext> context_;
