@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "render/gl_surface.h"
+#include "render/gl/gl_surface.h"
 
 namespace bench {
 

@@ -13,7 +13,7 @@
 #include "bench/emission.h"
 #include "bench/first_frame.h"
 #include "bench/package_scene.h"
-#include "render/frame.h"
+#include "render/gl/frame.h"
 
 namespace {
 

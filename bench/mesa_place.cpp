@@ -1,8 +1,8 @@
 #include <stdexcept>
 
 #include "bench/drawing_place.h"
-#include "render/frame.h"
-#include "render/offscreen.h"
+#include "render/gl/frame.h"
+#include "render/gl/offscreen.h"
 
 namespace bench {
 

@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "model/reader.h"
+#include "model/reader/read_package.h"
 #include "model/wire_bond_settings.h"
 #include "render/scene.h"
 

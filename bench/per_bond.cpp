@@ -7,9 +7,9 @@
 #include "bench/drawing_place.h"
 #include "bench/emission.h"
 #include "bench/package_scene.h"
-#include "model/reader.h"
-#include "render/gl_pen.h"
-#include "render/scene_list.h"
+#include "model/reader/read_package.h"
+#include "render/gl/gl_pen.h"
+#include "render/gl/scene_list.h"
 
 namespace {
 

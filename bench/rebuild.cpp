@@ -8,8 +8,8 @@
 #include "bench/drawing_place.h"
 #include "bench/package_scene.h"
 #include "bench/stopwatch.h"
-#include "render/gl_pen.h"
-#include "render/scene_list.h"
+#include "render/gl/gl_pen.h"
+#include "render/gl/scene_list.h"
 
 int main(int argc, char** argv) {
   if (argc != 3) return std::fputs("usage: bench_rebuild PACKAGE keep|delete\n", stderr), 2;

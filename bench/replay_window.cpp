@@ -12,7 +12,7 @@
 #include "bench/package_scene.h"
 #include "bench/stopwatch.h"
 #include "bench/x_window.h"
-#include "render/frame.h"
+#include "render/gl/frame.h"
 
 // Last: they define words such as None.
 #include <GL/gl.h>

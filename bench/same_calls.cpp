@@ -5,9 +5,9 @@
 
 #include "bench/emission.h"
 #include "bench/package_scene.h"
-#include "render/gl_pen.h"
-#include "render/scene_list.h"
-#include "tests/gl_recorder/gl_recorder.h"
+#include "render/gl/gl_pen.h"
+#include "render/gl/scene_list.h"
+#include "gl_recorder/gl_recorder.h"
 
 namespace {
 

@@ -16,8 +16,8 @@
 #include "bench/orders.h"
 #include "bench/stopwatch.h"
 #include "bench/x_window.h"
-#include "shell/gl_view.h"
-#include "shell/main_window.h"
+#include "shell/ui/gl_view.h"
+#include "shell/ui/main_window.h"
 
 namespace {
 

@@ -17,7 +17,7 @@
 #include "fuzz/expect.h"
 #include "shell/command_line.h"
 #include "shell/main_form.h"
-#include "tests/gl_recorder/gl_recorder.h"
+#include "gl_recorder/gl_recorder.h"
 
 namespace {
 

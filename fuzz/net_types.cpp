@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "fuzz/expect.h"
-#include "model/reader.h"
+#include "model/reader/read_package.h"
 
 namespace {
 

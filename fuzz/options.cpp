@@ -14,7 +14,7 @@
 #include "fuzz/arguments.h"
 #include "fuzz/expect.h"
 #include "model/arithmetic.h"
-#include "model/reader.h"
+#include "model/reader/read_package.h"
 #include "yax/messages.h"
 #include "yax/options/camera.h"
 #include "yax/options/loops.h"

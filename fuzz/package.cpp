@@ -6,7 +6,7 @@
 
 #include "fuzz/expect.h"
 #include "model/faults.h"
-#include "model/reader.h"
+#include "model/reader/read_package.h"
 #include "render/scene.h"
 
 namespace {

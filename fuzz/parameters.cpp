@@ -9,7 +9,7 @@
 
 #include "fuzz/expect.h"
 #include "fuzz/memory_file.h"
-#include "model/reader.h"
+#include "model/reader/read_package.h"
 #include "setup/setup_form.h"
 #include "yax/messages.h"
 #include "yax/options/zu_file.h"

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "fuzz/expect.h"
-#include "shell/rtf.h"
+#include "shell/help/rtf.h"
 
 namespace {
 

@@ -10,16 +10,20 @@ namespace model {
 namespace {
 
 /// Length in plan: squares and sum in double precision, the root a single.
-float PlanLength(float dx, float dy) {
+float SingleLength(float dx, float dy) {
   return Single(std::sqrt(double(dx) * double(dx) + double(dy) * double(dy)));
 }
 
 }  // namespace
 
+double PlanLength(const PackagePoint& start, const PackagePoint& end) {
+  return std::hypot(double(end.X) - double(start.X), double(end.Y) - double(start.Y));
+}
+
 WirePath SevenPoints(const PackagePoint& start, const PackagePoint& end, float loopHeight, float extension) {
   const float dx = Single(double(end.X) - double(start.X));
   const float dy = Single(double(end.Y) - double(start.Y));
-  const float length = PlanLength(dx, dy);
+  const float length = SingleLength(dx, dy);
   const float ux = Single(Divide(double(dx), double(length), "its ends coincide"));
   const float uy = Single(Divide(double(dy), double(length), "its ends coincide"));
 
@@ -42,7 +46,7 @@ float EdgeDistance(const std::string& side, const PackagePoint& start, float sub
                    const DiePlan& baseDie, float previous) {
   const float a = Single(double(start.X) - double(subX));
   const float b = Single(double(start.Y) - double(subY));
-  const double length = double(PlanLength(a, b));
+  const double length = double(SingleLength(a, b));
   const double halfWidth = double(baseDie.Width) / 2.0;
   const double halfLength = double(baseDie.Length) / 2.0;
   const auto distance = [&](double toEdge, float run) {

@@ -14,6 +14,9 @@ struct PackagePoint {
 inline constexpr int kWirePointCount = 7;
 using WirePath = std::array<PackagePoint, kWirePointCount>;
 
+/// The distance between two points seen from above.
+double PlanLength(const PackagePoint& start, const PackagePoint& end);
+
 /// The loop from `start` (at a die pad) to `end`: straight up to 40 % of the loop height, bent
 /// outwards over 5 % and 10 % of the extension, level from 30 % to all of it, then straight down.
 /// Units   all in scene units; `loopHeight` counts from the start's height

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "model/pen.h"
-#include "render/gl_surface.h"
+#include "render/gl/gl_surface.h"
 
 namespace render {
 

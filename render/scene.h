@@ -10,8 +10,8 @@
 #include "model/wire_bond_settings.h"
 #include "model/wire_path.h"
 #include "render/appearance.h"
-#include "render/wire_selection.h"
-#include "render/wire_shapes.h"
+#include "model/wire_selection.h"
+#include "model/wire_shapes.h"
 
 namespace render {
 

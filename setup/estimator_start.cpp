@@ -12,7 +12,7 @@
 #include "model/faults.h"
 #include "model/files.h"
 #include "model/whole_file.h"
-#include "setup/estimator_file.h"
+#include "setup/parameter_file.h"
 
 namespace setup {
 

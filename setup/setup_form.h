@@ -7,7 +7,7 @@
 
 #include "model/package.h"
 #include "model/wire_bond_settings.h"
-#include "setup/estimator_file.h"
+#include "setup/parameter_file.h"
 #include "setup/estimator_start.h"
 #include "setup/file_dialog.h"
 #include "setup/loop_picture.h"

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "model/arithmetic.h"
-#include "model/wire_measures.h"
 #include "model/wire_path.h"
 
 namespace setup {

@@ -6,11 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "model/title.h"
-#include "shell/accessible_view.h"
+#include "shell/title.h"
+#include "shell/ui/accessible_view.h"
 #include "shell/command_line.h"
-#include "shell/display.h"
-#include "shell/main_window.h"
+#include "shell/ui/display.h"
+#include "shell/ui/main_window.h"
 
 namespace {
 

@@ -3,9 +3,9 @@
 #include <optional>
 
 #include "model/files.h"
-#include "model/reader.h"
-#include "model/title.h"
-#include "render/read_back.h"
+#include "model/reader/read_package.h"
+#include "shell/title.h"
+#include "render/gl/read_back.h"
 
 namespace shell {
 

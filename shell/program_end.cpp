@@ -1,6 +1,6 @@
 #include "shell/program_end.h"
 
-#include "model/title.h"
+#include "shell/title.h"
 
 namespace shell {
 

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "model/text.h"
-#include "model/wire_names.h"
+#include "model/reader/wire_names.h"
 
 namespace shell {
 

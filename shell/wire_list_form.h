@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "model/package.h"
-#include "model/wire_names.h"
-#include "render/wire_selection.h"
+#include "model/reader/wire_names.h"
+#include "model/wire_selection.h"
 #include "shell/entry_ranges.h"
 
 namespace shell {

@@ -4,10 +4,10 @@
 #include "yax/commands.h"
 #include "yax/options/package.h"
 #include "yax/output.h"
-#include "yax/reports/check_report.h"
-#include "yax/reports/drawing_check.h"
-#include "yax/reports/line_check.h"
-#include "yax/reports/wire_list_check.h"
+#include "formats/check_report.h"
+#include "analysis/drawing_check.h"
+#include "analysis/line_check.h"
+#include "analysis/wire_list_check.h"
 
 namespace yax {
 

@@ -14,8 +14,8 @@
 #include "yax/options/unit.h"
 #include "yax/output.h"
 #include "yax/pictures/package_picture.h"
-#include "yax/reports/clearance_report.h"
-#include "yax/reports/wire_loops.h"
+#include "formats/clearance_report.h"
+#include "analysis/wire_loops.h"
 
 namespace yax {
 

@@ -18,7 +18,7 @@
 #include "yax/options/unit.h"
 #include "yax/options/wires.h"
 #include "yax/output.h"
-#include "yax/reports/fault_place.h"
+#include "analysis/fault_place.h"
 
 namespace yax {
 

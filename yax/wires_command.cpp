@@ -11,9 +11,9 @@
 #include "yax/options/package.h"
 #include "yax/options/wires.h"
 #include "yax/output.h"
-#include "yax/reports/line_check.h"
-#include "yax/reports/wire_rows.h"
-#include "yax/reports/wire_table.h"
+#include "analysis/line_check.h"
+#include "analysis/wire_rows.h"
+#include "formats/wire_table.h"
 
 namespace yax {
 

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "model/reader.h"
+#include "model/reader/read_package.h"
 #include "tests/temporary_folder.h"
 
 namespace model {

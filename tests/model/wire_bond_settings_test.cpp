@@ -1,6 +1,6 @@
 #include "model/wire_bond_settings.h"
 
-#include "model/title.h"
+#include "shell/title.h"
 #include "model/version.h"
 #include "tests/model/package_text.h"
 

@@ -15,8 +15,8 @@
 #include <memory>
 #include <string>
 
-#include "shell/gl_view.h"
-#include "shell/main_window.h"
+#include "shell/ui/gl_view.h"
+#include "shell/ui/main_window.h"
 #include "tests/setup/answering_dialog.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <set>
 
 #include "shell/command_line.h"
-#include "tests/gl_recorder/gl_test.h"
+#include "gl_recorder/gl_test.h"
 #include "tests/temporary_folder.h"
 
 namespace {

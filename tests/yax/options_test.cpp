@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "setup/estimator_file.h"
+#include "setup/parameter_file.h"
 #include "tests/model/package_text.h"
 #include "tests/yax/refusal.h"
 #include "yax/options/camera.h"

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "render/bitmap.h"
-#include "render/framebuffer.h"
-#include "render/offscreen.h"
+#include "render/gl/framebuffer.h"
+#include "render/gl/offscreen.h"
 #include "setup/setup_form.h"
 #include "shell/main_form.h"
 #include "tests/setup/answering_dialog.h"

@@ -10,7 +10,7 @@
 #include <utility>
 
 #include "model/version.h"
-#include "yax/json_text.h"
+#include "formats/json_text.h"
 #include "yax/meshes/mesh_files.h"
 
 namespace yax {

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "render/gl_surface.h"
+#include "render/gl/gl_surface.h"
 
 namespace yax {
 

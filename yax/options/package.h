@@ -4,7 +4,7 @@
 #include <string>
 
 #include "model/package.h"
-#include "model/reader.h"
+#include "model/reader/read_package.h"
 
 namespace CLI {
 class App;

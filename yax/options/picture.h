@@ -4,7 +4,7 @@
 #include <string>
 
 #include "render/appearance.h"
-#include "render/gl_surface.h"
+#include "render/gl/gl_surface.h"
 
 namespace CLI {
 class App;

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "model/package.h"
-#include "render/wire_shapes.h"
+#include "model/wire_shapes.h"
 
 namespace CLI {
 class App;

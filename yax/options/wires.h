@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "model/package.h"
-#include "render/wire_selection.h"
+#include "model/wire_selection.h"
 
 namespace CLI {
 class App;

@@ -7,7 +7,7 @@
 #include "model/files.h"
 #include "model/numbers.h"
 #include "model/text.h"
-#include "setup/estimator_file.h"
+#include "setup/parameter_file.h"
 #include "yax/messages.h"
 
 namespace yax {

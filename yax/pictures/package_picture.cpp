@@ -7,14 +7,14 @@
 
 #include "model/faults.h"
 #include "render/bitmap.h"
-#include "render/frame.h"
-#include "render/gl_pen.h"
-#include "render/offscreen.h"
+#include "render/gl/frame.h"
+#include "render/gl/gl_pen.h"
+#include "render/gl/offscreen.h"
 #include "render/scene.h"
-#include "render/scene_list.h"
+#include "render/gl/scene_list.h"
 #include "yax/messages.h"
 #include "yax/pictures/png_bytes.h"
-#include "yax/reports/fault_place.h"
+#include "analysis/fault_place.h"
 
 namespace yax {
 

@@ -5,8 +5,8 @@
 
 #include "model/package.h"
 #include "model/wire_bond_settings.h"
-#include "render/wire_selection.h"
-#include "render/wire_shapes.h"
+#include "model/wire_selection.h"
+#include "model/wire_shapes.h"
 #include "yax/options/camera.h"
 #include "yax/options/picture.h"
 

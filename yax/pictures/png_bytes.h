@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-#include "render/gl_surface.h"
+#include "render/gl/gl_surface.h"
 
 namespace yax {
 

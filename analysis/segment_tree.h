@@ -1,0 +1,101 @@
+/// A search tree over the straight pieces of all wires: finds those that come near without looking at each.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <utility>
+#include <vector>
+
+#include "analysis/segment_distance.h"
+
+namespace yax {
+
+struct WirePiece {
+  model::Segment Line;
+  std::uint32_t Wire = 0;
+  std::uint32_t Net = 0;
+};
+
+/// Pieces of a wire, one after the other, that are searched for together.
+struct WireRun {
+  std::span<const model::Point3> Points;  ///< at least two
+  std::uint32_t Net = 0;
+};
+
+/// Wires run in bundles, long and side by side; boxes round them would be nearly all air and overlap. So a
+/// node is a slanting band: its pieces run from a box at one end of an axis to a box at the other.
+class SegmentTree {
+ public:
+  explicit SegmentTree(std::vector<WirePiece> pieces);
+
+  /// Calls `visit` for the pieces of other nets that may come as near to `run` as `reach`, which is read
+  /// again all the time: shrink it once something nearer is found. Pieces may be visited that are farther
+  /// away. Several threads may search at once.
+  /// Returns  how many nodes were measured
+  template <class Visit>
+  std::size_t Search(const WireRun& run, const double& reach, Visit&& visit) const;
+
+ private:
+  static constexpr std::uint32_t kNone = UINT32_MAX;
+
+  struct Node {
+    model::Segment Axis;        ///< from the middle of where pieces begin to the middle of where they end
+    model::Point3 BeginHalf{};  ///< half the extent of where they begin
+    model::Point3 EndHalf{};
+    model::Point3 Low{}, High{};  ///< of all of it
+    double Hair = 0.0;            ///< what rounding may take away
+    std::uint32_t Net = kNone;    ///< of all its pieces, or kNone for several
+    std::uint32_t Begin = 0, End = 0;
+    std::uint32_t Right = kNone;  ///< the left child follows its parent; a leaf has none
+  };
+  struct Waiting {
+    std::uint32_t Node = 0;
+    double Distance = 0.0;
+  };
+  struct Query {
+    WireRun Run;
+    model::Point3 Low{}, High{};
+  };
+  // One node waits for each level above; halving 2^32 pieces makes no more.
+  static constexpr std::size_t kMostWaiting = 34;
+
+  std::uint32_t Build(std::uint32_t begin, std::uint32_t end);
+  void Enclose(Node& node) const;
+  static std::size_t WidestOf(const Node& node);
+  static Query QueryOf(const WireRun& run);
+  static double LeastDistance(const Node& node, const Query& query, double reach);
+
+  std::vector<WirePiece> pieces_;
+  std::vector<Node> nodes_;
+};
+
+template <class Visit>
+std::size_t SegmentTree::Search(const WireRun& run, const double& reach, Visit&& visit) const {
+  const Query query = QueryOf(run);
+  std::array<Waiting, kMostWaiting> waiting;
+  std::size_t count = 0;
+  std::size_t effort = 0;
+  if (!nodes_.empty()) waiting[count++] = {0, 0.0};
+  while (count > 0) {
+    const Waiting next = waiting[--count];
+    if (next.Distance > reach) continue;
+    const Node& node = nodes_[next.Node];
+    if (node.Net == run.Net) continue;
+    if (node.Right == kNone) {
+      for (std::uint32_t i = node.Begin; i < node.End; ++i)
+        if (pieces_[i].Net != run.Net) visit(pieces_[i]);
+      continue;
+    }
+    Waiting near{next.Node + 1, LeastDistance(nodes_[next.Node + 1], query, reach)};
+    Waiting far{node.Right, LeastDistance(nodes_[node.Right], query, reach)};
+    effort += 2;
+    if (far.Distance < near.Distance) std::swap(near, far);
+    waiting[count++] = far;
+    waiting[count++] = near;
+  }
+  return effort;
+}
+
+}  // namespace yax

@@ -1,0 +1,47 @@
+#include "analysis/wire_list_check.h"
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "model/faults.h"
+#include "model/reader/wire_names.h"
+
+namespace yax {
+
+namespace {
+
+using PadLines = std::unordered_map<std::string_view, std::size_t>;
+
+/// The substrate pads' lines by name. Of pads with one name the first counts, as for the wire list.
+PadLines LinesOf(const model::Table<model::BondRec>& bonds, const std::vector<BondLines>& lines) {
+  PadLines found;
+  for (std::size_t i = 0; i < bonds.Count(); ++i) found.emplace(bonds[i].Name, lines[i].SubstratePad);
+  return found;
+}
+
+}  // namespace
+
+void CheckWireList(const model::Package& package, const PackageLines& lines, CheckReport& report) {
+  std::unordered_set<std::string_view> told;
+  PadLines pads;
+  for (const model::WireNameRec& wire : package.WireNames) {
+    try {
+      model::MindTier(wire);
+    } catch (const model::SubscriptOutOfRange& fault) {
+      if (!told.insert(wire.Tier).second) continue;
+      if (pads.empty()) {
+        pads = LinesOf(package.SDBonds, lines.SDBonds);
+        pads.merge(LinesOf(package.Bonds, lines.Bonds));
+      }
+      report.Remarks.push_back({Level::Error,
+                                "tier-fault",
+                                {report.File, pads[wire.Name]},
+                                "the wire list ends the viewer with \"" + std::string(fault.what()) + "\"",
+                                "number tiers from 0 or 1 on, and give the SBP line of every wire one"});
+    }
+  }
+}
+
+}  // namespace yax

@@ -1,0 +1,16 @@
+#include "formats/json_text.h"
+
+#include <nlohmann/json.hpp>
+
+namespace yax {
+
+std::string JsonText(const Json& json) {
+  return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+std::string Utf8Of(std::string_view bytes) {
+  // The writer knows how; its reader takes the quotes and escapes off again.
+  return Json::parse(JsonText(bytes)).get<std::string>();
+}
+
+}  // namespace yax

@@ -1,0 +1,79 @@
+/// The reader at work: what it keeps from line to line.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "model/reader/keywords.h"
+#include "model/reader/name_index.h"
+#include "model/numbers.h"
+#include "model/reader/package_header.h"
+#include "model/reader/read_observer.h"
+#include "model/reader/read_package.h"
+#include "model/text.h"
+#include "model/reader/wire_names.h"
+
+namespace model {
+
+/// One run over a package file. The name index views the file's text and dies with it.
+class PackageReader {
+ public:
+  PackageReader(const PackageScalars& before, ReadObserver* observer) : observer_(observer) {
+    static_cast<PackageScalars&>(package_) = before;
+  }
+
+  void ReadText(std::string text) {
+    text_ = std::move(text);
+    DropCarriageReturns(text_);
+    Lines lines(text_);
+    if (ReadHeader(lines)) ReadBody(lines);
+  }
+
+  void ReadSideFile(std::string_view text) { ReadNetTypes(text, index_, package_, observer_); }
+  void SetWireTiers() { SetTiers(wirePlaces_, index_, package_); }
+
+  Package& Result() { return package_; }
+  ReadEffort Effort() const { return {index_.Comparisons(), line_}; }
+
+ private:
+  bool NextRecord(Lines& lines);
+  bool ReadHeader(Lines& lines);
+  void ReserveTables(Lines lines);
+  void ReadBody(Lines& lines);
+  void BodyLine(BodyKeyword keyword);
+  void NoteHeaderLine(HeaderLine kind);
+  void NoteBodyLine(BodyKeyword keyword);
+  RecordPlace PlaceOf(BodyKeyword keyword);
+  void ReadDiePad(bool stacked);
+  void ReadSubstratePad();
+  void ReadWire();
+  void ReadStitch();
+  void ReadRing();
+  void ReadSRing();
+  void ReadSegment();
+  void ReadDap();
+  RecordPlace BondPlace(std::uint32_t name);
+  RecordPlace RingPlace(std::uint32_t name);
+  BondRec* FindBond(std::uint32_t name);
+  const BondRec* LastBond(std::uint32_t name);
+  void AddWireName(std::uint32_t name, std::string_view text, std::string_view text2);
+  float Number(std::size_t field) {
+    numbers_ |= 1U << field;
+    return ToNumber(tokens_[field]);
+  }
+  float Scaled(std::size_t field) { return Number(field) / package_.UnitScale; }
+
+  Package package_;
+  std::string text_;
+  Tokens tokens_;
+  NameIndex index_;
+  std::vector<std::uint32_t> wirePlaces_;  ///< number in the index of each wire-list entry's name
+  ReadObserver* observer_;                 ///< or null
+  std::size_t line_ = 0;                   ///< lines read so far
+  std::uint32_t numbers_ = 0;              ///< bit n: field n was read as a number since the last note
+};
+
+}  // namespace model

@@ -1,0 +1,49 @@
+/// Being told, line by line, what the reader did with a package file.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "model/reader/keywords.h"
+#include "model/text.h"
+
+namespace model {
+
+enum class LineFate {
+  Taken,
+  UnknownKeyword,
+  BeforeCompz,   ///< a line of the body, ignored in the header
+  AfterCompz,    ///< a line of the header, ignored in the body
+  NamesNothing,  ///< the pad, ring or wire that it names is not there, or not yet
+  NotTwoFields,  ///< in the side file
+};
+
+/// The table whose record a line filled or changed. A ring's segments go by their ring.
+enum class RecordTable { None, Bonds, SDBonds, Stitches, Rings, SRings, Daps };
+
+struct RecordPlace {
+  RecordTable Table = RecordTable::None;
+  std::size_t Number = 0;
+};
+
+struct LineNote {
+  std::size_t Line;  ///< counted from 1
+  const Tokens& Fields;
+  LineFate Fate;
+  BodyKeyword Keyword;    ///< None in the header and in the side file
+  std::uint32_t Numbers;  ///< bit n: field n was read as a number
+  RecordPlace Record;
+
+  bool ReadAsNumber(std::size_t field) const { return (Numbers >> field & 1U) != 0; }
+};
+
+class ReadObserver {
+ public:
+  virtual ~ReadObserver() = default;
+
+  // Each is called for every line that holds fields, in the file's order.
+  virtual void OnPackageLine(const LineNote& note) = 0;
+  virtual void OnSideFileLine(const LineNote& note) = 0;
+};
+
+}  // namespace model

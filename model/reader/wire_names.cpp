@@ -1,0 +1,79 @@
+#include "model/reader/wire_names.h"
+
+#include <string>
+
+#include "model/arithmetic.h"
+#include "model/faults.h"
+#include "model/numbers.h"
+#include "model/text.h"
+
+namespace model {
+
+namespace {
+
+LineFate TakeNetType(const Tokens& tokens, NameIndex& index, Package& package) {
+  if (tokens.Found() != 2) return LineFate::NotTwoFields;
+  const std::uint32_t name = index.Find(tokens[0]);
+  if (name == NamePlaces::kNone || index.At(name).firstWire == NamePlaces::kNone)
+    return LineFate::NamesNothing;
+  package.WireNames[index.At(name).firstWire].NetType = tokens[1];
+  return LineFate::Taken;
+}
+
+}  // namespace
+
+void ReadNetTypes(std::string_view text, NameIndex& index, Package& package, ReadObserver* observer) {
+  Tokens tokens;
+  Lines lines(text);
+  std::string_view line;
+  for (std::size_t number = 1; lines.Next(line); ++number) {
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    tokens.SplitLine(line);
+    const LineFate fate = TakeNetType(tokens, index, package);
+    if (observer != nullptr && tokens.Found() != 0)
+      observer->OnSideFileLine({number, tokens, fate, BodyKeyword::None, 0, {}});
+  }
+  package.HaveVuFile = true;
+}
+
+void SetTiers(const std::vector<std::uint32_t>& wirePlaces, NameIndex& index, Package& package) {
+  std::string lowest = "4";
+  float lowestNumber = 4.0F;
+  const auto copyFrom = [&](const Table<BondRec>& table, std::uint32_t NamePlaces::*first) {
+    for (std::size_t i = 0; i < wirePlaces.size(); ++i) {
+      const std::uint32_t number = index.At(wirePlaces[i]).*first;
+      if (number == NamePlaces::kNone) continue;
+      const std::string& tier = table[number].Tier;
+      package.WireNames[i].Tier = tier;
+      const float tierNumber = ToNumber(tier);
+      if (!(lowestNumber > tierNumber)) continue;
+      lowest = tier;
+      lowestNumber = tierNumber;
+    }
+  };
+  copyFrom(package.Bonds, &NamePlaces::firstBond);
+  copyFrom(package.SDBonds, &NamePlaces::firstSDBond);
+  if (lowest != "0") return;
+  for (WireNameRec& entry : package.WireNames)
+    entry.Tier = GeneralText(Single(double(ToNumber(entry.Tier)) + 1.0));
+}
+
+std::string EntryText(const WireNameRec& wire) {
+  return wire.Name2.empty() ? wire.Name : wire.Name + ":" + wire.Name2;
+}
+
+// Deliberate: a tier is a button's number, whatever the button: "5" enables "Stitch".
+std::optional<std::size_t> ButtonOfTier(const std::string& tier) {
+  const double index = NearestWhole(double(ToNumber(tier)) - 1.0);
+  if (!(index >= 0.0 && index < double(kWireListButtons))) return std::nullopt;
+  return static_cast<std::size_t>(index);
+}
+
+void MindTier(const WireNameRec& wire) {
+  if (wire.Tier.empty() || ButtonOfTier(wire.Tier)) return;
+  SubscriptOutOfRange fault("no button for tier " + wire.Tier);
+  fault.NameRecord("wire " + EntryText(wire));
+  throw fault;
+}
+
+}  // namespace model

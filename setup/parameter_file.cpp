@@ -1,0 +1,107 @@
+#include "setup/parameter_file.h"
+
+#include <algorithm>
+
+#include "model/numbers.h"
+#include "model/text.h"
+
+namespace setup {
+
+namespace {
+
+constexpr std::string_view kNewLine = "\r\n";
+
+struct Key {
+  ParameterKey Meaning;
+  std::string_view Written;
+  std::string_view Loaded;
+};
+
+// Deliberate: the load knows two keys by other texts than those that ParameterText writes, so in the window
+// a saved file never restores these two extensions.
+constexpr Key kKeys[] = {
+    {ParameterKey::YaxFile, "YAXFILE", "YAXFILE"},
+    {ParameterKey::Material, "MATERIAL", "MATERIAL"},
+    {ParameterKey::WireDiameter, "WIREDIAMETER", "WIREDIAMETER"},
+    {ParameterKey::Frequency, "FREQUENCY", "FREQUENCY"},
+    {ParameterKey::BaseLoopHeight, "BASELOOPHEIGHT", "BASELOOPHEIGHT"},
+    {ParameterKey::BaseExtension, "BASEEXTENSION", "BASEEXTENSTON"},
+    {ParameterKey::StackLoopHeight, "STACKLOOPHEIGHT", "STACKLOOPHEIGHT"},
+    {ParameterKey::StackExtension, "STACKEXTENSION", "STACKEXTENSION"},
+    {ParameterKey::StitchExtension, "STICHEXTENSION", "STICHEXTENSTON"},
+};
+
+std::optional<Parameter> ReadLine(std::string_view line, KeyTexts texts) {
+  const std::size_t equals = line.find('=');
+  if (equals == std::string_view::npos) return std::nullopt;
+  for (const Key& key : kKeys)
+    if (model::EqualsUpper(line.substr(0, equals), texts == KeyTexts::AsWritten ? key.Written : key.Loaded))
+      return Parameter{key.Meaning, line.substr(equals + 1)};
+  return std::nullopt;
+}
+
+/// Drops the last UTF-8 character; of other bytes, one.
+void DropLastCharacter(std::string_view& text) {
+  std::size_t length = 1;
+  const auto continues = [&](std::size_t fromEnd) {
+    return (static_cast<unsigned char>(text[text.size() - fromEnd]) & 0xC0U) == 0x80U;
+  };
+  while (length < 4 && length < text.size() && continues(length)) ++length;
+  text.remove_suffix(length);
+}
+
+}  // namespace
+
+std::string ParameterText(const model::Package& package, const model::WireBondSettings& settings) {
+  std::string text;
+  const auto line = [&](std::string_view key, std::string_view value) {
+    ((text += key) += value) += kNewLine;
+  };
+  line("YAXFile=", model::FileNameOf(package.PackagePath));
+  line("Material=", settings.Material);
+  line("WireDiameter=", model::GeneralText(settings.WireDiameter));
+  line("Frequency=", model::GeneralText(settings.Frequency));
+  line("BaseLoopHeight=", model::GeneralText(settings.BaseLoopHeight));
+  line("BaseExtension=", model::GeneralText(settings.BaseExtension));
+  if (package.SDBonds.Empty()) return text;
+  line("StackLoopHeight=", model::GeneralText(settings.StackLoopHeight));
+  line("StackExtension=", model::GeneralText(settings.StackExtension));
+  // Deliberate: the key's spelling, and that it is written only with a stacked die, though every stitch has
+  // one.
+  line("StichExtension=", model::GeneralText(settings.StitchExtension));
+  return text;
+}
+
+std::vector<ParameterLine> ReadParameterLines(std::string_view text, KeyTexts texts) {
+  std::vector<ParameterLine> lines;
+  for (std::size_t number = 1; !text.empty(); ++number) {
+    const std::size_t end = std::min(text.find_first_of(kNewLine), text.size());
+    const std::string_view line = text.substr(0, end);
+    if (!line.empty()) lines.push_back({number, line, ReadLine(line, texts)});
+    text.remove_prefix(end);
+    text.remove_prefix(text.starts_with(kNewLine) ? kNewLine.size() : std::min<std::size_t>(text.size(), 1));
+  }
+  return lines;
+}
+
+std::vector<Parameter> ReadParameters(std::string_view text) {
+  std::vector<Parameter> parameters;
+  for (const ParameterLine& line : ReadParameterLines(text, KeyTexts::OfLoad))
+    if (line.Known) parameters.push_back(*line.Known);
+  return parameters;
+}
+
+std::optional<std::string> ParameterFileName(std::string_view packagePath) {
+  std::string_view name = model::FileNameOf(packagePath);
+  for (int dropped = 0; dropped < 3; ++dropped) {
+    if (name.empty()) return std::nullopt;
+    DropLastCharacter(name);
+  }
+  return std::string(name) + "zu";
+}
+
+std::string GetFilePath(std::string_view path) {
+  return std::string(path.substr(0, path.size() - model::FileNameOf(path).size()));
+}
+
+}  // namespace setup

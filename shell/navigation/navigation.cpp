@@ -1,0 +1,60 @@
+#include "shell/navigation/navigation.h"
+
+#include "model/faults.h"
+
+namespace shell {
+
+Navigation::Navigation() {
+  ScrollPitch.change = [this] { ScrollPitch_Change(); };
+  ScrollPitch.scroll = [this] { ScrollPitch_Scroll(); };
+  ScrollYaw.change = [this] { ScrollYaw_Change(); };
+  ScrollYaw.scroll = [this] { ScrollYaw_Scroll(); };
+}
+
+void Navigation::ResetRotation() {
+  Rotation = {};
+  ScrollPitch.SetValue(90);
+  ScrollYaw.SetValue(0);
+  // A bar that already stood there has called nobody, and the rotation was just cleared.
+  ScrollPitch_Change();
+  ScrollYaw_Change();
+}
+
+void Navigation::ScrollPitch_Change() {
+  Rotation.RotPitch = ScrollPitch.Value();
+  if (!Mouse.InMouseMove) Repaint();
+}
+
+void Navigation::ScrollYaw_Change() {
+  Rotation.RotYaw = ScrollYaw.Value();
+  if (!Mouse.InMouseMove) Repaint();
+}
+
+void Navigation::WheelMoved(std::int32_t delta) {
+  if (!WheelHooked) return;
+  try {
+    if (delta < 0) Move_Camera_Out(0);
+    if (delta > 0) Move_Camera_In(0);
+  } catch (const model::Fault&) {
+    // Deliberate: at the edge of the camera's world the wheel just stops working.
+  }
+}
+
+void Navigation::NavigateByKey(std::string_view keyword) {
+  if (keyword == "IN") Move_Camera_In(0);
+  if (keyword == "OUT") Move_Camera_Out(0);
+  if (keyword == "LEFT") cmdLeft_Click();
+  if (keyword == "RIGHT") cmdRight_Click();
+  if (keyword == "UP") cmdUp_Click();
+  if (keyword == "DOWN") cmdDown_Click();
+}
+
+void Navigation::Repaint() {
+  if (actions.repaint) actions.repaint();
+}
+
+void Navigation::SetPointer(Pointer pointer) {
+  if (actions.setPointer) actions.setPointer(pointer);
+}
+
+}  // namespace shell

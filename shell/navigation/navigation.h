@@ -1,0 +1,111 @@
+/// Every way the user moves the camera and turns the model: keys, drags, wheel, bars, buttons, arrows.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string_view>
+
+#include "render/camera.h"
+#include "shell/navigation/scroll_bar.h"
+
+namespace shell {
+
+enum class Pointer { kDefault, kUpArrow };
+
+/// What navigation asks of the window around it. Empty ones do nothing.
+struct NavigationActions {
+  std::function<void()> repaint;  ///< paints the view at once
+  std::function<void()> reload;   ///< runs the window's whole load routine
+  std::function<void()> endProgram;
+  std::function<void(float x, float y)> openCommandMenu;
+  std::function<void(Pointer)> setPointer;
+  std::function<void()> focusDummy;  ///< gives the focus to the Dummy box
+};
+
+/// Where the pointer was at the previous mouse event, and how many moves the throttled drags have let pass.
+struct MouseTracking {
+  float LastX = 0.0F, LastY = 0.0F;     ///< as delivered
+  std::int32_t LastXi = 0, LastYi = 0;  ///< rounded; every test of direction compares with these
+  float DeltaX = 0.0F, DeltaY = 0.0F;   ///< of the current move: positive to the left and upwards
+  std::int16_t ZoomTick = 0;            ///< Alt drag
+  std::int16_t PanTick = 0;             ///< middle button
+  std::int16_t SlideTick = 0;           ///< Ctrl+Alt drag
+  bool InMouseMove = false;             ///< while set, the bars' handlers leave the repaint to the move
+};
+
+/// The walking camera and the turning model, with the main window's handlers for them.
+///
+/// Units   pointer positions in pixels; one pixel is one degree where a drag is proportional
+/// Faults  Overflow when a 16-bit camera value leaves its range, and whatever an action throws.
+///         Form_KeyDown, Dummy_Click and WheelMoved trap faults: they end quietly, the state as far as
+///         changed. All others let them through.
+class Navigation {
+ public:
+  Navigation();
+  Navigation(const Navigation&) = delete;
+  Navigation& operator=(const Navigation&) = delete;
+
+  NavigationActions actions;
+
+  render::Camera Camera;
+  render::ModelRotation Rotation;
+  ScrollBar ScrollPitch{-90, 270};
+  ScrollBar ScrollYaw{-180, 180};
+  MouseTracking Mouse;
+  bool WalkMode = false;     ///< a load leaves it, and the ticks, as they are
+  bool WheelHooked = false;  ///< set once the window receives the wheel of the whole program
+
+  /// The two steps of a load. ResetRotation pitches the model by 90 degrees and repaints.
+  void ResetCamera() { Camera = {}; }
+  void ResetRotation();
+
+  /// Moves the eye along the heading, without a repaint; components below half a unit are lost.
+  void MoveCamera(double distance);
+  /// These repaint. `doubleStep`: any value but 0 doubles the step.
+  void Move_Camera_In(int doubleStep);
+  void Move_Camera_Out(int doubleStep);
+  void Turn_Camera_Left();
+  void Turn_Camera_Right();
+  void Tilt_Camera_Up();
+  void Tilt_Camera_Down();
+  void Trans_Click(int index);  ///< arrow picture 0..3: left, right, up, down
+  /// These do not repaint. `byDelta`: any value but 0 moves by the mouse's delta, 0 by a fixed step.
+  void MouseTurn_Camera_Left(int byDelta);
+  void MouseTurn_Camera_Right(int byDelta);
+  void MouseTilt_Camera_Up(int byDelta);
+  void MouseTilt_Camera_Down(int byDelta);
+
+  /// One step by the sign of `delta`, whatever its size: in when positive, out when negative.
+  void WheelMoved(std::int32_t delta);
+  /// "IN", "OUT", "LEFT", "RIGHT", "UP" or "DOWN"; nothing else moves.
+  void NavigateByKey(std::string_view keyword);
+
+  void cmdForward_Click() { Move_Camera_In(0); }
+  void cmdBack_Click() { Move_Camera_Out(0); }
+  void cmdLeft_Click() { Turn_Camera_Left(); }
+  void cmdRight_Click() { Turn_Camera_Right(); }
+  void cmdUp_Click() { Tilt_Camera_Up(); }
+  void cmdDown_Click() { Tilt_Camera_Down(); }
+  void ScrollPitch_Change();
+  void ScrollPitch_Scroll() { ScrollPitch_Change(); }
+  void ScrollYaw_Change();
+  void ScrollYaw_Scroll() { ScrollYaw_Change(); }
+  void Dummy_Click();
+
+  /// True for the keys that Form_KeyDown answers to, with some modifier at least.
+  static bool AnswersTo(int keyCode);
+  void Form_KeyDown(int keyCode, int shift);
+  void Form_KeyUp(int keyCode, int shift);
+  void Form_MouseDown(int button, int shift, float x, float y);
+  void Form_DblClick();
+  void Form_MouseMove(int button, int shift, float x, float y);
+
+ private:
+  void Repaint();
+  void SetPointer(Pointer pointer);
+  void Slide(int index);
+  void PressKey(int keyCode, int shift);
+  void PressArrow(int keyCode, int shift);
+};
+
+}  // namespace shell

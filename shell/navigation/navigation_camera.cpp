@@ -1,0 +1,117 @@
+#include <cmath>
+
+#include "model/arithmetic.h"
+#include "shell/navigation/navigation.h"
+
+namespace shell {
+
+namespace {
+
+constexpr double kXBound = 40.0;
+// Deliberate: 3.142 and 6.28, not pi and 2 pi: they decide where a full round of steps comes back to.
+constexpr double kHalfTurn = 3.142;
+constexpr double kFullTurn = 6.28;
+constexpr std::int16_t kTilt = 10;
+constexpr std::int16_t kMouseTilt = 2;
+
+/// The heading is rounded to single precision before its wrap is tested. The tests are in double
+/// precision, so the stored 6.28, a little above the double, counts as past it.
+void Turn(render::Camera& camera, double degrees) {
+  camera.CamYaw = model::Single(double(camera.CamYaw) + degrees * kHalfTurn / 180.0);
+}
+
+/// Deliberate: past the full turn the heading starts again at exactly 0, whatever the excess.
+void RestartPastFullTurn(render::Camera& camera) {
+  if (double(camera.CamYaw) > kFullTurn) camera.CamYaw = 0.0F;
+}
+
+}  // namespace
+
+void Navigation::MoveCamera(double distance) {
+  const double heading = double(Camera.CamYaw);
+  const double dx = std::cos(heading) * distance;
+  const double dz = -distance * std::sin(heading);
+  // Deliberate: lopsided. A move that would reach -40 is turned back before it is made, while on the other
+  // side the eye has to stand beyond 40 first, so there it swings between 40 and one step more.
+  const bool turnedBack = dx + kXBound <= Camera.CamX || Camera.CamX + dx <= -kXBound;
+  Camera.CamX = model::Nearest(turnedBack ? Camera.CamX - dx : Camera.CamX + dx);
+  Camera.CamZ = model::Nearest(Camera.CamZ + dz);
+}
+
+void Navigation::Move_Camera_In(int doubleStep) {
+  MoveCamera(doubleStep != 0 ? 2.0 * Camera.CamStep : Camera.CamStep);
+  Repaint();
+}
+
+void Navigation::Move_Camera_Out(int doubleStep) {
+  MoveCamera(doubleStep != 0 ? -2.0 * Camera.CamStep : -1.0 * Camera.CamStep);
+  Repaint();
+}
+
+void Navigation::Turn_Camera_Left() {
+  Turn(Camera, 10.0);
+  RestartPastFullTurn(Camera);
+  Repaint();
+}
+
+void Navigation::Turn_Camera_Right() {
+  Turn(Camera, -10.0);
+  if (Camera.CamYaw < 0.0F) Camera.CamYaw = model::Single(kFullTurn);
+  Repaint();
+}
+
+void Navigation::MouseTurn_Camera_Left(int byDelta) {
+  Turn(Camera, byDelta != 0 ? double(Mouse.DeltaX) : 1.0);
+  RestartPastFullTurn(Camera);
+}
+
+void Navigation::MouseTurn_Camera_Right(int byDelta) {
+  // Deliberate: a drag to the right takes the heading below 0 without a wrap; only the upper test follows.
+  Turn(Camera, byDelta != 0 ? double(Mouse.DeltaX) : -1.0);
+  RestartPastFullTurn(Camera);
+}
+
+void Navigation::Tilt_Camera_Up() {
+  Camera.CamLook = model::Add16(Camera.CamLook, kTilt);
+  Repaint();
+}
+
+void Navigation::Tilt_Camera_Down() {
+  Camera.CamLook = model::Add16(Camera.CamLook, -kTilt);
+  Repaint();
+}
+
+void Navigation::MouseTilt_Camera_Up(int byDelta) {
+  Camera.CamLook = model::Nearest(Camera.CamLook + (byDelta != 0 ? double(Mouse.DeltaY) : kMouseTilt));
+}
+
+void Navigation::MouseTilt_Camera_Down(int byDelta) {
+  Camera.CamLook = model::Nearest(Camera.CamLook + (byDelta != 0 ? double(Mouse.DeltaY) : -kMouseTilt));
+}
+
+void Navigation::Slide(int index) {
+  switch (index) {
+    case 0:
+      Camera.CamX = model::Add16(Camera.CamX, -1);
+      break;
+    case 1:
+      Camera.CamX = model::Add16(Camera.CamX, 1);
+      break;
+    case 2:
+      Camera.CamY = model::Add16(Camera.CamY, 1);
+      break;
+    case 3:
+      Camera.CamY = model::Add16(Camera.CamY, -1);
+      break;
+    default:
+      break;
+  }
+  Repaint();
+}
+
+void Navigation::Trans_Click(int index) {
+  Slide(index);
+  if (actions.focusDummy) actions.focusDummy();
+}
+
+}  // namespace shell

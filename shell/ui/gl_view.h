@@ -1,0 +1,51 @@
+/// The view of the main window: a plain widget that holds one window for OpenGL.
+#pragma once
+
+#include <QOpenGLContext>
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+#include "render/gl/gl_surface.h"
+#include "shell/ui/exposure_watch.h"
+
+namespace shell {
+
+/// The GL window inside lets all input through to the widget, so events arrive here as in any other widget.
+class GlView final : public QWidget, public render::GlSurface {
+  Q_OBJECT
+
+ public:
+  explicit GlView(QWidget* parent);
+  ~GlView() override;
+
+  /// The view must be drawn again: it was uncovered.
+  std::function<void()> exposed;
+  /// The view has a new size.
+  std::function<void()> resized;
+
+  /// Assistive technology asks for the command menu.
+  std::function<void()> menuAsked;
+
+  bool CreateContext() override;
+  bool MakeCurrent() override;
+  bool IsShown() const override;
+  void SwapBuffers() override;
+  void DeleteContext() override;
+  render::PixelSize Size() const override;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void paintEvent(QPaintEvent*) override {}
+  QPaintEngine* paintEngine() const override { return nullptr; }
+
+ private:
+  void FitSurface();
+
+  QWindow* surface_;  // owned by the widget's own window
+  std::unique_ptr<ExposureWatch> exposures_;
+  std::unique_ptr<QOpenGLContext> context_;
+};
+
+}  // namespace shell

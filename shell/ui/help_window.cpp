@@ -1,0 +1,74 @@
+#include "shell/ui/help_window.h"
+
+#include <QTextBrowser>
+#include <QTextDocument>
+#include <algorithm>
+#include <optional>
+
+#include "model/faults.h"
+#include "model/files.h"
+#include "model/text.h"
+#include "shell/ui/qt_rich_text.h"
+#include "shell/help/rtf.h"
+
+namespace shell {
+
+namespace {
+
+constexpr int kTwipsPerInch = 1440;
+constexpr int kTwipsPerPixel = 15;
+constexpr QSize kFirstSize(720, 600);
+constexpr double kPageMargin = 12;
+
+/// What is left of a length in pixels without so many twips; never negative.
+int Without(int twips, int pixels) {
+  const int left = std::max(pixels * kTwipsPerPixel - twips, 0);
+  return (left + kTwipsPerPixel / 2) / kTwipsPerPixel;
+}
+
+}  // namespace
+
+HelpWindow::HelpWindow(QWidget* owner) : QWidget(owner, Qt::Window), Txt(new QTextBrowser(this)) {
+  setWindowTitle("3D Navigation");
+  Txt->setObjectName("Txt");
+  Txt->setAccessibleName("Help text");
+  Txt->setUndoRedoEnabled(false);
+  Txt->setOpenLinks(false);
+  resize(kFirstSize);
+}
+
+void HelpWindow::Open(const QString& caption, const std::string& path) {
+  setWindowTitle(caption);
+  const std::optional<RichText> text = ReadRtf(model::ReadWholeFile(path));
+  if (!text) throw model::FileFault("Not a rich text file", std::string(model::FileNameOf(path)));
+  PourRichText(*text, static_cast<double>(Txt->logicalDpiX()) / kTwipsPerInch, *Txt->document());
+  Txt->document()->setDocumentMargin(kPageMargin);
+  Txt->moveCursor(QTextCursor::Start);
+  show();
+  raise();
+  activateWindow();
+}
+
+void HelpWindow::Form_Resize() {
+  // The whole window is meant, frame and caption included: the difference leaves room for them.
+  const QSize outer = frameGeometry().size();
+  Txt->setGeometry(0, 0, Without(200, outer.width()), Without(450, outer.height()));
+}
+
+void HelpWindow::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  Form_Resize();
+}
+
+// The frame is known only once the window manager has placed the window, which it tells by a move.
+void HelpWindow::moveEvent(QMoveEvent* event) {
+  QWidget::moveEvent(event);
+  Form_Resize();
+}
+
+void HelpWindow::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  Form_Resize();
+}
+
+}  // namespace shell

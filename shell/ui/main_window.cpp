@@ -1,0 +1,171 @@
+#include "shell/ui/main_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFile>
+#include <QGridLayout>
+#include <QScreen>
+#include <QStandardPaths>
+#include <QWindow>
+#include <vector>
+
+#include "shell/ui/about_window.h"
+#include "shell/ui/gl_view.h"
+#include "shell/ui/help_window.h"
+#include "shell/ui/program_icon.h"
+#include "shell/ui/window_place.h"
+#include "shell/ui/wire_list_window.h"
+
+namespace shell {
+
+namespace {
+
+/// Where the user's own data go when the program's folder cannot be written.
+std::string UserFolder() {
+  return QFile::encodeName(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)).toStdString();
+}
+
+}  // namespace
+
+MainWindow::MainWindow(const StartUp& startUp, ProgramEnd& end, setup::FileDialog* Filn)
+    : end_(end),
+      view_(new GlView(this)),
+      form_(startUp, *view_, end_),
+      controls_(form_.Navigator(), end_, this),
+      input_(form_, end_, *view_),
+      dialogs_(this),
+      Filn_(Filn != nullptr ? *Filn : dialogs_),
+      estimator_(startUp.programFolder, UserFolder()),
+      setupForm_(form_.Settings(), form_.Package(), Filn_, estimator_),
+      commands_(form_, end_, Filn_),
+      DoMnu_(new CommandMenuPopup(commands_, this)),
+      printing_(this),
+      wireListForm_(form_.Package(), form_.Selection()) {
+  QApplication::setWindowIcon(ProgramIcon());
+  LayOut();
+  WireNavigation();
+  WireForm();
+  WireCommands();
+}
+
+MainWindow::~MainWindow() = default;
+
+/// The view fills the window; the bars stand along its right and lower edges, the buttons below.
+void MainWindow::LayOut() {
+  auto* const grid = new QGridLayout(this);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setSpacing(0);
+  grid->addWidget(view_, 0, 0);
+  grid->addWidget(controls_.ScrollPitch, 0, 1);
+  grid->addWidget(controls_.ScrollYaw, 1, 0);
+  grid->addWidget(controls_.strip, 2, 0, 1, 2);
+  grid->setRowStretch(0, 1);
+  grid->setColumnStretch(0, 1);
+  // Room for the frame and the desktop's own bars stays on a small screen.
+  resize(QSize(1024, 800).boundedTo(screen()->availableSize() * 0.85));
+}
+
+void MainWindow::WireNavigation() {
+  NavigationActions& actions = form_.Navigator().actions;
+  actions.setPointer = [this](Pointer pointer) {
+    pointer == Pointer::kUpArrow ? setCursor(Qt::UpArrowCursor) : unsetCursor();
+  };
+  actions.openCommandMenu = [this](float x, float y) {
+    OpenMenu(view_->mapToGlobal(QPointF(double(x), double(y)).toPoint()));
+  };
+  view_->menuAsked = [this] { input_.OpenMenuByKey(); };
+  view_->exposed = [this] { end_.Run([this] { form_.Form_Paint(); }); };
+}
+
+void MainWindow::WireForm() {
+  MainFormActions& actions = form_.actions;
+  actions.setCaption = [this](const std::string& caption) {
+    setWindowTitle(QFile::decodeName(caption.c_str()));
+  };
+  actions.enableHelp = [this](bool navigation, bool viewer) {
+    DoMnu_->SetEnabled("DoNavHelp", navigation);
+    DoMnu_->SetEnabled("DoViewHelp", viewer);
+  };
+  actions.hookWheel = [this] { input_.HookWheel(); };
+  actions.unhookWheel = [this] { input_.UnhookWheel(); };
+  actions.packageRead = [this] {
+    if (PinList_) PinList_->PackageChanged();
+  };
+  actions.resetWireBondSetup = [this] { setupForm_.RunCommand3(); };
+  setupForm_.upward.rebuildAndRepaint = [this] { form_.RebuildAndRepaint(); };
+  wireListForm_.upward.rebuildAndRepaint = [this] { end_.Run([this] { form_.RebuildAndRepaint(); }); };
+}
+
+void MainWindow::WireCommands() {
+  CommandActions& actions = commands_.actions;
+  actions.unloadWireList = [this] {
+    if (!PinList_) return;
+    PinList_->close();
+    PinList_.reset();
+  };
+  actions.showWireBondSetup = [this] {
+    if (!BWsu_) {
+      BWsu_ = std::make_unique<setup::SetupWindow>(
+          setupForm_, [this](const std::function<void()>& handler) { end_.Run(handler); });
+      PlaceFirst(*BWsu_, PinList_.get());
+    }
+    BWsu_->DoBondWireSetup();
+  };
+  actions.showWireList = [this] {
+    if (!PinList_) {
+      PinList_ = std::make_unique<WireListWindow>(wireListForm_);
+      PlaceFirst(*PinList_, BWsu_.get());
+    }
+    PinList_->DoWireList();
+  };
+  actions.setUpPrinter = [this] { printing_.SetUp(); };
+  actions.print = [this](const render::Picture& picture, bool fit) { printing_.Print(picture, fit); };
+  actions.showHelp = [this](const std::string& caption, const std::string& path) {
+    if (Hlp_ == nullptr) Hlp_ = new HelpWindow(this);
+    Hlp_->Open(QString::fromStdString(caption), path);
+  };
+  actions.showAbout = [this] {
+    if (about_ == nullptr) {
+      about_ = new AboutWindow(this);
+      connect(about_, &QDialog::finished, this, [this] { activateWindow(); });
+    }
+    about_->show();
+    about_->raise();
+    about_->activateWindow();
+  };
+}
+
+/// A window that opens for the first time leaves the view free; where the user moves it later, it stays.
+void MainWindow::PlaceFirst(QWidget& window, const QWidget* other) {
+  std::vector<QRect> taken{frameGeometry()};
+  if (other != nullptr && other->isVisible()) taken.push_back(other->frameGeometry());
+  const QSize frame = frameGeometry().size() - size();
+  window.move(PlaceBeside(window.size() + frame, taken, screen()->availableGeometry()));
+}
+
+void MainWindow::OpenMenu(const QPoint& at) { DoMnu_->popup(at); }
+
+void MainWindow::Load() {
+  winId();
+  input_.WatchKeysOf(windowHandle());
+  layout()->activate();
+  end_.Run([this] { form_.Form_Load(); });
+  view_->resized = [this] {
+    if (!isMinimized()) end_.Run([this] { form_.Form_Resize(); });
+  };
+  view_->setFocus();
+}
+
+bool MainWindow::event(QEvent* event) {
+  // A dialog has closed: without a window manager nobody else gives the keyboard back. While the setup window
+  // is shown, though, the dialog may have been its own.
+  if (event->type() == QEvent::WindowUnblocked && !(BWsu_ && BWsu_->isVisible())) activateWindow();
+  return QWidget::event(event);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  event->accept();
+  end_.Run([this] { form_.Form_Unload(); });
+}
+
+}  // namespace shell

@@ -1,0 +1,69 @@
+/// The main window: the view with its controls, the command menu, and the wiring of all that hangs on them.
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+#include "setup/ui/qt_file_dialog.h"
+#include "setup/setup_form.h"
+#include "setup/ui/setup_window.h"
+#include "shell/ui/command_menu.h"
+#include "shell/commands.h"
+#include "shell/main_form.h"
+#include "shell/ui/printing.h"
+#include "shell/program_end.h"
+#include "shell/ui/view_controls.h"
+#include "shell/ui/view_input.h"
+#include "shell/wire_list_form.h"
+
+namespace shell {
+
+class AboutWindow;
+class GlView;
+class HelpWindow;
+class WireListWindow;
+
+class MainWindow final : public QWidget {
+ public:
+  /// `Filn`: the dialogs to ask with instead of the toolkit's; must live longer.
+  MainWindow(const StartUp& startUp, ProgramEnd& end, setup::FileDialog* Filn = nullptr);
+  ~MainWindow() override;
+
+  /// Loads the package for the size that the window will have, so that its first showing is a finished
+  /// picture.
+  void Load();
+
+  MainForm& Form() { return form_; }
+
+ protected:
+  bool event(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void LayOut();
+  void WireNavigation();
+  void WireForm();
+  void WireCommands();
+  void OpenMenu(const QPoint& at);
+  void PlaceFirst(QWidget& window, const QWidget* other);
+
+  ProgramEnd& end_;
+  GlView* view_;
+  MainForm form_;
+  ViewControls controls_;
+  ViewInput input_;
+  setup::QtFileDialog dialogs_;
+  setup::FileDialog& Filn_;
+  setup::Estimator estimator_;
+  setup::SetupForm setupForm_;
+  std::unique_ptr<setup::SetupWindow> BWsu_;
+  Commands commands_;
+  CommandMenuPopup* DoMnu_;
+  Printing printing_;
+  HelpWindow* Hlp_ = nullptr;
+  AboutWindow* about_ = nullptr;
+  WireListForm wireListForm_;
+  std::unique_ptr<WireListWindow> PinList_;
+};
+
+}  // namespace shell

@@ -1,0 +1,122 @@
+#include "shell/ui/qt_rich_text.h"
+
+#include <QColor>
+#include <QFont>
+#include <QString>
+#include <QTextBlockFormat>
+#include <QTextCharFormat>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QTextOption>
+#include <algorithm>
+
+namespace shell {
+
+namespace {
+
+constexpr int kDefaultTabTwips = 720;
+
+Qt::Alignment AlignmentOf(Alignment alignment) {
+  switch (alignment) {
+    case Alignment::Center:
+      return Qt::AlignHCenter;
+    case Alignment::Right:
+      return Qt::AlignRight;
+    case Alignment::Justified:
+      return Qt::AlignJustify;
+    case Alignment::Left:
+      break;
+  }
+  return Qt::AlignLeft;
+}
+
+/// The stops as the toolkit wants them: rising, and measured from where the first line starts.
+QList<QTextOption::Tab> TabsOf(const ParagraphFormat& paragraph, double pixelsPerTwip) {
+  std::vector<int> stops = paragraph.Tabs;
+  // A hanging first line has a stop of its own where the other lines start: there a list's text begins.
+  if (paragraph.First < 0) stops.push_back(paragraph.Left);
+  std::sort(stops.begin(), stops.end());
+  QList<QTextOption::Tab> tabs;
+  const int start = paragraph.Left + paragraph.First;
+  for (const int stop : stops)
+    if (stop > start) tabs.append({(stop - start) * pixelsPerTwip, QTextOption::LeftTab});
+  return tabs;
+}
+
+QTextBlockFormat BlockFormatOf(const ParagraphFormat& paragraph, double pixelsPerTwip) {
+  QTextBlockFormat format;
+  format.setAlignment(AlignmentOf(paragraph.Align));
+  format.setLeftMargin(paragraph.Left * pixelsPerTwip);
+  format.setRightMargin(paragraph.Right * pixelsPerTwip);
+  format.setTextIndent(paragraph.First * pixelsPerTwip);
+  format.setTopMargin(paragraph.Before * pixelsPerTwip);
+  format.setBottomMargin(paragraph.After * pixelsPerTwip);
+  format.setTabPositions(TabsOf(paragraph, pixelsPerTwip));
+  return format;
+}
+
+void SetFont(const Font& font, QTextCharFormat& format) {
+  if (!font.Name.empty()) format.setFontFamilies({QString::fromStdString(font.Name)});
+  switch (font.Family) {
+    case FontFamily::Serif:
+      format.setFontStyleHint(QFont::Serif);
+      break;
+    case FontFamily::Sans:
+      format.setFontStyleHint(QFont::SansSerif);
+      break;
+    case FontFamily::Fixed:
+      format.setFontStyleHint(QFont::Monospace);
+      format.setFontFixedPitch(true);
+      break;
+    case FontFamily::Any:
+      break;
+  }
+}
+
+QTextCharFormat CharFormatOf(const RunFormat& run, const std::map<int, Font>& fonts) {
+  QTextCharFormat format;
+  format.setFontWeight(run.Bold ? QFont::Bold : QFont::Normal);
+  format.setFontItalic(run.Italic);
+  format.setFontUnderline(run.Underline);
+  format.setFontStrikeOut(run.Strike);
+  format.setFontPointSize(run.Size / 2.0);
+  if (run.Position == Script::Super) format.setVerticalAlignment(QTextCharFormat::AlignSuperScript);
+  if (run.Position == Script::Sub) format.setVerticalAlignment(QTextCharFormat::AlignSubScript);
+  if (run.Colour >= 0) format.setForeground(QColor(static_cast<QRgb>(run.Colour)));
+  if (const auto font = fonts.find(run.Font); font != fonts.end()) SetFont(font->second, format);
+  return format;
+}
+
+}  // namespace
+
+void PourRichText(const RichText& text, double pixelsPerTwip, QTextDocument& document) {
+  document.clear();
+  QTextOption option = document.defaultTextOption();
+  option.setTabStopDistance(kDefaultTabTwips * pixelsPerTwip);
+  document.setDefaultTextOption(option);
+
+  QTextCursor cursor(&document);
+  cursor.beginEditBlock();
+  bool first = true;
+  for (const Paragraph& paragraph : text.Paragraphs) {
+    const QTextBlockFormat block = BlockFormatOf(paragraph.Format, pixelsPerTwip);
+    // An empty paragraph is as high as its own letters, not as those of the one above.
+    const QTextCharFormat letters =
+        CharFormatOf(paragraph.Runs.empty() ? RunFormat{} : paragraph.Runs.front().Format, text.Fonts);
+    if (first) {
+      cursor.setBlockFormat(block);
+      cursor.setBlockCharFormat(letters);
+    } else {
+      cursor.insertBlock(block, letters);
+    }
+    first = false;
+    for (const Run& run : paragraph.Runs) {
+      QString words = QString::fromStdString(run.Text);
+      words.replace('\n', QChar::LineSeparator);
+      cursor.insertText(words, CharFormatOf(run.Format, text.Fonts));
+    }
+  }
+  cursor.endEditBlock();
+}
+
+}  // namespace shell

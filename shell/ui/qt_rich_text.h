@@ -1,0 +1,14 @@
+/// Pours rich text into a document of the toolkit.
+#pragma once
+
+#include "shell/help/rich_text.h"
+
+class QTextDocument;
+
+namespace shell {
+
+/// Replaces all that `document` holds by `text`.
+/// Units   `pixelsPerTwip`: how long a twip is where the document is shown
+void PourRichText(const RichText& text, double pixelsPerTwip, QTextDocument& document);
+
+}  // namespace shell

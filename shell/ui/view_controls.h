@@ -1,0 +1,64 @@
+/// The controls along the view's edges: two scroll bars, six buttons, four arrows and the box that takes the
+/// focus.
+#pragma once
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <functional>
+
+#include "shell/navigation/navigation.h"
+
+namespace shell {
+
+class ProgramEnd;
+
+/// A scroll bar that shows a ScrollBar and hands it what the user does. It takes neither keys nor the wheel,
+/// which move the camera.
+class BoundScrollBar final : public QScrollBar {
+ public:
+  BoundScrollBar(ScrollBar& bar, Qt::Orientation orientation, const QString& name, ProgramEnd& end,
+                 QWidget* parent);
+
+ protected:
+  void wheelEvent(QWheelEvent* event) override;
+};
+
+/// One of the four small arrow pictures.
+class ArrowPicture final : public QPushButton {
+ public:
+  /// `index` as Trans_Click takes it: 0 left, 1 right, 2 up, 3 down.
+  ArrowPicture(int index, QWidget* parent);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  int index_;
+};
+
+/// The Dummy box: it has the focus while keys are to reach the window, and a click on it resets the view.
+class DummyBox final : public QLineEdit {
+  Q_OBJECT
+
+ public:
+  explicit DummyBox(QWidget* parent);
+  std::function<void()> clicked;
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+};
+
+/// All of them, laid out in two strips: one below the view, one at its right.
+class ViewControls {
+ public:
+  ViewControls(Navigation& navigation, ProgramEnd& end, QWidget* parent);
+
+  BoundScrollBar* ScrollPitch;
+  BoundScrollBar* ScrollYaw;
+  DummyBox* Dummy;
+  QWidget* strip;  ///< the buttons and arrows
+};
+
+}  // namespace shell

@@ -1,0 +1,146 @@
+#include "shell/ui/view_input.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWheelEvent>
+#include <QWidget>
+#include <QWindow>
+
+#include "shell/navigation/input_codes.h"
+#include "shell/ui/key_state.h"
+#include "shell/main_form.h"
+#include "shell/program_end.h"
+
+namespace shell {
+
+namespace {
+
+int ButtonCode(Qt::MouseButtons buttons) {
+  return (buttons & Qt::LeftButton ? kLeftButton : 0) | (buttons & Qt::RightButton ? kRightButton : 0) |
+         (buttons & Qt::MiddleButton ? kMiddleButton : 0);
+}
+
+/// The handlers' code of a key, 0 for those that they do not know.
+int KeyCode(const QKeyEvent& key) {
+  const bool keypad = key.modifiers().testFlag(Qt::KeypadModifier);
+  switch (key.key()) {
+    case Qt::Key_Escape:
+      return kEscape;
+    case Qt::Key_Home:
+      return kHome;
+    case Qt::Key_Left:
+      return kLeft;
+    case Qt::Key_Up:
+      return kUp;
+    case Qt::Key_Right:
+      return kRight;
+    case Qt::Key_Down:
+      return kDown;
+    case Qt::Key_D:
+      return kD;
+    case Qt::Key_L:
+      return kL;
+    case Qt::Key_R:
+      return kR;
+    case Qt::Key_U:
+      return kU;
+    case Qt::Key_Plus:
+      return keypad ? kKeypadPlus : kEqualsPlus;
+    case Qt::Key_Equal:
+      return kEqualsPlus;
+    case Qt::Key_Minus:
+      return keypad ? kKeypadMinus : kMinus;
+    case Qt::Key_Underscore:
+      return kMinus;
+    default:
+      return 0;
+  }
+}
+
+bool OpensMenu(const QKeyEvent& key) {
+  return key.key() == Qt::Key_Menu || (key.key() == Qt::Key_F10 && ShiftState(key.modifiers()) == kShift);
+}
+
+}  // namespace
+
+bool WheelHook::eventFilter(QObject* watched, QEvent* event) {
+  // The event goes from the window to its widgets: only the window's own receipt counts.
+  if (event->type() == QEvent::Wheel && watched->isWindowType() && turned)
+    turned(*static_cast<QWheelEvent*>(event));
+  return false;
+}
+
+ViewInput::ViewInput(MainForm& form, ProgramEnd& end, QWidget& view) : form_(form), end_(end), view_(view) {
+  view_.installEventFilter(this);
+  hWheelHook_.turned = [this](const QWheelEvent& wheel) { WheelEvent(wheel); };
+}
+
+void ViewInput::WatchKeysOf(QWindow* window) {
+  keyWindow_ = window;
+  keyWindow_->installEventFilter(this);
+}
+
+void ViewInput::HookWheel() { qApp->installEventFilter(&hWheelHook_); }
+
+void ViewInput::UnhookWheel() { qApp->removeEventFilter(&hWheelHook_); }
+
+void ViewInput::OpenMenuByKey() {
+  const QPointF middle = view_.rect().center();
+  Navigation& navigation = form_.Navigator();
+  if (navigation.actions.openCommandMenu)
+    navigation.actions.openCommandMenu(float(middle.x()), float(middle.y()));
+}
+
+bool ViewInput::eventFilter(QObject* watched, QEvent* event) {
+  const QEvent::Type type = event->type();
+  if (watched == &view_) return MouseEvent(event);
+  // A menu that is open has the keys for itself.
+  if (watched == keyWindow_ && QApplication::activePopupWidget() == nullptr) {
+    if (type == QEvent::KeyPress) return KeyEvent(*static_cast<QKeyEvent*>(event), true);
+    if (type == QEvent::KeyRelease) return KeyEvent(*static_cast<QKeyEvent*>(event), false);
+  }
+  return false;
+}
+
+bool ViewInput::MouseEvent(QEvent* event) {
+  const QEvent::Type type = event->type();
+  if (type != QEvent::MouseButtonPress && type != QEvent::MouseButtonDblClick && type != QEvent::MouseMove)
+    return false;
+  const auto& mouse = *static_cast<QMouseEvent*>(event);
+  const int shift = ShiftState(mouse.modifiers());
+  const auto x = static_cast<float>(mouse.position().x());
+  const auto y = static_cast<float>(mouse.position().y());
+  Navigation& navigation = form_.Navigator();
+  end_.Run([&] {
+    if (type == QEvent::MouseMove) return navigation.Form_MouseMove(ButtonCode(mouse.buttons()), shift, x, y);
+    if (type == QEvent::MouseButtonPress)
+      return navigation.Form_MouseDown(ButtonCode(mouse.button()), shift, x, y);
+    if (mouse.button() == Qt::LeftButton) navigation.Form_DblClick();
+  });
+  return false;
+}
+
+bool ViewInput::KeyEvent(const QKeyEvent& key, bool down) {
+  // A key that is held down comes as release and press; its releases are not the hand's.
+  if (!down && key.isAutoRepeat()) return true;
+  if (OpensMenu(key)) {
+    if (down) OpenMenuByKey();
+    return true;
+  }
+  const int code = KeyCode(key);
+  const int shift = ShiftState(key);
+  Navigation& navigation = form_.Navigator();
+  end_.Run([&] { down ? navigation.Form_KeyDown(code, shift) : navigation.Form_KeyUp(code, shift); });
+  return Navigation::AnswersTo(code);
+}
+
+void ViewInput::WheelEvent(const QWheelEvent& wheel) {
+  // Held down, Alt turns the wheel sideways.
+  const bool alt = wheel.modifiers().testFlag(Qt::AltModifier);
+  const QPoint turn = wheel.angleDelta();
+  const int delta = turn.y() == 0 && alt ? turn.x() : turn.y();
+  if (delta != 0) end_.Run([&] { form_.Navigator().WheelMoved(delta); });
+}
+
+}  // namespace shell

@@ -1,0 +1,274 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/samples.h"
+#include "tests/temporary_folder.h"
+#include "yax/options/package.h"
+#include "formats/check_report.h"
+#include "analysis/drawing_check.h"
+#include "analysis/line_check.h"
+#include "analysis/wire_list_check.h"
+
+namespace yax {
+namespace {
+
+CheckReport CheckFile(const std::string& path) {
+  CheckReport report{.File = path};
+  LineCheck lines(report);
+  model::ReadEffort effort;
+  model::Package package = LoadPackage({path}, &effort, &lines);
+  report.Lines = effort.lines;
+  lines.Finish(package);
+  CheckDrawing(package, lines.Lines(), report);
+  CheckWireList(package, lines.Lines(), report);
+  report.Sort();
+  return report;
+}
+
+CheckReport Check(const std::string& text, const std::string& netTypes = {}) {
+  const TemporaryFolder folder;
+  const std::string path = folder / "board.yax";
+  PutFile(path, text);
+  if (!netTypes.empty()) PutFile(path + ".vu", netTypes);
+  return CheckFile(path);
+}
+
+/// "LINE KIND" of every remark of a level, those of the side file with "vu " before them.
+std::vector<std::string> Remarks(const CheckReport& report, Level level) {
+  std::vector<std::string> texts;
+  for (const Remark& remark : report.Remarks) {
+    if (remark.Rank != level) continue;
+    texts.push_back((remark.At.File.ends_with(".vu") ? "vu " : "") + std::to_string(remark.At.Line) + " " +
+                    remark.Kind);
+  }
+  return texts;
+}
+
+using Texts = std::vector<std::string>;
+
+TEST(Check, TellsEachBadLineOnceWithItsPlace) {
+  // A line and what is wrong with it.
+  const struct {
+    const char* line;
+    std::string kind = {};
+  } lines[] = {
+      {"TECHNOLOGY WIRE_BOND"},
+      {"COMPL 8"},
+      {"compl 8", "duplicate"},
+      {"COMPW 6"},
+      {"CBP A 2 1 0 .2 .2 0 R RECTANGLE", "before-compz"},
+      {"SD_COMPL wide", "unreadable-number"},
+      {"SD_ROTATION", "missing-number"},
+      {"COMPZ 1"},
+      {"COMPZ 2", "after-compz"},
+      {"SBP A 4 1 0 1 1 0 RECTANGLE 0 1", "too-early"},
+      {"  "},
+      {"CBP A 2 1 0 .2 .2 0 r rectangle"},
+      {"SBP A 4 1 0 1 1 0 OBLONG 0 1"},
+      {"WB A 2 1 0 4 1 1 0"},
+      {"WIRE A 2 1 0 4 1 1 0 and so on and on", "unknown-keyword"},
+      {"WB a 2 1 0 4 1 1 0", "names-nothing"},
+      {"SRSEG NO B -1 1", "names-nothing"},
+      {"RING X STRAIGHT -4 4 4 -4 1 0 9 10 11", "extra-fields"},
+      {"CBP A -2 1 0 .2 .2 0 L RECTANGLE", "duplicate"},
+      {"SBP A 4.5 1 0 1 1 0 RECTANGLE 0 1", "duplicate"},
+      {"WB A 2 1 0 4.5 1 1 0", "duplicate"},
+      {"DAP PADDLE -1 0 1 0 2"},
+      {"dap PADDLE  -1.0 -0 1 0,0 2", "duplicate"},
+      {"CBP B 2 2 0 .2 .2 0 R ROUND"},
+      {"SBP B 4 2 0 1 1 x9 ROUND 0 1", "unreadable-number"},
+      {"WB B 2 2 0 2 2 1 0", "wire-fault"},
+      {"STCH A 1 1 B 1 1 0 5", "wire-fault"},
+      {"CBP C 2 3 0 .2 .2 0 R round", "draws-nothing"},
+      {"CBP D 2 -1 0 .2 .2 0 R RECTANGLE"},
+      {"SBP D 0 0 0 1 1 0 RECTANGLE 0 1", "draws-nothing"},
+      {"WB D 0 0 0 4 -1 1 0", "draws-nothing"},
+      {"CBP E 2 -2 0 0 .2 0 R RECTANGLE", "draws-nothing"},
+      {"SBP E 4 -2 0 0 1 0 RECTANGLE 0 1", "draws-nothing"},
+      {"WB E 2 -2 0 4 -2 1", "missing-number"},
+      {"CBP F 2 -3 0 .2 .2 0 X RECTANGLE", "draws-nothing"},
+      {"RING X arc -4 4 4 -4 1", "ring-fault"},
+      {"RING X STRAIGHT -5 5 5 -5 0", "draws-nothing"},
+      {"SRING V STRAIGHT -5 5 5 -5 1"},
+      {"SRSEG V b -1 1", "draws-nothing"},
+      {"SRSEG V B 0 2"},
+      {"SRSEG V B 0 2", "duplicate"},
+      {"SRING V STRAIGHT -6 6 6 -6 1", "duplicate"},
+      {"SRING W STRAIGHT -5 5 5 -5 1", "draws-nothing"},
+      {"SRING Z ARC -5 5 5 -5 1 0", "ring-fault"},
+      {"SRSEG Z T 0 2"},
+      {"DAP BAND -1 0 1 0 0", "draws-nothing"},
+      {"DAP BAND -1 0 1 0 wide", "unreadable-number"},
+  };
+  std::string text;
+  Texts errors, findings;
+  std::size_t count = 0;
+  for (const auto& [line, kind] : lines) {
+    text.append(line) += '\n';
+    ++count;
+    if (!kind.empty())
+      (kind.ends_with("-fault") ? errors : findings).push_back(std::to_string(count) + " " + kind);
+    // The second ring of a name cannot have pieces either.
+    if (count == 42) findings.push_back("42 draws-nothing");
+  }
+  findings.insert(findings.end(), {"vu 2 not-two-fields", "vu 4 duplicate"});
+
+  const CheckReport report = Check(text, "A SIGNAL\nA SIGNAL POWER\n\nA GROUND\nA GROUND\nQ POWER\n");
+  EXPECT_EQ(Remarks(report, Level::Error), errors);
+  EXPECT_EQ(Remarks(report, Level::Finding), findings);
+  EXPECT_EQ(report.Lines, count);
+  EXPECT_EQ(report.Ignored, 6U) << "two at COMPZ, one early, one unknown, two that name nothing";
+  // C and F are bare; E has a substrate pad and a wire, D the lines of both.
+  EXPECT_EQ(Remarks(report, Level::Note),
+            (Texts{"28 pads-without-wire", "28 pads-without-substrate-pad", "35 pads-without-wire",
+                   "35 pads-without-substrate-pad", "vu 6 net-types-without-wire"}));
+  for (const Remark& remark : report.Remarks) {
+    EXPECT_NE(remark.What, "");
+    EXPECT_TRUE(remark.Rank == Level::Note || !remark.Advice.empty()) << remark.What;
+  }
+}
+
+TEST(Check, TellsOfDiesWithoutASize) {
+  const std::string wireBond = "TECHNOLOGY WIRE_BOND\n";
+  const std::string pad = "SD_CBP A 2 1 0 .2 .2 0 R ";
+  const struct {
+    std::string text;
+    Texts findings;
+  } cases[] = {
+      {wireBond + "COMPL 0\nCOMPW 6\nCOMPZ 1\n", {"2 draws-nothing"}},
+      {wireBond + "COMPL 8\nCOMPW 0.0\nCOMPZ 0\n", {"3 draws-nothing", "4 zero-height"}},
+      {wireBond + "COMPL long\nCOMPW\nCOMPZ high\n",
+       {"2 unreadable-number", "3 missing-number", "4 unreadable-number"}},
+      {wireBond + "SD_COMPW 3\nCOMPZ 1\n", {"2 draws-nothing"}},
+      {wireBond + "SD_COMPW 3\nSD_COMPL 0\nCOMPZ 1\n", {"3 draws-nothing"}},
+      {wireBond + "SD_COMPL 3\nCOMPZ 1\n", {"2 draws-nothing"}},
+      // Writers that know of stacked dies may always write all of it.
+      {wireBond + "SD_COMPL 0\nSD_COMPW 0\nSD_COMPZ 0\nCOMPZ 1\n", {}},
+      {wireBond + "COMPZ 1\n" + pad + "ROUND\n" + pad + "RECTANGLE\n", {"4 duplicate", "4 draws-nothing"}},
+      {wireBond + "COMPZ 1\n" + pad + "ROUND\n", {"3 draws-nothing"}},
+  };
+  for (const auto& [text, findings] : cases)
+    EXPECT_EQ(Remarks(Check(text), Level::Finding), findings) << text;
+}
+
+constexpr char kHeader[] = "TECHNOLOGY WIRE_BOND\nCOMPL 8\nCOMPW 6\nCOMPZ 1\n";
+
+TEST(Check, LetsPassWhatIsMeant) {
+  const char* const bodies[] = {
+      // Net names on both dies, with a stitch between them.
+      "CBP V 2 1 0 .2 .2 0 R RECTANGLE\nSBP V 4 1 0 1 1 0 ROUND 0 1\nWB V 2 1 0 4 1 1 0\n"
+      "SD_CBP V 1 1 0 .2 .2 0 R ROUND\nSTCH V 1 1 V 2 1 1 1\nSTCH V 1 1.1 V 2 1.1 1 1\n",
+      // Numbers with units, commas and zeros of all kinds; missing fields that nothing reads.
+      "CBP A 2mm 1,5 0 .2e0 +.2 0 R RECTANGLE\nWB A 2 -0.0 0 4 0,0 1 0mm\nRING X STRAIGHT -4 4 4 -4 1\n",
+      // Pieces and bands may share a name.
+      "SRING R STRAIGHT -4 4 4 -4 1\nSRSEG R B -1 0\nSRSEG R B 1 2\nDAP D 0 0 1 0 1\nDAP D 0 1 1 1 1\n",
+      // Empty lines.
+      "\n \t \n\r\n",
+  };
+  for (const char* body : bodies) {
+    const CheckReport report = Check(std::string("SD_COMPW 3\nSD_COMPL 3\n") + kHeader + body);
+    EXPECT_EQ(Remarks(report, Level::Error), Texts{}) << body;
+    EXPECT_EQ(Remarks(report, Level::Finding), Texts{}) << body;
+  }
+}
+
+TEST(Check, FlipChipsHaveNoWiresToMiss) {
+  // Bumps of one net share its name; bumps lie anywhere.
+  const std::string bumps = "COMPZ 1\nCBP V 2 1 0 .2 .2 0 C ROUND\nCBP V 2 2 0 .2 .2 0 C ROUND\n";
+  EXPECT_EQ(Check("TECHNOLOGY FLIP_CHIP\n" + bumps, "Q POWER\n").Remarks.size(), 0U);
+  EXPECT_EQ(Remarks(Check("TECHNOLOGY WIREBOND\n" + bumps), Level::Finding), Texts{"1 draws-nothing"});
+}
+
+TEST(Check, MissesTheTechnologyWhereItHidesSomething) {
+  const std::string pad = "COMPZ 1\nCBP V 2 1 0 .2 .2 0 R ROUND\n";
+  EXPECT_EQ(Remarks(Check(pad), Level::Finding), Texts{});
+  for (const char* line : {"SBP V 4 1 0 1 1 0 ROUND 0 1\n", "WB V 2 1 0 4 1 1 0\n", "STCH V 2 1 V 3 1 1 1\n",
+                           "RING X STRAIGHT -4 4 4 -4 1\n", "DAP D 0 0 1 0 1\n"})
+    EXPECT_EQ(Remarks(Check(pad + line), Level::Finding), Texts{"0 draws-nothing"}) << line;
+}
+
+TEST(Check, TellsOfTheMarkThatNobodySees) {
+  const CheckReport report = Check("\xEF\xBB\xBFTECHNOLOGY FLIP_CHIP\nCOMPZ 1\n");
+  EXPECT_EQ(Remarks(report, Level::Finding), Texts{"1 unknown-keyword"});
+  EXPECT_EQ(report.Remarks.at(0).What, "a byte order mark hides 'TECHNOLOGY', the line is ignored");
+}
+
+TEST(Check, EdgeDistancesCountWhereALoadLeavesThem) {
+  // After a load every extension is the die's height; a height of -1 so means the base die's edge.
+  const std::string body =
+      "SD_CBP S 1 1 0 .2 .2 0 R ROUND\nSBP S 1 4 0 1 1 0 ROUND 0 1\nWB S 1 1 0 1 4 1 0\n";
+  const std::string header = "TECHNOLOGY WIRE_BOND\nSD_COMPW 3\nCOMPL 8\nCOMPW 6\nCOMPZ ";
+  EXPECT_EQ(Remarks(Check(header + "1\n" + body), Level::Error), Texts{});
+  EXPECT_EQ(Remarks(Check(header + "-1\n" + body), Level::Error), Texts{"8 wire-fault"});
+}
+
+TEST(Check, FindsTablesBeyondTheirLimit) {
+  std::string text = kHeader;
+  for (int ring = 0; ring < 32767; ++ring)
+    text += "RING X STRAIGHT -4 4 4 -4 " + std::to_string(ring + 1) + "\n";
+  EXPECT_EQ(Remarks(Check(text), Level::Error), Texts{});
+  text += "RING X STRAIGHT -4 4 4 -4 40000\n";
+  const CheckReport report = Check(text);
+  EXPECT_EQ(Remarks(report, Level::Error), Texts{"32772 too-many"});
+  EXPECT_NE(report.Remarks.at(0).What.find("32768 rings, at most 32767"), std::string::npos);
+}
+
+std::string Wire(const std::string& name, const std::string& substratePad) {
+  return "CBP " + name + " 2 1 0 .2 .2 0 R ROUND\n" + substratePad + "WB " + name + " 2 1 0 4 1 1 0\n";
+}
+
+std::string WireOfTier(const std::string& name, const std::string& tier) {
+  return Wire(name, "SBP " + name + " 4 1 0 1 1 0 ROUND 0 " + tier + "\n");
+}
+
+TEST(Check, FindsTiersWithWhichTheWireListEndsTheViewer) {
+  const std::pair<std::string, Texts> cases[] = {
+      {WireOfTier("A", "0") + WireOfTier("B", "3") + WireOfTier("C", ""), {}},
+      {WireOfTier("A", "12") + WireOfTier("B", "1") + WireOfTier("C", "12") + WireOfTier("D", "-1"),
+       {"6 tier-fault", "15 tier-fault"}},
+      // Where tiers count from 0, 9 is shown as 10.
+      {WireOfTier("A", "0") + WireOfTier("B", "9"), {"9 tier-fault"}},
+      // A wire without a tier counts as the lowest, so that the others are not counted from 1.
+      {Wire("A", "") + WireOfTier("B", "0") + WireOfTier("C", "0"), {"8 tier-fault"}},
+  };
+  for (const auto& [body, errors] : cases)
+    EXPECT_EQ(Remarks(Check(kHeader + body), Level::Error), errors) << body;
+}
+
+TEST(Check, FindsEveryOtherFaultOfTheDrawing) {
+  // The corners of the largest die that can be written leave the range of a single.
+  const CheckReport report = Check("TECHNOLOGY WIRE_BOND\nSD_COMPW 3e38\nSD_XOFFSET 3e38\nCOMPZ 1\n");
+  EXPECT_EQ(Remarks(report, Level::Error), Texts{"0 fault"});
+  // In units of a die that is 431 wide, the greatest height is more than a single holds.
+  EXPECT_EQ(Remarks(Check("COMPW 431\nCOMPZ 3.4028235e38\n"), Level::Error), Texts{"2 fault"});
+}
+
+TEST(Check, HasNothingAgainstTheSamples) {
+  for (const std::string name : kSamples) {
+    const CheckReport report = CheckFile(SamplePath(name));
+    EXPECT_EQ(report.Count(Level::Error) + report.Count(Level::Finding) + report.Ignored, 0U) << name;
+    // The six round probe points of AAAc; all other pads are connected.
+    EXPECT_EQ(report.Count(Level::Note), name == "AAAc" ? 12U : 0U) << name;
+  }
+}
+
+TEST(CheckReport, ShowsWordsShortAndSafe) {
+  EXPECT_EQ(Shown("a\x1b[b"), "'a?[b'");
+  EXPECT_EQ(Shown(std::string(61, 'x')), "'" + std::string(60, 'x') + "...'");
+}
+
+TEST(CheckReport, IsJsonWhateverTheNamesHold) {
+  const CheckReport report = Check(std::string(kHeader) + "\"\xff\\ 1\nCBP A 2 1 0 .2 .2 0 R ROUND\n");
+  const std::string json = JsonReport(report, false);
+  EXPECT_NE(json.find("\"lines\": 6,"), std::string::npos) << json;
+  EXPECT_NE(json.find("\"line\": 5,\n      \"kind\": \"unknown-keyword\""), std::string::npos) << json;
+  EXPECT_NE(json.find("'\\\"\xEF\xBF\xBD\\\\' is no keyword"), std::string::npos) << json;
+  EXPECT_NE(json.find("\"pads-without-wire\": 1"), std::string::npos) << json;
+  EXPECT_EQ(json.find("\"notes\""), std::string::npos);
+  EXPECT_NE(JsonReport(report, true).find("\"notes\""), std::string::npos);
+}
+
+}  // namespace
+}  // namespace yax

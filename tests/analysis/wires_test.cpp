@@ -1,0 +1,149 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "analysis/wire_measures.h"
+#include "tests/model/package_text.h"
+#include "tests/yax/refusal.h"
+#include "yax/options/loops.h"
+#include "yax/options/package.h"
+#include "formats/check_report.h"
+#include "analysis/line_check.h"
+#include "analysis/wire_rows.h"
+#include "formats/wire_table.h"
+
+namespace yax {
+namespace {
+
+struct Wires {
+  std::vector<WireRow> rows;
+  std::vector<WireGroup> groups;
+};
+
+/// Loops 10 high that reach out 10; those of the stacked die and stitches 20 high, straight up.
+LoopValues Loops() {
+  LoopValues loops;
+  loops.BaseLoopHeight = loops.BaseExtension = 10.0F;
+  loops.StackLoopHeight = 20.0F;
+  loops.StackExtension = loops.StitchExtension = 0.0F;
+  return loops;
+}
+
+Wires WiresOf(const std::string& text, const std::string& netTypes = {},
+              const render::WireSelection& selection = {}, const TierLoopOptions& tiers = {}) {
+  const TemporaryFolder folder;
+  const std::string path = folder / "board.yax";
+  PutFile(path, text);
+  PutFile(path + ".vu", netTypes);
+  CheckReport unused{.File = path};
+  LineCheck lines(unused);
+  model::Package package = LoadPackage({path}, nullptr, &lines);
+  LoopOptions loops;
+  loops.Values = Loops();
+  const model::WireBondSettings settings = SettingsOf(loops, package);
+  const render::WireShapes shapes = ShapesOf(tiers, package);
+  Wires wires{WireRows(package, {settings, shapes, selection}, lines.Lines()), {}};
+  wires.groups = GroupsOf(wires.rows);
+  return wires;
+}
+
+// 80 long, so everything is divided by 10 inside. The file's units count outside.
+constexpr char kThreeWires[] =
+    "TECHNOLOGY WIRE_BOND\nSD_COMPL 30\nSD_COMPW 30\nCOMPL 80\nCOMPW 60\nCOMPZ 5\n"
+    "CBP A 25 10 0 2 2 0 R RECTANGLE\nSBP A 55 50 0 4 4 0 RECTANGLE 0 0\nWB A 25 10 0 55 50 5 0\n"
+    "SD_CBP S 0 10 0 2 2 0 ? RECTANGLE\nSBP S 0 22 0 4 4 0 RECTANGLE 0 1\nWB S 0 10 0 -16 22 7 0\n"
+    "STCH S 0 10 A 25 10 7 5\n";
+
+TEST(WireRows, AreMeasuredInTheFilesUnits) {
+  const Wires wires = WiresOf(kThreeWires, "A SIGNAL\nS POWER\n");
+  const char* const rows[] = {
+      // dx 30, dy 40. Up 4; then (0.5, 2), (0.5, 2), (2, 2), level 7, and down from 40 away and 15 up: 4 + 2
+      // *
+      // sqrt(4.25) + sqrt(8) + 7 + sqrt(40^2 + 15^2) = 4 + 4.12311 + 2.82843 + 7 + 42.72002. 3-4-5, off the x
+      // axis. Tiers counted from 0 are shown from 1.
+      "'A' '' 'base' '1' 'SIGNAL' 50 60.67155 53.1301 5 15 0 9",
+      // dx -16, dy 12, so 20 in plan. Straight up 20, then sqrt(20^2 + 27^2) = 33.60060. On no side by its
+      // letter; the stacked die's nearest edge is that at y = 15, whose normal is (0, 1).
+      "'S' '' 'stacked' '2' 'POWER' 20 53.6006 53.1301 7 27 0 12",
+      // The stitch goes by its first pad: 25 along x from there, at right angles to its edge's normal; up 20
+      // and
+      // over to (25, -22), 33.30165 away.
+      "'S' 'A' 'stitch' '2' 'POWER' 25 53.30165 90 7 27 5 13"};
+  ASSERT_EQ(wires.rows.size(), std::size(rows));
+  for (std::size_t i = 0; i < std::size(rows); ++i) {
+    const WireRow& row = wires.rows[i];
+    EXPECT_EQ(model::Fields(row.Name, row.OtherName, row.Table, row.Tier, row.NetType, row.PlanLength,
+                            row.Length, row.Angle, row.StartHeight, row.TopHeight, row.EndHeight, row.Line),
+              rows[i]);
+  }
+  ASSERT_EQ(wires.groups.size(), 2U);
+  const WireGroup& power = wires.groups[1];
+  EXPECT_EQ(model::Fields(power.Tier, power.NetType, power.Wires, power.Shortest, power.Longest,
+                          power.LargestAngle),
+            "'2' 'POWER' 2 53.30165 53.6006 90");
+  EXPECT_NEAR(power.Total, 106.90225, 1e-4);
+  EXPECT_NEAR(power.Mean, 53.45113, 1e-4);
+}
+
+TEST(WireRows, AreThoseThatAreDrawn) {
+  EXPECT_EQ(WiresOf(kThreeWires, {}, {true, {"S:A"}}).rows.at(0).OtherName, "A");
+  EXPECT_EQ(WiresOf(std::string(kThreeWires).substr(21)).rows.size(), 0U) << "without TECHNOLOGY";
+  EXPECT_EQ(WiresOf(std::string(kThreeWires) + "WB A 0 0 0 5 5 0 0\n").rows.size(), 2U);
+  const std::string refusal = Refusal([] { WiresOf(std::string(kThreeWires) + "WB A 5 5 0 5 5 0 0\n"); });
+  EXPECT_NE(refusal.find("board.yax:14: Run-time error: Division by zero (wire A"), std::string::npos)
+      << refusal;
+}
+
+TEST(WireRows, GiveATierItsOwnLoops) {
+  // Tier 2 is that of S; A keeps the settings.
+  const Wires wires = WiresOf(kThreeWires, {}, {}, {{{"2", {3.0F, {}}}, {"2", {{}, 1.0F}}}});
+  EXPECT_DOUBLE_EQ(wires.rows[0].TopHeight, 15.0);
+  EXPECT_DOUBLE_EQ(wires.rows[1].TopHeight, 10.0) << "3 above the pad, which is at 7";
+}
+
+TEST(WireMeasures, NearestEdgeIsThatOfTheTurnedDie) {
+  const model::DieOutline die{{10.0, 0.0}, 8.0, 2.0, 0.0};
+  const struct {
+    model::DieOutline die;
+    model::PlanVector point, normal;
+  } cases[] = {
+      {die, {9.0, 0.9}, {0, 1}},
+      {die, {13.9, 0.5}, {1, 0}},
+      {die, {6.0, 0.0}, {-1, 0}},
+      // Outside: 3 off the right edge's line and level with it, though only 0.1 off the lower edge's line.
+      {die, {17.0, -0.9}, {1, 0}},
+      {die, {10.0, -30.0}, {0, -1}},
+      // Turned by 90 degrees the right edge is the upper one; by 180 everything looks the other way.
+      {{{10.0, 0.0}, 8.0, 2.0, 90.0}, {10.0, 3.9}, {0, 1}},
+      {{{10.0, 0.0}, 8.0, 2.0, 90.0}, {9.1, 0.0}, {-1, 0}},
+      {{{10.0, 0.0}, 8.0, 2.0, 45.0}, {13.0, 3.0}, {0.70710678, 0.70710678}},
+  };
+  for (const auto& [outline, point, normal] : cases) {
+    const model::PlanVector found = NormalOfNearestEdge(outline, point);
+    EXPECT_NEAR(found.X, normal.X, 1e-8) << point.X << " " << point.Y;
+    EXPECT_NEAR(found.Y, normal.Y, 1e-8) << point.X << " " << point.Y;
+  }
+}
+
+TEST(WireMeasures, AnglesRunFromZeroToAHalfTurn) {
+  EXPECT_DOUBLE_EQ(model::AngleBetween({2, 0}, {5, 0}), 0.0);
+  EXPECT_DOUBLE_EQ(model::AngleBetween({1, 0}, {0, -3}), 90.0);
+  EXPECT_DOUBLE_EQ(model::AngleBetween({1, 0}, {-1, 1}), 135.0);
+  EXPECT_DOUBLE_EQ(model::AngleBetween({1, 0}, {-1, 0}), 180.0);
+}
+
+TEST(WireTable, QuotesWhatNeedsIt) {
+  EXPECT_EQ(CsvField("mprj_io[32]"), "mprj_io[32]");
+  EXPECT_EQ(CsvField("a,\"b\""), "\"a,\"\"b\"\"\"");
+  const WireRow row{
+      .Name = "A,1", .OtherName = "B", .Table = "stitch", .PlanLength = 2.5, .Angle = 16.40564, .Line = 1};
+  EXPECT_EQ(WiresCsv({row}, "mm"),
+            "name,other_name,table,tier,net_type,plan_length_mm,length_mm,angle_deg,start_height_mm,"
+            "top_height_mm,end_height_mm\n\"A,1\",B,stitch,,,2.5,0,16.40564,0,0,0\n");
+  EXPECT_NE(WiresJson(nullptr, {{.Tier = "1", .NetType = "G"}}, "um").find("\"longest_um\": 0.0"),
+            std::string::npos);
+}
+
+}  // namespace
+}  // namespace yax

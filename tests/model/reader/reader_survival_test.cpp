@@ -1,0 +1,172 @@
+// Packages of a kind or a length that nobody draws: each is read in full, in a second, and keeps the counts
+// said here.
+#include <algorithm>
+#include <ctime>
+
+#include "model/package.h"
+#include "setup/parameter_file.h"
+#include "tests/model/package_text.h"
+
+namespace model {
+namespace {
+
+using namespace std::string_literals;
+
+#if defined(__SANITIZE_ADDRESS__) || !defined(__OPTIMIZE__)
+constexpr double kMaxSeconds = 10.0;  // watched at every step; squared time would be hours here too
+#else
+constexpr double kMaxSeconds = 1.0;
+#endif
+
+/// The processor's time that something takes: whatever else runs on the machine does not count.
+template <class Work>
+void ExpectInTime(const std::string& what, Work&& work) {
+  const std::clock_t start = std::clock();
+  work();
+  EXPECT_LT(double(std::clock() - start) / CLOCKS_PER_SEC, kMaxSeconds) << what;
+}
+
+std::string Repeated(const std::string& piece, std::size_t times) {
+  std::string text;
+  text.reserve(piece.size() * times);
+  for (std::size_t i = 0; i < times; ++i) text += piece;
+  return text;
+}
+
+class ReaderSurvival : public PackageText {
+ protected:
+  Package ReadInTime(const std::string& text, const std::string& netTypes, const std::string& what) {
+    Package package;
+    ExpectInTime(what, [&] { package = ParsePackage(before, {text, netTypes}, &effort); });
+    return package;
+  }
+};
+
+TEST_F(ReaderSurvival, FilesWithoutAPackageAreAnEmptyOne) {
+  constexpr std::size_t kTenMegabytes = 10'000'000;
+  const std::pair<const char*, std::string> cases[] = {
+      {"empty", ""},
+      {"no line end", "CBP A 1 2"},
+      {"line ends", std::string(kTenMegabytes, '\n')},
+      {"returns", std::string(kTenMegabytes, '\r')},
+      {"blanks", std::string(kTenMegabytes, ' ')},
+      {"NUL bytes", std::string(kTenMegabytes, '\0')},
+      {"bytes beyond ASCII", std::string(kTenMegabytes, '\xff')},
+      {"one word", std::string(kTenMegabytes, 'C')},
+      {"one line of words", Repeated("CBP ", kTenMegabytes / 4)},
+      {"ignored lines", Repeated("XYZ A 1 2\n", 1'000'000)},
+      {"a body without a header", Repeated("CBP A 1 2\n", 1'000'000)},
+  };
+  for (const auto& [what, text] : cases) {
+    const Package package = ReadInTime(text, text, what);
+    EXPECT_TRUE(package.Bonds.Empty() && package.WireNames.Empty()) << what;
+    EXPECT_EQ(package.CompZ, 0.0F) << what;
+  }
+}
+
+TEST_F(ReaderSurvival, OneLineOfTenMegabytesIsOneRecord) {
+  const std::string digits(10'000'000, '1');
+  const Package package = ReadInTime("COMPL " + digits + "\nCOMPZ 2\nCBP " + digits + " " + digits +
+                                         " 5\nWB " + digits + " 3" + Repeated(" more", 2'000'000),
+                                     digits + " POWER", "long line");
+  EXPECT_EQ(package.CompL, 0.0F) << "beyond the range of a single";
+  ASSERT_EQ(package.Bonds.Count(), 1U);
+  EXPECT_EQ(package.Bonds[0].Name.size(), digits.size());
+  EXPECT_EQ(package.Bonds[0].DieX, 0.0F);
+  EXPECT_EQ(package.Bonds[0].DieY, 5.0F);
+  EXPECT_EQ(package.Bonds[0].WireStartX, 3.0F);
+  EXPECT_EQ(package.WireNames[0].NetType, "POWER");
+}
+
+TEST_F(ReaderSurvival, AMillionIgnoredLinesHideNoRecord) {
+  const std::string ignored = Repeated("* A 1 2\n", 500'000);
+  const Package package = ReadInTime(ignored + "COMPZ 1\nCBP A\nWB A\n" + ignored + "CBP B\n",
+                                     Repeated("B POWER\n", 1'000'000) + "A GROUND\n", "ignored lines");
+  EXPECT_EQ(package.Bonds.Count(), 2U);
+  EXPECT_EQ(package.WireNames[0].NetType, "GROUND");
+}
+
+TEST_F(ReaderSurvival, WordsThatLookLikeNumbersAreZero) {
+  for (const char* word :
+       {"nan", "NaN", "-nan", "inf", "-inf", "INFINITY", "1e999", "-1e999", "1e-999", "0x7f", "\x80"}) {
+    const std::string text =
+        "COMPL "s + word + "\nSD_ROTATION " + word + "\nCOMPZ " + word + "\nCBP A " + word + " 1\n";
+    const Package package = ReadInTime(text, "", word);
+    EXPECT_EQ(package.CompL, 0.0F) << word;
+    EXPECT_EQ(package.SDRotation, 0.0F) << word;
+    EXPECT_EQ(package.CompZ, 1.0F) << word << ": a height of 0 counts as 1";
+    EXPECT_EQ(package.UnitScale, 1.0F) << word;
+    EXPECT_EQ(package.Bonds[0].DieX, 0.0F) << word;
+    EXPECT_EQ(package.Bonds[0].DieY, 1.0F) << word;
+  }
+}
+
+TEST_F(ReaderSurvival, TheLargestDieIsStillRescaled) {
+  // 3.4e38 takes 38 tens to come to 3.4.
+  const Package package = ReadInTime("COMPL 3.4e38\nCOMPZ 1\nCBP A 1e38\n", "", "largest die");
+  EXPECT_FLOAT_EQ(package.CompL, 3.4F);
+  EXPECT_FLOAT_EQ(package.UnitScale, 1e38F);
+  EXPECT_FLOAT_EQ(package.Bonds[0].DieX, 1.0F);
+}
+
+/// One kind of record in a number of copies. "#" in a line stands for the record's own number.
+struct Kind {
+  const char* what;
+  const char* before;
+  const char* line;
+  std::size_t (*count)(const Package& package);
+};
+
+std::string Numbered(const char* line, std::size_t records, bool backwards = false) {
+  std::string text;
+  for (std::size_t i = 0; i < records; ++i) {
+    const std::string number = std::to_string(backwards ? records - 1 - i : i);
+    for (const char* c = line; *c != '\0'; ++c) *c == '#' ? text += number : text += *c;
+  }
+  return text;
+}
+
+TEST_F(ReaderSurvival, TablesHaveNoLimitOf16BitsAndFillInLinearTime) {
+  static constexpr Kind kKinds[] = {
+      {"die pads", "", "CBP N# 1 2 # 3 4 0 L ROUND\n", [](const Package& p) { return p.Bonds.Count(); }},
+      {"die pads of one name", "", "CBP N 1 2 # 3 4 0 L ROUND\n",
+       [](const Package& p) { return p.Bonds.Count(); }},
+      {"stacked pads", "", "SD_CBP N# 1\n", [](const Package& p) { return p.SDBonds.Count(); }},
+      // Each with what its own name has in the side file.
+      {"wires", "", "CBP N#\nSBP N# 1 2 0 3 4 5 ROUND 0 0\nWB N# 1 2 F 3 4\n",
+       [](const Package& p) {
+         return std::size_t(std::count_if(p.WireNames.begin(), p.WireNames.end(), [](const auto& entry) {
+           return entry.NetType.substr(1) == entry.Name.substr(1);
+         }));
+       }},
+      {"wires of one name", "CBP N\n", "SBP N 1\nWB N 1 2 F 3 4\n",
+       [](const Package& p) { return p.WireNames.Count(); }},
+      {"stitches", "", "STCH A# 1 2 B# 3 4\n", [](const Package& p) { return p.Stitches.Count(); }},
+      {"rings", "", "RING R# ARC 1 2 3 4 5 0\n", [](const Package& p) { return p.Rings.Count(); }},
+      {"segmented rings", "", "SRING R# ARC 1 2 3 4 5 0\nSRSEG R# B 1 2\n",
+       [](const Package& p) { return p.SRings.Count(); }},
+      {"segments", "SRING R ARC\n", "SRSEG R L # 2\n",
+       [](const Package& p) { return p.SRings[0].Segs.Count(); }},
+      {"attach bands", "", "DAP D 1 2 3 4 5\n", [](const Package& p) { return p.Daps.Count(); }},
+  };
+  for (const Kind& kind : kKinds) {
+    for (const std::size_t records : {32'767U, 32'768U, 40'000U}) {
+      const Package package = ReadInTime("COMPZ 1\n"s + kind.before + Numbered(kind.line, records),
+                                         Numbered("N# T#\n", records, true), kind.what);
+      EXPECT_EQ(kind.count(package), records) << kind.what;
+      // Three lines for a wire and one of the side file, each looking its name up in a place or two.
+      EXPECT_LE(effort.nameComparisons, records * 12) << kind.what;
+    }
+  }
+}
+
+TEST(ParameterFileSurvival, LongFilesTakeLinearTime) {
+  ExpectInTime("parameters", [] {
+    EXPECT_EQ(setup::ReadParameters(Repeated("Material=Cu\r\n", 500'000)).size(), 500'000U);
+    EXPECT_TRUE(setup::ReadParameters(std::string(10'000'000, '=')).empty());
+    EXPECT_TRUE(setup::ReadParameters(std::string(10'000'000, '\n')).empty());
+  });
+}
+
+}  // namespace
+}  // namespace model

@@ -1,0 +1,169 @@
+#include "setup/parameter_file.h"
+
+#include "tests/full_disk.h"
+#include "tests/setup/setup_fixture.h"
+
+namespace setup {
+namespace {
+
+TEST_F(SetupFormTest, TheParameterTextFollowsEveryChange) {
+  package.PackagePath = "/p k/\xC3\xA4 board.yax";
+  form.RunCommand3();
+  const std::string base =
+      "YAXFile=\xC3\xA4 "
+      "board.yax\r\nMaterial=Au\r\nWireDiameter=1\r\nFrequency=1000000\r\nBaseLoopHeight=0.25\r\n";
+  EXPECT_EQ(controls.Vu, base + "BaseExtension=0.25\r\n");
+  controls.LEc[0].Text = "1,50";
+  form.LH_Click(3);
+  EXPECT_EQ(controls.Vu, base + "BaseExtension=1.5\r\n");
+  StackADie();
+  form.LH_Click(5);
+  EXPECT_EQ(
+      controls.Vu,
+      base + "BaseExtension=1.5\r\nStackLoopHeight=0.25\r\nStackExtension=-1\r\nStichExtension=0.25\r\n");
+}
+
+TEST_F(SetupFormTest, SaveThenLoadRestoresAllButTwoExtensions) {
+  StackADie();
+  form.RunCommand3();
+  form.M_Click(2);
+  controls.WDc.Text = "0.9";
+  form.WD_Click(6);
+  controls.FQc.Text = "2.5";
+  form.FQ_Click(2);
+  for (const LoopFrame& frame : kLoopFrames) {
+    frame.FieldOf(controls).Text = "40.125";
+    form.LH_Click(frame.Custom);
+  }
+  form.LH_Click(5);
+  dialog.answer = folder / "a.zu";
+  form.Cmd_Click(6);
+  const std::string saved = controls.Vu;
+  EXPECT_EQ(GetFile(folder / "a.zu"), saved);
+  form.Cmd_Click(3);
+  rebuilds = 0;
+  form.Cmd_Click(5);
+  EXPECT_EQ(rebuilds, 1);
+  // These are as Reset left them: the written keys are not those that are read.
+  EXPECT_EQ(settings.BaseExtension, 0.25F);
+  EXPECT_EQ(settings.StitchExtension, 0.25F);
+  for (const std::size_t custom : {3U, 10U}) form.LH_Click(custom);
+  controls.LEc[0].Text = controls.LEc[2].Text = "40.125";
+  form.UpdateVals();
+  EXPECT_EQ(controls.Vu, saved);
+  EXPECT_EQ(package.PackagePath, folder / "board.yax");
+}
+
+TEST_F(SetupFormTest, SaveWithoutRoomLeavesTheOldFile) {
+  form.RunCommand3();
+  dialog.answer = PutFile(folder / "a.zu", "old");
+  {
+    const FullDisk full(10);
+    form.Cmd_Click(6);
+  }
+  EXPECT_EQ(GetFile(folder / "a.zu"), "old");
+  EXPECT_EQ(folder.FileCount(), 2U) << "board.yax and a.zu";
+  form.Cmd_Click(6);
+  EXPECT_EQ(GetFile(folder / "a.zu"), controls.Vu);
+}
+
+TEST_F(SetupFormTest, LoadTakesForeignFiles) {
+  form.RunCommand3();
+  LoadText(
+      "yaxfile=sub/other.yax\nmaterial=al\nWIREDIAMETER=1.250\r\nFrequency=4700\nBaseExtenston=7\n"
+      "StichExtenston=8 mil\nStackExtension=-1.0\nBaseLoopHeight=25.000\nStackLoopHeight=0");
+  EXPECT_EQ(package.PackagePath, folder / "sub/other.yax");
+  EXPECT_EQ(settings.Material, "Al");
+  EXPECT_EQ(settings.BaseExtension, 7.0F);
+  EXPECT_EQ(settings.StitchExtension, 8.0F);
+  EXPECT_NE(controls.Vu.find("YAXFile=other.yax\r\n"), std::string::npos);
+  const struct {
+    int selected, expected;
+    const Field& field;
+    const char* text;
+  } frames[] = {
+      {Selected(controls.WD), 4, controls.WDc, "1.250"}, {Selected(controls.FQ), 0, controls.FQc, "4.7"},
+      {SelectedLoop(0), 0, controls.LHc[0], "25.000"},  // 25 is the die height in file units
+      {SelectedLoop(2), 6, controls.LEc[1], "-1.0"},    // only the text -1 means the die's edge by itself
+      {SelectedLoop(3), 7, controls.LHc[1], "0"},       // unset
+      {SelectedLoop(4), 10, controls.LEc[2], "8 mil"}};
+  for (const auto& [selected, expected, field, text] : frames) {
+    EXPECT_EQ(selected, expected) << text;
+    EXPECT_EQ(field.Text, text);
+  }
+
+  form.RunCommand3();
+  LoadText("StackExtension=-1\r\n");
+  EXPECT_EQ(SelectedLoop(2), 5);
+  EXPECT_EQ(controls.LEc[1].Text, "25") << "the box keeps what Reset put there";
+  LoadText("Frequency=500,5 Hz\rMaterial=Al\r");
+  EXPECT_EQ(settings.Material, "Al") << "a line may end in CR alone";
+  EXPECT_EQ(Selected(controls.FQ), 3);
+  EXPECT_EQ(controls.FQc.Text, "500,5 Hz");
+  EXPECT_EQ(settings.Frequency, 500.5F);
+}
+
+TEST_F(SetupFormTest, DamagedFilesChangeNothing) {
+  form.RunCommand3();
+  form.M_Click(1);
+  const std::string vu = controls.Vu;
+  std::string bytes;
+  for (int i = 0; i < 256; ++i) bytes += static_cast<char>(i);
+  for (const std::string& text :
+       {std::string(), std::string("\r\n\n\r\r"),
+        std::string("Material\nMaterial Cu\n Material=Cu\nMaterial==Cu\n"),
+        std::string("Material=Ag\nMaterial=\nMaterial=C"), std::string("BaseLoopHeigh"), bytes,
+        std::string(1 << 20, 'x') + "Material=Cu", std::string("\0Material=Cu", 12)}) {
+    LoadText(text);
+    EXPECT_EQ(controls.Vu, vu) << text.substr(0, 40);
+  }
+  LoadText("Material=cu\nBaseLoopHeight=" + std::string(1 << 20, '9'));
+  EXPECT_EQ(settings.Material, "Cu");
+  EXPECT_EQ(settings.BaseLoopHeight, 0.25F) << "a number beyond a single is 0, so the default is selected";
+}
+
+TEST_F(SetupFormTest, DialogsAskAsToldAndCancellingChangesNothing) {
+  form.RunCommand3();
+  rebuilds = 0;
+  const auto asked = [this](std::size_t button) {
+    form.Cmd_Click(button);
+    const FileDialogRequest& r = dialog.asked.back();
+    return dialog.shown + ": " + r.DialogTitle + ", " + r.FileName + ", " + r.Filter + ", " +
+           std::to_string(r.Flags) + ", " + r.DefaultExt;
+  };
+  EXPECT_EQ(asked(6),
+            "save: Save ZU file, " + package.PackagePath + ", zu files|*.zu|all files|*.*, 8206, .zu");
+  EXPECT_EQ(asked(5), "open: Load ZU File, *.zu, zu files|*.zu|All files|*.*, 16396, .zu");
+  dialog.answer = folder / "missing.zu";
+  form.Cmd_Click(5);
+  EXPECT_EQ(rebuilds, 0);
+  EXPECT_EQ(GetFile(package.PackagePath), "");
+}
+
+TEST_F(SetupFormTest, TheOverwriteQuestionKnowsThePackageByAnyName) {
+  const FileDialogRequest request{.Flags = 8206, .PackagePath = package.PackagePath};
+  std::filesystem::create_symlink(package.PackagePath, folder / "link.zu");
+  PutFile(folder / "other.zu", "");
+  EXPECT_EQ(OverwriteQuestion(folder / "new.zu", request), "");
+  EXPECT_EQ(OverwriteQuestion(folder / "other.zu", {.Flags = 16396}), "");
+  EXPECT_NE(OverwriteQuestion(folder / "other.zu", request).find("already exists"), std::string::npos);
+  for (const std::string& same : {folder / "board.yax", folder / "./board.yax", folder / "link.zu"})
+    EXPECT_NE(OverwriteQuestion(same, request).find("package file itself"), std::string::npos) << same;
+}
+
+TEST(ParameterFile, ItsNameReplacesThreeCharacters) {
+  using Name = std::pair<const char*, std::optional<std::string>>;
+  for (const auto& [path, name] :
+       {Name("/a/board.yax", "board.zu"), Name("board.YAX", "board.zu"), Name("/a.b/yax", "zu"),
+        Name("/a/package", "packzu"), Name("/a/b.\xC3\xA4\xC3\xB6x", "b.zu"), Name("/a/ya", std::nullopt),
+        Name("/a/\xC3\xA4\xC3\xA4", std::nullopt), Name("", std::nullopt), Name("/a/", std::nullopt)})
+    EXPECT_EQ(ParameterFileName(path), name) << path;
+}
+
+TEST(ParameterFile, ItsFolderKeepsTheSeparator) {
+  for (const auto& [path, its] : {std::pair("/a b/c.zu", "/a b/"), {"/c.zu", "/"}, {"c.zu", ""}})
+    EXPECT_EQ(GetFilePath(path), its);
+}
+
+}  // namespace
+}  // namespace setup

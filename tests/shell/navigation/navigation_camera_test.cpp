@@ -1,0 +1,186 @@
+#include <limits>
+#include <vector>
+
+#include "tests/shell/navigation/navigation_fixture.h"
+
+namespace shell {
+namespace {
+
+using NavigationCamera = NavigationTest;
+
+constexpr std::int16_t kMost = std::numeric_limits<std::int16_t>::max();
+constexpr std::int16_t kLeast = std::numeric_limits<std::int16_t>::min();
+
+TEST_F(NavigationCamera, RoutinesMoveByTheirStepAndRepaintOnce) {
+  // At heading 1.56 a step of 1 is (0.011, -0.9999): x stays, z moves by one.
+  std::vector<std::pair<const char*, std::function<void(Navigation&)>>> cases = {
+      {"z 3", [](Navigation& v) { v.Move_Camera_In(-1); }},
+      {"z 7", [](Navigation& v) { v.Move_Camera_Out(4); }},
+      {"z 4", &Navigation::cmdForward_Click},
+      {"z 6", &Navigation::cmdBack_Click},
+      {"heading 10", &Navigation::cmdLeft_Click},
+      {"heading -10", &Navigation::cmdRight_Click},
+      {"look 10", &Navigation::cmdUp_Click},
+      {"look -10", &Navigation::cmdDown_Click}};
+  for (const auto& [word, changes] : {std::pair("IN", "z 4"),
+                                      {"OUT", "z 6"},
+                                      {"LEFT", "heading 10"},
+                                      {"RIGHT", "heading -10"},
+                                      {"UP", "look 10"},
+                                      {"DOWN", "look -10"},
+                                      {"in", ""}})
+    cases.emplace_back(changes, [keyword = word](Navigation& v) { v.NavigateByKey(keyword); });
+  int index = 0;
+  for (const char* changes : {"x -1", "x 1", "y 1", "y -1", ""})
+    cases.emplace_back(changes, [arrow = index++](Navigation& v) { v.Trans_Click(arrow); });
+  int row = 0;
+  for (const auto& [changes, act] : cases) {
+    Restart();
+    act(*view);
+    EXPECT_EQ(Changes(), changes) << row;
+    EXPECT_EQ(counts.repaints, row == 14 ? 0 : 1) << row;
+    EXPECT_EQ(counts.dummyFocus, row > 14 ? 1 : 0) << row;  // arrow pictures
+    ++row;
+  }
+}
+
+TEST_F(NavigationCamera, XTurnsBackAtItsLopsidedBounds) {
+  // The nearest single to pi lies above pi: its cosine is a hair more than -1, so -39 moves on to -40 and
+  // is turned back from there.
+  const struct {
+    std::int16_t start;
+    float heading;
+    double distance;
+    std::vector<int> path;
+  } cases[] = {{39, 0.0F, 1.0, {40, 41, 40, 41, 40}},
+               {41, 0.0F, -1.0, {42, 43}},          // -1 + 40 <= 41: even the way home is turned back
+               {-39, 0.0F, -1.0, {-38, -39, -38}},  // the step to -40 itself is turned back
+               {-38, 0.0F, -1.0, {-39, -38}},
+               {-39, 3.14159265F, 1.0, {-40, -39, -40}},
+               {-50, 0.0F, 1.0, {-51, -52}},
+               {38, 0.0F, 2.0, {40, 42, 40, 42}}};
+  for (const auto& [start, heading, distance, path] : cases) {
+    view->Camera = {.CamX = start, .CamYaw = heading};
+    for (const int x : path) {
+      view->MoveCamera(distance);
+      EXPECT_EQ(view->Camera.CamX, x) << "from " << start;
+    }
+  }
+  EXPECT_EQ(counts.repaints, 0);
+}
+
+TEST_F(NavigationCamera, ComponentsAreRoundedHalvesToEven) {
+  view->Camera.CamYaw = 0.0F;
+  for (const auto& [distance, x] : {std::pair(0.5, 0), {1.5, 2}, {0.5, 2}}) {
+    view->MoveCamera(distance);
+    EXPECT_EQ(view->Camera.CamX, x);
+  }
+  EXPECT_EQ(view->Camera.CamZ, 5);
+}
+
+TEST_F(NavigationCamera, HeadingsPastARoundStartAgainAtZeroAndBelowItAt628) {
+  // 1.56 + 27 * 0.174556 = 6.273, + 0.174556 = 6.448.
+  for (int turn = 1; turn <= 27; ++turn) view->Turn_Camera_Left();
+  EXPECT_NEAR(view->Camera.CamYaw, 6.273F, 1e-4F);
+  view->Turn_Camera_Left();
+  EXPECT_EQ(view->Camera.CamYaw, 0.0F);
+  view->Turn_Camera_Right();
+  EXPECT_EQ(view->Camera.CamYaw, 6.28F);
+  // One right and one left: back on the single 6.28, which is 6.28000021 and so past 6.28.
+  view->Turn_Camera_Right();
+  EXPECT_NEAR(view->Camera.CamYaw, 6.1054F, 1e-4F);
+  view->Turn_Camera_Left();
+  EXPECT_EQ(view->Camera.CamYaw, 0.0F);
+}
+
+TEST_F(NavigationCamera, MouseTurnsAndTiltsMoveByDeltaOrAFixedStepWithoutRepaint) {
+  // One degree is 3.142 / 180 = 0.0174556. To the right there is no wrap below zero.
+  const struct {
+    void (Navigation::*turn)(int);
+    int byDelta;
+    float start, deltaX, heading;
+  } turns[] = {{&Navigation::MouseTurn_Camera_Left, 2, 1.0F, 20.0F, 1.349111F},
+               {&Navigation::MouseTurn_Camera_Left, 0, 1.0F, 20.0F, 1.0174556F},
+               {&Navigation::MouseTurn_Camera_Left, 2, 6.2F, 5.0F, 0.0F},
+               {&Navigation::MouseTurn_Camera_Right, 2, 1.0F, -20.0F, 0.650889F},
+               {&Navigation::MouseTurn_Camera_Right, 0, 1.0F, -20.0F, 0.9825444F},
+               {&Navigation::MouseTurn_Camera_Right, 2, 0.1F, -20.0F, -0.249111F},
+               {&Navigation::MouseTurn_Camera_Right, 2, 6.2F, 5.0F, 0.0F}};
+  for (const auto& [turn, byDelta, start, deltaX, heading] : turns) {
+    view->Camera.CamYaw = start;
+    view->Mouse.DeltaX = deltaX;
+    ((*view).*turn)(byDelta);
+    EXPECT_NEAR(view->Camera.CamYaw, heading, 1e-6F);
+  }
+  view->Mouse.DeltaY = -2.5F;
+  const std::pair<void (Navigation::*)(int), std::pair<int, int>> tilts[] = {
+      {&Navigation::MouseTilt_Camera_Up, {-2, 2}}, {&Navigation::MouseTilt_Camera_Down, {-2, -2}}};
+  for (const auto& [tilt, looks] : tilts) {
+    view->Camera.CamLook = 0;
+    ((*view).*tilt)(1);
+    EXPECT_EQ(view->Camera.CamLook, looks.first);
+    view->Camera.CamLook = 0;
+    ((*view).*tilt)(0);
+    EXPECT_EQ(view->Camera.CamLook, looks.second);
+  }
+  EXPECT_EQ(counts.repaints, 0);
+}
+
+TEST_F(NavigationCamera, WheelStepsBySignOnceItIsHooked) {
+  view->WheelMoved(120 << 16);
+  EXPECT_EQ(Changes(), "");
+  view->WheelHooked = true;
+  for (const auto& [delta, changes] :
+       {std::pair(240 << 16, "z 4"), {1, "z 4"}, {-120 * 65536, "z 6"}, {0, ""}}) {
+    view->Camera = {};
+    view->WheelMoved(delta);
+    EXPECT_EQ(Changes(), changes) << delta;
+  }
+}
+
+TEST_F(NavigationCamera, OverflowLeavesRoutinesAndButtonsButNotTheWheel) {
+  view->Camera = {.CamX = kMost, .CamY = kMost, .CamZ = kLeast, .CamLook = kMost};
+  EXPECT_THROW(view->Trans_Click(1), model::Overflow);
+  EXPECT_THROW(view->Trans_Click(2), model::Overflow);
+  EXPECT_THROW(view->cmdUp_Click(), model::Overflow);
+  EXPECT_THROW(view->MouseTilt_Camera_Up(0), model::Overflow);
+  EXPECT_THROW(view->cmdForward_Click(), model::Overflow);
+
+  // Heading 0.5236 is 30 degrees, x 0.87 and z -0.5 per unit; with a step of 4 x goes by 3 before z
+  // overflows.
+  view->Camera = {.CamZ = kLeast, .CamYaw = 0.5236F, .CamStep = 4.0};
+  view->WheelHooked = true;
+  view->WheelMoved(120);
+  EXPECT_EQ(view->Camera.CamX, 3);
+  EXPECT_EQ(view->Camera.CamZ, kLeast);
+  EXPECT_EQ(counts.repaints, 0);
+}
+
+TEST_F(NavigationCamera, LoadResetsCameraAndRotationButNotWalkModeAndTicks) {
+  view->Camera = {.CamX = 1, .CamY = 2, .CamZ = 3, .CamYaw = 4.0F, .CamStep = 5.0, .CamLook = 6};
+  view->ScrollYaw.SetValue(33);
+  view->Rotation.RotRoll = 3.0F;
+  view->WalkMode = true;
+  view->Mouse.PanTick = 2;
+  counts = {};
+  view->ResetCamera();
+  view->ResetRotation();          // the pitch bar stands at 90 already
+  EXPECT_EQ(counts.repaints, 3);  // the yaw bar's own change, then both handlers
+  EXPECT_EQ(Changes(), "");
+  EXPECT_EQ(view->Camera.CamStep, 1.0);
+  EXPECT_EQ(view->Rotation.RotRoll, 0.0F);
+  EXPECT_TRUE(view->WalkMode);
+  EXPECT_EQ(view->Mouse.PanTick, 2);
+}
+
+TEST(Navigation, WithoutActionsItStillMoves) {
+  Navigation view;
+  view.Form_KeyDown(kEscape, kShift);
+  view.Form_KeyDown(kHome, 0);
+  view.Form_MouseDown(kRightButton, 0, 1.0F, 1.0F);
+  view.Trans_Click(1);
+  EXPECT_EQ(view.Camera.CamX, 1);
+}
+
+}  // namespace
+}  // namespace shell

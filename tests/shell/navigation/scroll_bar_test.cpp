@@ -1,0 +1,44 @@
+#include "shell/navigation/scroll_bar.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace shell {
+namespace {
+
+TEST(ScrollBar, StartsAtZeroOrTheNearestLimit) {
+  EXPECT_EQ(ScrollBar(-90, 270).Value(), 0);
+  EXPECT_EQ(ScrollBar(5, 10).Value(), 5);
+  EXPECT_EQ(ScrollBar(-10, -5).Value(), -5);
+}
+
+TEST(ScrollBar, ClampsAndTellsOnlyOfChanges) {
+  ScrollBar bar(-90, 270);
+  std::string told;
+  bar.show = [&](std::int16_t value) { told += "show " + std::to_string(value) + ";"; };
+  bar.change = [&] { told += "change " + std::to_string(bar.Value()) + ";"; };
+  bar.scroll = [&] { told += "scroll " + std::to_string(bar.Value()) + ";"; };
+  const auto set = [&](int value) { return told.clear(), bar.SetValue(value), told; };
+  const auto drag = [&](int value) { return told.clear(), bar.Drag(value), told; };
+
+  EXPECT_EQ(set(0), "");
+  EXPECT_EQ(set(270), "show 270;change 270;");
+  EXPECT_EQ(set(271), "");  // clamped to the value it has
+  EXPECT_EQ(set(-91), "show -90;change -90;");
+  EXPECT_EQ(set(100000), "show 270;change 270;");  // clamped before it is narrowed to 16 bits
+  EXPECT_EQ(drag(12), "show 12;scroll 12;");
+  EXPECT_EQ(drag(12), "");
+}
+
+TEST(ScrollBar, TheScreenAnsweringItsOwnMoveCallsNobodyTwice) {
+  ScrollBar bar(-180, 180);
+  int changes = 0;
+  bar.show = [&](std::int16_t value) { bar.SetValue(value); };
+  bar.change = [&] { changes++; };
+  bar.SetValue(7);
+  EXPECT_EQ(changes, 1);
+}
+
+}  // namespace
+}  // namespace shell

@@ -1,0 +1,91 @@
+/// A real main window on a small package, with dialogs, boxes and the program's end under the test's hand.
+#pragma once
+
+#include <QAction>
+#include <QApplication>
+#include <QPushButton>
+#include <QTest>
+#include <QWindow>
+#include <memory>
+#include <vector>
+
+#include "shell/ui/gl_view.h"
+#include "shell/ui/main_window.h"
+#include "tests/setup/answering_dialog.h"
+#include "tests/shell/navigation/navigation_fixture.h"
+#include "tests/temporary_folder.h"
+
+namespace shell {
+
+class MainWindowTest : public testing::Test {
+ protected:
+  /// A die, from above twice as high as it is wide, and nothing else.
+  static constexpr char kDie[] = "COMPL 8\nCOMPW 4\nCOMPZ 1\n";
+
+  MainWindowTest() {
+    end.showCritical = [this](const std::string& title, const std::string& text) {
+      boxes.push_back(title + ": " + text);
+    };
+    end.leave = [this](int with) {
+      status = with;
+      if (window) window->hide();
+    };
+    PutFile(package, kDie);
+  }
+
+  void Open(QSize size = {500, 400}) {
+    window = std::make_unique<MainWindow>(StartUp{folder / "", '"' + package + '"'}, end, asks);
+    window->resize(size);
+    window->Load();
+    window->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  }
+
+  MainForm& Form() { return window->Form(); }
+  Navigation& Nav() { return window->Form().Navigator(); }
+  GlView& View() { return *window->findChild<GlView*>(); }
+  QMenu& Menu() { return *window->findChild<QMenu*>("DoMnu"); }
+  QAction& Entry(const char* name) { return *Menu().findChild<QAction*>(name); }
+
+  template <class Control>
+  Control& Named(const char* name) {
+    for (Control* control : window->findChildren<Control*>())
+      if (control->accessibleName() == name || control->property("text") == QString(name)) return *control;
+    throw std::out_of_range(name);
+  }
+  /// The shown window of this title beside the main one, or null.
+  static QWidget* Shown(const QString& title) {
+    for (QWidget* widget : QApplication::topLevelWidgets())
+      if (widget->isVisible() && widget->windowTitle() == title) return widget;
+    return nullptr;
+  }
+
+  // Input comes the way the toolkit's platform delivers it: to the native windows.
+  void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::keyClick(window->windowHandle(), key, modifiers);
+  }
+  void Mouse(QTest::MouseAction action, QPoint at, Qt::MouseButton button = Qt::NoButton,
+             Qt::KeyboardModifiers modifiers = {}) {
+    QTest::mouseEvent(action, View().windowHandle(), button, modifiers, at);
+  }
+
+  std::string Changes() { return Moves(Nav()); }
+  void Restart() {
+    Nav().ResetCamera();
+    Nav().ResetRotation();
+    Nav().Mouse = {};
+  }
+
+  TemporaryFolder folder;
+  std::string package = folder / "a package \xC3\xA4.yax";
+  ProgramEnd end;
+  std::vector<std::string> boxes;
+  std::optional<int> status;
+  setup::AnsweringDialog dialog;
+  setup::FileDialog* asks = &dialog;  ///< null: the toolkit's own
+  std::unique_ptr<MainWindow> window;
+};
+
+}  // namespace shell
