@@ -10,11 +10,11 @@
 
 #include "analysis/segment_tree.h"
 
-namespace yax {
+namespace analysis {
 
 namespace {
 
-using model::Point3;
+using analysis::Point3;
 
 constexpr std::uint32_t kNoLoop = UINT32_MAX;
 /// How many loops are worth a thread. Not a matter of the machine, so that all give the same pairs.
@@ -76,7 +76,7 @@ class LoopSearch {
       if (found_[other].Pair.Distance <= reach_) result_.Nearest.push_back(found_[other].Pair);
   }
 
-  void Measure(std::uint32_t number, const model::Segment& line, const WirePiece& piece) {
+  void Measure(std::uint32_t number, const analysis::Segment& line, const WirePiece& piece) {
     Found& found = found_[piece.Wire];
     if (found.By != number) {
       found = {.By = number, .Compared = AreCompared(loops_[number], loops_[piece.Wire])};
@@ -84,7 +84,7 @@ class LoopSearch {
     }
     if (!found.Compared) return;
     ++result_.Effort;
-    const model::Nearness near = model::NearestPoints(line, piece.Line);
+    const analysis::Nearness near = analysis::NearestPoints(line, piece.Line);
     if (near.Distance >= found.Pair.Distance) return;
     found.Pair = {std::min(number, piece.Wire), std::max(number, piece.Wire), near.Distance, {}};
     for (std::size_t axis = 0; axis < found.Pair.Where.size(); ++axis)
@@ -151,4 +151,4 @@ LoopPairs FindNearLoops(const std::vector<LoopOfNet>& loops, double reach) {
   return all;
 }
 
-}  // namespace yax
+}  // namespace analysis

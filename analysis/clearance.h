@@ -9,11 +9,11 @@
 #include "analysis/segment_distance.h"
 #include "model/wire_path.h"
 
-namespace yax {
+namespace analysis {
 
 /// A loop among others. Nets and pads are numbers, the same ones for the same names.
 struct LoopOfNet {
-  std::array<model::Point3, model::kWirePointCount> Points{};
+  std::array<analysis::Point3, model::kWirePointCount> Points{};
   std::uint32_t Net = 0;
   std::array<std::uint32_t, 2> Pads{};  ///< a wire has one pad, twice
 };
@@ -22,7 +22,7 @@ struct LoopOfNet {
 struct LoopPair {
   std::uint32_t First = 0, Second = 0;  ///< First < Second
   double Distance = 0.0;
-  model::Point3 Where{};  ///< halfway between the two nearest points
+  analysis::Point3 Where{};  ///< halfway between the two nearest points
 };
 
 /// Loops of one net are not compared, nor loops with an end point in common or at the same pad.
@@ -37,4 +37,4 @@ struct LoopPairs {
 /// negative).
 LoopPairs FindNearLoops(const std::vector<LoopOfNet>& loops, double reach);
 
-}  // namespace yax
+}  // namespace analysis

@@ -13,7 +13,7 @@
 #include "model/wire_path.h"
 #include "render/scene.h"
 
-namespace yax {
+namespace analysis {
 
 namespace {
 
@@ -44,7 +44,7 @@ bool IsEdge(const std::string& side) {
 
 class DrawingCheck {
  public:
-  DrawingCheck(model::Package& package, const PackageLines& lines, CheckReport& report)
+  DrawingCheck(model::Package& package, const PackageLines& lines, formats::CheckReport& report)
       : package_(package), lines_(lines), report_(report) {}
 
   void Run();
@@ -70,7 +70,7 @@ class DrawingCheck {
 
   model::Package& package_;
   const PackageLines& lines_;
-  CheckReport& report_;
+  formats::CheckReport& report_;
   NoPen pen_;
   const model::WireBondSettings settings_ = model::SettingsAfterReset(package_);
   const render::Appearance appearance_;
@@ -80,7 +80,7 @@ class DrawingCheck {
 };
 
 void DrawingCheck::Error(const char* kind, std::size_t line, const std::string& fault, std::string advice) {
-  report_.Remarks.push_back({Level::Error,
+  report_.Remarks.push_back({formats::Level::Error,
                              kind,
                              {report_.File, line},
                              "the viewer ends with \"" + fault + "\"",
@@ -91,7 +91,7 @@ void DrawingCheck::Nothing(std::size_t line, std::string what, std::string advic
   // What such a line lacks was told already.
   if (lines_.Incomplete.contains(line)) return;
   report_.Remarks.push_back(
-      {Level::Finding, "draws-nothing", {report_.File, line}, std::move(what), std::move(advice)});
+      {formats::Level::Finding, "draws-nothing", {report_.File, line}, std::move(what), std::move(advice)});
 }
 
 void DrawingCheck::NothingOfZero(std::size_t line, std::string what, std::string advice) {
@@ -102,7 +102,8 @@ void DrawingCheck::CheckTechnology() {
   if (package_.Technology == "WIRE_BOND" || package_.Technology == "FLIP_CHIP") return;
   const std::string hides = " shows no wires, substrate pads, rings and bands";
   if (const std::size_t line = lines_.HeaderOf("TECHNOLOGY")) {
-    Nothing(line, "TECHNOLOGY " + Shown(package_.Technology) + hides, "write WIRE_BOND or FLIP_CHIP");
+    Nothing(line, "TECHNOLOGY " + formats::Shown(package_.Technology) + hides,
+            "write WIRE_BOND or FLIP_CHIP");
   } else if (lines_.HasMoreThanDies()) {
     Nothing(0, "a package without TECHNOLOGY" + hides, "write TECHNOLOGY WIRE_BOND into the header");
   }
@@ -111,17 +112,17 @@ void DrawingCheck::CheckTechnology() {
 void DrawingCheck::CheckDiePads(const model::Table<BondRec>& bonds, const std::vector<BondLines>& lines) {
   for (std::size_t i = 0; i < bonds.Count(); ++i) {
     const BondRec& bond = bonds[i];
-    const std::string pad = "the die pad " + Shown(bond.Name);
+    const std::string pad = "the die pad " + formats::Shown(bond.Name);
     const bool rectangle = EqualsUpper(bond.DieShape, "RECTANGLE");
     // Deliberate: as in the drawing, ROUND counts in capitals only.
     if (!rectangle && bond.DieShape != "ROUND") {
-      Nothing(lines[i].Pad, pad + " is not drawn: its shape is " + Shown(bond.DieShape),
+      Nothing(lines[i].Pad, pad + " is not drawn: its shape is " + formats::Shown(bond.DieShape),
               "write RECTANGLE, or ROUND in capitals");
     } else if (bond.DieSizeX == 0.0F || (rectangle && bond.DieSizeY == 0.0F)) {
       NothingOfZero(lines[i].Pad, pad + " shows nothing: its size is 0", "give fields 5 and 6 a size");
     } else if (package_.Technology == "WIRE_BOND" && !IsEdge(bond.DieSide)) {
       Nothing(lines[i].Pad,
-              pad + " lies on no edge, " + Shown(bond.DieSide) +
+              pad + " lies on no edge, " + formats::Shown(bond.DieSide) +
                   ": a substrate pad would be drawn over the one before it",
               "write L, R, T or B");
     }
@@ -173,7 +174,7 @@ void DrawingCheck::CheckBonds(const model::Table<BondRec>& bonds, const std::vec
   for (std::size_t i = 0; i < bonds.Count(); ++i) {
     const BondRec& bond = bonds[i];
     if (const std::size_t line = lines[i].SubstratePad) {
-      const std::string pad = "the substrate pad of " + Shown(bond.Name);
+      const std::string pad = "the substrate pad of " + formats::Shown(bond.Name);
       if (bond.SubX == 0.0F && bond.SubY == 0.0F) {
         NothingOfZero(line, pad + " is not drawn: its centre is (0, 0)", "give fields 2 and 3 its place");
       } else if (bond.SubSizeX == 0.0F || bond.SubSizeY == 0.0F) {
@@ -186,7 +187,7 @@ void DrawingCheck::CheckBonds(const model::Table<BondRec>& bonds, const std::vec
 
 void DrawingCheck::CheckWire(const BondRec& bond, std::size_t line, bool stacked) {
   if (!model::HasWire(bond))
-    return NothingOfZero(line, "the wire " + Shown(bond.Name) + " is not drawn: it starts at (0, 0)",
+    return NothingOfZero(line, "the wire " + formats::Shown(bond.Name) + " is not drawn: it starts at (0, 0)",
                          "give fields 2 and 3 its start");
   const model::PackagePoint start{bond.WireStartX, bond.WireStartY, bond.WireStartZ};
   const model::PackagePoint end{bond.WireEndX, bond.WireEndY, bond.WireEndZ};
@@ -234,7 +235,7 @@ void DrawingCheck::CheckRings() {
 void DrawingCheck::CheckSRings() {
   for (std::size_t i = 0; i < package_.SRings.Count(); ++i) {
     const model::SRingRec& ring = package_.SRings[i];
-    const std::string name = "the ring " + Shown(ring.Name);
+    const std::string name = "the ring " + formats::Shown(ring.Name);
     if (ring.Segs.Empty()) {
       Nothing(lines_.SRings[i], name + " shows nothing: it has no pieces", "add SRSEG lines");
     } else if (ring.Width == 0.0F) {
@@ -255,10 +256,10 @@ void DrawingCheck::CheckSegments(const model::SRingRec& ring, const std::vector<
   constexpr std::string_view kSides[] = {"B", "T", "L", "R"};
   for (std::size_t i = 0; i < ring.Segs.Count(); ++i) {
     if (std::find(std::begin(kSides), std::end(kSides), ring.Segs[i].Name) != std::end(kSides)) continue;
-    Nothing(
-        lines[i],
-        "the piece of ring " + Shown(ring.Name) + " is not drawn: its side is " + Shown(ring.Segs[i].Name),
-        "write B, T, L or R, in capitals");
+    Nothing(lines[i],
+            "the piece of ring " + formats::Shown(ring.Name) + " is not drawn: its side is " +
+                formats::Shown(ring.Segs[i].Name),
+            "write B, T, L or R, in capitals");
   }
 }
 
@@ -290,13 +291,13 @@ void DrawingCheck::CheckCounts() {
 
 void DrawingCheck::NotePads(const model::Table<BondRec>& bonds, const std::vector<BondLines>& lines) {
   const auto note = [&](const char* kind, std::size_t line, std::string what) {
-    report_.Remarks.push_back({Level::Note, kind, {report_.File, line}, std::move(what), ""});
+    report_.Remarks.push_back({formats::Level::Note, kind, {report_.File, line}, std::move(what), ""});
   };
   for (std::size_t i = 0; i < bonds.Count(); ++i) {
     const bool wire = lines[i].Wire != 0;
     const bool stitch = lines_.StitchedPads.contains(bonds[i].Name);
     if (lines[i].Again) continue;
-    const std::string pad = "the die pad " + Shown(bonds[i].Name);
+    const std::string pad = "the die pad " + formats::Shown(bonds[i].Name);
     if (!wire && !stitch) note("pads-without-wire", lines[i].Pad, pad + " has no wire");
     // A pad with nothing but stitches needs none.
     if (lines[i].SubstratePad == 0 && (wire || !stitch))
@@ -322,7 +323,7 @@ void DrawingCheck::Run() {
     NotePads(package_.Bonds, lines_.Bonds);
     NotePads(package_.SDBonds, lines_.SDBonds);
   }
-  if (report_.Count(Level::Error) != 0) return;
+  if (report_.Count(formats::Level::Error) != 0) return;
   // The whole drawing finds what no check above looks for.
   const std::string fault = FaultOf([&] { scene_.DrawPackage(); });
   if (!fault.empty()) Error("fault", 0, fault, "correct the record that it names");
@@ -330,8 +331,8 @@ void DrawingCheck::Run() {
 
 }  // namespace
 
-void CheckDrawing(model::Package& package, const PackageLines& lines, CheckReport& report) {
+void CheckDrawing(model::Package& package, const PackageLines& lines, formats::CheckReport& report) {
   DrawingCheck(package, lines, report).Run();
 }
 
-}  // namespace yax
+}  // namespace analysis

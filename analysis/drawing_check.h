@@ -1,14 +1,14 @@
 /// What the viewer's drawing makes of a package that was read: what ends it and what shows nothing.
 #pragma once
 
-#include "model/package.h"
-#include "formats/check_report.h"
 #include "analysis/line_check.h"
+#include "formats/check_report.h"
+#include "model/package.h"
 
-namespace yax {
+namespace analysis {
 
 /// Adds to the report what keeps the package, with the settings after a load, from being drawn as a whole,
 /// and the pads that are not connected.
-void CheckDrawing(model::Package& package, const PackageLines& lines, CheckReport& report);
+void CheckDrawing(model::Package& package, const PackageLines& lines, formats::CheckReport& report);
 
-}  // namespace yax
+}  // namespace analysis

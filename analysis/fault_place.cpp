@@ -1,22 +1,22 @@
 #include "analysis/fault_place.h"
 
-#include "yax/options/package.h"
-#include "formats/check_report.h"
 #include "analysis/drawing_check.h"
 #include "analysis/line_check.h"
+#include "formats/check_report.h"
+#include "yax/options/package.h"
 
-namespace yax {
+namespace analysis {
 
-Unusable NotDrawn(const std::string& packageFile, const model::Fault& fault) {
-  CheckReport report{.File = packageFile};
+yax::Unusable NotDrawn(const std::string& packageFile, const model::Fault& fault) {
+  formats::CheckReport report{.File = packageFile};
   LineCheck lines(report);
-  model::Package package = LoadPackage({packageFile}, nullptr, &lines);
+  model::Package package = yax::LoadPackage({packageFile}, nullptr, &lines);
   CheckDrawing(package, lines.Lines(), report);
-  for (const Remark& remark : report.Remarks)
-    if (remark.Rank == Level::Error && remark.What.find(fault.what()) != std::string::npos)
+  for (const formats::Remark& remark : report.Remarks)
+    if (remark.Rank == formats::Level::Error && remark.What.find(fault.what()) != std::string::npos)
       return {remark.At, fault.what(), remark.Advice};
   // Only with settings other than those after a load.
   return {{.File = packageFile}, fault.what(), "correct the record, or use other settings"};
 }
 
-}  // namespace yax
+}  // namespace analysis

@@ -6,10 +6,10 @@
 #include "model/faults.h"
 #include "yax/messages.h"
 
-namespace yax {
+namespace analysis {
 
 /// What a command that draws ends with: the fault, and the line of the record that it names, with what to do
 /// there. Reads the package file once more, which is nothing to the drawing that came so far.
-Unusable NotDrawn(const std::string& packageFile, const model::Fault& fault);
+yax::Unusable NotDrawn(const std::string& packageFile, const model::Fault& fault);
 
-}  // namespace yax
+}  // namespace analysis

@@ -6,13 +6,13 @@
 #include "model/numbers.h"
 #include "model/text.h"
 
-namespace yax {
+namespace analysis {
 
 namespace {
 
-using model::BodyKeyword;
-using model::LineFate;
-using model::LineNote;
+using model::reader::BodyKeyword;
+using model::reader::LineFate;
+using model::reader::LineNote;
 
 /// True when a text is read as 0 without saying so.
 bool IsUnreadable(std::string_view text) {
@@ -55,14 +55,15 @@ bool PackageLines::HasMoreThanDies() const {
          std::any_of(Bonds.begin(), Bonds.end(), has) || std::any_of(SDBonds.begin(), SDBonds.end(), has);
 }
 
-void LineCheck::Add(Level level, const char* kind, std::size_t line, std::string what, std::string advice) {
+void LineCheck::Add(formats::Level level, const char* kind, std::size_t line, std::string what,
+                    std::string advice) {
   report_.Remarks.push_back({level, kind, {report_.File, line}, std::move(what), std::move(advice)});
 }
 
 void LineCheck::OnPackageLine(const LineNote& note) {
   if (note.Fate != LineFate::Taken) return Ignored(note);
   if (note.Fields.Found() > model::Tokens::kCount)
-    Add(Level::Finding, "extra-fields", note.Line,
+    Add(formats::Level::Finding, "extra-fields", note.Line,
         "the line has " + std::to_string(note.Fields.Found()) +
             " fields, those beyond the eleventh are ignored",
         "remove them");
@@ -73,25 +74,25 @@ void LineCheck::OnPackageLine(const LineNote& note) {
 
 void LineCheck::Ignored(const LineNote& note) {
   ++report_.Ignored;
-  const std::string word = Shown(note.Fields[0]);
+  const std::string word = formats::Shown(note.Fields[0]);
   switch (note.Fate) {
     case LineFate::BeforeCompz:
-      return Add(Level::Finding, "before-compz", note.Line,
+      return Add(formats::Level::Finding, "before-compz", note.Line,
                  word + " comes before the COMPZ line and is ignored", "move it after COMPZ");
     case LineFate::AfterCompz:
-      return Add(Level::Finding, "after-compz", note.Line,
+      return Add(formats::Level::Finding, "after-compz", note.Line,
                  word + " comes after the COMPZ line and is ignored", "remove it, or move it before COMPZ");
     case LineFate::NamesNothing:
       return nameless_.push_back(
           {note.Line, Keyword(note), Word(note.Fields[1]), note.Keyword == BodyKeyword::SrSeg});
     default:
       if (note.Fields[0].starts_with(kByteOrderMark))
-        return Add(Level::Finding, "unknown-keyword", note.Line,
-                   "a byte order mark hides " + Shown(note.Fields[0].substr(kByteOrderMark.size())) +
+        return Add(formats::Level::Finding, "unknown-keyword", note.Line,
+                   "a byte order mark hides " + formats::Shown(note.Fields[0].substr(kByteOrderMark.size())) +
                        ", the line is ignored",
                    "save the file as UTF-8 without a mark");
-      return Add(Level::Finding, "unknown-keyword", note.Line, word + " is no keyword, the line is ignored",
-                 "correct or remove it");
+      return Add(formats::Level::Finding, "unknown-keyword", note.Line,
+                 word + " is no keyword, the line is ignored", "correct or remove it");
   }
 }
 
@@ -106,15 +107,15 @@ void LineCheck::CheckNumbers(const LineNote& note) {
       if (!MayBeMissing(note, field)) missing += (missing.empty() ? "" : ", ") + std::to_string(field);
     } else if (IsUnreadable(text)) {
       lines_.Unreadable.insert(note.Line);
-      Add(Level::Finding, "unreadable-number", note.Line,
-          "field " + std::to_string(field) + ", " + Shown(text) + ", cannot be read as a number and is " +
-              readAs,
+      Add(formats::Level::Finding, "unreadable-number", note.Line,
+          "field " + std::to_string(field) + ", " + formats::Shown(text) +
+              ", cannot be read as a number and is " + readAs,
           "write a number such as 12.5");
     }
   }
   if (missing.empty()) return;
   lines_.Incomplete.insert(note.Line);
-  Add(Level::Finding, "missing-number", note.Line,
+  Add(formats::Level::Finding, "missing-number", note.Line,
       "the line ends too early: numbers are missing and read as " + readAs + " (field " + missing + ")",
       "complete it");
 }
@@ -128,10 +129,11 @@ std::size_t LineCheck::Before(FirstLines& lines, std::string key, std::size_t li
 void LineCheck::TakeHeaderLine(const LineNote& note) {
   const std::string keyword = Keyword(note);
   if (const std::size_t before = std::exchange(lines_.Headers[keyword], note.Line))
-    Add(Level::Finding, "duplicate", note.Line, keyword + " again: it takes the place of " + OnLine(before),
-        "keep one of them");
+    Add(formats::Level::Finding, "duplicate", note.Line,
+        keyword + " again: it takes the place of " + OnLine(before), "keep one of them");
   if (keyword == "COMPZ" && model::ToNumber(note.Fields[1]) == 0.0F && !lines_.Tells(note.Line))
-    Add(Level::Finding, "zero-height", note.Line, "a COMPZ of 0 is read as 1", "give the base die's height");
+    Add(formats::Level::Finding, "zero-height", note.Line, "a COMPZ of 0 is read as 1",
+        "give the base die's height");
 }
 
 void LineCheck::TakeRecord(const LineNote& note) {
@@ -156,8 +158,9 @@ void LineCheck::TakeRecord(const LineNote& note) {
       lines_.SRings.push_back(note.Line);
       lines_.Segments.emplace_back();
       if (const std::size_t before = Before(rings_, Word(note.Fields[1]), note.Line))
-        Add(Level::Finding, "duplicate", note.Line,
-            "SRING " + Shown(note.Fields[1]) + " again: SRSEG lines reach only that of " + OnLine(before),
+        Add(formats::Level::Finding, "duplicate", note.Line,
+            "SRING " + formats::Shown(note.Fields[1]) + " again: SRSEG lines reach only that of " +
+                OnLine(before),
             "give it a name of its own");
       return;
     case BodyKeyword::SrSeg:
@@ -175,20 +178,22 @@ void LineCheck::TakePad(const LineNote& note, std::vector<BondLines>& bonds, Fir
   const std::size_t before = Before(names, Word(note.Fields[1]), note.Line);
   bonds.push_back({.Pad = note.Line, .Again = before != 0});
   if (before == 0) return;
-  repeatedPads_.push_back({Level::Finding,
+  repeatedPads_.push_back({formats::Level::Finding,
                            "duplicate",
                            {report_.File, note.Line},
-                           Keyword(note) + " " + Shown(note.Fields[1]) +
+                           Keyword(note) + " " + formats::Shown(note.Fields[1]) +
                                " again: SBP and WB lines reach only the pad of " + OnLine(before),
                            "give it a name of its own"});
 }
 
 void LineCheck::TakeOfBond(const LineNote& note, std::size_t BondLines::*which) {
   BondLines& bond =
-      (note.Record.Table == model::RecordTable::Bonds ? lines_.Bonds : lines_.SDBonds)[note.Record.Number];
+      (note.Record.Table == model::reader::RecordTable::Bonds ? lines_.Bonds
+                                                              : lines_.SDBonds)[note.Record.Number];
   if (const std::size_t before = std::exchange(bond.*which, note.Line))
-    Add(Level::Finding, "duplicate", note.Line,
-        Keyword(note) + " " + Shown(note.Fields[1]) + " again: it takes the place of " + OnLine(before),
+    Add(formats::Level::Finding, "duplicate", note.Line,
+        Keyword(note) + " " + formats::Shown(note.Fields[1]) + " again: it takes the place of " +
+            OnLine(before),
         "keep one of them, or give its pad a name of its own");
 }
 
@@ -207,31 +212,31 @@ void LineCheck::FindTwins(const LineNote& note) {
     }
   }
   if (const std::size_t before = Before(twins_, std::move(key), note.Line))
-    Add(Level::Finding, "duplicate", note.Line, "the same " + Keyword(note) + " as on " + OnLine(before),
-        "remove one of them");
+    Add(formats::Level::Finding, "duplicate", note.Line,
+        "the same " + Keyword(note) + " as on " + OnLine(before), "remove one of them");
 }
 
 void LineCheck::OnSideFileLine(const LineNote& note) {
-  const Place place{report_.File + ".vu", note.Line};
+  const yax::Place place{report_.File + ".vu", note.Line};
   if (note.Fate == LineFate::NotTwoFields) {
     report_.Remarks.push_back(
-        {Level::Finding, "not-two-fields", place,
+        {formats::Level::Finding, "not-two-fields", place,
          "the line has " + std::to_string(note.Fields.Found()) + " fields and is ignored",
          "write a wire's name and its net type"});
     return;
   }
   const std::string name = Word(note.Fields[0]);
   if (note.Fate == LineFate::NamesNothing) {
-    unknownNets_.push_back(
-        {Level::Note, "net-types-without-wire", place, "no wire is named " + Shown(name), ""});
+    unknownNets_.push_back({formats::Level::Note, "net-types-without-wire", place,
+                            "no wire is named " + formats::Shown(name), ""});
     return;
   }
   NetType& before = netTypes_[name];
   // The same type once more, say for a wire and a stitch of one name, changes nothing.
   if (before.line != 0 && before.type != note.Fields[1])
     report_.Remarks.push_back(
-        {Level::Finding, "duplicate", place,
-         Shown(name) + " again: its net type takes the place of that on " + OnLine(before.line),
+        {formats::Level::Finding, "duplicate", place,
+         formats::Shown(name) + " again: its net type takes the place of that on " + OnLine(before.line),
          "keep one of them"});
   before = {Word(note.Fields[1]), note.Line};
 }
@@ -241,18 +246,18 @@ void LineCheck::Finish(const model::Package& package) {
     const bool later = line.ring ? rings_.contains(line.name)
                                  : pads_.contains(line.name) || stackedPads_.contains(line.name);
     const std::string what =
-        line.keyword + " names " + (line.ring ? "the ring " : "the die pad ") + Shown(line.name);
+        line.keyword + " names " + (line.ring ? "the ring " : "the die pad ") + formats::Shown(line.name);
     if (later) {
-      Add(Level::Finding, "too-early", line.line, what + ", which comes later, and is ignored",
+      Add(formats::Level::Finding, "too-early", line.line, what + ", which comes later, and is ignored",
           "move it after " + std::string(line.ring ? "its SRING line" : "its CBP or SD_CBP line"));
     } else {
-      Add(Level::Finding, "names-nothing", line.line, what + ", which is not there, and is ignored",
+      Add(formats::Level::Finding, "names-nothing", line.line, what + ", which is not there, and is ignored",
           "correct the name");
     }
   }
   if (package.Technology != "WIRE_BOND") return;
-  for (std::vector<Remark>* const remarks : {&repeatedPads_, &unknownNets_})
+  for (std::vector<formats::Remark>* const remarks : {&repeatedPads_, &unknownNets_})
     std::move(remarks->begin(), remarks->end(), std::back_inserter(report_.Remarks));
 }
 
-}  // namespace yax
+}  // namespace analysis

@@ -8,11 +8,11 @@
 #include <unordered_set>
 #include <vector>
 
+#include "formats/check_report.h"
 #include "model/package.h"
 #include "model/reader/read_observer.h"
-#include "formats/check_report.h"
 
-namespace yax {
+namespace analysis {
 
 /// The lines that made a bond; 0 where there is none.
 struct BondLines {
@@ -40,12 +40,12 @@ struct PackageLines {
 };
 
 /// Watches one read and adds to the report what it sees.
-class LineCheck final : public model::ReadObserver {
+class LineCheck final : public model::reader::ReadObserver {
  public:
-  explicit LineCheck(CheckReport& report) : report_(report) {}
+  explicit LineCheck(formats::CheckReport& report) : report_(report) {}
 
-  void OnPackageLine(const model::LineNote& note) override;
-  void OnSideFileLine(const model::LineNote& note) override;
+  void OnPackageLine(const model::reader::LineNote& note) override;
+  void OnSideFileLine(const model::reader::LineNote& note) override;
 
   /// Adds what only the whole package tells.
   void Finish(const model::Package& package);
@@ -60,21 +60,21 @@ class LineCheck final : public model::ReadObserver {
     bool ring;
   };
 
-  void Add(Level level, const char* kind, std::size_t line, std::string what, std::string advice);
-  void Ignored(const model::LineNote& note);
-  void CheckNumbers(const model::LineNote& note);
-  void TakeHeaderLine(const model::LineNote& note);
-  void TakeRecord(const model::LineNote& note);
-  void TakePad(const model::LineNote& note, std::vector<BondLines>& bonds, FirstLines& names);
-  void TakeOfBond(const model::LineNote& note, std::size_t BondLines::*which);
+  void Add(formats::Level level, const char* kind, std::size_t line, std::string what, std::string advice);
+  void Ignored(const model::reader::LineNote& note);
+  void CheckNumbers(const model::reader::LineNote& note);
+  void TakeHeaderLine(const model::reader::LineNote& note);
+  void TakeRecord(const model::reader::LineNote& note);
+  void TakePad(const model::reader::LineNote& note, std::vector<BondLines>& bonds, FirstLines& names);
+  void TakeOfBond(const model::reader::LineNote& note, std::size_t BondLines::*which);
   std::size_t Before(FirstLines& lines, std::string key, std::size_t line);
-  void FindTwins(const model::LineNote& note);
+  void FindTwins(const model::reader::LineNote& note);
 
-  CheckReport& report_;
+  formats::CheckReport& report_;
   PackageLines lines_;
   FirstLines pads_, stackedPads_, rings_, twins_;
   std::vector<Nameless> nameless_;
-  std::vector<Remark> repeatedPads_, unknownNets_;  ///< of interest in a package with wires only
+  std::vector<formats::Remark> repeatedPads_, unknownNets_;  ///< of interest in a package with wires only
   struct NetType {
     std::string type;
     std::size_t line = 0;
@@ -82,4 +82,4 @@ class LineCheck final : public model::ReadObserver {
   std::unordered_map<std::string, NetType> netTypes_;
 };
 
-}  // namespace yax
+}  // namespace analysis

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace model {
+namespace analysis {
 
 namespace {
 
@@ -64,4 +64,4 @@ Nearness NearestPoints(const Segment& first, const Segment& second) {
   return {std::sqrt(best.Squared), best.OnFirst, best.OnSecond};
 }
 
-}  // namespace model
+}  // namespace analysis

@@ -3,7 +3,7 @@
 
 #include <array>
 
-namespace model {
+namespace analysis {
 
 using Point3 = std::array<double, 3>;
 
@@ -19,4 +19,4 @@ struct Nearness {
 
 Nearness NearestPoints(const Segment& first, const Segment& second);
 
-}  // namespace model
+}  // namespace analysis

@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <utility>
 
-namespace yax {
+namespace analysis {
 
 namespace {
 
@@ -70,7 +70,7 @@ void SegmentTree::Enclose(Node& node) const {
 /// Counts a width the less, the more it lies along the bundle: pieces side by side are told apart by a
 /// search, pieces one behind the other hardly.
 std::size_t SegmentTree::WidestOf(const Node& node) {
-  model::Point3 along{};
+  analysis::Point3 along{};
   double squared = 0.0;
   for (std::size_t k = 0; k < along.size(); ++k) {
     along[k] = node.Axis.B[k] - node.Axis.A[k];
@@ -91,7 +91,7 @@ std::size_t SegmentTree::WidestOf(const Node& node) {
 
 SegmentTree::Query SegmentTree::QueryOf(const WireRun& run) {
   Query query{.Run = run, .Low = run.Points.front(), .High = run.Points.front()};
-  for (const model::Point3& point : run.Points) {
+  for (const analysis::Point3& point : run.Points) {
     for (std::size_t k = 0; k < point.size(); ++k) {
       query.Low[k] = std::min(query.Low[k], point[k]);
       query.High[k] = std::max(query.High[k], point[k]);
@@ -111,10 +111,10 @@ double SegmentTree::LeastDistance(const Node& node, const Query& query, double r
   }
   const double between = std::max(std::sqrt(squared) - node.Hair, 0.0);
   if (between > reach) return between;
-  const std::span<const model::Point3> points = query.Run.Points;
-  const model::Nearness near = model::NearestPoints(node.Axis, {points.front(), points.back()});
+  const std::span<const analysis::Point3> points = query.Run.Points;
+  const analysis::Nearness near = analysis::NearestPoints(node.Axis, {points.front(), points.back()});
   if (near.Distance == 0.0) return between;
-  model::Point3 line{};
+  analysis::Point3 line{};
   double axisA = 0.0, axisB = 0.0;
   for (std::size_t k = 0; k < line.size(); ++k) {
     line[k] = (near.OnSecond[k] - near.OnFirst[k]) / near.Distance;
@@ -122,7 +122,7 @@ double SegmentTree::LeastDistance(const Node& node, const Query& query, double r
     axisB += line[k] * (node.Axis.B[k] - near.OnFirst[k]) + std::fabs(line[k]) * node.EndHalf[k];
   }
   double least = HUGE_VAL;
-  for (const model::Point3& point : points) {
+  for (const analysis::Point3& point : points) {
     double shadow = 0.0;
     for (std::size_t k = 0; k < line.size(); ++k) shadow += line[k] * (point[k] - near.OnFirst[k]);
     least = std::min(least, shadow);
@@ -130,4 +130,4 @@ double SegmentTree::LeastDistance(const Node& node, const Query& query, double r
   return std::max(between, least - std::max(axisA, axisB) - node.Hair);
 }
 
-}  // namespace yax
+}  // namespace analysis

@@ -10,17 +10,17 @@
 
 #include "analysis/segment_distance.h"
 
-namespace yax {
+namespace analysis {
 
 struct WirePiece {
-  model::Segment Line;
+  analysis::Segment Line;
   std::uint32_t Wire = 0;
   std::uint32_t Net = 0;
 };
 
 /// Pieces of a wire, one after the other, that are searched for together.
 struct WireRun {
-  std::span<const model::Point3> Points;  ///< at least two
+  std::span<const analysis::Point3> Points;  ///< at least two
   std::uint32_t Net = 0;
 };
 
@@ -41,12 +41,12 @@ class SegmentTree {
   static constexpr std::uint32_t kNone = UINT32_MAX;
 
   struct Node {
-    model::Segment Axis;        ///< from the middle of where pieces begin to the middle of where they end
-    model::Point3 BeginHalf{};  ///< half the extent of where they begin
-    model::Point3 EndHalf{};
-    model::Point3 Low{}, High{};  ///< of all of it
-    double Hair = 0.0;            ///< what rounding may take away
-    std::uint32_t Net = kNone;    ///< of all its pieces, or kNone for several
+    analysis::Segment Axis;        ///< from the middle of where pieces begin to the middle of where they end
+    analysis::Point3 BeginHalf{};  ///< half the extent of where they begin
+    analysis::Point3 EndHalf{};
+    analysis::Point3 Low{}, High{};  ///< of all of it
+    double Hair = 0.0;               ///< what rounding may take away
+    std::uint32_t Net = kNone;       ///< of all its pieces, or kNone for several
     std::uint32_t Begin = 0, End = 0;
     std::uint32_t Right = kNone;  ///< the left child follows its parent; a leaf has none
   };
@@ -56,7 +56,7 @@ class SegmentTree {
   };
   struct Query {
     WireRun Run;
-    model::Point3 Low{}, High{};
+    analysis::Point3 Low{}, High{};
   };
   // One node waits for each level above; halving 2^32 pieces makes no more.
   static constexpr std::size_t kMostWaiting = 34;
@@ -98,4 +98,4 @@ std::size_t SegmentTree::Search(const WireRun& run, const double& reach, Visit&&
   return effort;
 }
 
-}  // namespace yax
+}  // namespace analysis

@@ -6,9 +6,9 @@
 #include <unordered_set>
 
 #include "model/faults.h"
-#include "model/reader/wire_names.h"
+#include "model/wire_list_entry.h"
 
-namespace yax {
+namespace analysis {
 
 namespace {
 
@@ -23,19 +23,19 @@ PadLines LinesOf(const model::Table<model::BondRec>& bonds, const std::vector<Bo
 
 }  // namespace
 
-void CheckWireList(const model::Package& package, const PackageLines& lines, CheckReport& report) {
+void CheckWireList(const model::Package& package, const PackageLines& lines, formats::CheckReport& report) {
   std::unordered_set<std::string_view> told;
   PadLines pads;
   for (const model::WireNameRec& wire : package.WireNames) {
     try {
-      model::MindTier(wire);
+      model::CheckTier(wire);
     } catch (const model::SubscriptOutOfRange& fault) {
       if (!told.insert(wire.Tier).second) continue;
       if (pads.empty()) {
         pads = LinesOf(package.SDBonds, lines.SDBonds);
         pads.merge(LinesOf(package.Bonds, lines.Bonds));
       }
-      report.Remarks.push_back({Level::Error,
+      report.Remarks.push_back({formats::Level::Error,
                                 "tier-fault",
                                 {report.File, pads[wire.Name]},
                                 "the wire list ends the viewer with \"" + std::string(fault.what()) + "\"",
@@ -44,4 +44,4 @@ void CheckWireList(const model::Package& package, const PackageLines& lines, Che
   }
 }
 
-}  // namespace yax
+}  // namespace analysis

@@ -2,12 +2,12 @@
 
 #include <utility>
 
+#include "analysis/fault_place.h"
 #include "model/faults.h"
 #include "model/pen.h"
 #include "render/scene.h"
-#include "analysis/fault_place.h"
 
-namespace yax {
+namespace analysis {
 
 namespace {
 
@@ -82,4 +82,4 @@ std::vector<WireLoop> WireLoopsOf(model::Package& package, const model::WireBond
   return loops;
 }
 
-}  // namespace yax
+}  // namespace analysis

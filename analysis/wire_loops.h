@@ -5,15 +5,15 @@
 #include <string>
 #include <vector>
 
+#include "analysis/segment_distance.h"
 #include "model/package.h"
 #include "model/pen.h"
-#include "analysis/segment_distance.h"
 #include "model/wire_bond_settings.h"
 #include "model/wire_path.h"
 #include "model/wire_selection.h"
 #include "model/wire_shapes.h"
 
-namespace yax {
+namespace analysis {
 
 /// A wire as the scene draws it.
 struct DrawnWire {
@@ -31,7 +31,7 @@ std::vector<DrawnWire> DrawnWires(model::Package& package, const model::WireBond
 struct WireLoop {
   std::string Name;                 ///< as in the wire list: "A", or "A:B" for a stitch
   std::array<std::string, 2> Pads;  ///< both pads of a stitch; a wire's one pad twice
-  std::array<model::Point3, model::kWirePointCount> Points{};  ///< package axes, file units
+  std::array<analysis::Point3, model::kWirePointCount> Points{};  ///< package axes, file units
 };
 
 /// Every wire of the base die, then of the stacked die, then every stitch; none where the package is not
@@ -40,4 +40,4 @@ struct WireLoop {
 std::vector<WireLoop> WireLoopsOf(model::Package& package, const model::WireBondSettings& settings,
                                   const render::WireShapes& shapes);
 
-}  // namespace yax
+}  // namespace analysis

@@ -7,7 +7,7 @@
 
 #include "model/text.h"
 
-namespace model {
+namespace analysis {
 
 namespace {
 
@@ -19,23 +19,23 @@ PlanVector Turned(const PlanVector& point, double degrees) {
 
 }  // namespace
 
-double LoopLength(const WirePath& path) {
+double LoopLength(const model::WirePath& path) {
   double length = 0.0;
   for (std::size_t i = 1; i < path.size(); ++i)
     length += std::hypot(PlanLength(path[i - 1], path[i]), double(path[i].Z) - double(path[i - 1].Z));
   return length;
 }
 
-double TopOf(const WirePath& path) {
-  const auto lower = [](const PackagePoint& a, const PackagePoint& b) { return a.Z < b.Z; };
+double TopOf(const model::WirePath& path) {
+  const auto lower = [](const model::PackagePoint& a, const model::PackagePoint& b) { return a.Z < b.Z; };
   return double(std::max_element(path.begin(), path.end(), lower)->Z);
 }
 
 std::optional<PlanVector> NormalOf(std::string_view side) {
-  if (EqualsUpper(side, "L")) return PlanVector{-1.0, 0.0};
-  if (EqualsUpper(side, "R")) return PlanVector{1.0, 0.0};
-  if (EqualsUpper(side, "T")) return PlanVector{0.0, 1.0};
-  if (EqualsUpper(side, "B")) return PlanVector{0.0, -1.0};
+  if (model::EqualsUpper(side, "L")) return PlanVector{-1.0, 0.0};
+  if (model::EqualsUpper(side, "R")) return PlanVector{1.0, 0.0};
+  if (model::EqualsUpper(side, "T")) return PlanVector{0.0, 1.0};
+  if (model::EqualsUpper(side, "B")) return PlanVector{0.0, -1.0};
   return std::nullopt;
 }
 
@@ -63,4 +63,4 @@ double AngleBetween(const PlanVector& a, const PlanVector& b) {
   return std::atan2(std::fabs(a.X * b.Y - a.Y * b.X), a.X * b.X + a.Y * b.Y) * 180.0 / std::numbers::pi;
 }
 
-}  // namespace model
+}  // namespace analysis

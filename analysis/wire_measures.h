@@ -6,7 +6,7 @@
 
 #include "model/wire_path.h"
 
-namespace model {
+namespace analysis {
 
 /// A point or direction in the package plane, y up.
 struct PlanVector {
@@ -22,10 +22,10 @@ struct DieOutline {
 };
 
 /// The length of the loop in space, from point to point.
-double LoopLength(const WirePath& path);
+double LoopLength(const model::WirePath& path);
 
 /// The height of the loop's highest point.
-double TopOf(const WirePath& path);
+double TopOf(const model::WirePath& path);
 
 /// The outward normal of a die's side by its letter (of any case); nothing for any other text.
 std::optional<PlanVector> NormalOf(std::string_view side);
@@ -37,4 +37,4 @@ PlanVector NormalOfNearestEdge(const DieOutline& die, const PlanVector& point);
 /// Units   degrees, 0 to 180
 double AngleBetween(const PlanVector& a, const PlanVector& b);
 
-}  // namespace model
+}  // namespace analysis

@@ -8,16 +8,16 @@
 #include <unordered_map>
 #include <utility>
 
-#include "model/numbers.h"
-#include "analysis/wire_measures.h"
 #include "analysis/wire_loops.h"
+#include "analysis/wire_measures.h"
+#include "model/numbers.h"
 
-namespace yax {
+namespace analysis {
 
 namespace {
 
+using analysis::PlanVector;
 using model::BondRec;
-using model::PlanVector;
 using model::WireNameRec;
 
 /// A value with as many digits as a single holds, which is what the text of it shows.
@@ -65,7 +65,7 @@ double WireMeasures::AngleOf(const model::WirePath& loop, const Pad& pad) const 
   const PlanVector along{double(loop.back().X) - start.X, double(loop.back().Y) - start.Y};
   const auto edge = [&]() -> PlanVector {
     if (pad.Bond != nullptr)
-      if (const auto normal = model::NormalOf(pad.Bond->DieSide)) return *normal;
+      if (const auto normal = analysis::NormalOf(pad.Bond->DieSide)) return *normal;
     if (!pad.Stacked)
       return NormalOfNearestEdge({{}, double(package_.CompW), double(package_.CompL), 0.0}, start);
     // The stacked die's place counts y downwards, and so its turn is clockwise.
@@ -76,7 +76,7 @@ double WireMeasures::AngleOf(const model::WirePath& loop, const Pad& pad) const 
                                start);
   };
   // Singles leave a few millionths of a degree.
-  return std::round(model::AngleBetween(along, edge()) * 1e4) / 1e4;
+  return std::round(analysis::AngleBetween(along, edge()) * 1e4) / 1e4;
 }
 
 void WireMeasures::Add(std::string_view name, std::string_view otherName, const char* table, const Pad& pad,
@@ -90,10 +90,10 @@ void WireMeasures::Add(std::string_view name, std::string_view otherName, const 
     row.NetType = entry->second->NetType;
   }
   row.PlanLength = Rounded(model::PlanLength(loop.front(), loop.back()) * scale);
-  row.Length = Rounded(model::LoopLength(loop) * scale);
+  row.Length = Rounded(analysis::LoopLength(loop) * scale);
   row.Angle = AngleOf(loop, pad);
   row.StartHeight = Rounded(double(loop.front().Z) * scale);
-  row.TopHeight = Rounded(model::TopOf(loop) * scale);
+  row.TopHeight = Rounded(analysis::TopOf(loop) * scale);
   row.EndHeight = Rounded(double(loop.back().Z) * scale);
   row.Line = line;
   Rows.push_back(std::move(row));
@@ -153,4 +153,4 @@ std::vector<WireGroup> GroupsOf(const std::vector<WireRow>& rows) {
   return list;
 }
 
-}  // namespace yax
+}  // namespace analysis

@@ -5,13 +5,13 @@
 #include <string>
 #include <vector>
 
+#include "analysis/line_check.h"
 #include "model/package.h"
 #include "model/wire_bond_settings.h"
 #include "model/wire_selection.h"
 #include "model/wire_shapes.h"
-#include "analysis/line_check.h"
 
-namespace yax {
+namespace analysis {
 
 /// One wire. Lengths and heights in file units, rounded as they are shown.
 struct WireRow {
@@ -49,4 +49,4 @@ std::vector<WireRow> WireRows(model::Package& package, const WiresAsked& asked, 
 /// The rows by tier and net type, in the order of these texts.
 std::vector<WireGroup> GroupsOf(const std::vector<WireRow>& rows);
 
-}  // namespace yax
+}  // namespace analysis

@@ -15,12 +15,12 @@
 
 int main(int argc, char** argv) {
   if (argc != 3) return std::fputs("usage: bench_build PACKAGE ROUNDS|ours|bare\n", stderr), 2;
-  const std::unique_ptr<render::GlSurface> place = bench::OpenDrawingPlace();
+  const std::unique_ptr<render::gl::GlSurface> place = bench::OpenDrawingPlace();
   bench::PackageScene opened(argv[1]);
   bench::Emission emission(opened.Inputs());
-  render::GlPen pen;
+  render::gl::GlPen pen;
   render::Scene scene(opened.Inputs(), pen);
-  render::SceneList list;
+  render::gl::SceneList list;
   const auto ours = [&] { list.BuildCube(scene); };
   const auto bare = [&] { emission.BuildList(); };
 

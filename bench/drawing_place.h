@@ -8,6 +8,6 @@
 namespace bench {
 
 /// A current context, prepared for drawing the scene.
-std::unique_ptr<render::GlSurface> OpenDrawingPlace();
+std::unique_ptr<render::gl::GlSurface> OpenDrawingPlace();
 
 }  // namespace bench

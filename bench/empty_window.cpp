@@ -66,7 +66,7 @@ class GlWindow final : public QWindow {
     bench::PackageScene opened(path);
     emission_.emplace(opened.Inputs());
     depth_ = opened.package.CompW;
-    render::SetUpView({kWidth, kHeight}, opened.appearance);
+    render::gl::SetUpView({kWidth, kHeight}, opened.appearance);
     emission_->BuildList();
   }
 

@@ -6,10 +6,10 @@
 
 namespace bench {
 
-std::unique_ptr<render::GlSurface> OpenDrawingPlace() {
-  auto surface = std::make_unique<render::OffscreenSurface>(render::PixelSize{1280, 960});
+std::unique_ptr<render::gl::GlSurface> OpenDrawingPlace() {
+  auto surface = std::make_unique<render::gl::OffscreenSurface>(render::gl::PixelSize{1280, 960});
   if (!surface->CreateContext()) throw std::runtime_error("there is no usable GL");
-  render::SetUpView(surface->Size(), {});
+  render::gl::SetUpView(surface->Size(), {});
   return surface;
 }
 

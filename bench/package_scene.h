@@ -20,7 +20,7 @@ struct PackageScene {
   static model::Package Read(const std::string& path) {
     model::PackageScalars before;
     before.PackagePath = path;
-    std::optional<model::Package> package = model::ReadPackage(before);
+    std::optional<model::Package> package = model::reader::ReadPackage(before);
     if (!package) throw std::runtime_error("there is no package " + path);
     return *std::move(package);
   }

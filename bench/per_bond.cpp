@@ -28,7 +28,7 @@ void Read(benchmark::State& state) {
   model::PackageScalars before;
   before.PackagePath = PackageOf(state);
   for (auto pass : state) {
-    auto package = model::ReadPackage(before);
+    auto package = model::reader::ReadPackage(before);
     if (!package || package->WireNames.Count() != static_cast<std::size_t>(state.range(0))) {
       state.SkipWithError("the package was not read");
       break;
@@ -48,9 +48,9 @@ void Bare(benchmark::State& state) {
 void Build(benchmark::State& state) {
   const auto place = bench::OpenDrawingPlace();
   bench::PackageScene opened(PackageOf(state));
-  render::GlPen pen;
+  render::gl::GlPen pen;
   render::Scene scene(opened.Inputs(), pen);
-  render::SceneList list;
+  render::gl::SceneList list;
   for (auto pass : state) list.BuildCube(scene);
   PerBond(state);
 }

@@ -14,11 +14,11 @@
 int main(int argc, char** argv) {
   if (argc != 3) return std::fputs("usage: bench_rebuild PACKAGE keep|delete\n", stderr), 2;
   const bool deletes = std::string(argv[2]) == "delete";
-  const std::unique_ptr<render::GlSurface> place = bench::OpenDrawingPlace();
+  const std::unique_ptr<render::gl::GlSurface> place = bench::OpenDrawingPlace();
   bench::PackageScene opened(argv[1]);
-  render::GlPen pen;
+  render::gl::GlPen pen;
   render::Scene scene(opened.Inputs(), pen);
-  render::SceneList list;
+  render::gl::SceneList list;
   for (int build = 1; build <= 1000; ++build) {
     if (deletes && list.Number() != 0) {
       glDeleteLists(static_cast<GLuint>(list.Number()), 1);

@@ -72,7 +72,7 @@ class ReplayWindow {
     context_ = glXCreateContext(display_, visual_, nullptr, True);
     if (context_ == nullptr || !glXMakeCurrent(display_, window_, context_)) std::exit(1);
     emission_.Forget();
-    render::SetUpView(size_, opened_.appearance);
+    render::gl::SetUpView(size_, opened_.appearance);
     emission_.BuildList();
     Frame();
   }
@@ -89,7 +89,7 @@ class ReplayWindow {
   XVisualInfo* visual_ = nullptr;
   Window window_ = 0;
   GLXContext context_ = nullptr;
-  render::PixelSize size_{1280, 960};
+  render::gl::PixelSize size_{1280, 960};
 };
 
 }  // namespace

@@ -5,9 +5,9 @@
 
 #include "bench/emission.h"
 #include "bench/package_scene.h"
+#include "gl_recorder/gl_recorder.h"
 #include "render/gl/gl_pen.h"
 #include "render/gl/scene_list.h"
-#include "gl_recorder/gl_recorder.h"
 
 namespace {
 
@@ -19,9 +19,9 @@ bool SameCalls(const char* path) {
   const std::vector<gl_recorder::Call> bare = recorder.Log();
   recorder.NewContext();
   recorder.ClearLog();
-  render::GlPen pen;
+  render::gl::GlPen pen;
   render::Scene scene(opened.Inputs(), pen);
-  render::SceneList().BuildCube(scene);
+  render::gl::SceneList().BuildCube(scene);
   const std::vector<gl_recorder::Call>& ours = recorder.Log();
   bool same = ours.size() == bare.size() && ours.size() > 100;
   for (std::size_t i = 0; same && i < ours.size(); ++i) same = ours[i].Text == bare[i].Text;

@@ -5,7 +5,7 @@
 
 namespace bench {
 
-std::unique_ptr<render::GlSurface> OpenDrawingPlace() { return nullptr; }
+std::unique_ptr<render::gl::GlSurface> OpenDrawingPlace() { return nullptr; }
 
 }  // namespace bench
 

@@ -25,7 +25,7 @@ class ViewWindow {
  public:
   explicit ViewWindow(const std::string& path)
       : window_(shell::StartUp{QCoreApplication::applicationDirPath().toStdString(), '"' + path + '"'}, end_),
-        view_(*window_.findChild<shell::GlView*>()) {
+        view_(*window_.findChild<shell::ui::GlView*>()) {
     display_ = qApp->nativeInterface<QNativeInterface::QX11Application>()->display();
     outside_ = bench::OpenDisplay();
     window_.winId();
@@ -101,8 +101,8 @@ class ViewWindow {
   }
 
   shell::ProgramEnd end_;
-  shell::MainWindow window_;
-  shell::GlView& view_;
+  shell::ui::MainWindow window_;
+  shell::ui::GlView& view_;
   QListView* wires_ = nullptr;
   int uncovered_ = 0;
   _XDisplay* display_ = nullptr;

@@ -8,7 +8,7 @@
 #include "formats/json_text.h"
 #include "yax/output.h"
 
-namespace yax {
+namespace formats {
 
 namespace {
 
@@ -71,13 +71,13 @@ std::string Shown(std::string_view word) {
 void TellReport(const CheckReport& report, bool listNotes) {
   for (const Remark& remark : report.Remarks)
     if (listNotes || remark.Rank != Level::Note)
-      Complain(remark.At, PrefixOf(remark.Rank) + remark.What, remark.Advice);
+      yax::Complain(remark.At, PrefixOf(remark.Rank) + remark.What, remark.Advice);
   for (const auto& [kind, count] : NoteCounts(report)) {
-    Complain({.File = report.File}, "note: " + std::to_string(count) + " " + Counted(kind, count),
-             listNotes ? "" : "--notes lists them");
+    yax::Complain({.File = report.File}, "note: " + std::to_string(count) + " " + Counted(kind, count),
+                  listNotes ? "" : "--notes lists them");
   }
-  WriteOutput("-", "read " + std::to_string(report.Lines) + " lines, " + std::to_string(report.Ignored) +
-                       " ignored\n");
+  yax::WriteOutput("-", "read " + std::to_string(report.Lines) + " lines, " + std::to_string(report.Ignored) +
+                            " ignored\n");
 }
 
 std::string JsonReport(const CheckReport& report, bool listNotes) {
@@ -93,4 +93,4 @@ std::string JsonReport(const CheckReport& report, bool listNotes) {
   return JsonText(json);
 }
 
-}  // namespace yax
+}  // namespace formats

@@ -8,7 +8,7 @@
 
 #include "yax/messages.h"
 
-namespace yax {
+namespace formats {
 
 enum class Level {
   Error,    ///< would end the viewer
@@ -19,7 +19,7 @@ enum class Level {
 struct Remark {
   Level Rank;
   const char* Kind;  ///< a short name for programs
-  Place At;
+  yax::Place At;
   std::string What;
   std::string Advice;
 };
@@ -45,4 +45,4 @@ void TellReport(const CheckReport& report, bool listNotes);
 /// The same as one JSON object.
 std::string JsonReport(const CheckReport& report, bool listNotes);
 
-}  // namespace yax
+}  // namespace formats

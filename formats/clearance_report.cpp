@@ -7,10 +7,10 @@
 #include <nlohmann/json.hpp>
 #include <unordered_map>
 
-#include "formats/json_text.h"
 #include "analysis/clearance.h"
+#include "formats/json_text.h"
 
-namespace yax {
+namespace formats {
 
 namespace {
 
@@ -25,14 +25,14 @@ class Numbers {
   std::unordered_map<std::string, std::uint32_t> numbers_;
 };
 
-std::vector<LoopOfNet> LoopsOf(const ClearanceInputs& inputs) {
+std::vector<analysis::LoopOfNet> LoopsOf(const ClearanceInputs& inputs) {
   Numbers nets;
   Numbers pads;
-  std::vector<LoopOfNet> loops;
+  std::vector<analysis::LoopOfNet> loops;
   loops.reserve(inputs.loops.size());
-  for (const WireLoop& loop : inputs.loops)
+  for (const analysis::WireLoop& loop : inputs.loops)
     loops.push_back({.Points = loop.Points,
-                     .Net = nets.Of(NetOf(inputs.nets, loop.Name)),
+                     .Net = nets.Of(yax::NetOf(inputs.nets, loop.Name)),
                      .Pads = {pads.Of(loop.Pads[0]), pads.Of(loop.Pads[1])}});
   return loops;
 }
@@ -92,13 +92,13 @@ ClearanceReport MeasureClearances(const ClearanceInputs& inputs) {
                          .Wires = inputs.loops.size(),
                          .Rows = {}};
   const double reach = inputs.all ? inputs.wireDiameter + std::max(inputs.limit.value_or(0.0), 0.0) : -1.0;
-  for (const LoopPair& pair : FindNearLoops(LoopsOf(inputs), reach).Nearest) {
-    const WireLoop& first = inputs.loops[pair.First];
-    const WireLoop& second = inputs.loops[pair.Second];
+  for (const analysis::LoopPair& pair : analysis::FindNearLoops(LoopsOf(inputs), reach).Nearest) {
+    const analysis::WireLoop& first = inputs.loops[pair.First];
+    const analysis::WireLoop& second = inputs.loops[pair.Second];
     ClearanceRow row{.Name = first.Name,
                      .Other = second.Name,
-                     .Net = NetOf(inputs.nets, first.Name),
-                     .OtherNet = NetOf(inputs.nets, second.Name),
+                     .Net = yax::NetOf(inputs.nets, first.Name),
+                     .OtherNet = yax::NetOf(inputs.nets, second.Name),
                      .Clearance = pair.Distance - inputs.wireDiameter,
                      .Where = pair.Where};
     if (row.Clearance <= 0.0) {
@@ -154,4 +154,4 @@ std::string JsonOf(const ClearanceReport& report) {
   return JsonText(json);
 }
 
-}  // namespace yax
+}  // namespace formats

@@ -7,11 +7,11 @@
 #include <vector>
 
 #include "analysis/segment_distance.h"
+#include "analysis/wire_loops.h"
 #include "yax/options/nets.h"
 #include "yax/options/unit.h"
-#include "analysis/wire_loops.h"
 
-namespace yax {
+namespace formats {
 
 enum class Finding { None, BelowLimit, Touching };
 
@@ -20,12 +20,12 @@ struct ClearanceRow {
   std::string Name, Other;
   std::string Net, OtherNet;
   double Clearance = 0.0;  ///< from surface to surface; not above 0 where they touch
-  model::Point3 Where{};
+  analysis::Point3 Where{};
   Finding Kind = Finding::None;
 };
 
 struct ClearanceReport {
-  LengthUnit Unit;
+  yax::LengthUnit Unit;
   double WireDiameter = 0.0;
   std::optional<double> Limit;
   std::size_t Wires = 0;
@@ -35,9 +35,9 @@ struct ClearanceReport {
 };
 
 struct ClearanceInputs {
-  const std::vector<WireLoop>& loops;
-  const NetOptions& nets;
-  const LengthUnit& unit;
+  const std::vector<analysis::WireLoop>& loops;
+  const yax::NetOptions& nets;
+  const yax::LengthUnit& unit;
   double wireDiameter;
   std::optional<double> limit;
   bool all;
@@ -50,4 +50,4 @@ ClearanceReport MeasureClearances(const ClearanceInputs& inputs);
 std::string ColumnsOf(const ClearanceReport& report);
 std::string JsonOf(const ClearanceReport& report);
 
-}  // namespace yax
+}  // namespace formats

@@ -2,7 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
-namespace yax {
+namespace formats {
 
 std::string JsonText(const Json& json) {
   return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
@@ -13,4 +13,4 @@ std::string Utf8Of(std::string_view bytes) {
   return Json::parse(JsonText(bytes)).get<std::string>();
 }
 
-}  // namespace yax
+}  // namespace formats

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace yax {
+namespace formats {
 
 /// Keys stay in the order in which they were given.
 using Json = nlohmann::ordered_json;
@@ -16,4 +16,4 @@ std::string JsonText(const Json& json);
 /// The text in UTF-8, with the same replacement.
 std::string Utf8Of(std::string_view bytes);
 
-}  // namespace yax
+}  // namespace formats

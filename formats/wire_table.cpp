@@ -3,15 +3,15 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "model/numbers.h"
 #include "formats/json_text.h"
+#include "model/numbers.h"
 
-namespace yax {
+namespace formats {
 
 namespace {
 
 /// A row as named values: the one place that names the columns, for both formats.
-Json ValuesOf(const WireRow& row, const std::string& unit) {
+Json ValuesOf(const analysis::WireRow& row, const std::string& unit) {
   return {{"name", row.Name},
           {"other_name", row.OtherName},
           {"table", row.Table},
@@ -25,7 +25,7 @@ Json ValuesOf(const WireRow& row, const std::string& unit) {
           {"end_height_" + unit, row.EndHeight}};
 }
 
-Json ValuesOf(const WireGroup& group, const std::string& unit) {
+Json ValuesOf(const analysis::WireGroup& group, const std::string& unit) {
   return {{"tier", group.Tier},           {"net_type", group.NetType},
           {"wires", group.Wires},         {"shortest_" + unit, group.Shortest},
           {"mean_" + unit, group.Mean},   {"longest_" + unit, group.Longest},
@@ -68,14 +68,16 @@ std::string CsvField(std::string_view text) {
   return quoted + '"';
 }
 
-std::string WiresCsv(const std::vector<WireRow>& rows, const std::string& unit) { return Csv(rows, unit); }
+std::string WiresCsv(const std::vector<analysis::WireRow>& rows, const std::string& unit) {
+  return Csv(rows, unit);
+}
 
-std::string GroupsCsv(const std::vector<WireGroup>& groups, const std::string& unit) {
+std::string GroupsCsv(const std::vector<analysis::WireGroup>& groups, const std::string& unit) {
   return Csv(groups, unit);
 }
 
-std::string WiresJson(const std::vector<WireRow>* rows, const std::vector<WireGroup>& groups,
-                      const std::string& unit) {
+std::string WiresJson(const std::vector<analysis::WireRow>* rows,
+                      const std::vector<analysis::WireGroup>& groups, const std::string& unit) {
   Json json;
   json["unit"] = unit;
   if (rows != nullptr) json["wires"] = List(*rows, unit);
@@ -83,4 +85,4 @@ std::string WiresJson(const std::vector<WireRow>* rows, const std::vector<WireGr
   return JsonText(json);
 }
 
-}  // namespace yax
+}  // namespace formats

@@ -7,18 +7,18 @@
 
 #include "analysis/wire_rows.h"
 
-namespace yax {
+namespace formats {
 
 /// A field of a CSV file: in double quotes where it holds a comma, a quote or a line's end.
 std::string CsvField(std::string_view text);
 
 // Every length's column ends in the unit's name, every angle's in "deg".
 
-std::string WiresCsv(const std::vector<WireRow>& rows, const std::string& unit);
-std::string GroupsCsv(const std::vector<WireGroup>& groups, const std::string& unit);
+std::string WiresCsv(const std::vector<analysis::WireRow>& rows, const std::string& unit);
+std::string GroupsCsv(const std::vector<analysis::WireGroup>& groups, const std::string& unit);
 
 /// Both as one JSON object; without `rows` the groups alone.
-std::string WiresJson(const std::vector<WireRow>* rows, const std::vector<WireGroup>& groups,
-                      const std::string& unit);
+std::string WiresJson(const std::vector<analysis::WireRow>* rows,
+                      const std::vector<analysis::WireGroup>& groups, const std::string& unit);
 
-}  // namespace yax
+}  // namespace formats

@@ -15,9 +15,9 @@
 
 #include "fuzz/arguments.h"
 #include "fuzz/expect.h"
+#include "gl_recorder/gl_recorder.h"
 #include "shell/command_line.h"
 #include "shell/main_form.h"
-#include "gl_recorder/gl_recorder.h"
 
 namespace {
 
@@ -48,7 +48,7 @@ class ProgramFolder {
   std::string path_;
 };
 
-class Surface final : public render::GlSurface {
+class Surface final : public render::gl::GlSurface {
  public:
   explicit Surface(bool granted) : granted_(granted) {}
   bool CreateContext() override { return has_ = granted_; }
@@ -56,9 +56,9 @@ class Surface final : public render::GlSurface {
   bool IsShown() const override { return true; }
   void SwapBuffers() override {}
   void DeleteContext() override { has_ = false; }
-  render::PixelSize Size() const override { return size; }
+  render::gl::PixelSize Size() const override { return size; }
 
-  render::PixelSize size{640, 480};
+  render::gl::PixelSize size{640, 480};
 
  private:
   bool granted_;

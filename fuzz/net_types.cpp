@@ -47,11 +47,11 @@ std::map<std::string, std::string> TypesOf(const std::string& text) {
 }
 
 /// Counts the lines of the side file that hold fields.
-class Listener final : public model::ReadObserver {
+class Listener final : public model::reader::ReadObserver {
  public:
-  void OnPackageLine(const model::LineNote&) override {}
-  void OnSideFileLine(const model::LineNote& note) override {
-    Expect((note.Fields.Found() != 2) == (note.Fate == model::LineFate::NotTwoFields),
+  void OnPackageLine(const model::reader::LineNote&) override {}
+  void OnSideFileLine(const model::reader::LineNote& note) override {
+    Expect((note.Fields.Found() != 2) == (note.Fate == model::reader::LineFate::NotTwoFields),
            "entries have two fields");
     ++Lines;
   }
@@ -61,7 +61,7 @@ class Listener final : public model::ReadObserver {
 
 void Check(const std::string& package, const std::string& text) {
   Listener listener;
-  const model::Package read = model::ParsePackage({}, {package, text}, nullptr, &listener);
+  const model::Package read = model::reader::ParsePackage({}, {package, text}, nullptr, &listener);
   Expect(listener.Lines <= text.size() / 2 + 1, "a line has a letter and an end");
   Expect(read.HaveVuFile, "a side file was read");
   std::map<std::string, std::string> types = TypesOf(text);

@@ -88,7 +88,7 @@ void ExpectMessage(std::string_view text) { Expect(!text.empty(), "a refusal say
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const model::Package package =
-      model::ParsePackage({}, {kPackage, "A POWER\nB GROUND\nA:B SIGNAL\n"});
+      model::reader::ParsePackage({}, {kPackage, "A POWER\nB GROUND\nA:B SIGNAL\n"});
   try {
     Options options = Parsed(ArgumentsOf({reinterpret_cast<const char*>(data), size}));
     Use(options, package);

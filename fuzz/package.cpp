@@ -28,17 +28,18 @@ class NoPen final : public model::Pen {
 };
 
 /// Hears of every line with fields, in their order, and of records that are there.
-class Listener final : public model::ReadObserver {
+class Listener final : public model::reader::ReadObserver {
  public:
-  void OnPackageLine(const model::LineNote& note) override {
+  void OnPackageLine(const model::reader::LineNote& note) override {
     Expect(note.Line > last_ && note.Fields.Found() > 0, "lines with fields are told of, in their order");
     Expect(note.Numbers < 1U << model::Tokens::kCount, "numbers are read from fields");
-    Expect((note.Fate == model::LineFate::Taken && note.Keyword != model::BodyKeyword::None) ==
-               (note.Record.Table != model::RecordTable::None),
-           "a line of the body that is taken has a record");
+    Expect(
+        (note.Fate == model::reader::LineFate::Taken && note.Keyword != model::reader::BodyKeyword::None) ==
+            (note.Record.Table != model::reader::RecordTable::None),
+        "a line of the body that is taken has a record");
     last_ = note.Line;
   }
-  void OnSideFileLine(const model::LineNote&) override { Expect(false, "there is no side file"); }
+  void OnSideFileLine(const model::reader::LineNote&) override { Expect(false, "there is no side file"); }
 
  private:
   std::size_t last_ = 0;
@@ -76,10 +77,10 @@ void ExpectWhole(const model::Package& package) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string text(reinterpret_cast<const char*>(data), size);
-  model::Package package = model::ParsePackage({}, {text, std::nullopt});
+  model::Package package = model::reader::ParsePackage({}, {text, std::nullopt});
   ExpectWhole(package);
   Draw(package);
   Listener listener;
-  ExpectWhole(model::ParsePackage(package, {text, std::nullopt}, nullptr, &listener));
+  ExpectWhole(model::reader::ParsePackage(package, {text, std::nullopt}, nullptr, &listener));
   return 0;
 }

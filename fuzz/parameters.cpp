@@ -80,7 +80,7 @@ constexpr char kPackage[] =
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const MemoryFile file;
   if (!file.Put({reinterpret_cast<const char*>(data), size})) return -1;
-  static const model::Package read = model::ParsePackage({}, {kPackage, std::nullopt});
+  static const model::Package read = model::reader::ParsePackage({}, {kPackage, std::nullopt});
   model::Package package = read;
   model::WireBondSettings settings;
   model::SetUnsetDefaults(settings, package);

@@ -23,8 +23,8 @@ bool IsText(std::string_view text) {
   return true;
 }
 
-void ExpectText(const shell::Paragraph& paragraph) {
-  const shell::RunFormat* before = nullptr;
+void ExpectText(const shell::help::Paragraph& paragraph) {
+  const shell::help::RunFormat* before = nullptr;
   for (const shell::Run& run : paragraph.Runs) {
     Expect(!run.Text.empty() && IsText(run.Text), "runs hold text");
     Expect(before == nullptr || *before != run.Format, "neighbours differ in their format");
@@ -36,11 +36,11 @@ void ExpectText(const shell::Paragraph& paragraph) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const auto text = shell::ReadRtf({reinterpret_cast<const char*>(data), size});
+  const auto text = shell::help::ReadRtf({reinterpret_cast<const char*>(data), size});
   if (!text) return 0;
-  for (const shell::Paragraph& paragraph : text->Paragraphs) ExpectText(paragraph);
+  for (const shell::help::Paragraph& paragraph : text->Paragraphs) ExpectText(paragraph);
   for (const auto& [number, font] : text->Fonts)
     Expect(IsText(font.Name) && font.Name.size() < 64 + 4, "fonts have short names of text");
-  Expect(text->Fonts.size() <= shell::kMaxRtfFonts, "fonts are bounded");
+  Expect(text->Fonts.size() <= shell::help::kMaxRtfFonts, "fonts are bounded");
   return 0;
 }

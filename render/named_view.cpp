@@ -104,7 +104,7 @@ double MiddleFor(const std::vector<ScenePoint>& points, std::size_t across, doub
 
 }  // namespace
 
-Eye FitPen::Fit(NamedView view, const PixelSize& size) const {
+Eye FitPen::Fit(NamedView view, const gl::PixelSize& size) const {
   const ViewAxes axes(view);
   std::vector<ScenePoint> points;
   points.reserve(points_.size() + 1);

@@ -36,7 +36,7 @@ class FitPen final : public model::Pen {
 
   /// The nearest eye of a view that sees all of them with a small margin, in the middle of a picture of this
   /// size.
-  Eye Fit(NamedView view, const PixelSize& size) const;
+  Eye Fit(NamedView view, const gl::PixelSize& size) const;
 
  private:
   template <class Points>

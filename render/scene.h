@@ -9,9 +9,9 @@
 #include "model/pen.h"
 #include "model/wire_bond_settings.h"
 #include "model/wire_path.h"
-#include "render/appearance.h"
 #include "model/wire_selection.h"
 #include "model/wire_shapes.h"
+#include "render/appearance.h"
 
 namespace render {
 

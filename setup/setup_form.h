@@ -7,10 +7,10 @@
 
 #include "model/package.h"
 #include "model/wire_bond_settings.h"
-#include "setup/parameter_file.h"
 #include "setup/estimator_start.h"
 #include "setup/file_dialog.h"
 #include "setup/loop_picture.h"
+#include "setup/parameter_file.h"
 #include "setup/setup_controls.h"
 
 namespace setup {

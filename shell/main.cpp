@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "shell/command_line.h"
 #include "shell/title.h"
 #include "shell/ui/accessible_view.h"
-#include "shell/command_line.h"
 #include "shell/ui/display.h"
 #include "shell/ui/main_window.h"
 
@@ -58,19 +58,19 @@ int main(int argc, char** argv) {
   // The toolkit would abort where no display answers.
   const bool onX =
       shell::ToolkitOption(arguments, "platform") == nullptr && qgetenv("QT_QPA_PLATFORM") == "xcb";
-  const shell::DisplayConnection display(shell::ToolkitOption(arguments, "display"));
+  const shell::ui::DisplayConnection display(shell::ToolkitOption(arguments, "display"));
   if (onX && !display.Answers()) {
     end.FatalError("Could not retrieve pixel format!");
     return status;
   }
 
   Application application(argc, argv, end);
-  shell::InstallAccessibleViews();
-  QCoreApplication::setApplicationName(model::kProgramTitle);
+  shell::ui::InstallAccessibleViews();
+  QCoreApplication::setApplicationName(shell::kProgramTitle);
   // The toolkit has taken its own options out.
   const shell::StartUp startUp{QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString(),
                                shell::CommandLineText({argv + 1, argv + argc})};
-  shell::MainWindow window(startUp, end);
+  shell::ui::MainWindow window(startUp, end);
   window.Load();
   if (end.Ending()) return status;
 

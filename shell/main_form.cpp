@@ -4,8 +4,8 @@
 
 #include "model/files.h"
 #include "model/reader/read_package.h"
-#include "shell/title.h"
 #include "render/gl/read_back.h"
+#include "shell/title.h"
 
 namespace shell {
 
@@ -25,7 +25,7 @@ class Flag {
 
 }  // namespace
 
-MainForm::MainForm(const StartUp& startUp, render::GlSurface& surface, ProgramEnd& end)
+MainForm::MainForm(const StartUp& startUp, render::gl::GlSurface& surface, ProgramEnd& end)
     : startUp_(startUp), surface_(surface), end_(end) {
   navigation_.actions.repaint = [this] { Form_Paint(); };
   navigation_.actions.reload = [this] { Form_Load(); };
@@ -42,7 +42,7 @@ void MainForm::Form_Load() {
   navigation_.ResetCamera();
   navigation_.ResetRotation();
   if (!SetupPixelFormat()) return end_.FatalError("Could not retrieve pixel format!");
-  render::SetUpView(loadedSize_, appearance_);
+  render::gl::SetUpView(loadedSize_, appearance_);
   sceneList_.BuildCube(scene_);
   ShowFrame();
 }
@@ -70,10 +70,10 @@ void MainForm::FindHelp() {
 
 /// Reads the file into a fresh package, which takes the place of the old one only when all of it is read.
 bool MainForm::ReadPackageFile() {
-  std::optional<model::Package> package = model::ReadPackage(package_);
+  std::optional<model::Package> package = model::reader::ReadPackage(package_);
   if (!package) return false;
   package_ = *std::move(package);
-  if (actions.setCaption) actions.setCaption(model::WindowTitle(package_.PackagePath));
+  if (actions.setCaption) actions.setCaption(shell::WindowTitle(package_.PackagePath));
   model::SetUnsetDefaults(settings_, package_);
   if (actions.packageRead) actions.packageRead();
   if (actions.resetWireBondSetup) actions.resetWireBondSetup();
@@ -100,12 +100,12 @@ void MainForm::RebuildAndRepaint() {
 void MainForm::SetBackground(bool black) {
   const std::int16_t component = black ? 0 : 1;
   appearance_ = {black, component, component, component};
-  if (surface_.MakeCurrent()) render::SetClearColour(appearance_);
+  if (surface_.MakeCurrent()) render::gl::SetClearColour(appearance_);
   RebuildAndRepaint();
 }
 
 void MainForm::DrawFrame() {
-  render::DrawFrame(navigation_.Camera, navigation_.Rotation, package_.CompW, sceneList_);
+  render::gl::DrawFrame(navigation_.Camera, navigation_.Rotation, package_.CompW, sceneList_);
 }
 
 /// Without a screen to show it on there is no frame; the first exposure brings one.
@@ -123,7 +123,7 @@ void MainForm::Form_Paint() {
 render::Picture MainForm::FramePicture() {
   if (!surface_.MakeCurrent()) return {};
   DrawFrame();
-  return render::ReadFrame(loadedSize_);
+  return render::gl::ReadFrame(loadedSize_);
 }
 
 void MainForm::Form_Resize() {
@@ -131,7 +131,7 @@ void MainForm::Form_Resize() {
   if (loading_ || surface_.Size() == loadedSize_) return;
   Form_Load();
   if (end_.Ending()) return;
-  render::SetViewport(surface_.Size());
+  render::gl::SetViewport(surface_.Size());
 }
 
 void MainForm::Form_Unload() {

@@ -6,14 +6,14 @@
 
 #include "model/package.h"
 #include "model/wire_bond_settings.h"
+#include "model/wire_selection.h"
 #include "render/appearance.h"
 #include "render/gl/frame.h"
 #include "render/gl/gl_pen.h"
 #include "render/gl/gl_surface.h"
+#include "render/gl/scene_list.h"
 #include "render/picture.h"
 #include "render/scene.h"
-#include "render/gl/scene_list.h"
-#include "model/wire_selection.h"
 #include "shell/navigation/navigation.h"
 #include "shell/program_end.h"
 
@@ -39,7 +39,7 @@ struct MainFormActions {
 
 class MainForm {
  public:
-  MainForm(const StartUp& startUp, render::GlSurface& surface, ProgramEnd& end);
+  MainForm(const StartUp& startUp, render::gl::GlSurface& surface, ProgramEnd& end);
 
   MainFormActions actions;
 
@@ -71,7 +71,7 @@ class MainForm {
   model::Package& Package() { return package_; }
   model::WireBondSettings& Settings() { return settings_; }
   render::WireSelection& Selection() { return selection_; }
-  Navigation& Navigator() { return navigation_; }
+  navigation::Navigation& Navigator() { return navigation_; }
 
  private:
   void Main();
@@ -83,19 +83,19 @@ class MainForm {
   void ShowFrame();
 
   StartUp startUp_;
-  render::GlSurface& surface_;
+  render::gl::GlSurface& surface_;
   ProgramEnd& end_;
 
   model::Package package_;
   model::WireBondSettings settings_;
   render::Appearance appearance_;
   render::WireSelection selection_;
-  Navigation navigation_;
+  navigation::Navigation navigation_;
 
-  render::GlPen pen_;
+  render::gl::GlPen pen_;
   render::Scene scene_{{package_, settings_, appearance_, selection_}, pen_};
-  render::SceneList sceneList_;
-  render::PixelSize loadedSize_;
+  render::gl::SceneList sceneList_;
+  render::gl::PixelSize loadedSize_;
   bool loading_ = false;
 };
 

@@ -5,10 +5,10 @@
 namespace shell {
 
 void ProgramEnd::FatalError(const std::string& message) {
-  End(1, std::string("Fatal Error In ") + model::kProgramTitle, "Fatal Error: " + message);
+  End(1, std::string("Fatal Error In ") + shell::kProgramTitle, "Fatal Error: " + message);
 }
 
-void ProgramEnd::RunTimeError(const model::Fault& fault) { End(1, model::kProgramTitle, fault.what()); }
+void ProgramEnd::RunTimeError(const model::Fault& fault) { End(1, shell::kProgramTitle, fault.what()); }
 
 void ProgramEnd::End(int status, const std::string& title, const std::string& text) {
   if (ending_) return;

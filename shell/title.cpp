@@ -3,12 +3,12 @@
 #include "model/text.h"
 #include "model/version.h"
 
-namespace model {
+namespace shell {
 
 std::string WindowTitle(const std::string& packagePath) {
-  const std::string minor = std::to_string(kVersionMinor);
-  return std::string(kProgramTitle) + " - " + std::to_string(kVersionMajor) + "." + minor + minor + "." +
-         std::to_string(kVersionRevision) + " - " + std::string(FileNameOf(packagePath));
+  const std::string minor = std::to_string(model::kVersionMinor);
+  return std::string(kProgramTitle) + " - " + std::to_string(model::kVersionMajor) + "." + minor + minor +
+         "." + std::to_string(model::kVersionRevision) + " - " + std::string(model::FileNameOf(packagePath));
 }
 
-}  // namespace model
+}  // namespace shell

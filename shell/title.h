@@ -3,7 +3,7 @@
 
 #include <string>
 
-namespace model {
+namespace shell {
 
 inline constexpr char kProgramTitle[] = "3D YAX Viewer";
 
@@ -11,4 +11,4 @@ inline constexpr char kProgramTitle[] = "3D YAX Viewer";
 /// Deliberate: the minor version stands twice, so version 1.2.5 shows as 1.22.5.
 std::string WindowTitle(const std::string& packagePath);
 
-}  // namespace model
+}  // namespace shell

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "model/text.h"
-#include "model/reader/wire_names.h"
+#include "model/wire_list_entry.h"
 
 namespace shell {
 
@@ -38,7 +38,7 @@ const std::array<const char*, WireListForm::kButtons> WireListForm::kCaptions = 
     "Tier1", "Tier2", "Tier3", "Tier4", "Stitch", "Power", "Ground", "Signal", "Clear"};
 
 void WireListForm::DoWireList() {
-  for (const model::WireNameRec& wire : package_.WireNames) model::MindTier(wire);
+  for (const model::WireNameRec& wire : package_.WireNames) model::CheckTier(wire);
   enabled_ = EnabledButtons(package_);
   entries_ = EntryTexts(package_);
   selected_.assign(entries_.size(), false);

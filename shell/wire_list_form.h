@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "model/package.h"
-#include "model/reader/wire_names.h"
+#include "model/wire_list_entry.h"
 #include "model/wire_selection.h"
 #include "shell/entry_ranges.h"
 

@@ -25,7 +25,7 @@ TEST(Samples, HaveTheirRecords) {
   for (const auto& [name, counts] : samples) {
     PackageScalars before;
     before.PackagePath = SamplePath(name);
-    const Package package = ReadPackage(before).value();
+    const Package package = reader::ReadPackage(before).value();
     std::size_t pieces = 0;
     for (const SRingRec& ring : package.SRings) pieces += ring.Segs.Count();
     EXPECT_TRUE(package.HaveVuFile);

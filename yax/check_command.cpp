@@ -1,13 +1,13 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 
-#include "yax/commands.h"
-#include "yax/options/package.h"
-#include "yax/output.h"
-#include "formats/check_report.h"
 #include "analysis/drawing_check.h"
 #include "analysis/line_check.h"
 #include "analysis/wire_list_check.h"
+#include "formats/check_report.h"
+#include "yax/commands.h"
+#include "yax/options/package.h"
+#include "yax/output.h"
 
 namespace yax {
 
@@ -20,21 +20,22 @@ struct CheckOptions {
 };
 
 Status Check(const CheckOptions& options) {
-  CheckReport report{.File = options.package.File};
-  LineCheck lines(report);
-  model::ReadEffort effort;
+  formats::CheckReport report{.File = options.package.File};
+  analysis::LineCheck lines(report);
+  model::reader::ReadEffort effort;
   model::Package package = LoadPackage(options.package, &effort, &lines);
   report.Lines = effort.lines;
   lines.Finish(package);
-  CheckDrawing(package, lines.Lines(), report);
-  CheckWireList(package, lines.Lines(), report);
+  analysis::CheckDrawing(package, lines.Lines(), report);
+  analysis::CheckWireList(package, lines.Lines(), report);
   report.Sort();
   if (options.json) {
-    WriteOutput("-", JsonReport(report, options.notes));
+    WriteOutput("-", formats::JsonReport(report, options.notes));
   } else {
-    TellReport(report, options.notes);
+    formats::TellReport(report, options.notes);
   }
-  return report.Count(Level::Error) + report.Count(Level::Finding) == 0 ? Status::Done : Status::Findings;
+  return report.Count(formats::Level::Error) + report.Count(formats::Level::Finding) == 0 ? Status::Done
+                                                                                          : Status::Findings;
 }
 
 }  // namespace

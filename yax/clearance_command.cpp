@@ -3,6 +3,8 @@
 #include <optional>
 #include <string>
 
+#include "analysis/wire_loops.h"
+#include "formats/clearance_report.h"
 #include "model/package.h"
 #include "yax/commands.h"
 #include "yax/options/camera.h"
@@ -14,8 +16,6 @@
 #include "yax/options/unit.h"
 #include "yax/output.h"
 #include "yax/pictures/package_picture.h"
-#include "formats/clearance_report.h"
-#include "analysis/wire_loops.h"
 
 namespace yax {
 
@@ -35,10 +35,10 @@ struct ClearanceOptions {
   CameraOptions camera;
 };
 
-render::WireSelection OffendersOf(const ClearanceReport& report) {
+render::WireSelection OffendersOf(const formats::ClearanceReport& report) {
   render::WireSelection selection{.Shown = true, .Names = {}};
-  for (const ClearanceRow& row : report.Rows)
-    if (row.Kind != Finding::None) selection.Names.insert({row.Name, row.Other});
+  for (const formats::ClearanceRow& row : report.Rows)
+    if (row.Kind != formats::Finding::None) selection.Names.insert({row.Name, row.Other});
   return selection;
 }
 
@@ -49,8 +49,8 @@ Status Clearance(const ClearanceOptions& options) {
   const LengthUnit unit = UnitOf(options.unit, package);
   const model::WireBondSettings settings = SettingsOf(options.loops, package);
   const render::WireShapes shapes = ShapesOf(options.loops.Tiers, package);
-  const std::vector<WireLoop> loops = WireLoopsOf(package, settings, shapes);
-  const ClearanceReport report = MeasureClearances(
+  const std::vector<analysis::WireLoop> loops = analysis::WireLoopsOf(package, settings, shapes);
+  const formats::ClearanceReport report = formats::MeasureClearances(
       {loops, options.nets, unit, WireDiameterIn(unit, settings), options.limit, options.all});
   if (!options.pictureFile.empty()) {
     const render::WireSelection offenders = OffendersOf(report);
@@ -58,8 +58,9 @@ Status Clearance(const ClearanceOptions& options) {
                 PictureBytes({package, settings, offenders, options.camera, options.picture, &shapes},
                              PictureFormatOf(options.pictureFile)));
   }
-  WriteOutput(options.output, options.json ? JsonOf(report) : ColumnsOf(report));
-  const bool clear = report.Count(Finding::Touching) == 0 && report.Count(Finding::BelowLimit) == 0;
+  WriteOutput(options.output, options.json ? formats::JsonOf(report) : formats::ColumnsOf(report));
+  const bool clear =
+      report.Count(formats::Finding::Touching) == 0 && report.Count(formats::Finding::BelowLimit) == 0;
   return clear ? Status::Done : Status::Findings;
 }
 

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "analysis/fault_place.h"
 #include "model/faults.h"
 #include "model/package.h"
 #include "model/text.h"
@@ -18,7 +19,6 @@
 #include "yax/options/unit.h"
 #include "yax/options/wires.h"
 #include "yax/output.h"
-#include "analysis/fault_place.h"
 
 namespace yax {
 
@@ -70,7 +70,7 @@ Status Export(const ExportOptions& options) {
   try {
     render::Scene({package, settings, options.appearance, selection, &shapes}, pen).DrawPackage();
   } catch (const model::Fault& fault) {
-    throw NotDrawn(package.PackagePath, fault);
+    throw analysis::NotDrawn(package.PackagePath, fault);
   }
   const MeshScene scene{.Name = std::string(model::FileNameOf(package.PackagePath)),
                         .groups = pen.Groups(),

@@ -4,6 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "analysis/line_check.h"
+#include "analysis/wire_rows.h"
+#include "formats/wire_table.h"
 #include "model/numbers.h"
 #include "yax/commands.h"
 #include "yax/options/loops.h"
@@ -11,9 +14,6 @@
 #include "yax/options/package.h"
 #include "yax/options/wires.h"
 #include "yax/output.h"
-#include "analysis/line_check.h"
-#include "analysis/wire_rows.h"
-#include "formats/wire_table.h"
 
 namespace yax {
 
@@ -31,21 +31,21 @@ struct WiresOptions {
 };
 
 /// Tells every row beyond a limit.
-Status Judge(const std::vector<WireRow>& rows, const WiresOptions& options) {
+Status Judge(const std::vector<analysis::WireRow>& rows, const WiresOptions& options) {
   Status status = Status::Done;
-  const auto judge = [&](const WireRow& row, const char* what, double value, const std::string& unit,
-                         const std::optional<float>& limit) {
+  const auto judge = [&](const analysis::WireRow& row, const char* what, double value,
+                         const std::string& unit, const std::optional<float>& limit) {
     // Both as they are written, so that what equals the limit is within it.
     if (!limit || !(static_cast<float>(value) > *limit)) return;
     status = Status::Findings;
     const std::string name = row.OtherName.empty() ? row.Name : row.Name + ":" + row.OtherName;
     Complain({options.package.File, row.Line},
-             "the " + std::string(what) + " of wire " + Shown(name) + " is " +
+             "the " + std::string(what) + " of wire " + formats::Shown(name) + " is " +
                  model::GeneralText(static_cast<float>(value)) + " " + unit + ", over the limit of " +
                  model::GeneralText(*limit),
              "move its pad or its end");
   };
-  for (const WireRow& row : rows) {
+  for (const analysis::WireRow& row : rows) {
     judge(row, "length", row.Length, options.unit, options.longest);
     judge(row, "angle", row.Angle, "degrees", options.widest);
   }
@@ -54,19 +54,20 @@ Status Judge(const std::vector<WireRow>& rows, const WiresOptions& options) {
 
 Status Wires(const WiresOptions& options) {
   // The reader's notes tell the line of each wire; what else they tell is for the check.
-  CheckReport unused{.File = options.package.File};
-  LineCheck lines(unused);
+  formats::CheckReport unused{.File = options.package.File};
+  analysis::LineCheck lines(unused);
   model::Package package = LoadPackage(options.package, nullptr, &lines);
   const model::WireBondSettings settings = SettingsOf(options.loops, package);
   const render::WireShapes shapes = ShapesOf(options.loops.Tiers, package);
   const render::WireSelection selection = SelectionOf(options.wires, package);
-  const std::vector<WireRow> rows = WireRows(package, {settings, shapes, selection}, lines.Lines());
-  const std::vector<WireGroup> groups = GroupsOf(rows);
+  const std::vector<analysis::WireRow> rows =
+      analysis::WireRows(package, {settings, shapes, selection}, lines.Lines());
+  const std::vector<analysis::WireGroup> groups = analysis::GroupsOf(rows);
   if (options.json) {
-    WriteOutput(options.output, WiresJson(options.summary ? nullptr : &rows, groups, options.unit));
+    WriteOutput(options.output, formats::WiresJson(options.summary ? nullptr : &rows, groups, options.unit));
   } else {
-    WriteOutput(options.output,
-                options.summary ? GroupsCsv(groups, options.unit) : WiresCsv(rows, options.unit));
+    WriteOutput(options.output, options.summary ? formats::GroupsCsv(groups, options.unit)
+                                                : formats::WiresCsv(rows, options.unit));
   }
   return Judge(rows, options);
 }

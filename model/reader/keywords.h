@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace model {
+namespace model::reader {
 
 enum class BodyKeyword { None, Cbp, SdCbp, Sbp, Wb, Stch, Ring, SRing, SrSeg, Dap };
 
@@ -44,4 +44,4 @@ constexpr BodyKeyword BodyKeywordOf(std::string_view word) {
   }
 }
 
-}  // namespace model
+}  // namespace model::reader

@@ -3,7 +3,7 @@
 #include <bit>
 #include <functional>
 
-namespace model {
+namespace model::reader {
 
 NameIndex::NameIndex() : slots_(256, NamePlaces::kNone) {}
 
@@ -62,4 +62,4 @@ void NameIndex::Widen(std::size_t slots) {
   }
 }
 
-}  // namespace model
+}  // namespace model::reader

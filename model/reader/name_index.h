@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace model {
+namespace model::reader {
 
 /// First and last record of one name in the tables that are searched by name.
 struct NamePlaces {
@@ -51,4 +51,4 @@ class NameIndex {
   std::size_t comparisons_ = 0;
 };
 
-}  // namespace model
+}  // namespace model::reader

@@ -5,7 +5,7 @@
 
 #include "model/numbers.h"
 
-namespace model {
+namespace model::reader {
 
 namespace {
 
@@ -52,4 +52,4 @@ HeaderLine TakeHeaderLine(const Tokens& tokens, PackageScalars& scalars) {
   return HeaderLine::End;
 }
 
-}  // namespace model
+}  // namespace model::reader

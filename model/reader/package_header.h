@@ -4,7 +4,7 @@
 #include "model/package.h"
 #include "model/text.h"
 
-namespace model {
+namespace model::reader {
 
 /// What a line is to the header.
 enum class HeaderLine {
@@ -18,4 +18,4 @@ enum class HeaderLine {
 /// At the COMPZ line the lengths are rescaled.
 HeaderLine TakeHeaderLine(const Tokens& tokens, PackageScalars& scalars);
 
-}  // namespace model
+}  // namespace model::reader

@@ -7,7 +7,7 @@
 #include "model/files.h"
 #include "model/reader/package_reader.h"
 
-namespace model {
+namespace model::reader {
 
 /// Splits the next line that is not empty; false at the end of the file.
 bool PackageReader::NextRecord(Lines& lines) {
@@ -258,4 +258,4 @@ std::optional<Package> ReadPackage(const PackageScalars& before, ReadEffort* eff
   return ParsePackage(before, std::move(bytes), effort, observer);
 }
 
-}  // namespace model
+}  // namespace model::reader

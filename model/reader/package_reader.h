@@ -7,16 +7,16 @@
 #include <utility>
 #include <vector>
 
+#include "model/numbers.h"
 #include "model/reader/keywords.h"
 #include "model/reader/name_index.h"
-#include "model/numbers.h"
 #include "model/reader/package_header.h"
 #include "model/reader/read_observer.h"
 #include "model/reader/read_package.h"
-#include "model/text.h"
 #include "model/reader/wire_names.h"
+#include "model/text.h"
 
-namespace model {
+namespace model::reader {
 
 /// One run over a package file. The name index views the file's text and dies with it.
 class PackageReader {
@@ -76,4 +76,4 @@ class PackageReader {
   std::uint32_t numbers_ = 0;              ///< bit n: field n was read as a number since the last note
 };
 
-}  // namespace model
+}  // namespace model::reader

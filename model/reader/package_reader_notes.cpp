@@ -1,6 +1,6 @@
 #include "model/reader/package_reader.h"
 
-namespace model {
+namespace model::reader {
 
 void PackageReader::NoteHeaderLine(HeaderLine kind) {
   if (tokens_.Found() == 0) return;
@@ -55,4 +55,4 @@ RecordPlace PackageReader::PlaceOf(BodyKeyword keyword) {
   return {};
 }
 
-}  // namespace model
+}  // namespace model::reader

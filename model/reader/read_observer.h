@@ -7,7 +7,7 @@
 #include "model/reader/keywords.h"
 #include "model/text.h"
 
-namespace model {
+namespace model::reader {
 
 enum class LineFate {
   Taken,
@@ -46,4 +46,4 @@ class ReadObserver {
   virtual void OnSideFileLine(const LineNote& note) = 0;
 };
 
-}  // namespace model
+}  // namespace model::reader

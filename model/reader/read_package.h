@@ -8,7 +8,7 @@
 #include "model/package.h"
 #include "model/reader/read_observer.h"
 
-namespace model {
+namespace model::reader {
 
 /// What one read took.
 struct ReadEffort {
@@ -34,4 +34,4 @@ Package ParsePackage(const PackageScalars& before, PackageBytes bytes, ReadEffor
 std::optional<Package> ReadPackage(const PackageScalars& before, ReadEffort* effort = nullptr,
                                    ReadObserver* observer = nullptr);
 
-}  // namespace model
+}  // namespace model::reader

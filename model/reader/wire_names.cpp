@@ -3,11 +3,10 @@
 #include <string>
 
 #include "model/arithmetic.h"
-#include "model/faults.h"
 #include "model/numbers.h"
 #include "model/text.h"
 
-namespace model {
+namespace model::reader {
 
 namespace {
 
@@ -58,22 +57,4 @@ void SetTiers(const std::vector<std::uint32_t>& wirePlaces, NameIndex& index, Pa
     entry.Tier = GeneralText(Single(double(ToNumber(entry.Tier)) + 1.0));
 }
 
-std::string EntryText(const WireNameRec& wire) {
-  return wire.Name2.empty() ? wire.Name : wire.Name + ":" + wire.Name2;
-}
-
-// Deliberate: a tier is a button's number, whatever the button: "5" enables "Stitch".
-std::optional<std::size_t> ButtonOfTier(const std::string& tier) {
-  const double index = NearestWhole(double(ToNumber(tier)) - 1.0);
-  if (!(index >= 0.0 && index < double(kWireListButtons))) return std::nullopt;
-  return static_cast<std::size_t>(index);
-}
-
-void MindTier(const WireNameRec& wire) {
-  if (wire.Tier.empty() || ButtonOfTier(wire.Tier)) return;
-  SubscriptOutOfRange fault("no button for tier " + wire.Tier);
-  fault.NameRecord("wire " + EntryText(wire));
-  throw fault;
-}
-
-}  // namespace model
+}  // namespace model::reader

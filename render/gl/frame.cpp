@@ -7,7 +7,7 @@
 
 #include "model/arithmetic.h"
 
-namespace render {
+namespace render::gl {
 
 namespace {
 
@@ -88,4 +88,4 @@ void DrawFrame(const Eye& eye, const PixelSize& size, const SceneList& list) {
   list.Call();
 }
 
-}  // namespace render
+}  // namespace render::gl

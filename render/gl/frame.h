@@ -4,10 +4,10 @@
 #include "render/appearance.h"
 #include "render/camera.h"
 #include "render/gl/gl_surface.h"
-#include "render/named_view.h"
 #include "render/gl/scene_list.h"
+#include "render/named_view.h"
 
-namespace render {
+namespace render::gl {
 
 /// Width / height; 0 when there is no height, which gives a degenerate projection rather than a fault.
 float AspectRatioOf(const PixelSize& size);
@@ -30,4 +30,4 @@ void DrawFrame(const Camera& camera, const ModelRotation& rotation, float depth,
 /// Needs   current context that SetUpView prepared for `size`
 void DrawFrame(const Eye& eye, const PixelSize& size, const SceneList& list);
 
-}  // namespace render
+}  // namespace render::gl

@@ -8,7 +8,7 @@
 
 #include "render/gl/read_back.h"
 
-namespace render {
+namespace render::gl {
 
 namespace {
 
@@ -44,7 +44,7 @@ bool Framebuffer::Bind(const PixelSize& size) {
 }
 
 void Framebuffer::ReadRows(int first, int count, std::uint8_t* rgb) const {
-  render::ReadRows(size_, topRowFirst_, first, count, rgb);
+  render::gl::ReadRows(size_, topRowFirst_, first, count, rgb);
 }
 
-}  // namespace render
+}  // namespace render::gl

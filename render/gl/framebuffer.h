@@ -5,7 +5,7 @@
 
 #include "render/gl/gl_surface.h"
 
-namespace render {
+namespace render::gl {
 
 /// It lives as long as the context that was current when it was bound.
 class Framebuffer {
@@ -23,4 +23,4 @@ class Framebuffer {
   bool topRowFirst_ = false;
 };
 
-}  // namespace render
+}  // namespace render::gl

@@ -4,7 +4,7 @@
 
 #include <array>
 
-namespace render {
+namespace render::gl {
 
 namespace {
 
@@ -43,4 +43,4 @@ void GlPen::Strip(const model::WireStrip& points, const model::Colour& paint) no
   glEnd();
 }
 
-}  // namespace render
+}  // namespace render::gl

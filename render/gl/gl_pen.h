@@ -3,7 +3,7 @@
 
 #include "model/pen.h"
 
-namespace render {
+namespace render::gl {
 
 /// Needs  a current context and no open primitive; each shape opens and closes its own
 class GlPen final : public model::Pen {
@@ -13,4 +13,4 @@ class GlPen final : public model::Pen {
   void Strip(const model::WireStrip& points, const model::Colour& paint) noexcept override;
 };
 
-}  // namespace render
+}  // namespace render::gl

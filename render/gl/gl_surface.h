@@ -1,7 +1,7 @@
 /// What the view needs of the thing it is drawn on: a window, or memory.
 #pragma once
 
-namespace render {
+namespace render::gl {
 
 /// Pixels of the device.
 struct PixelSize {
@@ -27,4 +27,4 @@ class GlSurface {
   virtual PixelSize Size() const = 0;
 };
 
-}  // namespace render
+}  // namespace render::gl

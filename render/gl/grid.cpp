@@ -4,7 +4,7 @@
 
 #include "render/gl/scene_list.h"
 
-namespace render {
+namespace render::gl {
 
 void Grid::BuildGrid() {
   constexpr int kHalf = 50;
@@ -66,4 +66,4 @@ void Grid::DisplayGrid() const {
   glEnable(GL_LIGHTING);
 }
 
-}  // namespace render
+}  // namespace render::gl

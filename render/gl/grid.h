@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-namespace render {
+namespace render::gl {
 
 /// Deliberate: callable, and no part of the picture that the viewer shows.
 class Grid {
@@ -20,4 +20,4 @@ class Grid {
   std::int16_t number_ = 0;
 };
 
-}  // namespace render
+}  // namespace render::gl

@@ -12,7 +12,7 @@
 #include "render/gl/framebuffer.h"
 #include "render/gl/read_back.h"
 
-namespace render {
+namespace render::gl {
 
 namespace {
 
@@ -163,7 +163,7 @@ void OffscreenSurface::DeleteContext() { egl_->CloseContext(); }
 void OffscreenSurface::ReadRows(int first, int count, std::uint8_t* rgb) const {
   if (egl_->framebuffer) return egl_->framebuffer->ReadRows(first, count, rgb);
   glReadBuffer(GL_BACK);
-  render::ReadRows(size_, false, first, count, rgb);
+  render::gl::ReadRows(size_, false, first, count, rgb);
 }
 
-}  // namespace render
+}  // namespace render::gl

@@ -6,7 +6,7 @@
 
 #include "render/gl/gl_surface.h"
 
-namespace render {
+namespace render::gl {
 
 /// EGL without a window system: Mesa's surfaceless platform, else the first device that serves. Pictures
 /// beyond what a pixel buffer holds go into a framebuffer object, whose pixels are the same.
@@ -39,4 +39,4 @@ class OffscreenSurface final : public GlSurface {
   std::unique_ptr<Egl> egl_;
 };
 
-}  // namespace render
+}  // namespace render::gl

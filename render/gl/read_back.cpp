@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstddef>
 
-namespace render {
+namespace render::gl {
 
 Picture ReadFrame(const PixelSize& size) {
   Picture picture{size.Width, size.Height, {}};
@@ -30,4 +30,4 @@ void ReadRows(const PixelSize& size, bool topRowFirst, int first, int count, std
   }
 }
 
-}  // namespace render
+}  // namespace render::gl

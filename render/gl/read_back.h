@@ -6,7 +6,7 @@
 #include "render/gl/gl_surface.h"
 #include "render/picture.h"
 
-namespace render {
+namespace render::gl {
 
 /// The frame just drawn, before it is swapped: windows over it or a missing screen do not matter.
 /// Needs   current context
@@ -16,4 +16,4 @@ Picture ReadFrame(const PixelSize& size);
 /// Reads   the read buffer that is set; `topRowFirst` says whether its rows run down or, as usual, up
 void ReadRows(const PixelSize& size, bool topRowFirst, int first, int count, std::uint8_t* rgb);
 
-}  // namespace render
+}  // namespace render::gl

@@ -7,7 +7,7 @@
 
 #include "model/faults.h"
 
-namespace render {
+namespace render::gl {
 
 std::int16_t ListNumber(unsigned name) {
   if (name > unsigned(std::numeric_limits<std::int16_t>::max()))
@@ -48,4 +48,4 @@ void SceneList::Build(Scene& scene, unsigned mode) {
 
 void SceneList::Call() const { glCallList(static_cast<GLuint>(number_)); }
 
-}  // namespace render
+}  // namespace render::gl

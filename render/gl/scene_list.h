@@ -5,7 +5,7 @@
 
 #include "render/scene.h"
 
-namespace render {
+namespace render::gl {
 
 /// A display-list name in the 16 bits in which the program keeps it.
 /// Faults  Overflow above 32,767
@@ -35,4 +35,4 @@ class SceneList {
   std::int16_t number_ = 0;
 };
 
-}  // namespace render
+}  // namespace render::gl

@@ -7,7 +7,7 @@
 #include <QPolygonF>
 #include <algorithm>
 
-namespace setup {
+namespace setup::ui {
 
 namespace {
 
@@ -94,4 +94,4 @@ void LoopView::paintEvent(QPaintEvent*) {
   painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
 }
 
-}  // namespace setup
+}  // namespace setup::ui

@@ -5,7 +5,7 @@
 
 #include "setup/setup_form.h"
 
-namespace setup {
+namespace setup::ui {
 
 class LoopView final : public QWidget {
  public:
@@ -21,4 +21,4 @@ class LoopView final : public QWidget {
   const SetupForm& form_;
 };
 
-}  // namespace setup
+}  // namespace setup::ui

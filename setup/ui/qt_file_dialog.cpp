@@ -6,7 +6,7 @@
 #include <QFileInfo>
 #include <QMessageBox>
 
-namespace setup {
+namespace setup::ui {
 
 namespace {
 
@@ -74,4 +74,4 @@ std::optional<std::string> QtFileDialog::Show(const FileDialogRequest& request, 
   return std::nullopt;
 }
 
-}  // namespace setup
+}  // namespace setup::ui

@@ -7,7 +7,7 @@
 
 class QWidget;
 
-namespace setup {
+namespace setup::ui {
 
 class QtFileDialog final : public FileDialog {
  public:
@@ -26,4 +26,4 @@ class QtFileDialog final : public FileDialog {
   QString folder_;  ///< where the user was last
 };
 
-}  // namespace setup
+}  // namespace setup::ui

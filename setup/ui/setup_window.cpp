@@ -17,7 +17,7 @@
 
 #include "setup/ui/loop_view.h"
 
-namespace setup {
+namespace setup::ui {
 
 namespace {
 
@@ -295,4 +295,4 @@ QWidget* SetupWindow::MakeControls() {
   return controls;
 }
 
-}  // namespace setup
+}  // namespace setup::ui

@@ -14,7 +14,7 @@ class QPlainTextEdit;
 class QPushButton;
 class QRadioButton;
 
-namespace setup {
+namespace setup::ui {
 
 class LoopView;
 
@@ -73,4 +73,4 @@ class SetupWindow final : public QMainWindow {
   LoopView* Picture1 = nullptr;
 };
 
-}  // namespace setup
+}  // namespace setup::ui

@@ -1,6 +1,6 @@
 #include "shell/help/characters.h"
 
-namespace shell {
+namespace shell::help {
 
 char32_t FromCodePage1252(unsigned char byte) {
   static constexpr char16_t kHigh[32] = {0x20AC, 0xFFFD, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
@@ -31,4 +31,4 @@ void AppendUtf8(std::string& text, char32_t character) {
   }
 }
 
-}  // namespace shell
+}  // namespace shell::help

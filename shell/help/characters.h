@@ -3,7 +3,7 @@
 
 #include <string>
 
-namespace shell {
+namespace shell::help {
 
 /// Stands for what is no character.
 inline constexpr char32_t kReplacement = 0xFFFD;
@@ -14,4 +14,4 @@ char32_t FromCodePage1252(unsigned char byte);
 /// Appends `character` to `text` as UTF-8. Surrogates and what lies beyond Unicode become kReplacement.
 void AppendUtf8(std::string& text, char32_t character);
 
-}  // namespace shell
+}  // namespace shell::help

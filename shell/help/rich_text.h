@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace shell {
+namespace shell::help {
 
 enum class Alignment : std::uint8_t { Left, Center, Right, Justified };
 enum class Script : std::uint8_t { Normal, Super, Sub };
@@ -61,4 +61,4 @@ struct RichText {
   std::vector<Paragraph> Paragraphs;
 };
 
-}  // namespace shell
+}  // namespace shell::help

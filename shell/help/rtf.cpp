@@ -9,7 +9,7 @@
 #include "shell/help/characters.h"
 #include "shell/help/rtf_words.h"
 
-namespace shell {
+namespace shell::help {
 
 namespace {
 
@@ -305,4 +305,4 @@ std::optional<RichText> ReadRtf(std::string_view bytes) {
   return Reader(bytes.substr(0, kMaxRtfBytes)).Read();
 }
 
-}  // namespace shell
+}  // namespace shell::help

@@ -7,7 +7,7 @@
 
 #include "shell/help/rich_text.h"
 
-namespace shell {
+namespace shell::help {
 
 /// What lies beyond these bounds is left out: bytes of the file, nested groups, fonts.
 inline constexpr std::size_t kMaxRtfBytes = std::size_t{1} << 20;
@@ -18,4 +18,4 @@ inline constexpr std::size_t kMaxRtfFonts = 256;
 /// Bytes and \'hh are read as code page 1252. Damaged RTF gives what can be made of it. Takes linear time.
 std::optional<RichText> ReadRtf(std::string_view bytes);
 
-}  // namespace shell
+}  // namespace shell::help

@@ -3,7 +3,7 @@
 #include <iterator>
 #include <utility>
 
-namespace shell {
+namespace shell::help {
 
 namespace {
 
@@ -114,4 +114,4 @@ bool ApplyToParagraph(const RtfWord& word, ParagraphFormat& paragraph) {
   return true;
 }
 
-}  // namespace shell
+}  // namespace shell::help

@@ -9,7 +9,7 @@
 
 #include "shell/help/rich_text.h"
 
-namespace shell {
+namespace shell::help {
 
 /// The stops that a paragraph keeps; further ones are left out.
 inline constexpr std::size_t kMaxRtfTabs = 32;
@@ -44,4 +44,4 @@ struct RtfTables {
 bool ApplyToRun(const RtfWord& word, const RtfTables& tables, RunFormat& run);
 bool ApplyToParagraph(const RtfWord& word, ParagraphFormat& paragraph);
 
-}  // namespace shell
+}  // namespace shell::help

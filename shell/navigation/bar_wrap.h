@@ -3,7 +3,7 @@
 
 #include "shell/navigation/scroll_bar.h"
 
-namespace shell {
+namespace shell::navigation {
 
 /// One small step; a bar that stands at `edge` goes to `beyond` instead.
 inline void StepOrJump(ScrollBar& bar, int step, int edge, int beyond) {
@@ -20,4 +20,4 @@ inline void SetWrappedBelow(ScrollBar& bar, int value) {
   bar.SetValue(value < bar.Min() ? value + 360 : value);
 }
 
-}  // namespace shell
+}  // namespace shell::navigation

@@ -1,7 +1,7 @@
 /// The numbers by which keys, modifiers and mouse buttons reach the main window's handlers.
 #pragma once
 
-namespace shell {
+namespace shell::navigation {
 
 /// Modifier state: a sum of these, 0 for none.
 inline constexpr int kShift = 1;
@@ -29,4 +29,4 @@ inline constexpr int kKeypadMinus = 109;
 inline constexpr int kEqualsPlus = 187;  ///< "=" and "+" of the main block
 inline constexpr int kMinus = 189;       ///< "-" and "_" of the main block
 
-}  // namespace shell
+}  // namespace shell::navigation

@@ -2,7 +2,7 @@
 
 #include "model/faults.h"
 
-namespace shell {
+namespace shell::navigation {
 
 Navigation::Navigation() {
   ScrollPitch.change = [this] { ScrollPitch_Change(); };
@@ -57,4 +57,4 @@ void Navigation::SetPointer(Pointer pointer) {
   if (actions.setPointer) actions.setPointer(pointer);
 }
 
-}  // namespace shell
+}  // namespace shell::navigation

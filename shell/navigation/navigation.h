@@ -8,7 +8,7 @@
 #include "render/camera.h"
 #include "shell/navigation/scroll_bar.h"
 
-namespace shell {
+namespace shell::navigation {
 
 enum class Pointer { kDefault, kUpArrow };
 
@@ -108,4 +108,4 @@ class Navigation {
   void PressArrow(int keyCode, int shift);
 };
 
-}  // namespace shell
+}  // namespace shell::navigation

@@ -3,7 +3,7 @@
 #include "model/arithmetic.h"
 #include "shell/navigation/navigation.h"
 
-namespace shell {
+namespace shell::navigation {
 
 namespace {
 
@@ -114,4 +114,4 @@ void Navigation::Trans_Click(int index) {
   if (actions.focusDummy) actions.focusDummy();
 }
 
-}  // namespace shell
+}  // namespace shell::navigation

@@ -3,7 +3,7 @@
 #include "shell/navigation/input_codes.h"
 #include "shell/navigation/navigation.h"
 
-namespace shell {
+namespace shell::navigation {
 
 namespace {
 
@@ -169,4 +169,4 @@ void Navigation::PressArrow(int keyCode, int shift) {
   }
 }
 
-}  // namespace shell
+}  // namespace shell::navigation

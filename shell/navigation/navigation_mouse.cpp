@@ -3,7 +3,7 @@
 #include "shell/navigation/input_codes.h"
 #include "shell/navigation/navigation.h"
 
-namespace shell {
+namespace shell::navigation {
 
 namespace {
 
@@ -143,4 +143,4 @@ void Navigation::Form_MouseMove(int button, int shift, float x, float y) {
   Repaint();
 }
 
-}  // namespace shell
+}  // namespace shell::navigation

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace shell {
+namespace shell::navigation {
 
 ScrollBar::ScrollBar(std::int16_t min, std::int16_t max)
     : min_(min), max_(max), value_(std::clamp(std::int16_t{0}, min, max)) {}
@@ -23,4 +23,4 @@ bool ScrollBar::Store(int value) {
   return true;
 }
 
-}  // namespace shell
+}  // namespace shell::navigation

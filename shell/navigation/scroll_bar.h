@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <functional>
 
-namespace shell {
+namespace shell::navigation {
 
 /// The bar on the screen follows through show, and gives what the user does to SetValue or Drag.
 /// A value out of range is clamped; the value it has already changes nothing and calls nobody.
@@ -35,4 +35,4 @@ class ScrollBar {
   std::int16_t value_;
 };
 
-}  // namespace shell
+}  // namespace shell::navigation

@@ -4,17 +4,17 @@
 #include <QGridLayout>
 #include <QLabel>
 
-#include "shell/title.h"
 #include "model/version.h"
+#include "shell/title.h"
 #include "shell/ui/program_icon.h"
 
-namespace shell {
+namespace shell::ui {
 
 AboutWindow::AboutWindow(QWidget* owner) : QDialog(owner) {
   setWindowTitle("About");
   auto* const picture = new QLabel(this);
   picture->setPixmap(ProgramIcon().pixmap(64, 64));
-  auto* const version = new QLabel(QString(model::kProgramTitle) + " Version " + model::kVersionText, this);
+  auto* const version = new QLabel(QString(shell::kProgramTitle) + " Version " + model::kVersionText, this);
   version->setTextInteractionFlags(Qt::TextSelectableByMouse);
   auto* const words = new QLabel("Shows an integrated-circuit package in three dimensions.", this);
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
@@ -29,4 +29,4 @@ AboutWindow::AboutWindow(QWidget* owner) : QDialog(owner) {
   grid->setSizeConstraint(QLayout::SetFixedSize);
 }
 
-}  // namespace shell
+}  // namespace shell::ui

@@ -3,11 +3,11 @@
 
 #include <QDialog>
 
-namespace shell {
+namespace shell::ui {
 
 class AboutWindow final : public QDialog {
  public:
   explicit AboutWindow(QWidget* owner);
 };
 
-}  // namespace shell
+}  // namespace shell::ui

@@ -7,7 +7,7 @@
 #include "shell/ui/gl_view.h"
 #include "shell/ui/view_controls.h"
 
-namespace shell {
+namespace shell::ui {
 
 namespace {
 
@@ -97,4 +97,4 @@ QAccessibleInterface* Create(const QString& kind, QObject* object) {
 
 void InstallAccessibleViews() { QAccessible::installFactory(Create); }
 
-}  // namespace shell
+}  // namespace shell::ui

@@ -2,10 +2,10 @@
 /// knows too little.
 #pragma once
 
-namespace shell {
+namespace shell::ui {
 
 /// To be called once, before the first window: gives the view its "ShowMenu" action and the box its "Press",
 /// and makes plain windows frames that list their open menu.
 void InstallAccessibleViews();
 
-}  // namespace shell
+}  // namespace shell::ui

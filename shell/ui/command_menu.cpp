@@ -3,7 +3,7 @@
 #include <QAction>
 #include <QVector>
 
-namespace shell {
+namespace shell::ui {
 
 CommandMenuPopup::CommandMenuPopup(Commands& commands, QWidget* parent) : QMenu(parent) {
   setObjectName("DoMnu");
@@ -36,4 +36,4 @@ void CommandMenuPopup::SetEnabled(std::string_view name, bool enabled) {
   for (QAction* const action : findChildren<QAction*>(wanted)) action->setEnabled(enabled);
 }
 
-}  // namespace shell
+}  // namespace shell::ui

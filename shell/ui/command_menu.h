@@ -6,7 +6,7 @@
 
 #include "shell/commands.h"
 
-namespace shell {
+namespace shell::ui {
 
 class CommandMenuPopup final : public QMenu {
  public:
@@ -16,4 +16,4 @@ class CommandMenuPopup final : public QMenu {
   void SetEnabled(std::string_view name, bool enabled);
 };
 
-}  // namespace shell
+}  // namespace shell::ui

@@ -2,7 +2,7 @@
 
 #include <X11/Xlib.h>
 
-namespace shell {
+namespace shell::ui {
 
 DisplayConnection::DisplayConnection(const char* name) : display_(XOpenDisplay(name)) {}
 
@@ -10,4 +10,4 @@ DisplayConnection::~DisplayConnection() {
   if (display_ != nullptr) XCloseDisplay(static_cast<Display*>(display_));
 }
 
-}  // namespace shell
+}  // namespace shell::ui

@@ -1,7 +1,7 @@
 /// Whether there is a display to show windows on.
 #pragma once
 
-namespace shell {
+namespace shell::ui {
 
 /// A connection to the X server, held while the toolkit makes its own: a server without any client left may
 /// start anew just then, and the toolkit would find nobody.
@@ -19,4 +19,4 @@ class DisplayConnection {
   void* display_;
 };
 
-}  // namespace shell
+}  // namespace shell::ui

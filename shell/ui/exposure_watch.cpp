@@ -8,7 +8,7 @@
 // Last, for its macros.
 #include <X11/Xlib.h>
 
-namespace shell {
+namespace shell::ui {
 
 namespace {
 
@@ -57,4 +57,4 @@ bool ExposureWatch::nativeEventFilter(const QByteArray& eventType, void* message
   return !due_ && (event.response_type & 0x7F) == XCB_EXPOSE && window_.isExposed();
 }
 
-}  // namespace shell
+}  // namespace shell::ui

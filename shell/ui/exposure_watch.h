@@ -6,7 +6,7 @@
 
 class QWindow;
 
-namespace shell {
+namespace shell::ui {
 
 /// A window hears of the exposure that its new size brings only after the load that the size brings too, and
 /// after that load's frame. Painting again would show the same picture at double cost. The display numbers
@@ -30,4 +30,4 @@ class ExposureWatch final : public QAbstractNativeEventFilter {
   bool due_ = true;
 };
 
-}  // namespace shell
+}  // namespace shell::ui

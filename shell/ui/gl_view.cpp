@@ -5,7 +5,7 @@
 #include <QWindow>
 #include <cmath>
 
-namespace shell {
+namespace shell::ui {
 
 namespace {
 
@@ -82,7 +82,7 @@ void GlView::DeleteContext() {
   context_.reset();
 }
 
-render::PixelSize GlView::Size() const {
+render::gl::PixelSize GlView::Size() const {
   const double scale = devicePixelRatioF();
   return {static_cast<int>(std::lround(width() * scale)), static_cast<int>(std::lround(height() * scale))};
 }
@@ -100,4 +100,4 @@ void GlView::resizeEvent(QResizeEvent* event) {
   if (resized) resized();
 }
 
-}  // namespace shell
+}  // namespace shell::ui

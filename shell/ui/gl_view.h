@@ -9,10 +9,10 @@
 #include "render/gl/gl_surface.h"
 #include "shell/ui/exposure_watch.h"
 
-namespace shell {
+namespace shell::ui {
 
 /// The GL window inside lets all input through to the widget, so events arrive here as in any other widget.
-class GlView final : public QWidget, public render::GlSurface {
+class GlView final : public QWidget, public render::gl::GlSurface {
   Q_OBJECT
 
  public:
@@ -32,7 +32,7 @@ class GlView final : public QWidget, public render::GlSurface {
   bool IsShown() const override;
   void SwapBuffers() override;
   void DeleteContext() override;
-  render::PixelSize Size() const override;
+  render::gl::PixelSize Size() const override;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -48,4 +48,4 @@ class GlView final : public QWidget, public render::GlSurface {
   std::unique_ptr<QOpenGLContext> context_;
 };
 
-}  // namespace shell
+}  // namespace shell::ui

@@ -8,10 +8,10 @@
 #include "model/faults.h"
 #include "model/files.h"
 #include "model/text.h"
-#include "shell/ui/qt_rich_text.h"
 #include "shell/help/rtf.h"
+#include "shell/ui/qt_rich_text.h"
 
-namespace shell {
+namespace shell::ui {
 
 namespace {
 
@@ -39,7 +39,7 @@ HelpWindow::HelpWindow(QWidget* owner) : QWidget(owner, Qt::Window), Txt(new QTe
 
 void HelpWindow::Open(const QString& caption, const std::string& path) {
   setWindowTitle(caption);
-  const std::optional<RichText> text = ReadRtf(model::ReadWholeFile(path));
+  const std::optional<help::RichText> text = help::ReadRtf(model::ReadWholeFile(path));
   if (!text) throw model::FileFault("Not a rich text file", std::string(model::FileNameOf(path)));
   PourRichText(*text, static_cast<double>(Txt->logicalDpiX()) / kTwipsPerInch, *Txt->document());
   Txt->document()->setDocumentMargin(kPageMargin);
@@ -71,4 +71,4 @@ void HelpWindow::showEvent(QShowEvent* event) {
   Form_Resize();
 }
 
-}  // namespace shell
+}  // namespace shell::ui

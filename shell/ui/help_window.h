@@ -6,7 +6,7 @@
 
 class QTextBrowser;
 
-namespace shell {
+namespace shell::ui {
 
 /// One instance serves both pages; nothing is ever saved from it.
 class HelpWindow : public QWidget {
@@ -29,4 +29,4 @@ class HelpWindow : public QWidget {
   QTextBrowser* Txt;
 };
 
-}  // namespace shell
+}  // namespace shell::ui

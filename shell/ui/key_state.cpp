@@ -2,7 +2,7 @@
 
 #include <QKeyEvent>
 
-namespace shell {
+namespace shell::ui {
 
 namespace {
 
@@ -34,4 +34,4 @@ int ShiftState(const QKeyEvent& key) {
   return ShiftState(modifiers);
 }
 
-}  // namespace shell
+}  // namespace shell::ui

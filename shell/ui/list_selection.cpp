@@ -2,7 +2,7 @@
 
 #include <QSignalBlocker>
 
-namespace shell {
+namespace shell::ui {
 
 namespace {
 
@@ -71,4 +71,4 @@ QItemSelection ListSelection::Pieces(const std::vector<bool>& flags) const {
   return pieces;
 }
 
-}  // namespace shell
+}  // namespace shell::ui

@@ -6,7 +6,7 @@
 
 #include "shell/entry_ranges.h"
 
-namespace shell {
+namespace shell::ui {
 
 /// For models of one column. The toolkit's own routine compares each piece of the old selection with each
 /// of the new one: seconds at 16,000 pieces. Here every change is worked out on one flag per entry, and the
@@ -31,4 +31,4 @@ class ListSelection : public QItemSelectionModel {
   std::vector<bool> settled_;  ///< without the stretch that a drag or a Shift key is still changing
 };
 
-}  // namespace shell
+}  // namespace shell::ui

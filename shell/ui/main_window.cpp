@@ -16,7 +16,7 @@
 #include "shell/ui/window_place.h"
 #include "shell/ui/wire_list_window.h"
 
-namespace shell {
+namespace shell::ui {
 
 namespace {
 
@@ -66,9 +66,9 @@ void MainWindow::LayOut() {
 }
 
 void MainWindow::WireNavigation() {
-  NavigationActions& actions = form_.Navigator().actions;
-  actions.setPointer = [this](Pointer pointer) {
-    pointer == Pointer::kUpArrow ? setCursor(Qt::UpArrowCursor) : unsetCursor();
+  navigation::NavigationActions& actions = form_.Navigator().actions;
+  actions.setPointer = [this](navigation::Pointer pointer) {
+    pointer == navigation::Pointer::kUpArrow ? setCursor(Qt::UpArrowCursor) : unsetCursor();
   };
   actions.openCommandMenu = [this](float x, float y) {
     OpenMenu(view_->mapToGlobal(QPointF(double(x), double(y)).toPoint()));
@@ -105,7 +105,7 @@ void MainWindow::WireCommands() {
   };
   actions.showWireBondSetup = [this] {
     if (!BWsu_) {
-      BWsu_ = std::make_unique<setup::SetupWindow>(
+      BWsu_ = std::make_unique<setup::ui::SetupWindow>(
           setupForm_, [this](const std::function<void()>& handler) { end_.Run(handler); });
       PlaceFirst(*BWsu_, PinList_.get());
     }
@@ -168,4 +168,4 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   end_.Run([this] { form_.Form_Unload(); });
 }
 
-}  // namespace shell
+}  // namespace shell::ui

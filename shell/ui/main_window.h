@@ -4,19 +4,19 @@
 #include <QWidget>
 #include <memory>
 
-#include "setup/ui/qt_file_dialog.h"
 #include "setup/setup_form.h"
+#include "setup/ui/qt_file_dialog.h"
 #include "setup/ui/setup_window.h"
-#include "shell/ui/command_menu.h"
 #include "shell/commands.h"
 #include "shell/main_form.h"
-#include "shell/ui/printing.h"
 #include "shell/program_end.h"
+#include "shell/ui/command_menu.h"
+#include "shell/ui/printing.h"
 #include "shell/ui/view_controls.h"
 #include "shell/ui/view_input.h"
 #include "shell/wire_list_form.h"
 
-namespace shell {
+namespace shell::ui {
 
 class AboutWindow;
 class GlView;
@@ -52,11 +52,11 @@ class MainWindow final : public QWidget {
   MainForm form_;
   ViewControls controls_;
   ViewInput input_;
-  setup::QtFileDialog dialogs_;
+  setup::ui::QtFileDialog dialogs_;
   setup::FileDialog& Filn_;
   setup::Estimator estimator_;
   setup::SetupForm setupForm_;
-  std::unique_ptr<setup::SetupWindow> BWsu_;
+  std::unique_ptr<setup::ui::SetupWindow> BWsu_;
   Commands commands_;
   CommandMenuPopup* DoMnu_;
   Printing printing_;
@@ -66,4 +66,4 @@ class MainWindow final : public QWidget {
   std::unique_ptr<WireListWindow> PinList_;
 };
 
-}  // namespace shell
+}  // namespace shell::ui

@@ -16,7 +16,7 @@
 #include "model/whole_file.h"
 #include "shell/print_layout.h"
 
-namespace shell {
+namespace shell::ui {
 
 namespace {
 
@@ -100,4 +100,4 @@ void Printing::PrintOnPaper(const render::Picture& picture, bool fit) {
 
 void Printing::Complain(const QString& why) { QMessageBox::warning(parent_, "Print Picture", why); }
 
-}  // namespace shell
+}  // namespace shell::ui

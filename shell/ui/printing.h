@@ -8,7 +8,7 @@
 
 class QWidget;
 
-namespace shell {
+namespace shell::ui {
 
 class Printing {
  public:
@@ -33,4 +33,4 @@ class Printing {
   QPageLayout page_;
 };
 
-}  // namespace shell
+}  // namespace shell::ui

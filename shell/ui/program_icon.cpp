@@ -4,7 +4,7 @@
 #include <QPainterPath>
 #include <QPixmap>
 
-namespace shell {
+namespace shell::ui {
 
 namespace {
 
@@ -50,4 +50,4 @@ QIcon ProgramIcon() {
   return icon;
 }
 
-}  // namespace shell
+}  // namespace shell::ui

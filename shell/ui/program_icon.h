@@ -3,9 +3,9 @@
 
 #include <QIcon>
 
-namespace shell {
+namespace shell::ui {
 
 /// A die with bond wires to the pads round it.
 QIcon ProgramIcon();
 
-}  // namespace shell
+}  // namespace shell::ui

@@ -10,28 +10,28 @@
 #include <QTextOption>
 #include <algorithm>
 
-namespace shell {
+namespace shell::ui {
 
 namespace {
 
 constexpr int kDefaultTabTwips = 720;
 
-Qt::Alignment AlignmentOf(Alignment alignment) {
+Qt::Alignment AlignmentOf(help::Alignment alignment) {
   switch (alignment) {
-    case Alignment::Center:
+    case help::Alignment::Center:
       return Qt::AlignHCenter;
-    case Alignment::Right:
+    case help::Alignment::Right:
       return Qt::AlignRight;
-    case Alignment::Justified:
+    case help::Alignment::Justified:
       return Qt::AlignJustify;
-    case Alignment::Left:
+    case help::Alignment::Left:
       break;
   }
   return Qt::AlignLeft;
 }
 
 /// The stops as the toolkit wants them: rising, and measured from where the first line starts.
-QList<QTextOption::Tab> TabsOf(const ParagraphFormat& paragraph, double pixelsPerTwip) {
+QList<QTextOption::Tab> TabsOf(const help::ParagraphFormat& paragraph, double pixelsPerTwip) {
   std::vector<int> stops = paragraph.Tabs;
   // A hanging first line has a stop of its own where the other lines start: there a list's text begins.
   if (paragraph.First < 0) stops.push_back(paragraph.Left);
@@ -43,7 +43,7 @@ QList<QTextOption::Tab> TabsOf(const ParagraphFormat& paragraph, double pixelsPe
   return tabs;
 }
 
-QTextBlockFormat BlockFormatOf(const ParagraphFormat& paragraph, double pixelsPerTwip) {
+QTextBlockFormat BlockFormatOf(const help::ParagraphFormat& paragraph, double pixelsPerTwip) {
   QTextBlockFormat format;
   format.setAlignment(AlignmentOf(paragraph.Align));
   format.setLeftMargin(paragraph.Left * pixelsPerTwip);
@@ -55,33 +55,33 @@ QTextBlockFormat BlockFormatOf(const ParagraphFormat& paragraph, double pixelsPe
   return format;
 }
 
-void SetFont(const Font& font, QTextCharFormat& format) {
+void SetFont(const help::Font& font, QTextCharFormat& format) {
   if (!font.Name.empty()) format.setFontFamilies({QString::fromStdString(font.Name)});
   switch (font.Family) {
-    case FontFamily::Serif:
+    case help::FontFamily::Serif:
       format.setFontStyleHint(QFont::Serif);
       break;
-    case FontFamily::Sans:
+    case help::FontFamily::Sans:
       format.setFontStyleHint(QFont::SansSerif);
       break;
-    case FontFamily::Fixed:
+    case help::FontFamily::Fixed:
       format.setFontStyleHint(QFont::Monospace);
       format.setFontFixedPitch(true);
       break;
-    case FontFamily::Any:
+    case help::FontFamily::Any:
       break;
   }
 }
 
-QTextCharFormat CharFormatOf(const RunFormat& run, const std::map<int, Font>& fonts) {
+QTextCharFormat CharFormatOf(const help::RunFormat& run, const std::map<int, help::Font>& fonts) {
   QTextCharFormat format;
   format.setFontWeight(run.Bold ? QFont::Bold : QFont::Normal);
   format.setFontItalic(run.Italic);
   format.setFontUnderline(run.Underline);
   format.setFontStrikeOut(run.Strike);
   format.setFontPointSize(run.Size / 2.0);
-  if (run.Position == Script::Super) format.setVerticalAlignment(QTextCharFormat::AlignSuperScript);
-  if (run.Position == Script::Sub) format.setVerticalAlignment(QTextCharFormat::AlignSubScript);
+  if (run.Position == help::Script::Super) format.setVerticalAlignment(QTextCharFormat::AlignSuperScript);
+  if (run.Position == help::Script::Sub) format.setVerticalAlignment(QTextCharFormat::AlignSubScript);
   if (run.Colour >= 0) format.setForeground(QColor(static_cast<QRgb>(run.Colour)));
   if (const auto font = fonts.find(run.Font); font != fonts.end()) SetFont(font->second, format);
   return format;
@@ -89,7 +89,7 @@ QTextCharFormat CharFormatOf(const RunFormat& run, const std::map<int, Font>& fo
 
 }  // namespace
 
-void PourRichText(const RichText& text, double pixelsPerTwip, QTextDocument& document) {
+void PourRichText(const help::RichText& text, double pixelsPerTwip, QTextDocument& document) {
   document.clear();
   QTextOption option = document.defaultTextOption();
   option.setTabStopDistance(kDefaultTabTwips * pixelsPerTwip);
@@ -98,11 +98,11 @@ void PourRichText(const RichText& text, double pixelsPerTwip, QTextDocument& doc
   QTextCursor cursor(&document);
   cursor.beginEditBlock();
   bool first = true;
-  for (const Paragraph& paragraph : text.Paragraphs) {
+  for (const help::Paragraph& paragraph : text.Paragraphs) {
     const QTextBlockFormat block = BlockFormatOf(paragraph.Format, pixelsPerTwip);
     // An empty paragraph is as high as its own letters, not as those of the one above.
     const QTextCharFormat letters =
-        CharFormatOf(paragraph.Runs.empty() ? RunFormat{} : paragraph.Runs.front().Format, text.Fonts);
+        CharFormatOf(paragraph.Runs.empty() ? help::RunFormat{} : paragraph.Runs.front().Format, text.Fonts);
     if (first) {
       cursor.setBlockFormat(block);
       cursor.setBlockCharFormat(letters);
@@ -110,7 +110,7 @@ void PourRichText(const RichText& text, double pixelsPerTwip, QTextDocument& doc
       cursor.insertBlock(block, letters);
     }
     first = false;
-    for (const Run& run : paragraph.Runs) {
+    for (const help::Run& run : paragraph.Runs) {
       QString words = QString::fromStdString(run.Text);
       words.replace('\n', QChar::LineSeparator);
       cursor.insertText(words, CharFormatOf(run.Format, text.Fonts));
@@ -119,4 +119,4 @@ void PourRichText(const RichText& text, double pixelsPerTwip, QTextDocument& doc
   cursor.endEditBlock();
 }
 
-}  // namespace shell
+}  // namespace shell::ui

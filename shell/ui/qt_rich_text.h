@@ -5,10 +5,10 @@
 
 class QTextDocument;
 
-namespace shell {
+namespace shell::ui {
 
 /// Replaces all that `document` holds by `text`.
 /// Units   `pixelsPerTwip`: how long a twip is where the document is shown
-void PourRichText(const RichText& text, double pixelsPerTwip, QTextDocument& document);
+void PourRichText(const help::RichText& text, double pixelsPerTwip, QTextDocument& document);
 
-}  // namespace shell
+}  // namespace shell::ui

@@ -9,9 +9,9 @@
 
 #include "shell/program_end.h"
 
-namespace shell {
+namespace shell::ui {
 
-BoundScrollBar::BoundScrollBar(ScrollBar& bar, Qt::Orientation orientation, const QString& name,
+BoundScrollBar::BoundScrollBar(navigation::ScrollBar& bar, Qt::Orientation orientation, const QString& name,
                                ProgramEnd& end, QWidget* parent)
     : QScrollBar(orientation, parent) {
   setRange(bar.Min(), bar.Max());
@@ -86,7 +86,7 @@ void DummyBox::paintEvent(QPaintEvent* event) {
   painter.fillPath(house, palette().color(QPalette::Text));
 }
 
-ViewControls::ViewControls(Navigation& navigation, ProgramEnd& end, QWidget* parent)
+ViewControls::ViewControls(navigation::Navigation& navigation, ProgramEnd& end, QWidget* parent)
     : ScrollPitch(new BoundScrollBar(navigation.ScrollPitch, Qt::Vertical, "Pitch", end, parent)),
       ScrollYaw(new BoundScrollBar(navigation.ScrollYaw, Qt::Horizontal, "Yaw", end, parent)),
       Dummy(new DummyBox(parent)),
@@ -94,15 +94,15 @@ ViewControls::ViewControls(Navigation& navigation, ProgramEnd& end, QWidget* par
   struct Button {
     const char* Caption;
     const char* Description;
-    void (Navigation::*Click)();
+    void (navigation::Navigation::*Click)();
   };
   static constexpr Button kButtons[] = {
-      {"In +", "Moves the camera forward", &Navigation::cmdForward_Click},
-      {"Out -", "Moves the camera back", &Navigation::cmdBack_Click},
-      {"< < < < <", "Turns the camera to the left", &Navigation::cmdLeft_Click},
-      {"> > > > >", "Turns the camera to the right", &Navigation::cmdRight_Click},
-      {"U", "Tilts the camera up", &Navigation::cmdUp_Click},
-      {"D", "Tilts the camera down", &Navigation::cmdDown_Click},
+      {"In +", "Moves the camera forward", &navigation::Navigation::cmdForward_Click},
+      {"Out -", "Moves the camera back", &navigation::Navigation::cmdBack_Click},
+      {"< < < < <", "Turns the camera to the left", &navigation::Navigation::cmdLeft_Click},
+      {"> > > > >", "Turns the camera to the right", &navigation::Navigation::cmdRight_Click},
+      {"U", "Tilts the camera up", &navigation::Navigation::cmdUp_Click},
+      {"D", "Tilts the camera down", &navigation::Navigation::cmdDown_Click},
   };
   auto* const row = new QHBoxLayout(strip);
   row->setContentsMargins(4, 4, 4, 4);
@@ -130,4 +130,4 @@ ViewControls::ViewControls(Navigation& navigation, ProgramEnd& end, QWidget* par
   Dummy->clicked = [&navigation, &end] { end.Run([&] { navigation.Dummy_Click(); }); };
 }
 
-}  // namespace shell
+}  // namespace shell::ui

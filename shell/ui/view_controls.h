@@ -10,15 +10,17 @@
 #include "shell/navigation/navigation.h"
 
 namespace shell {
-
 class ProgramEnd;
+}  // namespace shell
+
+namespace shell::ui {
 
 /// A scroll bar that shows a ScrollBar and hands it what the user does. It takes neither keys nor the wheel,
 /// which move the camera.
 class BoundScrollBar final : public QScrollBar {
  public:
-  BoundScrollBar(ScrollBar& bar, Qt::Orientation orientation, const QString& name, ProgramEnd& end,
-                 QWidget* parent);
+  BoundScrollBar(navigation::ScrollBar& bar, Qt::Orientation orientation, const QString& name,
+                 ProgramEnd& end, QWidget* parent);
 
  protected:
   void wheelEvent(QWheelEvent* event) override;
@@ -53,7 +55,7 @@ class DummyBox final : public QLineEdit {
 /// All of them, laid out in two strips: one below the view, one at its right.
 class ViewControls {
  public:
-  ViewControls(Navigation& navigation, ProgramEnd& end, QWidget* parent);
+  ViewControls(navigation::Navigation& navigation, ProgramEnd& end, QWidget* parent);
 
   BoundScrollBar* ScrollPitch;
   BoundScrollBar* ScrollYaw;
@@ -61,4 +63,4 @@ class ViewControls {
   QWidget* strip;  ///< the buttons and arrows
 };
 
-}  // namespace shell
+}  // namespace shell::ui

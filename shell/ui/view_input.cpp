@@ -7,18 +7,19 @@
 #include <QWidget>
 #include <QWindow>
 
-#include "shell/navigation/input_codes.h"
-#include "shell/ui/key_state.h"
 #include "shell/main_form.h"
+#include "shell/navigation/input_codes.h"
 #include "shell/program_end.h"
+#include "shell/ui/key_state.h"
 
-namespace shell {
+namespace shell::ui {
 
 namespace {
 
 int ButtonCode(Qt::MouseButtons buttons) {
-  return (buttons & Qt::LeftButton ? kLeftButton : 0) | (buttons & Qt::RightButton ? kRightButton : 0) |
-         (buttons & Qt::MiddleButton ? kMiddleButton : 0);
+  return (buttons & Qt::LeftButton ? navigation::kLeftButton : 0) |
+         (buttons & Qt::RightButton ? navigation::kRightButton : 0) |
+         (buttons & Qt::MiddleButton ? navigation::kMiddleButton : 0);
 }
 
 /// The handlers' code of a key, 0 for those that they do not know.
@@ -26,40 +27,41 @@ int KeyCode(const QKeyEvent& key) {
   const bool keypad = key.modifiers().testFlag(Qt::KeypadModifier);
   switch (key.key()) {
     case Qt::Key_Escape:
-      return kEscape;
+      return navigation::kEscape;
     case Qt::Key_Home:
-      return kHome;
+      return navigation::kHome;
     case Qt::Key_Left:
-      return kLeft;
+      return navigation::kLeft;
     case Qt::Key_Up:
-      return kUp;
+      return navigation::kUp;
     case Qt::Key_Right:
-      return kRight;
+      return navigation::kRight;
     case Qt::Key_Down:
-      return kDown;
+      return navigation::kDown;
     case Qt::Key_D:
-      return kD;
+      return navigation::kD;
     case Qt::Key_L:
-      return kL;
+      return navigation::kL;
     case Qt::Key_R:
-      return kR;
+      return navigation::kR;
     case Qt::Key_U:
-      return kU;
+      return navigation::kU;
     case Qt::Key_Plus:
-      return keypad ? kKeypadPlus : kEqualsPlus;
+      return keypad ? navigation::kKeypadPlus : navigation::kEqualsPlus;
     case Qt::Key_Equal:
-      return kEqualsPlus;
+      return navigation::kEqualsPlus;
     case Qt::Key_Minus:
-      return keypad ? kKeypadMinus : kMinus;
+      return keypad ? navigation::kKeypadMinus : navigation::kMinus;
     case Qt::Key_Underscore:
-      return kMinus;
+      return navigation::kMinus;
     default:
       return 0;
   }
 }
 
 bool OpensMenu(const QKeyEvent& key) {
-  return key.key() == Qt::Key_Menu || (key.key() == Qt::Key_F10 && ShiftState(key.modifiers()) == kShift);
+  return key.key() == Qt::Key_Menu ||
+         (key.key() == Qt::Key_F10 && ShiftState(key.modifiers()) == navigation::kShift);
 }
 
 }  // namespace
@@ -87,7 +89,7 @@ void ViewInput::UnhookWheel() { qApp->removeEventFilter(&hWheelHook_); }
 
 void ViewInput::OpenMenuByKey() {
   const QPointF middle = view_.rect().center();
-  Navigation& navigation = form_.Navigator();
+  navigation::Navigation& navigation = form_.Navigator();
   if (navigation.actions.openCommandMenu)
     navigation.actions.openCommandMenu(float(middle.x()), float(middle.y()));
 }
@@ -111,7 +113,7 @@ bool ViewInput::MouseEvent(QEvent* event) {
   const int shift = ShiftState(mouse.modifiers());
   const auto x = static_cast<float>(mouse.position().x());
   const auto y = static_cast<float>(mouse.position().y());
-  Navigation& navigation = form_.Navigator();
+  navigation::Navigation& navigation = form_.Navigator();
   end_.Run([&] {
     if (type == QEvent::MouseMove) return navigation.Form_MouseMove(ButtonCode(mouse.buttons()), shift, x, y);
     if (type == QEvent::MouseButtonPress)
@@ -130,9 +132,9 @@ bool ViewInput::KeyEvent(const QKeyEvent& key, bool down) {
   }
   const int code = KeyCode(key);
   const int shift = ShiftState(key);
-  Navigation& navigation = form_.Navigator();
+  navigation::Navigation& navigation = form_.Navigator();
   end_.Run([&] { down ? navigation.Form_KeyDown(code, shift) : navigation.Form_KeyUp(code, shift); });
-  return Navigation::AnswersTo(code);
+  return navigation::Navigation::AnswersTo(code);
 }
 
 void ViewInput::WheelEvent(const QWheelEvent& wheel) {
@@ -143,4 +145,4 @@ void ViewInput::WheelEvent(const QWheelEvent& wheel) {
   if (delta != 0) end_.Run([&] { form_.Navigator().WheelMoved(delta); });
 }
 
-}  // namespace shell
+}  // namespace shell::ui

@@ -11,9 +11,11 @@ class QWidget;
 class QWindow;
 
 namespace shell {
-
 class MainForm;
 class ProgramEnd;
+}  // namespace shell
+
+namespace shell::ui {
 
 /// An event filter of the application that hears every turn of the wheel, whichever window of the program is
 /// under the pointer. It is apart from ViewInput, which would hear its own events twice.
@@ -54,4 +56,4 @@ class ViewInput final : public QObject {
   WheelHook hWheelHook_;
 };
 
-}  // namespace shell
+}  // namespace shell::ui

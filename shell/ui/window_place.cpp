@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace shell {
+namespace shell::ui {
 
 QPoint PlaceBeside(const QSize& size, std::span<const QRect> taken, const QRect& screen) {
   const auto free = [&](const QPoint& corner) {
@@ -21,4 +21,4 @@ QPoint PlaceBeside(const QSize& size, std::span<const QRect> taken, const QRect&
   return {std::max(corner.x(), screen.left()), std::max(corner.y(), screen.top())};
 }
 
-}  // namespace shell
+}  // namespace shell::ui

@@ -15,7 +15,7 @@
 #include "shell/ui/key_state.h"
 #include "shell/ui/list_selection.h"
 
-namespace shell {
+namespace shell::ui {
 
 /// The form's entries for the list view, read in place.
 class WireListWindow::Entries : public QAbstractListModel {
@@ -185,4 +185,4 @@ bool WireListWindow::eventFilter(QObject* watched, QEvent* event) {
   return QMainWindow::eventFilter(watched, event);
 }
 
-}  // namespace shell
+}  // namespace shell::ui

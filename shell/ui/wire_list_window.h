@@ -10,7 +10,7 @@
 class QListView;
 class QPushButton;
 
-namespace shell {
+namespace shell::ui {
 
 class ListSelection;
 
@@ -56,4 +56,4 @@ class WireListWindow : public QMainWindow {
   bool reportMouseUp_ = false;
 };
 
-}  // namespace shell
+}  // namespace shell::ui

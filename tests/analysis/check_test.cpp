@@ -3,31 +3,31 @@
 #include <string>
 #include <vector>
 
-#include "tests/samples.h"
-#include "tests/temporary_folder.h"
-#include "yax/options/package.h"
-#include "formats/check_report.h"
 #include "analysis/drawing_check.h"
 #include "analysis/line_check.h"
 #include "analysis/wire_list_check.h"
+#include "formats/check_report.h"
+#include "tests/samples.h"
+#include "tests/temporary_folder.h"
+#include "yax/options/package.h"
 
 namespace yax {
 namespace {
 
-CheckReport CheckFile(const std::string& path) {
-  CheckReport report{.File = path};
-  LineCheck lines(report);
-  model::ReadEffort effort;
+formats::CheckReport CheckFile(const std::string& path) {
+  formats::CheckReport report{.File = path};
+  analysis::LineCheck lines(report);
+  model::reader::ReadEffort effort;
   model::Package package = LoadPackage({path}, &effort, &lines);
   report.Lines = effort.lines;
   lines.Finish(package);
-  CheckDrawing(package, lines.Lines(), report);
-  CheckWireList(package, lines.Lines(), report);
+  analysis::CheckDrawing(package, lines.Lines(), report);
+  analysis::CheckWireList(package, lines.Lines(), report);
   report.Sort();
   return report;
 }
 
-CheckReport Check(const std::string& text, const std::string& netTypes = {}) {
+formats::CheckReport Check(const std::string& text, const std::string& netTypes = {}) {
   const TemporaryFolder folder;
   const std::string path = folder / "board.yax";
   PutFile(path, text);
@@ -36,9 +36,9 @@ CheckReport Check(const std::string& text, const std::string& netTypes = {}) {
 }
 
 /// "LINE KIND" of every remark of a level, those of the side file with "vu " before them.
-std::vector<std::string> Remarks(const CheckReport& report, Level level) {
+std::vector<std::string> Remarks(const formats::CheckReport& report, formats::Level level) {
   std::vector<std::string> texts;
-  for (const Remark& remark : report.Remarks) {
+  for (const formats::Remark& remark : report.Remarks) {
     if (remark.Rank != level) continue;
     texts.push_back((remark.At.File.ends_with(".vu") ? "vu " : "") + std::to_string(remark.At.Line) + " " +
                     remark.Kind);
@@ -115,18 +115,19 @@ TEST(Check, TellsEachBadLineOnceWithItsPlace) {
   }
   findings.insert(findings.end(), {"vu 2 not-two-fields", "vu 4 duplicate"});
 
-  const CheckReport report = Check(text, "A SIGNAL\nA SIGNAL POWER\n\nA GROUND\nA GROUND\nQ POWER\n");
-  EXPECT_EQ(Remarks(report, Level::Error), errors);
-  EXPECT_EQ(Remarks(report, Level::Finding), findings);
+  const formats::CheckReport report =
+      Check(text, "A SIGNAL\nA SIGNAL POWER\n\nA GROUND\nA GROUND\nQ POWER\n");
+  EXPECT_EQ(Remarks(report, formats::Level::Error), errors);
+  EXPECT_EQ(Remarks(report, formats::Level::Finding), findings);
   EXPECT_EQ(report.Lines, count);
   EXPECT_EQ(report.Ignored, 6U) << "two at COMPZ, one early, one unknown, two that name nothing";
   // C and F are bare; E has a substrate pad and a wire, D the lines of both.
-  EXPECT_EQ(Remarks(report, Level::Note),
+  EXPECT_EQ(Remarks(report, formats::Level::Note),
             (Texts{"28 pads-without-wire", "28 pads-without-substrate-pad", "35 pads-without-wire",
                    "35 pads-without-substrate-pad", "vu 6 net-types-without-wire"}));
-  for (const Remark& remark : report.Remarks) {
+  for (const formats::Remark& remark : report.Remarks) {
     EXPECT_NE(remark.What, "");
-    EXPECT_TRUE(remark.Rank == Level::Note || !remark.Advice.empty()) << remark.What;
+    EXPECT_TRUE(remark.Rank == formats::Level::Note || !remark.Advice.empty()) << remark.What;
   }
 }
 
@@ -150,7 +151,7 @@ TEST(Check, TellsOfDiesWithoutASize) {
       {wireBond + "COMPZ 1\n" + pad + "ROUND\n", {"3 draws-nothing"}},
   };
   for (const auto& [text, findings] : cases)
-    EXPECT_EQ(Remarks(Check(text), Level::Finding), findings) << text;
+    EXPECT_EQ(Remarks(Check(text), formats::Level::Finding), findings) << text;
 }
 
 constexpr char kHeader[] = "TECHNOLOGY WIRE_BOND\nCOMPL 8\nCOMPW 6\nCOMPZ 1\n";
@@ -168,9 +169,9 @@ TEST(Check, LetsPassWhatIsMeant) {
       "\n \t \n\r\n",
   };
   for (const char* body : bodies) {
-    const CheckReport report = Check(std::string("SD_COMPW 3\nSD_COMPL 3\n") + kHeader + body);
-    EXPECT_EQ(Remarks(report, Level::Error), Texts{}) << body;
-    EXPECT_EQ(Remarks(report, Level::Finding), Texts{}) << body;
+    const formats::CheckReport report = Check(std::string("SD_COMPW 3\nSD_COMPL 3\n") + kHeader + body);
+    EXPECT_EQ(Remarks(report, formats::Level::Error), Texts{}) << body;
+    EXPECT_EQ(Remarks(report, formats::Level::Finding), Texts{}) << body;
   }
 }
 
@@ -178,20 +179,21 @@ TEST(Check, FlipChipsHaveNoWiresToMiss) {
   // Bumps of one net share its name; bumps lie anywhere.
   const std::string bumps = "COMPZ 1\nCBP V 2 1 0 .2 .2 0 C ROUND\nCBP V 2 2 0 .2 .2 0 C ROUND\n";
   EXPECT_EQ(Check("TECHNOLOGY FLIP_CHIP\n" + bumps, "Q POWER\n").Remarks.size(), 0U);
-  EXPECT_EQ(Remarks(Check("TECHNOLOGY WIREBOND\n" + bumps), Level::Finding), Texts{"1 draws-nothing"});
+  EXPECT_EQ(Remarks(Check("TECHNOLOGY WIREBOND\n" + bumps), formats::Level::Finding),
+            Texts{"1 draws-nothing"});
 }
 
 TEST(Check, MissesTheTechnologyWhereItHidesSomething) {
   const std::string pad = "COMPZ 1\nCBP V 2 1 0 .2 .2 0 R ROUND\n";
-  EXPECT_EQ(Remarks(Check(pad), Level::Finding), Texts{});
+  EXPECT_EQ(Remarks(Check(pad), formats::Level::Finding), Texts{});
   for (const char* line : {"SBP V 4 1 0 1 1 0 ROUND 0 1\n", "WB V 2 1 0 4 1 1 0\n", "STCH V 2 1 V 3 1 1 1\n",
                            "RING X STRAIGHT -4 4 4 -4 1\n", "DAP D 0 0 1 0 1\n"})
-    EXPECT_EQ(Remarks(Check(pad + line), Level::Finding), Texts{"0 draws-nothing"}) << line;
+    EXPECT_EQ(Remarks(Check(pad + line), formats::Level::Finding), Texts{"0 draws-nothing"}) << line;
 }
 
 TEST(Check, TellsOfTheMarkThatNobodySees) {
-  const CheckReport report = Check("\xEF\xBB\xBFTECHNOLOGY FLIP_CHIP\nCOMPZ 1\n");
-  EXPECT_EQ(Remarks(report, Level::Finding), Texts{"1 unknown-keyword"});
+  const formats::CheckReport report = Check("\xEF\xBB\xBFTECHNOLOGY FLIP_CHIP\nCOMPZ 1\n");
+  EXPECT_EQ(Remarks(report, formats::Level::Finding), Texts{"1 unknown-keyword"});
   EXPECT_EQ(report.Remarks.at(0).What, "a byte order mark hides 'TECHNOLOGY', the line is ignored");
 }
 
@@ -200,18 +202,18 @@ TEST(Check, EdgeDistancesCountWhereALoadLeavesThem) {
   const std::string body =
       "SD_CBP S 1 1 0 .2 .2 0 R ROUND\nSBP S 1 4 0 1 1 0 ROUND 0 1\nWB S 1 1 0 1 4 1 0\n";
   const std::string header = "TECHNOLOGY WIRE_BOND\nSD_COMPW 3\nCOMPL 8\nCOMPW 6\nCOMPZ ";
-  EXPECT_EQ(Remarks(Check(header + "1\n" + body), Level::Error), Texts{});
-  EXPECT_EQ(Remarks(Check(header + "-1\n" + body), Level::Error), Texts{"8 wire-fault"});
+  EXPECT_EQ(Remarks(Check(header + "1\n" + body), formats::Level::Error), Texts{});
+  EXPECT_EQ(Remarks(Check(header + "-1\n" + body), formats::Level::Error), Texts{"8 wire-fault"});
 }
 
 TEST(Check, FindsTablesBeyondTheirLimit) {
   std::string text = kHeader;
   for (int ring = 0; ring < 32767; ++ring)
     text += "RING X STRAIGHT -4 4 4 -4 " + std::to_string(ring + 1) + "\n";
-  EXPECT_EQ(Remarks(Check(text), Level::Error), Texts{});
+  EXPECT_EQ(Remarks(Check(text), formats::Level::Error), Texts{});
   text += "RING X STRAIGHT -4 4 4 -4 40000\n";
-  const CheckReport report = Check(text);
-  EXPECT_EQ(Remarks(report, Level::Error), Texts{"32772 too-many"});
+  const formats::CheckReport report = Check(text);
+  EXPECT_EQ(Remarks(report, formats::Level::Error), Texts{"32772 too-many"});
   EXPECT_NE(report.Remarks.at(0).What.find("32768 rings, at most 32767"), std::string::npos);
 }
 
@@ -234,40 +236,44 @@ TEST(Check, FindsTiersWithWhichTheWireListEndsTheViewer) {
       {Wire("A", "") + WireOfTier("B", "0") + WireOfTier("C", "0"), {"8 tier-fault"}},
   };
   for (const auto& [body, errors] : cases)
-    EXPECT_EQ(Remarks(Check(kHeader + body), Level::Error), errors) << body;
+    EXPECT_EQ(Remarks(Check(kHeader + body), formats::Level::Error), errors) << body;
 }
 
 TEST(Check, FindsEveryOtherFaultOfTheDrawing) {
   // The corners of the largest die that can be written leave the range of a single.
-  const CheckReport report = Check("TECHNOLOGY WIRE_BOND\nSD_COMPW 3e38\nSD_XOFFSET 3e38\nCOMPZ 1\n");
-  EXPECT_EQ(Remarks(report, Level::Error), Texts{"0 fault"});
+  const formats::CheckReport report =
+      Check("TECHNOLOGY WIRE_BOND\nSD_COMPW 3e38\nSD_XOFFSET 3e38\nCOMPZ 1\n");
+  EXPECT_EQ(Remarks(report, formats::Level::Error), Texts{"0 fault"});
   // In units of a die that is 431 wide, the greatest height is more than a single holds.
-  EXPECT_EQ(Remarks(Check("COMPW 431\nCOMPZ 3.4028235e38\n"), Level::Error), Texts{"2 fault"});
+  EXPECT_EQ(Remarks(Check("COMPW 431\nCOMPZ 3.4028235e38\n"), formats::Level::Error), Texts{"2 fault"});
 }
 
 TEST(Check, HasNothingAgainstTheSamples) {
   for (const std::string name : kSamples) {
-    const CheckReport report = CheckFile(SamplePath(name));
-    EXPECT_EQ(report.Count(Level::Error) + report.Count(Level::Finding) + report.Ignored, 0U) << name;
+    const formats::CheckReport report = CheckFile(SamplePath(name));
+    EXPECT_EQ(report.Count(formats::Level::Error) + report.Count(formats::Level::Finding) + report.Ignored,
+              0U)
+        << name;
     // The six round probe points of AAAc; all other pads are connected.
-    EXPECT_EQ(report.Count(Level::Note), name == "AAAc" ? 12U : 0U) << name;
+    EXPECT_EQ(report.Count(formats::Level::Note), name == "AAAc" ? 12U : 0U) << name;
   }
 }
 
 TEST(CheckReport, ShowsWordsShortAndSafe) {
-  EXPECT_EQ(Shown("a\x1b[b"), "'a?[b'");
-  EXPECT_EQ(Shown(std::string(61, 'x')), "'" + std::string(60, 'x') + "...'");
+  EXPECT_EQ(formats::Shown("a\x1b[b"), "'a?[b'");
+  EXPECT_EQ(formats::Shown(std::string(61, 'x')), "'" + std::string(60, 'x') + "...'");
 }
 
 TEST(CheckReport, IsJsonWhateverTheNamesHold) {
-  const CheckReport report = Check(std::string(kHeader) + "\"\xff\\ 1\nCBP A 2 1 0 .2 .2 0 R ROUND\n");
-  const std::string json = JsonReport(report, false);
+  const formats::CheckReport report =
+      Check(std::string(kHeader) + "\"\xff\\ 1\nCBP A 2 1 0 .2 .2 0 R ROUND\n");
+  const std::string json = formats::JsonReport(report, false);
   EXPECT_NE(json.find("\"lines\": 6,"), std::string::npos) << json;
   EXPECT_NE(json.find("\"line\": 5,\n      \"kind\": \"unknown-keyword\""), std::string::npos) << json;
   EXPECT_NE(json.find("'\\\"\xEF\xBF\xBD\\\\' is no keyword"), std::string::npos) << json;
   EXPECT_NE(json.find("\"pads-without-wire\": 1"), std::string::npos) << json;
   EXPECT_EQ(json.find("\"notes\""), std::string::npos);
-  EXPECT_NE(JsonReport(report, true).find("\"notes\""), std::string::npos);
+  EXPECT_NE(formats::JsonReport(report, true).find("\"notes\""), std::string::npos);
 }
 
 }  // namespace

@@ -11,11 +11,11 @@
 #include <utility>
 #include <vector>
 
+#include "formats/clearance_report.h"
 #include "tests/temporary_folder.h"
 #include "tests/yax/refusal.h"
 #include "yax/options/loops.h"
 #include "yax/options/package.h"
-#include "formats/clearance_report.h"
 
 namespace yax {
 namespace {
@@ -29,7 +29,7 @@ struct How {
   TierLoopOptions tiers = {};
 };
 
-ClearanceReport Measure(const std::string& text, const How& how = {}) {
+formats::ClearanceReport Measure(const std::string& text, const How& how = {}) {
   const TemporaryFolder folder;
   model::Package package = LoadPackage({PutFile(folder / "board.yax", text)});
   LoopOptions loops;
@@ -37,20 +37,20 @@ ClearanceReport Measure(const std::string& text, const How& how = {}) {
   loops.Values.BaseExtension = loops.Values.StitchExtension = 0.0F;
   NetOptions nets;
   if (!how.netPattern.empty()) nets.Pattern = std::regex(how.netPattern);
-  const std::vector<WireLoop> wires =
-      WireLoopsOf(package, SettingsOf(loops, package), ShapesOf(how.tiers, package));
-  return MeasureClearances({wires, nets, UnitOf({}, package), how.diameter, how.limit, how.all});
+  const std::vector<analysis::WireLoop> wires =
+      analysis::WireLoopsOf(package, SettingsOf(loops, package), ShapesOf(how.tiers, package));
+  return formats::MeasureClearances({wires, nets, UnitOf({}, package), how.diameter, how.limit, how.all});
 }
 
 /// "A B clearance" of each row, in thousandths, with a mark of the finding.
-std::vector<std::string> Texts(const ClearanceReport& report) {
+std::vector<std::string> Texts(const formats::ClearanceReport& report) {
   std::vector<std::string> texts;
-  for (const ClearanceRow& row : report.Rows) {
+  for (const formats::ClearanceRow& row : report.Rows) {
     const long thousandths = std::lround(row.Clearance * 1e3);
     texts.push_back(row.Name + " " + row.Other + " " + std::to_string(thousandths) +
-                    (row.Kind == Finding::Touching     ? " touching"
-                     : row.Kind == Finding::BelowLimit ? " below"
-                                                       : ""));
+                    (row.Kind == formats::Finding::Touching     ? " touching"
+                     : row.Kind == formats::Finding::BelowLimit ? " below"
+                                                                : ""));
   }
   return texts;
 }
@@ -72,11 +72,11 @@ const std::string kThreeWires = kHeader + Wire("A", "1", "10 0", "50 0", "10 10"
                                 Wire("C", "1", "10 -30", "50 -30", "10 10");
 
 TEST(Clearance, OfThreeWiresIsTheirDistanceLessADiameter) {
-  const ClearanceReport report = Measure(kThreeWires);
+  const formats::ClearanceReport report = Measure(kThreeWires);
   EXPECT_EQ(Texts(report), (Rows{"A B 4000", "B C 10180"})) << "each wire's nearest, worst first";
   EXPECT_EQ(report.Wires, 3U);
-  EXPECT_EQ(report.Rows.at(0).Where, (model::Point3{30.0, 0.0, 12.5})) << "halfway between";
-  EXPECT_EQ(report.Rows.at(1).Where, (model::Point3{30.0, -25.0, 12.5}));
+  EXPECT_EQ(report.Rows.at(0).Where, (analysis::Point3{30.0, 0.0, 12.5})) << "halfway between";
+  EXPECT_EQ(report.Rows.at(1).Where, (analysis::Point3{30.0, -25.0, 12.5}));
   EXPECT_NEAR(report.Rows.at(1).Clearance, std::sqrt(125.0) - 1.0, 1e-6);
 }
 
@@ -115,7 +115,7 @@ TEST(Clearance, LeavesOutWiresThatBelongTogether) {
                                Wire("X", "1", "10 -30", "50 -30", "10 10");
   EXPECT_EQ(Texts(Measure(kHeader + crossing)), (Rows{"V_1 V_2 -1000 touching", "V_2 X 9000"}));
   // V_1 is 30 off X.
-  const ClearanceReport ofNets = Measure(kHeader + crossing, {.netPattern = "^(V)_"});
+  const formats::ClearanceReport ofNets = Measure(kHeader + crossing, {.netPattern = "^(V)_"});
   EXPECT_EQ(Texts(ofNets), (Rows{"V_2 X 9000", "V_1 X 29000"}));
   EXPECT_EQ(ofNets.Rows.at(0).Net + " " + ofNets.Rows.at(0).OtherNet, "V X");
 
@@ -166,16 +166,16 @@ TEST(Units, AreAskedForWhereMilsMakeNoSense) {
 }
 
 TEST(Clearance, IsToldInColumnsAndInJson) {
-  const ClearanceReport report = Measure(kHeader + Wire("A\xff\"", "1", "10 0", "50 0", "10 10") +
-                                             Wire("long_name", "1", "30 -20", "30 20", "15 15") +
-                                             Wire("\xC3\x84", "1", "10 -30", "50 -30", "10 10"),
-                                         {.limit = 4.5});
-  EXPECT_EQ(ColumnsOf(report),
+  const formats::ClearanceReport report = Measure(kHeader + Wire("A\xff\"", "1", "10 0", "50 0", "10 10") +
+                                                      Wire("long_name", "1", "30 -20", "30 20", "15 15") +
+                                                      Wire("\xC3\x84", "1", "10 -30", "50 -30", "10 10"),
+                                                  {.limit = 4.5});
+  EXPECT_EQ(formats::ColumnsOf(report),
             "clearance_mil  wire       other        x_mil     y_mil    z_mil  finding\n"
             "       4.0000  A\xff\"        long_name  30.0000    0.0000  12.5000  below-limit\n"
             "      10.1803  long_name  \xC3\x84          30.0000  -25.0000  12.5000  ok\n"
             "# wires: 3, diameter: 1.0000 mil, touching pairs: 0, others below 4.5000 mil: 1\n");
-  const auto json = nlohmann::json::parse(JsonOf(report));
+  const auto json = nlohmann::json::parse(formats::JsonOf(report));
   EXPECT_EQ(json["unit"], "mil");
   EXPECT_EQ(json["limit"], 4.5);
   EXPECT_EQ(json["below_limit"], 1);
@@ -184,12 +184,12 @@ TEST(Clearance, IsToldInColumnsAndInJson) {
   EXPECT_EQ(json["pairs"][0]["finding"], "below-limit");
   EXPECT_EQ(json["pairs"][1]["clearance"], 10.1803);
   EXPECT_EQ(json["pairs"][1]["y"], -25.0);
-  EXPECT_TRUE(nlohmann::json::parse(JsonOf(Measure(kHeader)))["limit"].is_null());
+  EXPECT_TRUE(nlohmann::json::parse(formats::JsonOf(Measure(kHeader)))["limit"].is_null());
 }
 
 // The search against every piece with every piece, by another formula.
 
-using model::Point3;
+using analysis::Point3;
 
 Point3 Sum(const Point3& a, double times, const Point3& b) {
   return {a[0] + times * b[0], a[1] + times * b[1], a[2] + times * b[2]};
@@ -197,7 +197,7 @@ Point3 Sum(const Point3& a, double times, const Point3& b) {
 double Dot(const Point3& a, const Point3& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
 double Apart(const Point3& a, const Point3& b) { return std::sqrt(Dot(Sum(a, -1, b), Sum(a, -1, b))); }
 
-double ToSegment(const Point3& p, const model::Segment& s) {
+double ToSegment(const Point3& p, const analysis::Segment& s) {
   const Point3 along = Sum(s.B, -1, s.A);
   const double squared = Dot(along, along);
   const double part = squared == 0.0 ? 0.0 : std::clamp(Dot(Sum(p, -1, s.A), along) / squared, 0.0, 1.0);
@@ -205,7 +205,7 @@ double ToSegment(const Point3& p, const model::Segment& s) {
 }
 
 /// Between the insides by the two equations of the common perpendicular, else from one of the four ends.
-double OfPieces(const model::Segment& a, const model::Segment& b) {
+double OfPieces(const analysis::Segment& a, const analysis::Segment& b) {
   const double ends = std::min({ToSegment(a.A, b), ToSegment(a.B, b), ToSegment(b.A, a), ToSegment(b.B, a)});
   const Point3 u = Sum(a.B, -1, a.A), v = Sum(b.B, -1, b.A), w = Sum(a.A, -1, b.A);
   const double uu = Dot(u, u), vv = Dot(v, v), uv = Dot(u, v), uw = Dot(u, w), vw = Dot(v, w);
@@ -217,7 +217,7 @@ double OfPieces(const model::Segment& a, const model::Segment& b) {
   return std::min(ends, Apart(Sum(a.A, s, u), Sum(b.A, t, v)));
 }
 
-double PlainDistance(const LoopOfNet& a, const LoopOfNet& b) {
+double PlainDistance(const analysis::LoopOfNet& a, const analysis::LoopOfNet& b) {
   double least = HUGE_VAL;
   for (std::size_t i = 0; i + 1 < a.Points.size(); ++i)
     for (std::size_t j = 0; j + 1 < b.Points.size(); ++j)
@@ -226,8 +226,8 @@ double PlainDistance(const LoopOfNet& a, const LoopOfNet& b) {
 }
 
 /// A bound that no two pieces fall below: between the balls round the middles of the loops.
-double AtLeast(const LoopOfNet& a, const LoopOfNet& b) {
-  const auto radius = [](const LoopOfNet& loop) {
+double AtLeast(const analysis::LoopOfNet& a, const analysis::LoopOfNet& b) {
+  const auto radius = [](const analysis::LoopOfNet& loop) {
     double largest = 0.0;
     for (const Point3& point : loop.Points) largest = std::max(largest, Apart(point, loop.Points[3]));
     return largest;
@@ -237,10 +237,10 @@ double AtLeast(const LoopOfNet& a, const LoopOfNet& b) {
 
 class LoopMaker {
  public:
-  std::vector<LoopOfNet> Make(std::uint32_t count) {
-    std::vector<LoopOfNet> loops;
+  std::vector<analysis::LoopOfNet> Make(std::uint32_t count) {
+    std::vector<analysis::LoopOfNet> loops;
     for (std::uint32_t i = 0; i < count; ++i) {
-      LoopOfNet loop{.Points = {}, .Net = i % 400, .Pads = {i, i % 7 == 0 ? i / 2 : i}};
+      analysis::LoopOfNet loop{.Points = {}, .Net = i % 400, .Pads = {i, i % 7 == 0 ? i / 2 : i}};
       switch (i % 6) {
         case 0:
           Crook(loop);
@@ -277,14 +277,14 @@ class LoopMaker {
     const double x = coordinate(), y = coordinate();
     return {x, y, coordinate() / 8.0};
   }
-  void Crook(LoopOfNet& loop) {
+  void Crook(analysis::LoopOfNet& loop) {
     const Point3 start = At(), end = Sum(start, 0.2, At());
     for (std::size_t k = 0; k < loop.Points.size(); ++k) {
       loop.Points[k] = Sum(start, double(k) / 6.0, Sum(end, -1, start));
       loop.Points[k][2] += double(random_() % 64) / 16.0;
     }
   }
-  void Crossing(const LoopOfNet& other, LoopOfNet& loop) {
+  void Crossing(const analysis::LoopOfNet& other, analysis::LoopOfNet& loop) {
     const Point3 centre = Sum({}, 0.5, Sum(other.Points[1], 1, other.Points[2]));
     const Point3 away{double(random_() % 9) - 4.0, 1.5, 0.25};
     for (std::size_t k = 0; k < loop.Points.size(); ++k)
@@ -297,12 +297,12 @@ class LoopMaker {
 TEST(ClearanceSearch, FindsWhatEveryPieceWithEveryPieceFinds) {
   constexpr double kReach = 0.4;
   constexpr double kNear = 1e-9;
-  const std::vector<LoopOfNet> loops = LoopMaker().Make(1000);
+  const std::vector<analysis::LoopOfNet> loops = LoopMaker().Make(1000);
   std::map<std::pair<std::uint32_t, std::uint32_t>, double> inReach;
   std::vector<double> nearest(loops.size(), HUGE_VAL);
   for (std::uint32_t i = 0; i < loops.size(); ++i) {
     for (std::uint32_t j = i + 1; j < loops.size(); ++j) {
-      if (!AreCompared(loops[i], loops[j])) continue;
+      if (!analysis::AreCompared(loops[i], loops[j])) continue;
       if (AtLeast(loops[i], loops[j]) > std::max({kReach, nearest[i], nearest[j]})) continue;
       const double distance = PlainDistance(loops[i], loops[j]);
       if (distance <= kReach) inReach[{i, j}] = distance;
@@ -312,20 +312,20 @@ TEST(ClearanceSearch, FindsWhatEveryPieceWithEveryPieceFinds) {
   }
   ASSERT_GT(inReach.size(), 200U);
 
-  const std::vector<LoopPair> found = FindNearLoops(loops, kReach).Nearest;
+  const std::vector<analysis::LoopPair> found = analysis::FindNearLoops(loops, kReach).Nearest;
   std::vector<double> foundNearest(loops.size(), HUGE_VAL);
   std::size_t foundInReach = 0;
   double before = 0.0;
-  for (const LoopPair& pair : found) {
-    const LoopOfNet& first = loops[pair.First];
-    const LoopOfNet& second = loops[pair.Second];
+  for (const analysis::LoopPair& pair : found) {
+    const analysis::LoopOfNet& first = loops[pair.First];
+    const analysis::LoopOfNet& second = loops[pair.Second];
     ASSERT_LT(pair.First, pair.Second);
-    ASSERT_TRUE(AreCompared(first, second));
+    ASSERT_TRUE(analysis::AreCompared(first, second));
     ASSERT_NEAR(pair.Distance, PlainDistance(first, second), kNear) << pair.First << " " << pair.Second;
     ASSERT_LE(before, pair.Distance);
-    LoopOfNet where;
+    analysis::LoopOfNet where;
     where.Points.fill(pair.Where);
-    for (const LoopOfNet* loop : {&first, &second})
+    for (const analysis::LoopOfNet* loop : {&first, &second})
       ASSERT_NEAR(PlainDistance(where, *loop), pair.Distance / 2.0, kNear);
     before = pair.Distance;
     foundInReach += inReach.count({pair.First, pair.Second});
@@ -334,9 +334,9 @@ TEST(ClearanceSearch, FindsWhatEveryPieceWithEveryPieceFinds) {
   }
   EXPECT_EQ(foundInReach, inReach.size());
   for (std::size_t i = 0; i < loops.size(); ++i) ASSERT_NEAR(foundNearest[i], nearest[i], kNear) << i;
-  EXPECT_LT(FindNearLoops(loops, -1.0).Nearest.size(), loops.size() + 1) << "a pair a loop at most";
-  EXPECT_TRUE(FindNearLoops({}, 1.0).Nearest.empty());
-  EXPECT_TRUE(FindNearLoops({LoopOfNet{}}, 1.0).Nearest.empty());
+  EXPECT_LT(analysis::FindNearLoops(loops, -1.0).Nearest.size(), loops.size() + 1) << "a pair a loop at most";
+  EXPECT_TRUE(analysis::FindNearLoops({}, 1.0).Nearest.empty());
+  EXPECT_TRUE(analysis::FindNearLoops({analysis::LoopOfNet{}}, 1.0).Nearest.empty());
 }
 
 }  // namespace

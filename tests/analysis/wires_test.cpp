@@ -3,22 +3,22 @@
 #include <string>
 #include <vector>
 
+#include "analysis/line_check.h"
 #include "analysis/wire_measures.h"
+#include "analysis/wire_rows.h"
+#include "formats/check_report.h"
+#include "formats/wire_table.h"
 #include "tests/model/package_text.h"
 #include "tests/yax/refusal.h"
 #include "yax/options/loops.h"
 #include "yax/options/package.h"
-#include "formats/check_report.h"
-#include "analysis/line_check.h"
-#include "analysis/wire_rows.h"
-#include "formats/wire_table.h"
 
 namespace yax {
 namespace {
 
 struct Wires {
-  std::vector<WireRow> rows;
-  std::vector<WireGroup> groups;
+  std::vector<analysis::WireRow> rows;
+  std::vector<analysis::WireGroup> groups;
 };
 
 /// Loops 10 high that reach out 10; those of the stacked die and stitches 20 high, straight up.
@@ -36,15 +36,15 @@ Wires WiresOf(const std::string& text, const std::string& netTypes = {},
   const std::string path = folder / "board.yax";
   PutFile(path, text);
   PutFile(path + ".vu", netTypes);
-  CheckReport unused{.File = path};
-  LineCheck lines(unused);
+  formats::CheckReport unused{.File = path};
+  analysis::LineCheck lines(unused);
   model::Package package = LoadPackage({path}, nullptr, &lines);
   LoopOptions loops;
   loops.Values = Loops();
   const model::WireBondSettings settings = SettingsOf(loops, package);
   const render::WireShapes shapes = ShapesOf(tiers, package);
-  Wires wires{WireRows(package, {settings, shapes, selection}, lines.Lines()), {}};
-  wires.groups = GroupsOf(wires.rows);
+  Wires wires{analysis::WireRows(package, {settings, shapes, selection}, lines.Lines()), {}};
+  wires.groups = analysis::GroupsOf(wires.rows);
   return wires;
 }
 
@@ -72,13 +72,13 @@ TEST(WireRows, AreMeasuredInTheFilesUnits) {
       "'S' 'A' 'stitch' '2' 'POWER' 25 53.30165 90 7 27 5 13"};
   ASSERT_EQ(wires.rows.size(), std::size(rows));
   for (std::size_t i = 0; i < std::size(rows); ++i) {
-    const WireRow& row = wires.rows[i];
+    const analysis::WireRow& row = wires.rows[i];
     EXPECT_EQ(model::Fields(row.Name, row.OtherName, row.Table, row.Tier, row.NetType, row.PlanLength,
                             row.Length, row.Angle, row.StartHeight, row.TopHeight, row.EndHeight, row.Line),
               rows[i]);
   }
   ASSERT_EQ(wires.groups.size(), 2U);
-  const WireGroup& power = wires.groups[1];
+  const analysis::WireGroup& power = wires.groups[1];
   EXPECT_EQ(model::Fields(power.Tier, power.NetType, power.Wires, power.Shortest, power.Longest,
                           power.LargestAngle),
             "'2' 'POWER' 2 53.30165 53.6006 90");
@@ -103,10 +103,10 @@ TEST(WireRows, GiveATierItsOwnLoops) {
 }
 
 TEST(WireMeasures, NearestEdgeIsThatOfTheTurnedDie) {
-  const model::DieOutline die{{10.0, 0.0}, 8.0, 2.0, 0.0};
+  const analysis::DieOutline die{{10.0, 0.0}, 8.0, 2.0, 0.0};
   const struct {
-    model::DieOutline die;
-    model::PlanVector point, normal;
+    analysis::DieOutline die;
+    analysis::PlanVector point, normal;
   } cases[] = {
       {die, {9.0, 0.9}, {0, 1}},
       {die, {13.9, 0.5}, {1, 0}},
@@ -120,28 +120,28 @@ TEST(WireMeasures, NearestEdgeIsThatOfTheTurnedDie) {
       {{{10.0, 0.0}, 8.0, 2.0, 45.0}, {13.0, 3.0}, {0.70710678, 0.70710678}},
   };
   for (const auto& [outline, point, normal] : cases) {
-    const model::PlanVector found = NormalOfNearestEdge(outline, point);
+    const analysis::PlanVector found = NormalOfNearestEdge(outline, point);
     EXPECT_NEAR(found.X, normal.X, 1e-8) << point.X << " " << point.Y;
     EXPECT_NEAR(found.Y, normal.Y, 1e-8) << point.X << " " << point.Y;
   }
 }
 
 TEST(WireMeasures, AnglesRunFromZeroToAHalfTurn) {
-  EXPECT_DOUBLE_EQ(model::AngleBetween({2, 0}, {5, 0}), 0.0);
-  EXPECT_DOUBLE_EQ(model::AngleBetween({1, 0}, {0, -3}), 90.0);
-  EXPECT_DOUBLE_EQ(model::AngleBetween({1, 0}, {-1, 1}), 135.0);
-  EXPECT_DOUBLE_EQ(model::AngleBetween({1, 0}, {-1, 0}), 180.0);
+  EXPECT_DOUBLE_EQ(analysis::AngleBetween({2, 0}, {5, 0}), 0.0);
+  EXPECT_DOUBLE_EQ(analysis::AngleBetween({1, 0}, {0, -3}), 90.0);
+  EXPECT_DOUBLE_EQ(analysis::AngleBetween({1, 0}, {-1, 1}), 135.0);
+  EXPECT_DOUBLE_EQ(analysis::AngleBetween({1, 0}, {-1, 0}), 180.0);
 }
 
 TEST(WireTable, QuotesWhatNeedsIt) {
-  EXPECT_EQ(CsvField("mprj_io[32]"), "mprj_io[32]");
-  EXPECT_EQ(CsvField("a,\"b\""), "\"a,\"\"b\"\"\"");
-  const WireRow row{
+  EXPECT_EQ(formats::CsvField("mprj_io[32]"), "mprj_io[32]");
+  EXPECT_EQ(formats::CsvField("a,\"b\""), "\"a,\"\"b\"\"\"");
+  const analysis::WireRow row{
       .Name = "A,1", .OtherName = "B", .Table = "stitch", .PlanLength = 2.5, .Angle = 16.40564, .Line = 1};
-  EXPECT_EQ(WiresCsv({row}, "mm"),
+  EXPECT_EQ(formats::WiresCsv({row}, "mm"),
             "name,other_name,table,tier,net_type,plan_length_mm,length_mm,angle_deg,start_height_mm,"
             "top_height_mm,end_height_mm\n\"A,1\",B,stitch,,,2.5,0,16.40564,0,0,0\n");
-  EXPECT_NE(WiresJson(nullptr, {{.Tier = "1", .NetType = "G"}}, "um").find("\"longest_um\": 0.0"),
+  EXPECT_NE(formats::WiresJson(nullptr, {{.Tier = "1", .NetType = "G"}}, "um").find("\"longest_um\": 0.0"),
             std::string::npos);
 }
 

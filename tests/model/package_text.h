@@ -34,7 +34,7 @@ inline Package PackageOf(const std::string& text) {
   const TemporaryFolder folder;
   PackageScalars before;
   before.PackagePath = PutFile(folder / "board.yax", text);
-  return ReadPackage(before).value();
+  return reader::ReadPackage(before).value();
 }
 
 class PackageText : public testing::Test {
@@ -44,7 +44,7 @@ class PackageText : public testing::Test {
   /// Reads `text` as a package file that follows the header `before`.
   Package Read(std::string_view text) {
     PutFile(before.PackagePath, text);
-    return ReadPackage(before, &effort).value();
+    return reader::ReadPackage(before, &effort).value();
   }
   /// Reads `text` with `netTypes` in the side file.
   Package Read(std::string_view text, std::string_view netTypes) {
@@ -63,7 +63,7 @@ class PackageText : public testing::Test {
 
   TemporaryFolder folder;
   PackageScalars before;
-  ReadEffort effort;
+  reader::ReadEffort effort;
 };
 
 }  // namespace model

@@ -1,7 +1,7 @@
 #include "model/wire_bond_settings.h"
 
-#include "shell/title.h"
 #include "model/version.h"
+#include "shell/title.h"
 #include "tests/model/package_text.h"
 
 namespace model {
@@ -27,9 +27,9 @@ TEST(WireBondSettings, UnsetOnesBecomeTheDiesHeightsInFileUnitsAndOthersStay) {
 
 TEST(Title, HasTheMinorVersionTwiceAndTheFilesName) {
   const std::string minor = std::to_string(kVersionMinor);
-  EXPECT_EQ(WindowTitle("/some/where/board.yax"), "3D YAX Viewer - " + std::to_string(kVersionMajor) + "." +
-                                                      minor + minor + "." + std::to_string(kVersionRevision) +
-                                                      " - board.yax");
+  EXPECT_EQ(shell::WindowTitle("/some/where/board.yax"),
+            "3D YAX Viewer - " + std::to_string(kVersionMajor) + "." + minor + minor + "." +
+                std::to_string(kVersionRevision) + " - board.yax");
 }
 
 }  // namespace

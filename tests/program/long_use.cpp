@@ -94,7 +94,7 @@ class Viewer {
   }
 
  private:
-  shell::GlView& View() { return *window_.findChild<shell::GlView*>(); }
+  shell::ui::GlView& View() { return *window_.findChild<shell::ui::GlView*>(); }
 
   void Mouse(QTest::MouseAction action, QPoint at, Qt::MouseButton button = Qt::NoButton) {
     QTest::mouseEvent(action, View().windowHandle(), button, {}, at);
@@ -118,7 +118,7 @@ class Viewer {
 
   shell::ProgramEnd end_;
   setup::AnsweringDialog dialog_;  ///< answers each question with the one package
-  shell::MainWindow window_;
+  shell::ui::MainWindow window_;
   QListView* wires_ = nullptr;
 };
 

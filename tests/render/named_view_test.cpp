@@ -26,7 +26,7 @@ struct Extent {
   double left = 9, right = -9, bottom = 9, top = -9, nearest = 1e9, farthest = -1e9;
 };
 
-Extent ExtentOf(const Eye& eye, const PixelSize& size, const std::vector<model::SceneVector>& points) {
+Extent ExtentOf(const Eye& eye, const gl::PixelSize& size, const std::vector<model::SceneVector>& points) {
   const ScenePoint forward = Unit(Minus(eye.Target, eye.Position));
   const ScenePoint right =
       Unit({forward[1] * eye.Up[2] - forward[2] * eye.Up[1], forward[2] * eye.Up[0] - forward[0] * eye.Up[2],
@@ -59,7 +59,7 @@ FitPen Drawn(const std::vector<model::SceneVector>& points) {
 TEST(NamedView, FillsThePictureUpToItsMarginAndStandsInItsMiddle) {
   const FitPen pen = Drawn(kPyramid);
   for (const NamedView view : kViews) {
-    for (const PixelSize& size : {PixelSize{1024, 768}, {300, 900}, {2000, 100}}) {
+    for (const gl::PixelSize& size : {gl::PixelSize{1024, 768}, {300, 900}, {2000, 100}}) {
       SCOPED_TRACE(testing::Message() << int(view) << " at " << size.Width << "x" << size.Height);
       const Eye eye = pen.Fit(view, size);
       const Extent extent = ExtentOf(eye, size, kPyramid);

@@ -2,8 +2,8 @@
 
 #include <set>
 
-#include "shell/command_line.h"
 #include "gl_recorder/gl_test.h"
+#include "shell/command_line.h"
 #include "tests/temporary_folder.h"
 
 namespace {
@@ -11,7 +11,7 @@ namespace {
 using shell::MainForm;
 
 /// A surface whose context is the recorder's.
-class FakeSurface final : public render::GlSurface {
+class FakeSurface final : public render::gl::GlSurface {
  public:
   explicit FakeSurface(gl_recorder::Recorder& recorder) : recorder_(recorder) { recorder_.DropContext(); }
 
@@ -28,9 +28,9 @@ class FakeSurface final : public render::GlSurface {
     recorder_.Note("DeleteContext");
     recorder_.DropContext();
   }
-  render::PixelSize Size() const override { return size; }
+  render::gl::PixelSize Size() const override { return size; }
 
-  render::PixelSize size{300, 200};
+  render::gl::PixelSize size{300, 200};
   bool usable = true;
   bool shown = true;
   std::function<void()> creating;

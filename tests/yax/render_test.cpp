@@ -20,7 +20,7 @@ namespace {
 /// The window's load with the setup form at its end, on a surface in memory.
 class Window {
  public:
-  Window(const std::string& path, const render::PixelSize& size)
+  Window(const std::string& path, const render::gl::PixelSize& size)
       : surface_(size), form_({".", '"' + path + '"'}, surface_, end_) {
     form_.actions.resetWireBondSetup = [this] { setup_.RunCommand3(); };
     setup_.upward.rebuildAndRepaint = [this] { form_.RebuildAndRepaint(); };
@@ -33,7 +33,7 @@ class Window {
 
  private:
   shell::ProgramEnd end_;
-  render::OffscreenSurface surface_;
+  render::gl::OffscreenSurface surface_;
   shell::MainForm form_;
   setup::AnsweringDialog dialog_;
   setup::Estimator estimator_{".", "."};
@@ -41,7 +41,7 @@ class Window {
 };
 
 TEST_F(YaxTest, RendersThePixelsOfTheWindow) {
-  const render::PixelSize size{641, 479};
+  const render::gl::PixelSize size{641, 479};
   for (const char* name : kSamples) {
     Window window(SamplePath(name), size);
     const render::Picture picture = window.Form().FramePicture();
@@ -50,7 +50,7 @@ TEST_F(YaxTest, RendersThePixelsOfTheWindow) {
                 render::BitmapBytes(picture))
         << name;
 
-    render::Framebuffer framebuffer;
+    render::gl::Framebuffer framebuffer;
     ASSERT_TRUE(framebuffer.Bind(size));
     window.Form().FramePicture();
     std::vector<std::uint8_t> rgb(picture.Rgb.size());
@@ -115,7 +115,7 @@ TEST_F(YaxTest, SaysInOneLineThatThereIsNoGl) {
 
 TEST_F(YaxTest, DrawsBeyondThePixelBuffersSizeUpToTheViewports) {
   // Mesa's software driver: pixel buffers to 4096, viewports to 16384.
-  render::OffscreenSurface probe({1, 1});
+  render::gl::OffscreenSurface probe({1, 1});
   ASSERT_TRUE(probe.CreateContext());
   const int largest = probe.Largest().Width;
   const std::string common = "render " + OneWire() + " -o " + (folder / "a.bmp") + " --size ";

@@ -9,8 +9,8 @@
 #include <sstream>
 #include <utility>
 
-#include "model/version.h"
 #include "formats/json_text.h"
+#include "model/version.h"
 #include "yax/meshes/mesh_files.h"
 
 namespace yax {
@@ -101,14 +101,14 @@ void GlbBuilder::AddGroups(int root, const char* name, bool nets) {
 
 int GlbBuilder::AddNode(const std::string& name, int mesh) {
   tinygltf::Node& node = model_.nodes.emplace_back();
-  node.name = Utf8Of(name);
+  node.name = formats::Utf8Of(name);
   node.mesh = mesh;
   return static_cast<int>(model_.nodes.size()) - 1;
 }
 
 int GlbBuilder::AddMesh(const render::MeshGroup& group) {
   tinygltf::Mesh built;
-  built.name = Utf8Of(group.Name);
+  built.name = formats::Utf8Of(group.Name);
   for (const auto& [paint, mesh] : group.Meshes) {
     if (mesh.Triangles.empty()) continue;
     tinygltf::Primitive& primitive = built.primitives.emplace_back();

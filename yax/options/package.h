@@ -21,7 +21,7 @@ void AddPackageOption(CLI::App& command, PackageOptions& options);
 
 /// Reads the package as the viewer does at its start.
 /// Faults  Unusable when there is no such file, it cannot be read, or holds no package
-model::Package LoadPackage(const PackageOptions& options, model::ReadEffort* effort = nullptr,
-                           model::ReadObserver* observer = nullptr);
+model::Package LoadPackage(const PackageOptions& options, model::reader::ReadEffort* effort = nullptr,
+                           model::reader::ReadObserver* observer = nullptr);
 
 }  // namespace yax

@@ -15,7 +15,7 @@ namespace yax {
 enum class PictureFormat { Png, Bmp };
 
 struct PictureOptions {
-  render::PixelSize Size{1024, 768};
+  render::gl::PixelSize Size{1024, 768};
   render::Appearance Appearance;
 };
 

@@ -3,7 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <cstddef>
 
-#include "model/reader/wire_names.h"
+#include "model/wire_list_entry.h"
 #include "yax/messages.h"
 #include "yax/options/option_text.h"
 

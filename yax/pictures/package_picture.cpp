@@ -5,24 +5,24 @@
 #include <cstdlib>
 #include <string>
 
+#include "analysis/fault_place.h"
 #include "model/faults.h"
 #include "render/bitmap.h"
 #include "render/gl/frame.h"
 #include "render/gl/gl_pen.h"
 #include "render/gl/offscreen.h"
-#include "render/scene.h"
 #include "render/gl/scene_list.h"
+#include "render/scene.h"
 #include "yax/messages.h"
 #include "yax/pictures/png_bytes.h"
-#include "analysis/fault_place.h"
 
 namespace yax {
 
 namespace {
 
-using render::PixelSize;
+using render::gl::PixelSize;
 
-void Open(render::OffscreenSurface& surface) {
+void Open(render::gl::OffscreenSurface& surface) {
   // Its own warnings would only repeat, in several lines, what the message says.
   setenv("EGL_LOG_LEVEL", "fatal", 0);
   if (surface.CreateContext()) return;
@@ -51,16 +51,16 @@ render::Eye EyeOf(render::NamedView view, const PictureRequest& request) {
 }
 
 void DrawFrame(const PictureRequest& request) {
-  render::GlPen pen;
+  render::gl::GlPen pen;
   render::Scene scene(InputsOf(request), pen);
   // Drawn at once, without a list, the driver would light the same faces a little differently.
-  render::SceneList list;
+  render::gl::SceneList list;
   list.CompileCube(scene);
   const CameraOptions& camera = request.camera;
   if (camera.View) {
-    render::DrawFrame(EyeOf(*camera.View, request), request.picture.Size, list);
+    render::gl::DrawFrame(EyeOf(*camera.View, request), request.picture.Size, list);
   } else {
-    render::DrawFrame(camera.Camera, camera.Rotation, request.package.CompW, list);
+    render::gl::DrawFrame(camera.Camera, camera.Rotation, request.package.CompW, list);
   }
 }
 
@@ -68,13 +68,13 @@ void DrawFrame(const PictureRequest& request) {
 
 std::string PictureBytes(const PictureRequest& request, PictureFormat format) {
   const PixelSize& size = request.picture.Size;
-  render::OffscreenSurface surface(size);
+  render::gl::OffscreenSurface surface(size);
   Open(surface);
-  render::SetUpView(size, request.picture.Appearance);
+  render::gl::SetUpView(size, request.picture.Appearance);
   try {
     DrawFrame(request);
   } catch (const model::Fault& fault) {
-    throw NotDrawn(request.package.PackagePath, fault);
+    throw analysis::NotDrawn(request.package.PackagePath, fault);
   }
   const auto read = [&surface](int first, int count, std::uint8_t* rgb) {
     surface.ReadRows(first, count, rgb);

@@ -94,13 +94,13 @@ TEST_F(ReaderHeader, ScalarsSurviveASecondLoadAndAreDividedAgain) {
 }
 
 TEST_F(ReaderHeader, NothingToReadGivesNoPackage) {
-  EXPECT_FALSE(ReadPackage(before));  // no such file
+  EXPECT_FALSE(reader::ReadPackage(before));  // no such file
   ASSERT_EQ(mkfifo(before.PackagePath.c_str(), 0600), 0);
-  EXPECT_FALSE(ReadPackage(before)) << "a pipe is no file, and must not be waited for";
+  EXPECT_FALSE(reader::ReadPackage(before)) << "a pipe is no file, and must not be waited for";
   before.PackagePath = folder / "";
-  EXPECT_FALSE(ReadPackage(before)) << "a folder is no file";
+  EXPECT_FALSE(reader::ReadPackage(before)) << "a folder is no file";
   before.PackagePath = "";
-  EXPECT_FALSE(ReadPackage(before));
+  EXPECT_FALSE(reader::ReadPackage(before));
 }
 
 }  // namespace

@@ -37,7 +37,7 @@ class ReaderSurvival : public PackageText {
  protected:
   Package ReadInTime(const std::string& text, const std::string& netTypes, const std::string& what) {
     Package package;
-    ExpectInTime(what, [&] { package = ParsePackage(before, {text, netTypes}, &effort); });
+    ExpectInTime(what, [&] { package = reader::ParsePackage(before, {text, netTypes}, &effort); });
     return package;
   }
 };

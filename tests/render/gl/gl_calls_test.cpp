@@ -1,11 +1,11 @@
 #include <GL/gl.h>
 
+#include "gl_recorder/gl_test.h"
 #include "render/gl/frame.h"
 #include "render/gl/gl_pen.h"
 #include "render/gl/grid.h"
 #include "render/gl/read_back.h"
 #include "render/gl/scene_list.h"
-#include "gl_recorder/gl_test.h"
 #include "tests/render/scene_test.h"
 
 namespace {
@@ -18,9 +18,9 @@ class GlCallsTest : public GlTest {
   model::WireBondSettings settings;
   render::Appearance appearance;
   render::WireSelection selection;
-  render::GlPen pen;
+  render::gl::GlPen pen;
   render::Scene scene{{package, settings, appearance, selection}, pen};
-  render::SceneList list;
+  render::gl::SceneList list;
 };
 
 TEST_F(GlCallsTest, QuadSetsItsNormalOnceAndItsMaterialBeforeEachCorner) {
@@ -91,12 +91,12 @@ TEST_F(GlCallsTest, ListNamesFit16Bits) {
   EXPECT_EQ(Calls(), "glGenLists(1)\n");
   list.Call();
   EXPECT_EQ(Calls(), "glCallList(32767)\n");
-  render::Grid grid;
+  render::gl::Grid grid;
   EXPECT_THROW(grid.BuildGrid(), model::Overflow);
 }
 
 TEST_F(GlCallsTest, GridIsASquareOfLinesFiveApart) {
-  render::Grid grid;
+  render::gl::Grid grid;
   grid.BuildGrid();
   const std::vector<Call> square = gl.List(1);
   ASSERT_EQ(square.size(), 2U + 84U);
@@ -118,7 +118,7 @@ std::string Wall(const char* place, const char* axis, const char* number) {
 }
 
 TEST_F(GlCallsTest, GridBoxHasAFloorAndFourWalls) {
-  render::Grid grid;
+  render::gl::Grid grid;
   for (const char* number : {"0", "1"}) {
     grid.DisplayGrid();
     // 0x0B50 is GL_LIGHTING, taken for a mask.
@@ -134,7 +134,7 @@ TEST_F(GlCallsTest, GridBoxHasAFloorAndFourWalls) {
 
 TEST_F(GlCallsTest, ViewIsSetUpOnce) {
   appearance = {false, 1, 1, 1};
-  render::SetUpView({300, 200}, appearance);
+  render::gl::SetUpView({300, 200}, appearance);
   EXPECT_EQ(Calls(),
             "glEnable(GL_DEPTH_TEST)\nglEnable(GL_DITHER)\nglDepthFunc(GL_LESS)\nglClearDepth(1)\n"
             "glClearColor(1, 1, 1, 0)\nglMatrixMode(GL_PROJECTION)\nglLoadIdentity()\n"
@@ -143,30 +143,30 @@ TEST_F(GlCallsTest, ViewIsSetUpOnce) {
             "glLightModelfv(GL_LIGHT_MODEL_AMBIENT, 0.65, 0.65, 0.65, 1)\nglEnable(GL_LIGHTING)\n"
             "glEnable(GL_LIGHT0)\nglShadeModel(GL_SMOOTH)\nglFrontFace(GL_CCW)\n"
             "glMaterialfv(GL_FRONT, GL_SPECULAR, 1, 0, 0, 1)\nglMateriali(GL_FRONT, GL_SHININESS, 50)\n");
-  EXPECT_EQ(render::AspectRatioOf({300, 0}), 0.0F);
+  EXPECT_EQ(render::gl::AspectRatioOf({300, 0}), 0.0F);
 }
 
 TEST_F(GlCallsTest, FramePlacesTheEyeClearsTurnsTheModelAndReplaysTheList) {
   // Heading 0 looks along +x: 100 ahead, with the look height added to the eye's.
   const render::Camera camera{.CamX = 1, .CamY = -2, .CamZ = 5, .CamYaw = 0.0F, .CamLook = 30};
-  render::DrawFrame(camera, {90.0F, 45.0F, 0.0F}, 2.5F, list);
+  render::gl::DrawFrame(camera, {90.0F, 45.0F, 0.0F}, 2.5F, list);
   // 0x4100 are colour and depth.
   EXPECT_EQ(Calls(),
             "glLoadIdentity()\ngluLookAt(1, -2, 5, 101, 28, 5, 0, 1, 0)\nglClear(0x4100)\nglPushMatrix()\n"
             "  glTranslatef(0, 0, -2.5)\n  glRotatef(90, 0.1, 0, 0)\n  glRotatef(45, 0, 0.1, 0)\n"
             "  glRotatef(0, 0, 0, 1)\n  glCallList(0)\nglPopMatrix()\n");
   // The start-up heading of 1.56: cos 1.56 = 0.0107961, sin 1.56 = 0.9999417, along -z.
-  render::DrawFrame({}, {}, 0.0F, list);
+  render::gl::DrawFrame({}, {}, 0.0F, list);
   const std::vector<double>& eye = gl.Log()[1].Numbers;
   EXPECT_NEAR(eye[3], 1.07961, 1e-4);
   EXPECT_NEAR(eye[5], 5.0 - 99.99417, 1e-4);
 }
 
 TEST_F(GlCallsTest, FrameFaultsBeforeItsFirstCallWhenTheTargetLeaves16Bits) {
-  EXPECT_THROW(render::DrawFrame({.CamY = 32767, .CamLook = 1}, {}, 0.0F, list), model::Overflow);
-  EXPECT_THROW(render::DrawFrame({.CamY = -32768, .CamLook = -1}, {}, 0.0F, list), model::Overflow);
+  EXPECT_THROW(render::gl::DrawFrame({.CamY = 32767, .CamLook = 1}, {}, 0.0F, list), model::Overflow);
+  EXPECT_THROW(render::gl::DrawFrame({.CamY = -32768, .CamLook = -1}, {}, 0.0F, list), model::Overflow);
   EXPECT_EQ(Calls(), "");
-  EXPECT_NO_THROW(render::DrawFrame({.CamY = 32767, .CamLook = -10}, {}, 0.0F, list));
+  EXPECT_NO_THROW(render::gl::DrawFrame({.CamY = 32767, .CamLook = -10}, {}, 0.0F, list));
 }
 
 }  // namespace

@@ -35,9 +35,9 @@ bool IsBlack(const Pixel& p) { return p.green < 20 && p.blue < 20; }
 
 class OffscreenTest : public testing::Test {
  protected:
-  void Load(const std::string& path, const render::PixelSize& size) {
+  void Load(const std::string& path, const render::gl::PixelSize& size) {
     form.reset();
-    surface = std::make_unique<render::OffscreenSurface>(size);
+    surface = std::make_unique<render::gl::OffscreenSurface>(size);
     form = std::make_unique<shell::MainForm>(shell::StartUp{".", '"' + path + '"'}, *surface, end);
     end.showCritical = [](const std::string&, const std::string& text) { ADD_FAILURE() << text; };
     form->Form_Load();
@@ -80,7 +80,7 @@ class OffscreenTest : public testing::Test {
 
   TemporaryFolder folder;
   shell::ProgramEnd end;
-  std::unique_ptr<render::OffscreenSurface> surface;
+  std::unique_ptr<render::gl::OffscreenSurface> surface;
   std::unique_ptr<shell::MainForm> form;
   render::Picture picture;
 };
@@ -120,8 +120,8 @@ TEST_F(OffscreenTest, PartsShowInTheirColoursAtTheirPlaces) {
 }
 
 TEST(ReadFrame, GivesTheTopRowFirstAtAnyWidth) {
-  for (const render::PixelSize& size : {render::PixelSize{1, 3}, {3, 2}, {5, 1}, {401, 301}}) {
-    render::OffscreenSurface surface(size);
+  for (const render::gl::PixelSize& size : {render::gl::PixelSize{1, 3}, {3, 2}, {5, 1}, {401, 301}}) {
+    render::gl::OffscreenSurface surface(size);
     ASSERT_TRUE(surface.CreateContext());
     // Blue, but for a red row at the bottom with a green pixel at its right end.
     const auto fill = [](int x, int width, int height, float red, float green, float blue) {
@@ -138,23 +138,23 @@ TEST(ReadFrame, GivesTheTopRowFirstAtAnyWidth) {
     std::vector<std::uint8_t> expected(3 * pixels);
     for (std::size_t i = 0; i < pixels; ++i)
       expected[3 * i + (i == pixels - 1 ? 1 : i >= pixels - row ? 0 : 2)] = 255;
-    EXPECT_TRUE(render::ReadFrame(size).Rgb == expected) << size.Width;
+    EXPECT_TRUE(render::gl::ReadFrame(size).Rgb == expected) << size.Width;
     EXPECT_EQ(glGetError(), GLenum(GL_NO_ERROR));
   }
-  EXPECT_TRUE(render::ReadFrame({0, 3}).Rgb.empty());
+  EXPECT_TRUE(render::gl::ReadFrame({0, 3}).Rgb.empty());
 }
 
 TEST(OffscreenSurface, StandsBesideOthers) {
-  render::OffscreenSurface first({8, 8});
+  render::gl::OffscreenSurface first({8, 8});
   ASSERT_TRUE(first.CreateContext());
   {
-    render::OffscreenSurface second({4, 4});
+    render::gl::OffscreenSurface second({4, 4});
     ASSERT_TRUE(second.CreateContext());
   }
   EXPECT_TRUE(first.MakeCurrent());
   glClearColor(1.0F, 0.0F, 0.0F, 0.0F);
   glClear(GL_COLOR_BUFFER_BIT);
-  EXPECT_EQ(int(render::ReadFrame({8, 8}).Rgb[0]), 255);
+  EXPECT_EQ(int(render::gl::ReadFrame({8, 8}).Rgb[0]), 255);
   first.DeleteContext();
   EXPECT_FALSE(first.MakeCurrent());
 }

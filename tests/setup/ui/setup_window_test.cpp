@@ -43,13 +43,13 @@ class SetupShown : public SetupFormTest {
   void Press(const char* caption) { Click(Find<QPushButton>("", caption)); }
 
   int faults = 0;
-  SetupWindow window{form, [this](const std::function<void()>& handler) {
-                       try {
-                         handler();
-                       } catch (const model::Fault&) {
-                         ++faults;
-                       }
-                     }};
+  ui::SetupWindow window{form, [this](const std::function<void()>& handler) {
+                           try {
+                             handler();
+                           } catch (const model::Fault&) {
+                             ++faults;
+                           }
+                         }};
 };
 
 TEST_F(SetupShown, FramesKeepTheirTrailingSpaceAndFollowTheStackedDie) {
@@ -148,7 +148,7 @@ class SaveDialogUser : public QObject {
 };
 
 TEST_F(SetupFormTest, SavingOverThePackageItselfIsAskedWithNoAsTheDefault) {
-  QtFileDialog files;
+  ui::QtFileDialog files;
   const FileDialogRequest request{.FileName = package.PackagePath,
                                   .Filter = "zu files|*.zu|all files|*.*",
                                   .DefaultExt = ".zu",
@@ -165,7 +165,7 @@ TEST_F(SetupFormTest, SavingOverThePackageItselfIsAskedWithNoAsTheDefault) {
 }
 
 TEST_F(SetupFormTest, DialogsStartBesideThePackageAndThenWhereTheUserWas) {
-  QtFileDialog files;
+  ui::QtFileDialog files;
   const QString beside = QDir(QString::fromStdString(folder / "")).absolutePath();
   std::filesystem::create_directory(folder / "other");
   const struct {

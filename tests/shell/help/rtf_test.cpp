@@ -12,26 +12,27 @@ namespace shell {
 namespace {
 
 /// A run as its formats in angle brackets and its text; what is as at the start is not named.
-std::string Described(const Run& run) {
-  const RunFormat& format = run.Format;
+std::string Described(const help::Run& run) {
+  const help::RunFormat& format = run.Format;
   std::string marks;
   const auto mark = [&marks](const std::string& text) { marks += (marks.empty() ? "" : " ") + text; };
   if (format.Bold) mark("b");
   if (format.Italic) mark("i");
   if (format.Underline) mark("ul");
   if (format.Strike) mark("strike");
-  if (format.Position == Script::Super) mark("super");
-  if (format.Position == Script::Sub) mark("sub");
+  if (format.Position == help::Script::Super) mark("super");
+  if (format.Position == help::Script::Sub) mark("sub");
   if (format.Font != 0) mark("f" + std::to_string(format.Font));
   if (format.Size != 24) mark("fs" + std::to_string(format.Size));
   if (format.Colour >= 0) mark("cf" + std::to_string(format.Colour));
   return "<" + marks + ">" + run.Text;
 }
 
-std::string Described(const Paragraph& paragraph) {
-  const ParagraphFormat& format = paragraph.Format;
+std::string Described(const help::Paragraph& paragraph) {
+  const help::ParagraphFormat& format = paragraph.Format;
   std::string text;
-  if (format.Align != Alignment::Left) text += std::string(1, "lcrj"[static_cast<int>(format.Align)]) + " ";
+  if (format.Align != help::Alignment::Left)
+    text += std::string(1, "lcrj"[static_cast<int>(format.Align)]) + " ";
   const auto length = [&text](const char* name, int twips) {
     if (twips != 0) text += name + std::to_string(twips) + " ";
   };
@@ -41,16 +42,16 @@ std::string Described(const Paragraph& paragraph) {
   length("sb", format.Before);
   length("sa", format.After);
   for (const int stop : format.Tabs) length("tx", stop);
-  for (const Run& run : paragraph.Runs) text += Described(run);
+  for (const help::Run& run : paragraph.Runs) text += Described(run);
   return text;
 }
 
 /// The paragraphs of `bytes`, each closed by "|".
 std::string Described(const std::string& bytes) {
-  const std::optional<RichText> text = ReadRtf(bytes);
+  const std::optional<help::RichText> text = help::ReadRtf(bytes);
   if (!text) return "no RTF";
   std::string described;
-  for (const Paragraph& paragraph : text->Paragraphs) described += Described(paragraph) + "|";
+  for (const help::Paragraph& paragraph : text->Paragraphs) described += Described(paragraph) + "|";
   return described;
 }
 
@@ -95,7 +96,7 @@ TEST(Rtf, ListsShowTheTextOfTheirMarks) {
 }
 
 TEST(Rtf, FontsAndColoursComeFromTheirTables) {
-  const std::optional<RichText> text = ReadRtf(
+  const std::optional<help::RichText> text = help::ReadRtf(
       R"({\rtf1\deff2{\fonttbl{\f0\froman\fcharset0 Times New Roman{\*\falt Tms};}\f2\fswiss Arial;{\f5\fmodern Courier;}}
 {\colortbl;\red255\green0\blue16;\red0\green128\blue0;}a\cf1 b\cf2\f5 c\cf0\f0 d\cf9 e\plain f})");
   ASSERT_TRUE(text.has_value());
@@ -104,10 +105,10 @@ TEST(Rtf, FontsAndColoursComeFromTheirTables) {
   EXPECT_EQ(Described(text->Paragraphs[0]), "<f2>a<f2 cf16711696>b<f5 cf32768>c<>de<f2>f");
   ASSERT_EQ(text->Fonts.size(), 3U);
   EXPECT_EQ(text->Fonts.at(0).Name, "Times New Roman");
-  EXPECT_EQ(text->Fonts.at(0).Family, FontFamily::Serif);
+  EXPECT_EQ(text->Fonts.at(0).Family, help::FontFamily::Serif);
   EXPECT_EQ(text->Fonts.at(2).Name, "Arial");
-  EXPECT_EQ(text->Fonts.at(2).Family, FontFamily::Sans);
-  EXPECT_EQ(text->Fonts.at(5).Family, FontFamily::Fixed);
+  EXPECT_EQ(text->Fonts.at(2).Family, help::FontFamily::Sans);
+  EXPECT_EQ(text->Fonts.at(5).Family, help::FontFamily::Fixed);
 }
 
 TEST(Rtf, CharactersOfEverySpelling) {
@@ -156,26 +157,26 @@ TEST(Rtf, DamageLeavesWhatCanBeRead) {
 }
 
 TEST(Rtf, GroupsBeyondTheDepthAreLeftOutWhole) {
-  const std::string open(kMaxRtfDepth + 10, '{');
-  const std::string close(kMaxRtfDepth + 10, '}');
+  const std::string open(help::kMaxRtfDepth + 10, '{');
+  const std::string close(help::kMaxRtfDepth + 10, '}');
   EXPECT_EQ(Described("{\\rtf1 a" + open + "\\b x\\par\\bin1 }" + close + "b}"), "<>ab|");
 }
 
 TEST(Rtf, HugeInputTakesLinearTimeAndBoundedRoom) {
   const auto repeated = [](const std::string& piece) {
     std::string bytes = "{\\rtf1 ";
-    while (bytes.size() < kMaxRtfBytes + 1000) bytes += piece;
+    while (bytes.size() < help::kMaxRtfBytes + 1000) bytes += piece;
     return bytes;
   };
   std::string stops = "{\\rtf1";
   for (int stop = 1; stop < 50'000; ++stop) stops += "\\tx" + std::to_string(stop);
   const auto start = std::chrono::steady_clock::now();
   for (const char* piece : {"{", "}", "{\\*", "\\par", "\\u-10179", "{\\fonttbl\\f1;"})
-    EXPECT_TRUE(ReadRtf(repeated(piece))) << piece;
-  EXPECT_TRUE(ReadRtf(stops + repeated("{}")));
-  const std::optional<RichText> word = ReadRtf(repeated("x"));
+    EXPECT_TRUE(help::ReadRtf(repeated(piece))) << piece;
+  EXPECT_TRUE(help::ReadRtf(stops + repeated("{}")));
+  const std::optional<help::RichText> word = help::ReadRtf(repeated("x"));
   ASSERT_EQ(word->Paragraphs.size(), 1U);
-  EXPECT_LT(word->Paragraphs[0].Runs[0].Text.size(), kMaxRtfBytes);
+  EXPECT_LT(word->Paragraphs[0].Runs[0].Text.size(), help::kMaxRtfBytes);
   // Some seconds do, with sanitizers too; squared time would be hours.
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
 }
@@ -183,10 +184,10 @@ TEST(Rtf, HugeInputTakesLinearTimeAndBoundedRoom) {
 /// The page's bold headings and its text, and that it was made for the reader: ASCII, closed, no leftovers.
 struct Page {
   explicit Page(const std::string& name) : Bytes(model::ReadWholeFile(YAX_HELP_FOLDER "/" + name)) {
-    const RichText text = ReadRtf(Bytes).value();
-    for (const Paragraph& paragraph : text.Paragraphs) {
+    const help::RichText text = help::ReadRtf(Bytes).value();
+    for (const help::Paragraph& paragraph : text.Paragraphs) {
       const bool heading = !paragraph.Runs.empty() && paragraph.Runs[0].Format.Size > 24;
-      for (const Run& run : paragraph.Runs) {
+      for (const help::Run& run : paragraph.Runs) {
         Text += run.Text;
         if (heading) Headings += run.Text;
       }

@@ -13,15 +13,15 @@ constexpr std::int16_t kLeast = std::numeric_limits<std::int16_t>::min();
 
 TEST_F(NavigationCamera, RoutinesMoveByTheirStepAndRepaintOnce) {
   // At heading 1.56 a step of 1 is (0.011, -0.9999): x stays, z moves by one.
-  std::vector<std::pair<const char*, std::function<void(Navigation&)>>> cases = {
-      {"z 3", [](Navigation& v) { v.Move_Camera_In(-1); }},
-      {"z 7", [](Navigation& v) { v.Move_Camera_Out(4); }},
-      {"z 4", &Navigation::cmdForward_Click},
-      {"z 6", &Navigation::cmdBack_Click},
-      {"heading 10", &Navigation::cmdLeft_Click},
-      {"heading -10", &Navigation::cmdRight_Click},
-      {"look 10", &Navigation::cmdUp_Click},
-      {"look -10", &Navigation::cmdDown_Click}};
+  std::vector<std::pair<const char*, std::function<void(navigation::Navigation&)>>> cases = {
+      {"z 3", [](navigation::Navigation& v) { v.Move_Camera_In(-1); }},
+      {"z 7", [](navigation::Navigation& v) { v.Move_Camera_Out(4); }},
+      {"z 4", &navigation::Navigation::cmdForward_Click},
+      {"z 6", &navigation::Navigation::cmdBack_Click},
+      {"heading 10", &navigation::Navigation::cmdLeft_Click},
+      {"heading -10", &navigation::Navigation::cmdRight_Click},
+      {"look 10", &navigation::Navigation::cmdUp_Click},
+      {"look -10", &navigation::Navigation::cmdDown_Click}};
   for (const auto& [word, changes] : {std::pair("IN", "z 4"),
                                       {"OUT", "z 6"},
                                       {"LEFT", "heading 10"},
@@ -29,10 +29,10 @@ TEST_F(NavigationCamera, RoutinesMoveByTheirStepAndRepaintOnce) {
                                       {"UP", "look 10"},
                                       {"DOWN", "look -10"},
                                       {"in", ""}})
-    cases.emplace_back(changes, [keyword = word](Navigation& v) { v.NavigateByKey(keyword); });
+    cases.emplace_back(changes, [keyword = word](navigation::Navigation& v) { v.NavigateByKey(keyword); });
   int index = 0;
   for (const char* changes : {"x -1", "x 1", "y 1", "y -1", ""})
-    cases.emplace_back(changes, [arrow = index++](Navigation& v) { v.Trans_Click(arrow); });
+    cases.emplace_back(changes, [arrow = index++](navigation::Navigation& v) { v.Trans_Click(arrow); });
   int row = 0;
   for (const auto& [changes, act] : cases) {
     Restart();
@@ -96,16 +96,16 @@ TEST_F(NavigationCamera, HeadingsPastARoundStartAgainAtZeroAndBelowItAt628) {
 TEST_F(NavigationCamera, MouseTurnsAndTiltsMoveByDeltaOrAFixedStepWithoutRepaint) {
   // One degree is 3.142 / 180 = 0.0174556. To the right there is no wrap below zero.
   const struct {
-    void (Navigation::*turn)(int);
+    void (navigation::Navigation::*turn)(int);
     int byDelta;
     float start, deltaX, heading;
-  } turns[] = {{&Navigation::MouseTurn_Camera_Left, 2, 1.0F, 20.0F, 1.349111F},
-               {&Navigation::MouseTurn_Camera_Left, 0, 1.0F, 20.0F, 1.0174556F},
-               {&Navigation::MouseTurn_Camera_Left, 2, 6.2F, 5.0F, 0.0F},
-               {&Navigation::MouseTurn_Camera_Right, 2, 1.0F, -20.0F, 0.650889F},
-               {&Navigation::MouseTurn_Camera_Right, 0, 1.0F, -20.0F, 0.9825444F},
-               {&Navigation::MouseTurn_Camera_Right, 2, 0.1F, -20.0F, -0.249111F},
-               {&Navigation::MouseTurn_Camera_Right, 2, 6.2F, 5.0F, 0.0F}};
+  } turns[] = {{&navigation::Navigation::MouseTurn_Camera_Left, 2, 1.0F, 20.0F, 1.349111F},
+               {&navigation::Navigation::MouseTurn_Camera_Left, 0, 1.0F, 20.0F, 1.0174556F},
+               {&navigation::Navigation::MouseTurn_Camera_Left, 2, 6.2F, 5.0F, 0.0F},
+               {&navigation::Navigation::MouseTurn_Camera_Right, 2, 1.0F, -20.0F, 0.650889F},
+               {&navigation::Navigation::MouseTurn_Camera_Right, 0, 1.0F, -20.0F, 0.9825444F},
+               {&navigation::Navigation::MouseTurn_Camera_Right, 2, 0.1F, -20.0F, -0.249111F},
+               {&navigation::Navigation::MouseTurn_Camera_Right, 2, 6.2F, 5.0F, 0.0F}};
   for (const auto& [turn, byDelta, start, deltaX, heading] : turns) {
     view->Camera.CamYaw = start;
     view->Mouse.DeltaX = deltaX;
@@ -113,8 +113,9 @@ TEST_F(NavigationCamera, MouseTurnsAndTiltsMoveByDeltaOrAFixedStepWithoutRepaint
     EXPECT_NEAR(view->Camera.CamYaw, heading, 1e-6F);
   }
   view->Mouse.DeltaY = -2.5F;
-  const std::pair<void (Navigation::*)(int), std::pair<int, int>> tilts[] = {
-      {&Navigation::MouseTilt_Camera_Up, {-2, 2}}, {&Navigation::MouseTilt_Camera_Down, {-2, -2}}};
+  const std::pair<void (navigation::Navigation::*)(int), std::pair<int, int>> tilts[] = {
+      {&navigation::Navigation::MouseTilt_Camera_Up, {-2, 2}},
+      {&navigation::Navigation::MouseTilt_Camera_Down, {-2, -2}}};
   for (const auto& [tilt, looks] : tilts) {
     view->Camera.CamLook = 0;
     ((*view).*tilt)(1);
@@ -174,10 +175,10 @@ TEST_F(NavigationCamera, LoadResetsCameraAndRotationButNotWalkModeAndTicks) {
 }
 
 TEST(Navigation, WithoutActionsItStillMoves) {
-  Navigation view;
-  view.Form_KeyDown(kEscape, kShift);
-  view.Form_KeyDown(kHome, 0);
-  view.Form_MouseDown(kRightButton, 0, 1.0F, 1.0F);
+  navigation::Navigation view;
+  view.Form_KeyDown(navigation::kEscape, navigation::kShift);
+  view.Form_KeyDown(navigation::kHome, 0);
+  view.Form_MouseDown(navigation::kRightButton, 0, 1.0F, 1.0F);
   view.Trans_Click(1);
   EXPECT_EQ(view.Camera.CamX, 1);
 }

@@ -14,7 +14,7 @@
 namespace shell {
 
 /// What differs from the first frame, in words: "z 4", "heading -10", "yaw 1 pitch 91", "" for nothing.
-inline std::string Moves(const Navigation& view) {
+inline std::string Moves(const navigation::Navigation& view) {
   std::string text;
   const auto add = [&text](const char* name, long value, long first) {
     if (value != first) text += (text.empty() ? "" : " ") + std::string(name) + " " + std::to_string(value);
@@ -36,7 +36,7 @@ class NavigationTest : public testing::Test {
     int repaints = 0, menus = 0, dummyFocus = 0;
     std::string asked;  ///< for a load or the end
     float menuX = 0.0F, menuY = 0.0F;
-    std::optional<Pointer> pointer;
+    std::optional<navigation::Pointer> pointer;
   };
 
   NavigationTest() { Restart(); }
@@ -44,7 +44,7 @@ class NavigationTest : public testing::Test {
   /// Back to what a first load leaves: pitch 90, yaw 0, start camera, nothing counted.
   void Restart() {
     view.emplace();
-    NavigationActions& actions = view->actions;
+    navigation::NavigationActions& actions = view->actions;
     actions.repaint = [this] { counts.repaints++; };
     actions.reload = [this] { counts.asked += "reload"; };
     actions.endProgram = [this] { counts.asked += "end"; };
@@ -53,7 +53,7 @@ class NavigationTest : public testing::Test {
       counts.menuX = x;
       counts.menuY = y;
     };
-    actions.setPointer = [this](Pointer pointer) { counts.pointer = pointer; };
+    actions.setPointer = [this](navigation::Pointer pointer) { counts.pointer = pointer; };
     actions.focusDummy = [this] { counts.dummyFocus++; };
     view->ResetCamera();
     view->ResetRotation();
@@ -67,7 +67,7 @@ class NavigationTest : public testing::Test {
     return Moves(*view) + counts.asked;
   }
 
-  std::optional<Navigation> view;
+  std::optional<navigation::Navigation> view;
   Counts counts;
 };
 

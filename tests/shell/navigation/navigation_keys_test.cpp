@@ -40,7 +40,7 @@ TEST_F(NavigationKeys, EveryKeyWithEveryModifierState) {
   };
   for (const auto& [keyCode, none, withShift, ctrl, alt, ctrlAlt, other] : rows) {
     const char* const changes[8] = {none, withShift, ctrl, other, alt, other, ctrlAlt, other};
-    EXPECT_TRUE(Navigation::AnswersTo(keyCode)) << keyCode;
+    EXPECT_TRUE(navigation::Navigation::AnswersTo(keyCode)) << keyCode;
     for (int shift = 0; shift < 8; ++shift) {
       SCOPED_TRACE("key " + std::to_string(keyCode) + " shift " + std::to_string(shift));
       Restart();
@@ -55,7 +55,7 @@ TEST_F(NavigationKeys, EveryKeyWithEveryModifierState) {
 
 TEST_F(NavigationKeys, CodesOutsideTheTableDoNothing) {
   for (const int keyCode : {0, 16, 32, 35, 41, 65, 100, 108, 186, 188, 190}) {
-    EXPECT_FALSE(Navigation::AnswersTo(keyCode)) << keyCode;
+    EXPECT_FALSE(navigation::Navigation::AnswersTo(keyCode)) << keyCode;
     for (int shift = 0; shift < 8; ++shift) view->Form_KeyDown(keyCode, shift);
   }
   EXPECT_EQ(Changes(), "");
@@ -65,14 +65,25 @@ TEST_F(NavigationKeys, CodesOutsideTheTableDoNothing) {
 TEST_F(NavigationKeys, ArrowsGoOnFromTheOtherEndOfTheBar) {
   const struct {
     int keyCode, shift, from, to;
-  } rows[] = {{kLeft, 0, 179, 180},         {kLeft, 0, 180, -179},       {kRight, 0, -179, -180},
-              {kRight, 0, -180, 179},       {kLeft, kShift, 170, 180},   {kLeft, kShift, 171, -179},
-              {kRight, kShift, -170, -180}, {kRight, kShift, -171, 179}, {kUp, 0, -89, -90},
-              {kUp, 0, -90, 269},           {kDown, 0, 269, 270},        {kDown, 0, 270, -89},
-              {kUp, kShift, -80, -90},      {kUp, kShift, -81, 269},     {kDown, kShift, 260, 270},
-              {kDown, kShift, 261, -89}};
+  } rows[] = {{navigation::kLeft, 0, 179, 180},
+              {navigation::kLeft, 0, 180, -179},
+              {navigation::kRight, 0, -179, -180},
+              {navigation::kRight, 0, -180, 179},
+              {navigation::kLeft, navigation::kShift, 170, 180},
+              {navigation::kLeft, navigation::kShift, 171, -179},
+              {navigation::kRight, navigation::kShift, -170, -180},
+              {navigation::kRight, navigation::kShift, -171, 179},
+              {navigation::kUp, 0, -89, -90},
+              {navigation::kUp, 0, -90, 269},
+              {navigation::kDown, 0, 269, 270},
+              {navigation::kDown, 0, 270, -89},
+              {navigation::kUp, navigation::kShift, -80, -90},
+              {navigation::kUp, navigation::kShift, -81, 269},
+              {navigation::kDown, navigation::kShift, 260, 270},
+              {navigation::kDown, navigation::kShift, 261, -89}};
   for (const auto& [keyCode, shift, from, to] : rows) {
-    ScrollBar& bar = keyCode == kLeft || keyCode == kRight ? view->ScrollYaw : view->ScrollPitch;
+    navigation::ScrollBar& bar =
+        keyCode == navigation::kLeft || keyCode == navigation::kRight ? view->ScrollYaw : view->ScrollPitch;
     bar.SetValue(from);
     view->Form_KeyDown(keyCode, shift);
     EXPECT_EQ(bar.Value(), to) << "key " << keyCode << " shift " << shift << " from " << from;
@@ -80,17 +91,17 @@ TEST_F(NavigationKeys, ArrowsGoOnFromTheOtherEndOfTheBar) {
 }
 
 TEST_F(NavigationKeys, ShiftAloneShowsTheUpArrowOutsideWalkMode) {
-  view->Form_KeyDown(16, kShift);
-  EXPECT_EQ(counts.pointer, Pointer::kUpArrow);
+  view->Form_KeyDown(16, navigation::kShift);
+  EXPECT_EQ(counts.pointer, navigation::Pointer::kUpArrow);
   counts = {};
-  view->Form_KeyUp(17, kShift);  // another key goes up while Shift is held
+  view->Form_KeyUp(17, navigation::kShift);  // another key goes up while Shift is held
   EXPECT_FALSE(counts.pointer.has_value());
   view->Form_KeyUp(16, 0);
-  EXPECT_EQ(counts.pointer, Pointer::kDefault);
+  EXPECT_EQ(counts.pointer, navigation::Pointer::kDefault);
 
   view->WalkMode = true;
   counts = {};
-  view->Form_KeyDown(16, kShift);
+  view->Form_KeyDown(16, navigation::kShift);
   view->Form_KeyUp(16, 0);
   EXPECT_FALSE(counts.pointer.has_value());
 }
@@ -99,9 +110,9 @@ TEST_F(NavigationKeys, FaultsEndAKeyQuietlyWithTheStateAsFarAsChanged) {
   constexpr std::int16_t most = std::numeric_limits<std::int16_t>::max();
   constexpr std::int16_t least = std::numeric_limits<std::int16_t>::min();
   view->Camera = {.CamX = most, .CamY = least, .CamLook = least};
-  view->Form_KeyDown(kRight, kCtrl + kAlt);
-  view->Form_KeyDown(kDown, kCtrl + kAlt);
-  view->Form_KeyDown(kD, 0);
+  view->Form_KeyDown(navigation::kRight, navigation::kCtrl + navigation::kAlt);
+  view->Form_KeyDown(navigation::kDown, navigation::kCtrl + navigation::kAlt);
+  view->Form_KeyDown(navigation::kD, 0);
   EXPECT_EQ(view->Camera.CamX, most);
   EXPECT_EQ(view->Camera.CamY, least);
   EXPECT_EQ(view->Camera.CamLook, least);
@@ -109,18 +120,18 @@ TEST_F(NavigationKeys, FaultsEndAKeyQuietlyWithTheStateAsFarAsChanged) {
 
   // At 45 degrees a double step of 2 is 1.41 each way: x moves by one before z, at its least, overflows.
   view->Camera = {.CamZ = least, .CamYaw = 0.785F};
-  view->Form_KeyDown(kKeypadPlus, kShift);
+  view->Form_KeyDown(navigation::kKeypadPlus, navigation::kShift);
   EXPECT_EQ(view->Camera.CamX, 1);
   EXPECT_EQ(view->Camera.CamZ, least);
 }
 
 TEST_F(NavigationKeys, KeysAndDummyTrapFaultsOfLoadAndRepaintButButtonsDoNot) {
   view->actions.reload = [] { throw model::DivisionByZero("its ends coincide"); };
-  EXPECT_NO_THROW(view->Form_KeyDown(kHome, 0));
+  EXPECT_NO_THROW(view->Form_KeyDown(navigation::kHome, 0));
   EXPECT_NO_THROW(view->Dummy_Click());
   // A frame makes the target's height as a 16-bit sum, which can overflow though each part fits.
   view->actions.repaint = [] { throw model::Overflow(); };
-  view->Form_KeyDown(kU, 0);
+  view->Form_KeyDown(navigation::kU, 0);
   EXPECT_EQ(view->Camera.CamLook, 10);
   EXPECT_THROW(view->cmdUp_Click(), model::Overflow);
 }

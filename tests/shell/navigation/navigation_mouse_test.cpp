@@ -9,7 +9,7 @@ namespace {
 class NavigationMouse : public NavigationTest {
  protected:
   /// Puts the pointer at (x, y), as a press does.
-  void Press(float x, float y) { view->Form_MouseDown(kLeftButton, kAlt, x, y); }
+  void Press(float x, float y) { view->Form_MouseDown(navigation::kLeftButton, navigation::kAlt, x, y); }
 
   /// `count` moves, each by (dx, dy) from where the pointer was.
   void Drag(int count, int button, int shift, float dx, float dy) {
@@ -75,9 +75,9 @@ TEST_F(NavigationMouse, DragsGoOnFromTheOtherEndOrClamp) {
               {1, 0, -30, -61, 269}, {1, -800, 0, 0, 180},  {1, 800, 0, 0, -180},   {1, 0, 800, 0, 270},
               {1, 0, -800, 0, -90}};
   for (const auto& [shift, dx, dy, from, to] : rows) {
-    ScrollBar& bar = dx != 0.0F ? view->ScrollYaw : view->ScrollPitch;
+    navigation::ScrollBar& bar = dx != 0.0F ? view->ScrollYaw : view->ScrollPitch;
     bar.SetValue(from);
-    Drag(1, kLeftButton, shift, dx, dy);
+    Drag(1, navigation::kLeftButton, shift, dx, dy);
     EXPECT_EQ(bar.Value(), to) << "shift " << shift << " from " << from;
   }
 }
@@ -86,7 +86,7 @@ TEST_F(NavigationMouse, DirectionsAreAgainstTheRoundedPositionAndDeltasAgainstTh
   Press(10.5F, 20.0F);  // 10.5 rounds to the even 10
   EXPECT_EQ(view->Mouse.LastXi, 10);
   // Right of 10, though the pointer went left by 0.25: the step is to the right.
-  view->Form_MouseMove(kLeftButton, 0, 10.25F, 20.0F);
+  view->Form_MouseMove(navigation::kLeftButton, 0, 10.25F, 20.0F);
   EXPECT_EQ(Changes(), "yaw -1");
   EXPECT_EQ(view->Mouse.DeltaX, 0.25F);
   EXPECT_EQ(view->Mouse.LastX, 10.25F);
@@ -97,53 +97,55 @@ TEST_F(NavigationMouse, DirectionsAreAgainstTheRoundedPositionAndDeltasAgainstTh
 }
 
 TEST_F(NavigationMouse, PanStepsOnEveryFourthMoveWhateverCameBefore) {
-  EXPECT_EQ(StepsAt(12, kMiddleButton, 0, -1, 0), (std::vector<int>{4, 8, 12}));
+  EXPECT_EQ(StepsAt(12, navigation::kMiddleButton, 0, -1, 0), (std::vector<int>{4, 8, 12}));
   EXPECT_EQ(Changes(), "x -3");
   EXPECT_EQ(counts.dummyFocus, 3);
 
   Restart();
   Drag(3, 0, 0, 1, 0);  // moves without a button count too
-  Drag(1, kMiddleButton, kShift + kAlt, 5, -5);
+  Drag(1, navigation::kMiddleButton, navigation::kShift + navigation::kAlt, 5, -5);
   EXPECT_EQ(Changes(), "x 1 y 1");
   Drag(4, 0, 0, 1, 0);  // the fourth has no button and starts the count again
-  Drag(3, kMiddleButton, 0, 0, 1);
+  Drag(3, navigation::kMiddleButton, 0, 0, 1);
   EXPECT_EQ(Changes(), "x 1 y 1");
-  Drag(1, kMiddleButton, 0, 0, 1);
+  Drag(1, navigation::kMiddleButton, 0, 0, 1);
   EXPECT_EQ(Changes(), "x 1");
 }
 
 TEST_F(NavigationMouse, AltZoomsOnEveryFourthMoveAndAtOnceInWalkMode) {
-  EXPECT_EQ(StepsAt(9, kLeftButton, kAlt, 0, -1), (std::vector<int>{4, 8}));
+  EXPECT_EQ(StepsAt(9, navigation::kLeftButton, navigation::kAlt, 0, -1), (std::vector<int>{4, 8}));
   EXPECT_EQ(Changes(), "z 1");  // twice two units
   Restart();
   view->WalkMode = true;
-  EXPECT_EQ(StepsAt(3, kLeftButton, kAlt, 0, 1), (std::vector<int>{1, 2, 3}));
+  EXPECT_EQ(StepsAt(3, navigation::kLeftButton, navigation::kAlt, 0, 1), (std::vector<int>{1, 2, 3}));
   EXPECT_EQ(Changes(), "z 11");
 }
 
 TEST_F(NavigationMouse, CtrlAltSlidesOnEveryNinthMoveAndOnEveryFourthInWalkMode) {
   // The count before the test is 1, 3, 5 ... 15, 17; in walk mode 4, 9, 14, 19.
-  EXPECT_EQ(StepsAt(18, kLeftButton, kCtrl + kAlt, 1, 0), (std::vector<int>{9, 18}));
+  EXPECT_EQ(StepsAt(18, navigation::kLeftButton, navigation::kCtrl + navigation::kAlt, 1, 0),
+            (std::vector<int>{9, 18}));
   EXPECT_EQ(Changes(), "x 2");
-  Drag(8, kLeftButton, kCtrl + kAlt, 0, 1);
+  Drag(8, navigation::kLeftButton, navigation::kCtrl + navigation::kAlt, 0, 1);
   Drag(5, 0, 0, 0, 1);  // moves without the buttons do not count
   EXPECT_EQ(Changes(), "x 2");
-  Drag(1, kLeftButton, kCtrl + kAlt, -1, 1);
+  Drag(1, navigation::kLeftButton, navigation::kCtrl + navigation::kAlt, -1, 1);
   EXPECT_EQ(Changes(), "x 1 y -1");
   Restart();
   view->WalkMode = true;
-  EXPECT_EQ(StepsAt(8, kLeftButton, kCtrl + kAlt, 0, -1), (std::vector<int>{4, 8}));
+  EXPECT_EQ(StepsAt(8, navigation::kLeftButton, navigation::kCtrl + navigation::kAlt, 0, -1),
+            (std::vector<int>{4, 8}));
   EXPECT_EQ(Changes(), "y 2");
 }
 
 TEST_F(NavigationMouse, OnlyAPlainRightPressOpensTheMenuAndRecordsNothing) {
   Press(1, 2);
-  view->Form_MouseDown(kRightButton, 0, 30.5F, 40.25F);
+  view->Form_MouseDown(navigation::kRightButton, 0, 30.5F, 40.25F);
   EXPECT_EQ(counts.menus, 1);
   EXPECT_EQ(counts.menuX, 30.5F);
   EXPECT_EQ(counts.menuY, 40.25F);
   EXPECT_EQ(view->Mouse.LastX, 1.0F);
-  view->Form_MouseDown(kRightButton, kShift, 3, 4);
+  view->Form_MouseDown(navigation::kRightButton, navigation::kShift, 3, 4);
   EXPECT_EQ(counts.menus, 1);
   EXPECT_EQ(view->Mouse.LastX, 3.0F);
   EXPECT_EQ(view->Mouse.LastYi, 4);
@@ -152,11 +154,11 @@ TEST_F(NavigationMouse, OnlyAPlainRightPressOpensTheMenuAndRecordsNothing) {
 
 TEST_F(NavigationMouse, AnOverflowLeavesTheMoveAndTheMoveIsOver) {
   view->Camera.CamLook = std::numeric_limits<std::int16_t>::max();
-  EXPECT_THROW(Drag(1, kLeftButton, kCtrl, 0, -1), model::Overflow);
+  EXPECT_THROW(Drag(1, navigation::kLeftButton, navigation::kCtrl, 0, -1), model::Overflow);
   EXPECT_FALSE(view->Mouse.InMouseMove);
   EXPECT_EQ(counts.repaints, 0);
-  EXPECT_THROW(Drag(1, kLeftButton, kShift, -40000, 0), model::Overflow);
-  EXPECT_THROW(view->Form_MouseDown(kLeftButton, 0, 3e9F, 0), model::Overflow);
+  EXPECT_THROW(Drag(1, navigation::kLeftButton, navigation::kShift, -40000, 0), model::Overflow);
+  EXPECT_THROW(view->Form_MouseDown(navigation::kLeftButton, 0, 3e9F, 0), model::Overflow);
 }
 
 }  // namespace

@@ -8,13 +8,13 @@ namespace shell {
 namespace {
 
 TEST(ScrollBar, StartsAtZeroOrTheNearestLimit) {
-  EXPECT_EQ(ScrollBar(-90, 270).Value(), 0);
-  EXPECT_EQ(ScrollBar(5, 10).Value(), 5);
-  EXPECT_EQ(ScrollBar(-10, -5).Value(), -5);
+  EXPECT_EQ(navigation::ScrollBar(-90, 270).Value(), 0);
+  EXPECT_EQ(navigation::ScrollBar(5, 10).Value(), 5);
+  EXPECT_EQ(navigation::ScrollBar(-10, -5).Value(), -5);
 }
 
 TEST(ScrollBar, ClampsAndTellsOnlyOfChanges) {
-  ScrollBar bar(-90, 270);
+  navigation::ScrollBar bar(-90, 270);
   std::string told;
   bar.show = [&](std::int16_t value) { told += "show " + std::to_string(value) + ";"; };
   bar.change = [&] { told += "change " + std::to_string(bar.Value()) + ";"; };
@@ -32,7 +32,7 @@ TEST(ScrollBar, ClampsAndTellsOnlyOfChanges) {
 }
 
 TEST(ScrollBar, TheScreenAnsweringItsOwnMoveCallsNobodyTwice) {
-  ScrollBar bar(-180, 180);
+  navigation::ScrollBar bar(-180, 180);
   int changes = 0;
   bar.show = [&](std::int16_t value) { bar.SetValue(value); };
   bar.change = [&] { changes++; };

@@ -15,7 +15,7 @@ TEST(GlView, ShowsThePixelsOfASurfaceInMemory) {
   end.showCritical = [](const std::string&, const std::string& text) { ADD_FAILURE() << text; };
   const shell::StartUp startUp{".", '"' + std::string(YAX_SAMPLES) + "/AAAc.yax\""};
 
-  shell::GlView view(nullptr);
+  shell::ui::GlView view(nullptr);
   view.resize(401, 301);
   view.show();
   shell::MainForm shown(startUp, view, end);
@@ -24,7 +24,7 @@ TEST(GlView, ShowsThePixelsOfASurfaceInMemory) {
   // A thread has one current context, of the window system's or of the surface in memory.
   view.DeleteContext();
 
-  render::OffscreenSurface surface(view.Size());
+  render::gl::OffscreenSurface surface(view.Size());
   shell::MainForm hidden(startUp, surface, end);
   hidden.Form_Load();
   const render::Picture inMemory = hidden.FramePicture();
@@ -42,7 +42,7 @@ void Settle() {
 
 TEST(GlView, IsPaintedWhenUncoveredButNotAgainAfterALoadForItsNewSize) {
   shell::ProgramEnd end;
-  shell::GlView view(nullptr);
+  shell::ui::GlView view(nullptr);
   shell::MainForm form({".", '"' + std::string(YAX_SAMPLES) + "/AAAc.yax\""}, view, end);
   int painted = 0;
   view.exposed = [&] {

@@ -9,8 +9,8 @@
 #include <QTextLayout>
 
 #include "model/faults.h"
-#include "shell/ui/qt_rich_text.h"
 #include "shell/help/rtf.h"
+#include "shell/ui/qt_rich_text.h"
 #include "tests/temporary_folder.h"
 
 namespace shell {
@@ -24,7 +24,7 @@ class HelpWindowTest : public testing::Test {
 
   TemporaryFolder folder_;
   QWidget owner_;
-  HelpWindow help_{&owner_};
+  ui::HelpWindow help_{&owner_};
 };
 
 TEST_F(HelpWindowTest, OneWindowShowsThePageOpenedLast) {
@@ -66,10 +66,10 @@ double XOf(const QTextBlock& block, int position) {
 TEST_F(HelpWindowTest, TabsLineUpWhateverTheIndents) {
   // Every "x" stands at the stop of 3,000 twips. A hanging indent is a stop too: passed in the fourth block,
   // used in the fifth.
-  const RichText text = *ReadRtf(R"({\rtf1\pard\tx3000 Up\tab x\par Keypad plus\tab x\par
+  const help::RichText text = *help::ReadRtf(R"({\rtf1\pard\tx3000 Up\tab x\par Keypad plus\tab x\par
 \pard\li600\tx3000 Up\tab x\par\pard\li900\fi-600\tx3000 Up\tab\tab x\par\pard\li3000\fi-300\bullet\tab x\par})");
   Text().resize(600, 400);
-  PourRichText(text, 1.0 / 15, *Text().document());
+  ui::PourRichText(text, 1.0 / 15, *Text().document());
   Text().document()->setTextWidth(600);
   const double margin = Text().document()->documentMargin();
   for (QTextBlock block = Text().document()->begin(); block.isValid(); block = block.next())
@@ -78,10 +78,11 @@ TEST_F(HelpWindowTest, TabsLineUpWhateverTheIndents) {
 }
 
 TEST_F(HelpWindowTest, FormatsReachTheDocument) {
-  const RichText text = *ReadRtf(R"({\rtf1{\fonttbl{\f3\fmodern Courier;}}{\colortbl;\red1\green2\blue3;}
+  const help::RichText text =
+      *help::ReadRtf(R"({\rtf1{\fonttbl{\f3\fmodern Courier;}}{\colortbl;\red1\green2\blue3;}
 \qc\li300\sb150{\b\fs40 a}{\i\ul\cf1 b}{\f3\super c}\line{\sub\strike d}\par\par\u-10179?\u-8704?})");
   QTextDocument document;
-  PourRichText(text, 1.0 / 15, document);
+  ui::PourRichText(text, 1.0 / 15, document);
   ASSERT_EQ(document.blockCount(), 3);
   const QTextBlock first = document.begin();
   EXPECT_EQ(first.text(), QString("abc") + QChar(QChar::LineSeparator) + "d");

@@ -34,7 +34,7 @@ class MainWindowTest : public testing::Test {
   }
 
   void Open(QSize size = {500, 400}) {
-    window = std::make_unique<MainWindow>(StartUp{folder / "", '"' + package + '"'}, end, asks);
+    window = std::make_unique<ui::MainWindow>(StartUp{folder / "", '"' + package + '"'}, end, asks);
     window->resize(size);
     window->Load();
     window->show();
@@ -44,8 +44,8 @@ class MainWindowTest : public testing::Test {
   }
 
   MainForm& Form() { return window->Form(); }
-  Navigation& Nav() { return window->Form().Navigator(); }
-  GlView& View() { return *window->findChild<GlView*>(); }
+  navigation::Navigation& Nav() { return window->Form().Navigator(); }
+  ui::GlView& View() { return *window->findChild<ui::GlView*>(); }
   QMenu& Menu() { return *window->findChild<QMenu*>("DoMnu"); }
   QAction& Entry(const char* name) { return *Menu().findChild<QAction*>(name); }
 
@@ -85,7 +85,7 @@ class MainWindowTest : public testing::Test {
   std::optional<int> status;
   setup::AnsweringDialog dialog;
   setup::FileDialog* asks = &dialog;  ///< null: the toolkit's own
-  std::unique_ptr<MainWindow> window;
+  std::unique_ptr<ui::MainWindow> window;
 };
 
 }  // namespace shell

@@ -13,7 +13,7 @@ namespace {
 
 class MainWindowInput : public MainWindowTest {
  protected:
-  DummyBox& Dummy() { return *window->findChild<DummyBox*>(); }
+  ui::DummyBox& Dummy() { return *window->findChild<ui::DummyBox*>(); }
 
   static void Wheel(QWidget& over, QPoint delta, Qt::KeyboardModifiers modifiers = {}) {
     const QPointF at = over.rect().center();
@@ -107,7 +107,7 @@ TEST_F(MainWindowInput, ADoubleClickTurnsWalkModeOnAndAnotherOff) {
 TEST_F(MainWindowInput, TheWheelMovesOneStepFromEveryWindow) {
   Open();
   Menu().popup(window->mapToGlobal(QPoint(20, 20)));
-  HelpWindow help(window.get());
+  ui::HelpWindow help(window.get());
   help.show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&help));
   QWidget* const places[] = {&View(), window.get(), &Named<QScrollBar>("Pitch"), &Menu(), &help};
@@ -195,7 +195,7 @@ TEST_F(MainWindowInput, TheMenuOpensByMouseKeysAndScreenReaderAndKeepsTheKeys) {
 }
 
 TEST_F(MainWindowInput, AssistiveTechnologyOpensTheMenuFindsItInTheWindowAndPressesDummy) {
-  InstallAccessibleViews();
+  ui::InstallAccessibleViews();
   Open();
   const auto act = [](QWidget& widget, QAccessible::Role role, const QString& action) {
     QAccessibleInterface* const thing = QAccessible::queryAccessibleInterface(&widget);

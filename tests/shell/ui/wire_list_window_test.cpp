@@ -68,7 +68,7 @@ class WireListShown : public testing::Test {
   render::WireSelection selection;
   WireListForm form{package, selection};
   int rebuilds = 0;
-  WireListWindow window{form};
+  ui::WireListWindow window{form};
   QListView* list = window.findChild<QListView*>();
 
   WireListShown() {

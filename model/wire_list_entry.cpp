@@ -1,0 +1,27 @@
+#include "model/wire_list_entry.h"
+
+#include "model/arithmetic.h"
+#include "model/faults.h"
+#include "model/numbers.h"
+
+namespace model {
+
+std::string EntryText(const WireNameRec& wire) {
+  return wire.Name2.empty() ? wire.Name : wire.Name + ":" + wire.Name2;
+}
+
+// Deliberate: a tier is a button's number, whatever the button: "5" enables "Stitch".
+std::optional<std::size_t> ButtonOfTier(const std::string& tier) {
+  const double index = NearestWhole(double(ToNumber(tier)) - 1.0);
+  if (!(index >= 0.0 && index < double(kWireListButtons))) return std::nullopt;
+  return static_cast<std::size_t>(index);
+}
+
+void CheckTier(const WireNameRec& wire) {
+  if (wire.Tier.empty() || ButtonOfTier(wire.Tier)) return;
+  SubscriptOutOfRange fault("no button for tier " + wire.Tier);
+  fault.NameRecord("wire " + EntryText(wire));
+  throw fault;
+}
+
+}  // namespace model
