@@ -38,9 +38,9 @@ void PackageReader::ReserveTables(Lines lines) {
   std::size_t wireNames = 0;
   std::string_view line;
   while (lines.Next(line)) {
-    bonds += line.starts_with("CB") ? 1 : 0;
-    stackedBonds += line.starts_with("SD") ? 1 : 0;
-    wireNames += line.starts_with("WB") || line.starts_with("ST") ? 1 : 0;
+    if (line.starts_with("CB")) ++bonds;
+    if (line.starts_with("SD")) ++stackedBonds;
+    if (line.starts_with("WB") || line.starts_with("ST")) ++wireNames;
   }
   package_.Bonds.Reserve(bonds);
   package_.SDBonds.Reserve(stackedBonds);

@@ -56,6 +56,8 @@ class DummyBox final : public QLineEdit {
 class ViewControls {
  public:
   ViewControls(navigation::Navigation& navigation, ProgramEnd& end, QWidget* parent);
+  ViewControls(const ViewControls&) = delete;
+  ViewControls& operator=(const ViewControls&) = delete;
 
   BoundScrollBar* ScrollPitch;
   BoundScrollBar* ScrollYaw;
