@@ -7,10 +7,10 @@
 
 #include "model/arithmetic.h"
 #include "model/faults.h"
+#include "model/for_each_wire.h"
 #include "model/pen.h"
 #include "model/text.h"
 #include "model/wire_bond_settings.h"
-#include "model/wire_path.h"
 #include "render/scene.h"
 
 namespace analysis {
@@ -44,7 +44,7 @@ bool IsEdge(const std::string& side) {
 
 class DrawingCheck {
  public:
-  DrawingCheck(model::Package& package, const PackageLines& lines, formats::CheckReport& report)
+  DrawingCheck(const model::Package& package, const PackageLines& lines, formats::CheckReport& report)
       : package_(package), lines_(lines), report_(report) {}
 
   void Run();
@@ -58,9 +58,10 @@ class DrawingCheck {
   void CheckHeights();
   void CheckBaseDie();
   void CheckStackedDie();
-  void CheckBonds(const model::Table<BondRec>& bonds, const std::vector<BondLines>& lines, bool stacked);
-  void CheckWire(const BondRec& bond, std::size_t line, bool stacked);
-  void CheckStitches();
+  void CheckBonds(const model::Table<BondRec>& bonds, const std::vector<BondLines>& lines);
+  void CheckWire(const BondRec& bond, std::size_t line);
+  void CheckLoops();
+  void LoopFault(const model::Fault& fault);
   void CheckRings();
   void CheckSRings();
   void CheckSegments(const model::SRingRec& ring, const std::vector<std::size_t>& lines);
@@ -68,15 +69,14 @@ class DrawingCheck {
   void CheckCounts();
   void NotePads(const model::Table<BondRec>& bonds, const std::vector<BondLines>& lines);
 
-  model::Package& package_;
+  const model::Package& package_;
   const PackageLines& lines_;
   formats::CheckReport& report_;
   NoPen pen_;
   const model::WireBondSettings settings_ = model::SettingsAfterReset(package_);
   const render::Appearance appearance_;
-  const render::WireSelection selection_;
+  const model::WireSelection selection_;
   render::Scene scene_{{package_, settings_, appearance_, selection_}, pen_};
-  float edgeDistance_ = 0.0F;  ///< carried from wire to wire, as in the drawing
 };
 
 void DrawingCheck::Error(const char* kind, std::size_t line, const std::string& fault, std::string advice) {
@@ -169,8 +169,7 @@ void DrawingCheck::CheckStackedDie() {
   if (package_.SDCompL != 0.0F) Nothing(length, "the stacked die is not drawn: it has no SD_COMPW", advice);
 }
 
-void DrawingCheck::CheckBonds(const model::Table<BondRec>& bonds, const std::vector<BondLines>& lines,
-                              bool stacked) {
+void DrawingCheck::CheckBonds(const model::Table<BondRec>& bonds, const std::vector<BondLines>& lines) {
   for (std::size_t i = 0; i < bonds.Count(); ++i) {
     const BondRec& bond = bonds[i];
     if (const std::size_t line = lines[i].SubstratePad) {
@@ -181,41 +180,31 @@ void DrawingCheck::CheckBonds(const model::Table<BondRec>& bonds, const std::vec
         NothingOfZero(line, pad + " shows nothing: its size is 0", "give fields 5 and 6 a size");
       }
     }
-    if (lines[i].Wire != 0) CheckWire(bond, lines[i].Wire, stacked);
+    if (lines[i].Wire != 0) CheckWire(bond, lines[i].Wire);
   }
 }
 
-void DrawingCheck::CheckWire(const BondRec& bond, std::size_t line, bool stacked) {
+void DrawingCheck::CheckWire(const BondRec& bond, std::size_t line) {
   if (!model::HasWire(bond))
     return NothingOfZero(line, "the wire " + formats::Shown(bond.Name) + " is not drawn: it starts at (0, 0)",
                          "give fields 2 and 3 its start");
-  const model::PackagePoint start{bond.WireStartX, bond.WireStartY, bond.WireStartZ};
-  const model::PackagePoint end{bond.WireEndX, bond.WireEndY, bond.WireEndZ};
-  const std::string fault = FaultOf([&] {
-    model::Naming([&] { return "wire " + bond.Name; },
-                  [&] {
-                    if (stacked && settings_.StackExtension == model::kEdgeOfBaseDie)
-                      edgeDistance_ = model::EdgeDistance(bond.DieSide, start, bond.SubX, bond.SubY,
-                                                          {package_.CompW, package_.CompL}, edgeDistance_);
-                    model::SevenPoints(start, end, 0.0F, 0.0F);
-                  });
-  });
-  if (!fault.empty()) Error("wire-fault", line, fault, "let the wire lead from its pad to another place");
 }
 
-void DrawingCheck::CheckStitches() {
-  for (std::size_t i = 0; i < package_.Stitches.Count(); ++i) {
-    const model::StitchRec& stitch = package_.Stitches[i];
-    const std::string fault = FaultOf([&] {
-      model::Naming([&] { return "wire " + stitch.Name; },
-                    [&] {
-                      model::SevenPoints({stitch.X1, stitch.Y1, stitch.Z1}, {stitch.X2, stitch.Y2, stitch.Z2},
-                                         0.0F, 0.0F);
-                    });
-    });
-    if (!fault.empty())
-      Error("wire-fault", lines_.Stitches[i], fault, "let the stitch lead from one pad to another");
-  }
+void DrawingCheck::CheckLoops() {
+  model::ForEachWire(
+      {package_, settings_, selection_}, [](const model::Wire&) {},
+      [this](const model::Fault& fault) { LoopFault(fault); });
+}
+
+void DrawingCheck::LoopFault(const model::Fault& fault) {
+  if (dynamic_cast<const model::TooManyRecords*>(&fault) != nullptr) return;  // CheckCounts reports it
+  const model::RecordPlace place = fault.Record().value_or(model::RecordPlace{});
+  if (place.Table == model::RecordTable::Stitches)
+    return Error("wire-fault", lines_.Stitches[place.Number], fault.what(),
+                 "let the stitch lead from one pad to another");
+  const bool stacked = place.Table == model::RecordTable::SDBonds;
+  Error("wire-fault", (stacked ? lines_.SDBonds : lines_.Bonds)[place.Number].Wire, fault.what(),
+        "let the wire lead from its pad to another place");
 }
 
 void DrawingCheck::CheckRings() {
@@ -225,7 +214,7 @@ void DrawingCheck::CheckRings() {
       NothingOfZero(lines_.Rings[i], "the ring shows nothing: its width is 0", "give field 7 its width");
     if (!EqualsUpper(ring.Kind, "ARC")) continue;
     const std::string fault = FaultOf([&] {
-      model::Naming([&] { return "ring " + std::to_string(i + 1); }, [&] { scene_.DrawArcRing(i); });
+      model::AtRecord(package_, {model::RecordTable::Rings, i}, [&] { scene_.DrawArcRing(i); });
     });
     if (!fault.empty())
       Error("ring-fault", lines_.Rings[i], fault, "give field 8 the bulge of its sides, or make it straight");
@@ -244,7 +233,7 @@ void DrawingCheck::CheckSRings() {
     CheckSegments(ring, lines_.Segments[i]);
     if (!EqualsUpper(ring.Kind, "ARC")) continue;
     const std::string fault = FaultOf([&] {
-      model::Naming([&] { return "segmented ring " + ring.Name; }, [&] { scene_.DrawArcSRing(i); });
+      model::AtRecord(package_, {model::RecordTable::SRings, i}, [&] { scene_.DrawArcSRing(i); });
     });
     if (!fault.empty())
       Error("ring-fault", lines_.SRings[i], fault,
@@ -272,7 +261,7 @@ void DrawingCheck::CheckBands() {
 
 void DrawingCheck::CheckCounts() {
   constexpr std::size_t kFirstTooMany = 32767;
-  const auto check = [&](std::size_t count, const char* table, auto&& lineOf) {
+  const auto check = [&](std::size_t count, model::RecordTable table, auto&& lineOf) {
     const std::string fault = FaultOf([&] { model::CountIn16Bits(count, table); });
     if (!fault.empty()) Error("too-many", lineOf(kFirstTooMany), fault, "split the package");
   };
@@ -282,11 +271,11 @@ void DrawingCheck::CheckCounts() {
   const auto padAt = [](const std::vector<BondLines>& lines) {
     return [&](std::size_t i) { return lines[i].Pad; };
   };
-  check(package_.Bonds.Count(), "bonds", padAt(lines_.Bonds));
-  check(package_.SDBonds.Count(), "stacked die bonds", padAt(lines_.SDBonds));
-  check(package_.Stitches.Count(), "stitches", at(lines_.Stitches));
-  check(package_.Rings.Count(), "rings", at(lines_.Rings));
-  check(package_.SRings.Count(), "segmented rings", at(lines_.SRings));
+  check(package_.Bonds.Count(), model::RecordTable::Bonds, padAt(lines_.Bonds));
+  check(package_.SDBonds.Count(), model::RecordTable::SDBonds, padAt(lines_.SDBonds));
+  check(package_.Stitches.Count(), model::RecordTable::Stitches, at(lines_.Stitches));
+  check(package_.Rings.Count(), model::RecordTable::Rings, at(lines_.Rings));
+  check(package_.SRings.Count(), model::RecordTable::SRings, at(lines_.SRings));
 }
 
 void DrawingCheck::NotePads(const model::Table<BondRec>& bonds, const std::vector<BondLines>& lines) {
@@ -313,9 +302,9 @@ void DrawingCheck::Run() {
   CheckBaseDie();
   CheckStackedDie();
   if (package_.Technology == "WIRE_BOND") {
-    CheckBonds(package_.Bonds, lines_.Bonds, false);
-    CheckBonds(package_.SDBonds, lines_.SDBonds, true);
-    CheckStitches();
+    CheckBonds(package_.Bonds, lines_.Bonds);
+    CheckBonds(package_.SDBonds, lines_.SDBonds);
+    CheckLoops();
     CheckRings();
     CheckSRings();
     CheckBands();
@@ -331,7 +320,7 @@ void DrawingCheck::Run() {
 
 }  // namespace
 
-void CheckDrawing(model::Package& package, const PackageLines& lines, formats::CheckReport& report) {
+void CheckDrawing(const model::Package& package, const PackageLines& lines, formats::CheckReport& report) {
   DrawingCheck(package, lines, report).Run();
 }
 

@@ -9,6 +9,6 @@ namespace analysis {
 
 /// Adds to the report what keeps the package, with the settings after a load, from being drawn as a whole,
 /// and the pads that are not connected.
-void CheckDrawing(model::Package& package, const PackageLines& lines, formats::CheckReport& report);
+void CheckDrawing(const model::Package& package, const PackageLines& lines, formats::CheckReport& report);
 
 }  // namespace analysis

@@ -10,7 +10,7 @@ namespace analysis {
 yax::Unusable NotDrawn(const std::string& packageFile, const model::Fault& fault) {
   formats::CheckReport report{.File = packageFile};
   LineCheck lines(report);
-  model::Package package = yax::LoadPackage({packageFile}, nullptr, &lines);
+  model::Package package = yax::LoadPackage({packageFile}, &lines);
   CheckDrawing(package, lines.Lines(), report);
   for (const formats::Remark& remark : report.Remarks)
     if (remark.Rank == formats::Level::Error && remark.What.find(fault.what()) != std::string::npos)

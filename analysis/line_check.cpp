@@ -188,8 +188,7 @@ void LineCheck::TakePad(const LineNote& note, std::vector<BondLines>& bonds, Fir
 
 void LineCheck::TakeOfBond(const LineNote& note, std::size_t BondLines::*which) {
   BondLines& bond =
-      (note.Record.Table == model::reader::RecordTable::Bonds ? lines_.Bonds
-                                                              : lines_.SDBonds)[note.Record.Number];
+      (note.Record.Table == model::RecordTable::Bonds ? lines_.Bonds : lines_.SDBonds)[note.Record.Number];
   if (const std::size_t before = std::exchange(bond.*which, note.Line))
     Add(formats::Level::Finding, "duplicate", note.Line,
         Keyword(note) + " " + formats::Shown(note.Fields[1]) + " again: it takes the place of " +

@@ -46,6 +46,7 @@ class LineCheck final : public model::reader::ReadObserver {
 
   void OnPackageLine(const model::reader::LineNote& note) override;
   void OnSideFileLine(const model::reader::LineNote& note) override;
+  void OnPackageEnd(std::size_t lines) override { report_.Lines = lines; }
 
   /// Adds what only the whole package tells.
   void Finish(const model::Package& package);

@@ -26,9 +26,10 @@ PadLines LinesOf(const model::Table<model::BondRec>& bonds, const std::vector<Bo
 void CheckWireList(const model::Package& package, const PackageLines& lines, formats::CheckReport& report) {
   std::unordered_set<std::string_view> told;
   PadLines pads;
-  for (const model::WireNameRec& wire : package.WireNames) {
+  for (std::size_t i = 0; i < package.WireNames.Count(); ++i) {
+    const model::WireNameRec& wire = package.WireNames[i];
     try {
-      model::CheckTier(wire);
+      model::CheckTier(package, i);
     } catch (const model::SubscriptOutOfRange& fault) {
       if (!told.insert(wire.Tier).second) continue;
       if (pads.empty()) {

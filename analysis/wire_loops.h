@@ -7,7 +7,7 @@
 
 #include "analysis/segment_distance.h"
 #include "model/package.h"
-#include "model/pen.h"
+#include "model/record_place.h"
 #include "model/wire_bond_settings.h"
 #include "model/wire_path.h"
 #include "model/wire_selection.h"
@@ -17,7 +17,7 @@ namespace analysis {
 
 /// A wire as the scene draws it.
 struct DrawnWire {
-  model::Part Part{};
+  model::RecordPlace Place;
   std::string Name;
   model::WirePath Path{};  ///< package axes, in the package's unit
 };
@@ -25,8 +25,8 @@ struct DrawnWire {
 /// The wires that `selection` draws: the base die's, the stacked die's, then the stitches.
 /// Needs   a wire-bonded package
 /// Faults  Unusable when a wire cannot be drawn
-std::vector<DrawnWire> DrawnWires(model::Package& package, const model::WireBondSettings& settings,
-                                  const render::WireShapes& shapes, const render::WireSelection& selection);
+std::vector<DrawnWire> DrawnWires(const model::Package& package, const model::WireBondSettings& settings,
+                                  const model::WireShapes& shapes, const model::WireSelection& selection);
 
 struct WireLoop {
   std::string Name;                 ///< as in the wire list: "A", or "A:B" for a stitch
@@ -37,7 +37,7 @@ struct WireLoop {
 /// Every wire of the base die, then of the stacked die, then every stitch; none where the package is not
 /// wire-bonded.
 /// Faults  Unusable when the package cannot be drawn
-std::vector<WireLoop> WireLoopsOf(model::Package& package, const model::WireBondSettings& settings,
-                                  const render::WireShapes& shapes);
+std::vector<WireLoop> WireLoopsOf(const model::Package& package, const model::WireBondSettings& settings,
+                                  const model::WireShapes& shapes);
 
 }  // namespace analysis

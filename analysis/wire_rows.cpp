@@ -1,6 +1,7 @@
 #include "analysis/wire_rows.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <map>
@@ -30,17 +31,14 @@ double Rounded(double value) {
 
 class WireMeasures {
  public:
-  WireMeasures(const model::Package& package, std::vector<DrawnWire> wires)
-      : package_(package), wires_(std::move(wires)) {
+  explicit WireMeasures(const model::Package& package) : package_(package) {
     for (const WireNameRec& entry : package.WireNames) entries_.emplace(entry.Name, &entry);
     for (const BondRec& bond : package.Bonds) pads_.insert_or_assign(bond.Name, Pad{&bond, false});
     // Like the sizes of its pads, the direction of a stitch comes from the last pad of the name.
     for (const BondRec& bond : package.SDBonds) pads_.insert_or_assign(bond.Name, Pad{&bond, true});
   }
 
-  void AddBonds(const model::Table<BondRec>& bonds, const std::vector<BondLines>& lines,
-                const render::WireSelection& selection, bool stacked);
-  void AddStitches(const std::vector<std::size_t>& lines, const render::WireSelection& selection);
+  void AddWire(const DrawnWire& wire, const PackageLines& lines);
 
   std::vector<WireRow> Rows;
 
@@ -50,12 +48,11 @@ class WireMeasures {
     bool Stacked;
   };
 
-  void Add(std::string_view name, std::string_view otherName, const char* table, const Pad& pad,
-           std::size_t line);
+  void Add(const model::WirePath& loop, const std::array<std::string_view, 2>& names, const char* table,
+           const Pad& pad, std::size_t line);
   double AngleOf(const model::WirePath& loop, const Pad& pad) const;
 
   const model::Package& package_;
-  std::vector<DrawnWire> wires_;  ///< in the order of the rows, measured as they show
   std::unordered_map<std::string_view, const WireNameRec*> entries_;
   std::unordered_map<std::string_view, Pad> pads_;
 };
@@ -79,12 +76,11 @@ double WireMeasures::AngleOf(const model::WirePath& loop, const Pad& pad) const 
   return std::round(analysis::AngleBetween(along, edge()) * 1e4) / 1e4;
 }
 
-void WireMeasures::Add(std::string_view name, std::string_view otherName, const char* table, const Pad& pad,
-                       std::size_t line) {
-  const model::WirePath& loop = wires_[Rows.size()].Path;
+void WireMeasures::Add(const model::WirePath& loop, const std::array<std::string_view, 2>& names,
+                       const char* table, const Pad& pad, std::size_t line) {
   const double scale = double(package_.UnitScale);
-  const auto entry = entries_.find(name);
-  WireRow row{.Name = std::string(name), .OtherName = std::string(otherName), .Table = table};
+  const auto entry = entries_.find(names[0]);
+  WireRow row{.Name = std::string(names[0]), .OtherName = std::string(names[1]), .Table = table};
   if (entry != entries_.end()) {
     row.Tier = entry->second->Tier;
     row.NetType = entry->second->NetType;
@@ -99,37 +95,29 @@ void WireMeasures::Add(std::string_view name, std::string_view otherName, const 
   Rows.push_back(std::move(row));
 }
 
-void WireMeasures::AddBonds(const model::Table<BondRec>& bonds, const std::vector<BondLines>& lines,
-                            const render::WireSelection& selection, bool stacked) {
-  for (std::size_t i = 0; i < bonds.Count(); ++i) {
-    if (model::HasWire(bonds[i]) && selection.Draws(bonds[i].Name))
-      Add(bonds[i].Name, {}, stacked ? "stacked" : "base", {&bonds[i], stacked}, lines[i].Wire);
+/// The row of a wire of the walk, whose record gives its pad and its line.
+void WireMeasures::AddWire(const DrawnWire& wire, const PackageLines& lines) {
+  const std::size_t number = wire.Place.Number;
+  if (wire.Place.Table == model::RecordTable::Stitches) {
+    const model::StitchRec& stitch = package_.Stitches[number];
+    const auto pad = pads_.find(stitch.Pad1);
+    return Add(wire.Path, {stitch.Pad1, stitch.Pad2}, "stitch",
+               pad == pads_.end() ? Pad{nullptr, false} : pad->second, lines.Stitches[number]);
   }
-}
-
-void WireMeasures::AddStitches(const std::vector<std::size_t>& lines,
-                               const render::WireSelection& selection) {
-  std::size_t i = 0;
-  for (const WireNameRec& entry : package_.WireNames) {
-    // The list has the stitches in their table's order, between the wires.
-    if (i == package_.Stitches.Count()) break;
-    if (package_.Stitches[i].Name != entry.Name + ":" + entry.Name2) continue;
-    const auto pad = pads_.find(entry.Name);
-    if (selection.Draws(package_.Stitches[i].Name))
-      Add(entry.Name, entry.Name2, "stitch", pad == pads_.end() ? Pad{nullptr, false} : pad->second,
-          lines[i]);
-    ++i;
-  }
+  const bool stacked = wire.Place.Table == model::RecordTable::SDBonds;
+  const BondRec& bond = (stacked ? package_.SDBonds : package_.Bonds)[number];
+  Add(wire.Path, {bond.Name, {}}, stacked ? "stacked" : "base", {&bond, stacked},
+      (stacked ? lines.SDBonds : lines.Bonds)[number].Wire);
 }
 
 }  // namespace
 
-std::vector<WireRow> WireRows(model::Package& package, const WiresAsked& asked, const PackageLines& lines) {
+std::vector<WireRow> WireRows(const model::Package& package, const WiresAsked& asked,
+                              const PackageLines& lines) {
   if (package.Technology != "WIRE_BOND") return {};
-  WireMeasures measures(package, DrawnWires(package, asked.settings, asked.shapes, asked.selection));
-  measures.AddBonds(package.Bonds, lines.Bonds, asked.selection, false);
-  measures.AddBonds(package.SDBonds, lines.SDBonds, asked.selection, true);
-  measures.AddStitches(lines.Stitches, asked.selection);
+  WireMeasures measures(package);
+  for (const DrawnWire& wire : DrawnWires(package, asked.settings, asked.shapes, asked.selection))
+    measures.AddWire(wire, lines);
   return std::move(measures.Rows);
 }
 

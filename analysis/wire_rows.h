@@ -37,14 +37,15 @@ struct WireGroup {
 /// Which wires, and how their loops run.
 struct WiresAsked {
   const model::WireBondSettings& settings;
-  const render::WireShapes& shapes;
-  const render::WireSelection& selection;
+  const model::WireShapes& shapes;
+  const model::WireSelection& selection;
 };
 
 /// A row for each wire that the viewer would draw of a wire-bond package: base die, stacked die, stitches.
 /// Tier and net type are those of the first wire-list entry of that name; a stitch goes by its first pad.
 /// Faults  Unusable when a wire has no loop
-std::vector<WireRow> WireRows(model::Package& package, const WiresAsked& asked, const PackageLines& lines);
+std::vector<WireRow> WireRows(const model::Package& package, const WiresAsked& asked,
+                              const PackageLines& lines);
 
 /// The rows by tier and net type, in the order of these texts.
 std::vector<WireGroup> GroupsOf(const std::vector<WireRow>& rows);

@@ -28,7 +28,7 @@ struct PackageScene {
   model::Package package;
   model::WireBondSettings settings;
   render::Appearance appearance;
-  render::WireSelection selection;
+  model::WireSelection selection;
 };
 
 }  // namespace bench

@@ -76,7 +76,7 @@ void Use(Options& options, const model::Package& package) {
   for (const auto& [name, shape] : yax::ShapesOf(options.loops.Tiers, package))
     Expect(std::isfinite(shape.Height.value_or(0.0F)) && std::isfinite(shape.Extension.value_or(0.0F)),
            "loops have lengths");
-  const render::WireSelection selection = yax::SelectionOf(options.wires, package);
+  const model::WireSelection selection = yax::SelectionOf(options.wires, package);
   Expect(!selection.Shown || !selection.Names.empty(), "a filter finds a wire or is refused");
   Expect(yax::WireDiameterIn(yax::UnitOf(options.unit, package), settings) > 0.0, "wires have a diameter");
   yax::NetOf(options.nets, "VDD_A");

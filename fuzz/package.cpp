@@ -35,7 +35,7 @@ class Listener final : public model::reader::ReadObserver {
     Expect(note.Numbers < 1U << model::Tokens::kCount, "numbers are read from fields");
     Expect(
         (note.Fate == model::reader::LineFate::Taken && note.Keyword != model::reader::BodyKeyword::None) ==
-            (note.Record.Table != model::reader::RecordTable::None),
+            (note.Record.Table != model::RecordTable::None),
         "a line of the body that is taken has a record");
     last_ = note.Line;
   }
@@ -45,9 +45,9 @@ class Listener final : public model::reader::ReadObserver {
   std::size_t last_ = 0;
 };
 
-void Draw(model::Package& package) {
+void Draw(const model::Package& package) {
   const render::Appearance appearance;
-  const render::WireSelection selection;
+  const model::WireSelection selection;
   NoPen pen;
   try {
     model::WireBondSettings settings;
@@ -77,10 +77,10 @@ void ExpectWhole(const model::Package& package) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string text(reinterpret_cast<const char*>(data), size);
-  model::Package package = model::reader::ParsePackage({}, {text, std::nullopt});
+  const model::Package package = model::reader::ParsePackage({}, {text, std::nullopt});
   ExpectWhole(package);
   Draw(package);
   Listener listener;
-  ExpectWhole(model::reader::ParsePackage(package, {text, std::nullopt}, nullptr, &listener));
+  ExpectWhole(model::reader::ParsePackage(package, {text, std::nullopt}, &listener));
   return 0;
 }

@@ -34,8 +34,12 @@ double Divide(double a, double b, const char* reason) {
   return a / b;
 }
 
-void CountIn16Bits(std::size_t count, const char* table) {
-  if (count > 32767) throw Overflow(std::to_string(count) + " " + table + ", at most 32767 can be drawn");
+void CountIn16Bits(std::size_t count, RecordTable table) {
+  constexpr std::size_t kMost = 32767;
+  if (count <= kMost) return;
+  TooManyRecords fault(std::to_string(count) + " " + TableName(table) + ", at most 32767 can be drawn");
+  fault.SetRecord({table, kMost}, {});
+  throw fault;
 }
 
 }  // namespace model

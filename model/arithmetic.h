@@ -39,8 +39,9 @@ std::int16_t Add16(std::int16_t a, std::int16_t b);
 /// Faults  DivisionByZero when b is 0 (0/0 too), with `reason`
 double Divide(double a, double b, const char* reason);
 
-/// Stands for the 16-bit counter of a loop over `count` records; `table` names them.
-/// Faults  Overflow from 32,768 records on, where the counter would have to pass 32,767
-void CountIn16Bits(std::size_t count, const char* table);
+/// Stands for the 16-bit counter of a loop over the `count` records of a table.
+/// Faults  TooManyRecords from 32,768 records on, where the counter would have to pass 32,767; its record is
+///         the first one too many
+void CountIn16Bits(std::size_t count, RecordTable table);
 
 }  // namespace model

@@ -1,7 +1,6 @@
 /// A call upward that does nothing while it is empty.
 #pragma once
 
-#include <concepts>
 #include <functional>
 #include <type_traits>
 #include <utility>
@@ -14,8 +13,8 @@ template <class... Args>
 class Callback {
  public:
   Callback() = default;
-  template <class Routine>
-    requires std::invocable<Routine&, Args...> && (!std::same_as<std::remove_cvref_t<Routine>, Callback>)
+  template <class Routine, class = std::enable_if_t<std::is_invocable_v<Routine&, Args...> &&
+                                                    !std::is_same_v<std::remove_cvref_t<Routine>, Callback>>>
   Callback(Routine&& routine) : routine_(std::forward<Routine>(routine)) {}
 
   void operator()(Args... args) const {

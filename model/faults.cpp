@@ -1,24 +1,24 @@
 #include "model/faults.h"
 
-#include <utility>
-
 namespace model {
 
-Fault::Fault(std::string kind, std::string reason) : kind_(std::move(kind)), reason_(std::move(reason)) {
-  Compose();
+namespace {
+
+std::string Text(const std::string& kind, const std::string& record, const std::string& reason) {
+  const std::string separator = record.empty() || reason.empty() ? "" : ": ";
+  const std::string detail = record + separator + reason;
+  return "Run-time error: " + kind + (detail.empty() ? "" : " (" + detail + ")");
 }
 
-void Fault::NameRecord(const std::string& record) {
-  if (!record_.empty()) return;
-  record_ = record;
-  Compose();
-}
+}  // namespace
 
-void Fault::Compose() {
-  text_ = "Run-time error: " + kind_;
-  const std::string separator = record_.empty() || reason_.empty() ? "" : ": ";
-  const std::string detail = record_ + separator + reason_;
-  if (!detail.empty()) text_ += " (" + detail + ")";
+Fault::Fault(std::string kind, std::string reason)
+    : kind_(std::move(kind)), reason_(std::move(reason)), text_(Text(kind_, {}, reason_)) {}
+
+void Fault::SetRecord(const RecordPlace& place, const std::string& words) {
+  if (record_) return;
+  record_ = place;
+  text_ = Text(kind_, words, reason_);
 }
 
 }  // namespace model

@@ -2,7 +2,11 @@
 #pragma once
 
 #include <exception>
+#include <optional>
 #include <string>
+#include <utility>
+
+#include "model/record_place.h"
 
 namespace model {
 
@@ -14,25 +18,31 @@ class Fault : public std::exception {
  public:
   Fault(std::string kind, std::string reason);
 
-  /// Says which record was at work. The first name given stays: it is the closest one.
-  void NameRecord(const std::string& record);
+  /// Says which record caused it, and by which words the message names that record (none when they are
+  /// empty). The first record given stays: it is the closest one.
+  void SetRecord(const RecordPlace& place, const std::string& words);
 
   const char* what() const noexcept override { return text_.c_str(); }
   /// The kind alone, for messages that say by themselves where it happened.
   const std::string& Kind() const { return kind_; }
+  /// The record that caused it, where that is known.
+  const std::optional<RecordPlace>& Record() const { return record_; }
 
  private:
-  void Compose();
-
   std::string kind_;
   std::string reason_;
-  std::string record_;
+  std::optional<RecordPlace> record_;
   std::string text_;
 };
 
 /// A whole number beyond 16 bits, or a real number beyond the range of a single.
 struct Overflow : Fault {
   explicit Overflow(std::string reason = {}) : Fault("Overflow", std::move(reason)) {}
+};
+
+/// More records in a table than a 16-bit counter counts.
+struct TooManyRecords : Overflow {
+  using Overflow::Overflow;
 };
 
 struct DivisionByZero : Fault {
@@ -49,14 +59,14 @@ struct FileFault : Fault {
   FileFault(std::string kind, std::string reason) : Fault(std::move(kind), std::move(reason)) {}
 };
 
-/// Runs `work`; a fault that leaves it carries the name that `record` gives.
-/// `record` is called only then, so naming costs nothing on the good path.
-template <class Record, class Work>
-void Naming(Record&& record, Work&& work) {
+/// Runs `work` on a record; a fault that leaves it carries that record. The words are made only then, so
+/// they cost nothing on the good path.
+template <class Work>
+void AtRecord(const Package& package, const RecordPlace& place, Work&& work) {
   try {
     work();
   } catch (Fault& fault) {
-    fault.NameRecord(record());
+    fault.SetRecord(place, RecordName(package, place));
     throw;
   }
 }

@@ -1,7 +1,6 @@
 /// The package in memory: the scalars and record tables that a package file fills and the drawing reads.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <string>
 #include <utility>
@@ -55,17 +54,15 @@ struct BondRec {
   std::string SubShape;                         ///< "RECTANGLE"; any other word gives round ends
   float WireStartX = 0.0F, WireStartY = 0.0F, WireStartZ = 0.0F;  ///< die end; x = y = 0 means no wire
   float WireEndX = 0.0F, WireEndY = 0.0F, WireEndZ = 0.0F;        ///< substrate end
-  /// Stacked-die pads: the four turned corners, X then Y, written while drawing. The last two take a
-  /// fifth turned point that nothing draws.
-  std::array<float, 10> AuxPoints{};
 };
 
-/// Deliberate: no wire is told from a wire that starts on the origin.
+/// Deliberate: a wire that starts at the origin is indistinguishable from no wire.
 inline bool HasWire(const BondRec& bond) { return bond.WireStartX != 0.0F || bond.WireStartY != 0.0F; }
 
 /// A stitch wire from pad to pad.
 struct StitchRec {
-  std::string Name;  ///< both pad names, "FIRST:SECOND"
+  std::string Name;        ///< both pad names, "FIRST:SECOND"
+  std::string Pad1, Pad2;  ///< the same two by themselves: a pad's name may hold a colon
   float X1 = 0.0F, X2 = 0.0F, Y1 = 0.0F, PadSize1 = 0.0F, Y2 = 0.0F, Z1 = 0.0F, Z2 = 0.0F, PadSize2 = 0.0F;
 };
 

@@ -2,9 +2,9 @@
 #pragma once
 
 #include <array>
-#include <string_view>
 
 #include "model/colours.h"
+#include "model/record_place.h"
 
 namespace model {
 
@@ -33,9 +33,9 @@ class Pen {
  public:
   virtual ~Pen() = default;
 
-  /// The shapes that follow are part of this; pads, wires and stitches come with their record's name. For
+  /// The shapes that follow are part of this; those of pads, wires and stitches come with their record. For
   /// pens that sort what they draw: most do not care.
-  virtual void Begin(Part /*part*/, std::string_view /*name*/) {}
+  virtual void Begin(Part /*part*/, const RecordPlace& /*record*/) {}
 
   virtual void Quad(const Face& face) = 0;
   /// A disc takes the colour and normal of the quad before it.

@@ -17,11 +17,11 @@ std::optional<std::size_t> ButtonOfTier(const std::string& tier) {
   return static_cast<std::size_t>(index);
 }
 
-void CheckTier(const WireNameRec& wire) {
-  if (wire.Tier.empty() || ButtonOfTier(wire.Tier)) return;
-  SubscriptOutOfRange fault("no button for tier " + wire.Tier);
-  fault.NameRecord("wire " + EntryText(wire));
-  throw fault;
+void CheckTier(const Package& package, std::size_t entry) {
+  const std::string& tier = package.WireNames[entry].Tier;
+  if (tier.empty() || ButtonOfTier(tier)) return;
+  AtRecord(package, {RecordTable::WireNames, entry},
+           [&] { throw SubscriptOutOfRange("no button for tier " + tier); });
 }
 
 }  // namespace model

@@ -17,7 +17,8 @@ inline constexpr std::size_t kWireListButtons = 9;
 /// The number of the wire list's button that a tier enables; nothing when there is none of that number.
 std::optional<std::size_t> ButtonOfTier(const std::string& tier);
 
+/// Checks the tier of an entry of the package's wire list.
 /// Faults  SubscriptOutOfRange when the entry has a tier that addresses no button
-void CheckTier(const WireNameRec& wire);
+void CheckTier(const Package& package, std::size_t entry);
 
 }  // namespace model

@@ -4,12 +4,20 @@
 #include <array>
 #include <string>
 
+#include "model/package.h"
+
 namespace model {
 
 /// A point in package coordinates: x and y in the package plane, z the height.
 struct PackagePoint {
   float X = 0.0F, Y = 0.0F, Z = 0.0F;
 };
+
+/// The ends of a bond's wire: at its die pad, and at its substrate pad.
+inline PackagePoint WireStart(const BondRec& bond) {
+  return {bond.WireStartX, bond.WireStartY, bond.WireStartZ};
+}
+inline PackagePoint WireEnd(const BondRec& bond) { return {bond.WireEndX, bond.WireEndY, bond.WireEndZ}; }
 
 inline constexpr int kWirePointCount = 7;
 using WirePath = std::array<PackagePoint, kWirePointCount>;

@@ -4,7 +4,7 @@
 #include <string>
 #include <unordered_set>
 
-namespace render {
+namespace model {
 
 struct WireSelection {
   bool Shown = false;                     ///< while the wire list is shown, only selected wires are drawn
@@ -14,4 +14,4 @@ struct WireSelection {
   bool Draws(const std::string& name) const { return !Shown || Names.contains(name); }
 };
 
-}  // namespace render
+}  // namespace model

@@ -5,7 +5,7 @@
 #include <string>
 #include <unordered_map>
 
-namespace render {
+namespace model {
 
 /// In file units, like the settings; what is not given stays theirs.
 struct LoopShape {
@@ -15,4 +15,4 @@ struct LoopShape {
 /// By the wire's text in the wire list ("A", or "A:B" for a stitch).
 using WireShapes = std::unordered_map<std::string, LoopShape>;
 
-}  // namespace render
+}  // namespace model

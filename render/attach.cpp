@@ -10,12 +10,14 @@ using model::Single;
 
 void Scene::DrawAttach() {
   pen_.Begin(model::Part::DieAttach, {});
-  for (model::DapRec& dap : in_.package.Daps)
-    model::Naming([&] { return "die attach band " + dap.Name; }, [&] { DrawBand(dap); });
+  const model::Table<model::DapRec>& daps = in_.package.Daps;
+  for (std::size_t i = 0; i < daps.Count(); ++i)
+    model::AtRecord(in_.package, {model::RecordTable::Daps, i}, [&] { DrawBand(daps[i]); });
 }
 
-/// One band from (D1, D2) to (D3, D4), longer by half its width at both ends, top face up.
-void Scene::DrawBand(model::DapRec& dap) {
+/// One band from (D1, D2) to (D3, D4), longer by half its width at both ends, top face up. The ends of a
+/// straight band may be given in either order.
+void Scene::DrawBand(model::DapRec dap) {
   const double t = double(dap.D5) / 2.0;
   const auto at = [](double x, double y) { return PlanPoint{Single(x), Single(y)}; };
   if (dap.D2 == dap.D4) {

@@ -17,16 +17,17 @@ bool IsRectangle(const model::BondRec& bond) { return model::EqualsUpper(bond.Su
 
 }  // namespace
 
-void Scene::DrawBondPads() { DrawSubstratePads(in_.package.Bonds, "bonds"); }
+void Scene::DrawBondPads() { DrawSubstratePads(in_.package.Bonds, model::RecordTable::Bonds); }
 
-void Scene::DrawSDBondPads() { DrawSubstratePads(in_.package.SDBonds, "stacked die bonds"); }
+void Scene::DrawSDBondPads() { DrawSubstratePads(in_.package.SDBonds, model::RecordTable::SDBonds); }
 
-void Scene::DrawSubstratePads(const model::Table<model::BondRec>& bonds, const char* table) {
+void Scene::DrawSubstratePads(const model::Table<model::BondRec>& bonds, model::RecordTable table) {
   model::CountIn16Bits(bonds.Count(), table);
-  for (const model::BondRec& bond : bonds) {
+  for (std::size_t i = 0; i < bonds.Count(); ++i) {
     // A centre on the origin means that no substrate pad was given.
-    if (bond.SubX == 0.0F && bond.SubY == 0.0F) continue;
-    model::Naming([&] { return "substrate pad of " + bond.Name; }, [&] { DrawSubstratePad(bond); });
+    if (bonds[i].SubX == 0.0F && bonds[i].SubY == 0.0F) continue;
+    const model::RecordPlace place{table, i, model::BondPart::SubstratePad};
+    model::AtRecord(in_.package, place, [&] { DrawSubstratePad(bonds[i], place); });
   }
 }
 
@@ -64,8 +65,8 @@ void Scene::SetPadCorners(const model::BondRec& bond, float rotation) {
   padCorners_[3] = {Single(x - r * std::sin(2.0 * pi + theta2)), Single(y - r * std::cos(2.0 * pi + theta2))};
 }
 
-void Scene::DrawSubstratePad(const model::BondRec& bond) {
-  pen_.Begin(model::Part::SubstratePad, bond.Name);
+void Scene::DrawSubstratePad(const model::BondRec& bond, const model::RecordPlace& place) {
+  pen_.Begin(model::Part::SubstratePad, place);
   OrientPad(bond);
   const bool round = !IsRectangle(bond);
   const auto at = [&](std::size_t k, float height) {

@@ -32,46 +32,47 @@ void Scene::DrawRoundPad(const model::BondRec& bond, double quadHeight, double u
 }
 
 void Scene::DrawDiePads() {
-  for (const model::BondRec& bond : in_.package.Bonds) {
-    model::Naming([&] { return "die pad " + bond.Name; },
-                  [&] {
-                    pen_.Begin(model::Part::DiePad, bond.Name);
-                    const double level = double(bond.DieZ);
-                    const double z = level + kClearance;
-                    if (IsRectangle(bond)) {
-                      const double x = double(bond.DieX);
-                      const double y = double(bond.DieY);
-                      const double hx = double(bond.DieSizeX) / 2.0;
-                      const double hy = double(bond.DieSizeY) / 2.0;
-                      DrawQuad(Corner(x + hx, -(y + hy), z), Corner(x - hx, -(y + hy), z),
-                               Corner(x - hx, -(y - hy), z), Corner(x + hx, -(y - hy), z), "Blue");
-                    } else if (IsRound(bond)) {
-                      DrawRoundPad(bond, z, z, level - kClearance);
-                    }
-                  });
+  for (std::size_t i = 0; i < in_.package.Bonds.Count(); ++i)
+    model::AtRecord(in_.package, {model::RecordTable::Bonds, i}, [&] { DrawDiePad(i); });
+}
+
+void Scene::DrawDiePad(std::size_t i) {
+  const model::BondRec& bond = in_.package.Bonds[i];
+  pen_.Begin(model::Part::DiePad, {model::RecordTable::Bonds, i});
+  const double level = double(bond.DieZ);
+  const double z = level + kClearance;
+  if (IsRectangle(bond)) {
+    const double x = double(bond.DieX);
+    const double y = double(bond.DieY);
+    const double hx = double(bond.DieSizeX) / 2.0;
+    const double hy = double(bond.DieSizeY) / 2.0;
+    DrawQuad(Corner(x + hx, -(y + hy), z), Corner(x - hx, -(y + hy), z), Corner(x - hx, -(y - hy), z),
+             Corner(x + hx, -(y - hy), z), "Blue");
+  } else if (IsRound(bond)) {
+    DrawRoundPad(bond, z, z, level - kClearance);
   }
 }
 
 void Scene::DrawSDDiePads() {
-  const double baseHeight = double(in_.package.CompZ);
-  const double stackHeight = double(in_.package.SDCompZ);
-  for (const model::BondRec& bond : in_.package.SDBonds) {
-    model::Naming([&] { return "stacked die pad " + bond.Name; },
-                  [&] {
-                    pen_.Begin(model::Part::DiePad, bond.Name);
-                    const double level = double(bond.DieZ);
-                    if (IsRectangle(bond)) {
-                      const double z = level + kClearance + stackHeight;
-                      const auto at = [&](std::size_t k) {
-                        return Corner(double(bond.AuxPoints[k]), double(bond.AuxPoints[4 + k]), z);
-                      };
-                      DrawQuad(at(2), at(3), at(0), at(1), "Blue");
-                    } else if (IsRound(bond)) {
-                      // Deliberate: the parts of a round pad lie at three different heights.
-                      DrawRoundPad(bond, level + kClearance + baseHeight, level + kClearance,
-                                   level - kClearance + baseHeight);
-                    }
-                  });
+  AuxPoints.resize(in_.package.SDBonds.Count());
+  for (std::size_t i = 0; i < in_.package.SDBonds.Count(); ++i)
+    model::AtRecord(in_.package, {model::RecordTable::SDBonds, i}, [&] { DrawSDDiePad(i); });
+}
+
+void Scene::DrawSDDiePad(std::size_t i) {
+  const model::BondRec& bond = in_.package.SDBonds[i];
+  pen_.Begin(model::Part::DiePad, {model::RecordTable::SDBonds, i});
+  const double level = double(bond.DieZ);
+  if (IsRectangle(bond)) {
+    const double z = level + kClearance + double(in_.package.SDCompZ);
+    const auto at = [&](std::size_t k) {
+      return Corner(double(AuxPoints[i][k]), double(AuxPoints[i][4 + k]), z);
+    };
+    DrawQuad(at(2), at(3), at(0), at(1), "Blue");
+  } else if (IsRound(bond)) {
+    const double baseHeight = double(in_.package.CompZ);
+    // Deliberate: the parts of a round pad lie at three different heights.
+    DrawRoundPad(bond, level + kClearance + baseHeight, level + kClearance, level - kClearance + baseHeight);
   }
 }
 

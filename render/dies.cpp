@@ -24,10 +24,8 @@ void Scene::DrawDie() {
   DrawQuad(Corner(w, -l, 0.0), Corner(w, l, 0.0), Corner(w, l, z), Corner(w, -l, z), "DarkCyan");
 }
 
-namespace {
-
 /// Turns points about a centre by one angle.
-class Turn {
+class Scene::Turn {
  public:
   explicit Turn(float degrees) {
     const double a = double(Single(double(model::Pi) / 180.0 * double(degrees)));
@@ -47,6 +45,8 @@ class Turn {
   double sine_;
   double cosine_;
 };
+
+namespace {
 
 /// Corners 0 to 3 of a rectangle about a centre, relative to it:
 ///
@@ -74,30 +74,33 @@ struct Rectangle {
 }  // namespace
 
 void Scene::RotateSDCorners() {
-  model::Package& package = in_.package;
+  const model::Package& package = in_.package;
   const Turn turn(package.SDRotation);
   const Rectangle die(package.SDXOffset, package.SDYOffset, package.SDCompW, package.SDCompL);
   for (std::size_t k = 0; k < 4; ++k) {
     SDCornerX[k] = turn.X(package.SDXOffset, die.x[k], die.y[k]);
     SDCornerY[k] = turn.Y(package.SDYOffset, die.x[k], die.y[k]);
   }
-  for (model::BondRec& bond : package.SDBonds) {
-    model::Naming([&] { return "stacked die pad " + bond.Name; },
-                  [&] {
-                    const float centreX = bond.DieX;
-                    const float centreY = -bond.DieY;
-                    const Rectangle pad(centreX, centreY, bond.DieSizeX, bond.DieSizeY);
-                    for (std::size_t k = 0; k < 4; ++k) {
-                      bond.AuxPoints[k] = turn.X(centreX, pad.x[k], pad.y[k]);
-                      bond.AuxPoints[4 + k] = turn.Y(centreY, pad.x[k], pad.y[k]);
-                    }
-                    // The fifth point, (0, 2 * DieY) from the centre, is kept in step though nothing draws
-                    // it.
-                    const float up = Single(double(bond.DieY) - double(centreY));
-                    bond.AuxPoints[8] = turn.X(centreX, 0.0F, up);
-                    bond.AuxPoints[9] = turn.Y(centreY, 0.0F, up);
-                  });
+  AuxPoints.resize(package.SDBonds.Count());
+  for (std::size_t i = 0; i < package.SDBonds.Count(); ++i)
+    model::AtRecord(package, {model::RecordTable::SDBonds, i}, [&] { RotateSDPad(i, turn); });
+}
+
+void Scene::RotateSDPad(std::size_t i, const Turn& turn) {
+  const model::BondRec& bond = in_.package.SDBonds[i];
+  std::array<float, 10>& points = AuxPoints[i];
+  const float centreX = bond.DieX;
+  const float centreY = -bond.DieY;
+  const Rectangle pad(centreX, centreY, bond.DieSizeX, bond.DieSizeY);
+  for (std::size_t k = 0; k < 4; ++k) {
+    points[k] = turn.X(centreX, pad.x[k], pad.y[k]);
+    points[4 + k] = turn.Y(centreY, pad.x[k], pad.y[k]);
   }
+  // The fifth point, (0, 2 * DieY) from the centre, is turned too though nothing draws it: like the others it
+  // faults beyond the range of a single.
+  const float up = Single(double(bond.DieY) - double(centreY));
+  points[8] = turn.X(centreX, 0.0F, up);
+  points[9] = turn.Y(centreY, 0.0F, up);
 }
 
 void Scene::DrawSDDie() {

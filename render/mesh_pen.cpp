@@ -39,10 +39,10 @@ std::uint32_t AddPoints(const Points& points, Mesh& mesh) {
 
 }  // namespace
 
-void MeshPen::Begin(model::Part part, std::string_view name) {
+void MeshPen::Begin(model::Part part, const model::RecordPlace& record) {
   const char* body = BodyName(part);
   isNet_ = body == nullptr;
-  name_ = isNet_ ? netOf_(std::string(name)) : body;
+  name_ = isNet_ ? netOf_(model::NameOf(package_, record)) : body;
 }
 
 Mesh& MeshPen::MeshOf(const model::Colour& paint) {

@@ -4,10 +4,10 @@
 #include <functional>
 #include <map>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
+#include "model/package.h"
 #include "model/pen.h"
 #include "render/mesh.h"
 
@@ -25,9 +25,10 @@ class MeshPen final : public model::Pen {
   using NetOfName = std::function<std::string(const std::string&)>;
 
   /// Units  `wireRadius` in scene units
-  MeshPen(double wireRadius, NetOfName netOf) : wireRadius_(wireRadius), netOf_(std::move(netOf)) {}
+  MeshPen(const model::Package& package, double wireRadius, NetOfName netOf)
+      : package_(package), wireRadius_(wireRadius), netOf_(std::move(netOf)) {}
 
-  void Begin(model::Part part, std::string_view name) override;
+  void Begin(model::Part part, const model::RecordPlace& record) override;
   void Quad(const model::Face& face) override;
   void Disc(const model::DiscRim& rim) override;
   void Strip(const model::WireStrip& points, const model::Colour& paint) override;
@@ -38,6 +39,7 @@ class MeshPen final : public model::Pen {
  private:
   Mesh& MeshOf(const model::Colour& paint);
 
+  const model::Package& package_;
   double wireRadius_;
   NetOfName netOf_;
   bool isNet_ = false;

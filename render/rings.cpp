@@ -117,18 +117,18 @@ void Scene::DrawArcRing(std::size_t ring) {
 void Scene::DrawRings() {
   pen_.Begin(model::Part::Rings, {});
   const model::Table<model::RingRec>& rings = in_.package.Rings;
-  model::CountIn16Bits(rings.Count(), "rings");
-  for (std::size_t i = 0; i < rings.Count(); ++i) {
-    model::Naming([&] { return "ring " + std::to_string(i + 1); },
-                  [&] {
-                    if (IsArc(rings[i].Kind)) return DrawArcRing(i);
-                    const RingOutline outline(rings[i]);
-                    DrawStraightSide("B", outline, outline.X1, outline.X2);
-                    DrawStraightSide("T", outline, outline.X1, outline.X2);
-                    DrawStraightSide("L", outline, outline.Y1, outline.Y2);
-                    DrawStraightSide("R", outline, outline.Y1, outline.Y2);
-                  });
-  }
+  model::CountIn16Bits(rings.Count(), model::RecordTable::Rings);
+  for (std::size_t i = 0; i < rings.Count(); ++i)
+    model::AtRecord(in_.package, {model::RecordTable::Rings, i}, [&] { DrawRing(i); });
+}
+
+void Scene::DrawRing(std::size_t ring) {
+  if (IsArc(in_.package.Rings[ring].Kind)) return DrawArcRing(ring);
+  const RingOutline outline(in_.package.Rings[ring]);
+  DrawStraightSide("B", outline, outline.X1, outline.X2);
+  DrawStraightSide("T", outline, outline.X1, outline.X2);
+  DrawStraightSide("L", outline, outline.Y1, outline.Y2);
+  DrawStraightSide("R", outline, outline.Y1, outline.Y2);
 }
 
 /// A straight side, or a part of it, longer by half the width at both ends. On a well-formed ring the sides
@@ -158,17 +158,16 @@ void Scene::DrawArcSRing(std::size_t ring) {
 void Scene::DrawSRings() {
   pen_.Begin(model::Part::Rings, {});
   const model::Table<model::SRingRec>& rings = in_.package.SRings;
-  model::CountIn16Bits(rings.Count(), "segmented rings");
-  for (std::size_t i = 0; i < rings.Count(); ++i) {
-    model::Naming([&] { return "segmented ring " + rings[i].Name; },
-                  [&] {
-                    if (IsArc(rings[i].Kind)) return DrawArcSRing(i);
-                    const RingOutline outline(rings[i]);
-                    for (const model::SRSegRec& segment : rings[i].Segs) {
-                      if (IsSide(segment.Name)) DrawStraightSide(segment.Name, outline, segment.A, segment.B);
-                    }
-                  });
-  }
+  model::CountIn16Bits(rings.Count(), model::RecordTable::SRings);
+  for (std::size_t i = 0; i < rings.Count(); ++i)
+    model::AtRecord(in_.package, {model::RecordTable::SRings, i}, [&] { DrawSRing(i); });
+}
+
+void Scene::DrawSRing(std::size_t ring) {
+  if (IsArc(in_.package.SRings[ring].Kind)) return DrawArcSRing(ring);
+  const RingOutline outline(in_.package.SRings[ring]);
+  for (const model::SRSegRec& segment : in_.package.SRings[ring].Segs)
+    if (IsSide(segment.Name)) DrawStraightSide(segment.Name, outline, segment.A, segment.B);
 }
 
 void Scene::RenderRingSide(float, float, float, float, float) {}

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <string_view>
+#include <vector>
 
 #include "model/draw_quad.h"
 #include "model/package.h"
@@ -15,14 +16,13 @@
 
 namespace render {
 
-/// What a scene shows. The drawing puts attach bands in order and turns stacked-die pads inside the
-/// package; everything else is only read.
+/// What a scene shows.
 struct SceneInputs {
-  model::Package& package;
+  const model::Package& package;
   const model::WireBondSettings& settings;
   const Appearance& appearance;
-  const WireSelection& selection;
-  const WireShapes* shapes = nullptr;  ///< wires with loops of their own
+  const model::WireSelection& selection;
+  const model::WireShapes* shapes = nullptr;  ///< wires with loops of their own
 };
 
 /// Units  scene units (file units / UnitScale), y up: package (x, y, z) becomes (x, z, y). Pads and wires
@@ -43,10 +43,11 @@ class Scene {
   void DrawDiePads();
   /// The stacked die's pads. Needs RotateSDCorners to have run, which DrawSDDie does.
   void DrawSDDiePads();
-  /// Turns the stacked die's corners and, each about its own centre, its pads (into AuxPoints).
+  /// Turns the stacked die's corners (into SDCornerX, SDCornerY) and, each about its own centre, its pads
+  /// (into AuxPoints).
   void RotateSDCorners();
 
-  /// The die attach area; ends of a straight band that are out of order change places in the package.
+  /// The die attach area.
   void DrawAttach();
   /// Every ring, straight or bowed.
   /// Faults DivisionByZero for a bowed ring without bulge; Overflow from 32,768 rings on
@@ -76,9 +77,9 @@ class Scene {
   struct PlanPoint {
     float X = 0.0F, Y = 0.0F;
   };
+  class Turn;
   struct RingOutline;
   struct Span;
-  struct Loop;
 
   void DrawQuad(const model::PackagePoint& corner1, const model::PackagePoint& corner2,
                 const model::PackagePoint& corner3, const model::PackagePoint& corner4,
@@ -88,31 +89,33 @@ class Scene {
   /// A thin plate just below the substrate plane, visible from both sides.
   void DrawPlate(const PlanPoint& corner1, const PlanPoint& corner2, const PlanPoint& corner3,
                  const PlanPoint& corner4);
+  void DrawDiePad(std::size_t bond);
+  void DrawSDDiePad(std::size_t bond);
+  void RotateSDPad(std::size_t bond, const Turn& turn);
+  void DrawRing(std::size_t ring);
+  void DrawSRing(std::size_t ring);
   void DrawRoundPad(const model::BondRec& bond, double quadHeight, double upperDisc, double lowerDisc);
   void DrawArcSide(std::string_view side, const RingOutline& ring, const Span& span);
   void DrawStraightSide(std::string_view side, const RingOutline& ring, float start, float end);
-  void DrawBand(model::DapRec& dap);
-  void DrawSubstratePads(const model::Table<model::BondRec>& bonds, const char* table);
-  void DrawSubstratePad(const model::BondRec& bond);
+  void DrawBand(model::DapRec dap);
+  void DrawSubstratePads(const model::Table<model::BondRec>& bonds, model::RecordTable table);
+  void DrawSubstratePad(const model::BondRec& bond, const model::RecordPlace& place);
   void OrientPad(const model::BondRec& bond);
   void SetPadCorners(const model::BondRec& bond, float rotation);
   void DrawPadEnds(const model::BondRec& bond, float height);
-  void DrawBaseWires();
-  void DrawStackedWires();
-  void DrawStitches();
-  void DrawWire(model::Part part, const std::string& name, const model::PackagePoint& start,
-                const model::PackagePoint& end, Loop loop);
-  Loop OwnLoop(const std::string& name, Loop loop) const;
   void RenderWire();
 
   SceneInputs in_;
   model::Pen& pen_;
   std::array<float, 4> SDCornerX{};
   std::array<float, 4> SDCornerY{};
-  /// Corners P1 to P4 of the substrate pad at work. Deliberate: kept from pad to pad, table to table and
+  /// For each pad of the stacked die its four turned corners, X then Y, then a fifth turned point that
+  /// nothing draws. All 0 where no stacked die turns them.
+  std::vector<std::array<float, 10>> AuxPoints;
+  /// Corners P1 to P4 of the substrate pad being drawn. Deliberate: kept from pad to pad, table to table and
   /// build to build; a pad without corners of its own draws those of the pad before it.
   std::array<PlanPoint, 4> padCorners_{};
-  model::WireStrip WirePoints{};  ///< the wire at work, in scene coordinates
+  model::WireStrip WirePoints{};  ///< the wire being drawn, in scene coordinates
 };
 
 /// The bulge of a bowed side at position p along it: h at the side's middle, 0 at its corners.

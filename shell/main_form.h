@@ -70,7 +70,7 @@ class MainForm {
   const std::string& ProgramFolder() const { return startUp_.programFolder; }
   model::Package& Package() { return package_; }
   model::WireBondSettings& Settings() { return settings_; }
-  render::WireSelection& Selection() { return selection_; }
+  model::WireSelection& Selection() { return selection_; }
   navigation::Navigation& Navigator() { return navigation_; }
 
  private:
@@ -89,7 +89,7 @@ class MainForm {
   model::Package package_;
   model::WireBondSettings settings_;
   render::Appearance appearance_;
-  render::WireSelection selection_;
+  model::WireSelection selection_;
   navigation::Navigation navigation_;
 
   render::gl::GlPen pen_;

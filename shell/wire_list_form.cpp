@@ -38,7 +38,7 @@ const std::array<const char*, WireListForm::kButtons> WireListForm::kCaptions = 
     "Tier1", "Tier2", "Tier3", "Tier4", "Stitch", "Power", "Ground", "Signal", "Clear"};
 
 void WireListForm::DoWireList() {
-  for (const model::WireNameRec& wire : package_.WireNames) model::CheckTier(wire);
+  for (std::size_t i = 0; i < package_.WireNames.Count(); ++i) model::CheckTier(package_, i);
   enabled_ = EnabledButtons(package_);
   entries_ = EntryTexts(package_);
   selected_.assign(entries_.size(), false);

@@ -30,7 +30,7 @@ class WireListForm {
     std::function<void(const EntryRanges&)> selectAndGoToFirst;
   };
 
-  WireListForm(const model::Package& package, render::WireSelection& selection)
+  WireListForm(const model::Package& package, model::WireSelection& selection)
       : package_(package), selection_(selection) {}
 
   Upward upward;
@@ -71,7 +71,7 @@ class WireListForm {
   void RebuildAndRepaint();
 
   const model::Package& package_;
-  render::WireSelection& selection_;
+  model::WireSelection& selection_;
   std::vector<std::string> entries_;
   std::vector<bool> selected_;  ///< one flag per entry
   std::array<bool, kButtons> enabled_{};

@@ -22,9 +22,7 @@ struct CheckOptions {
 Status Check(const CheckOptions& options) {
   formats::CheckReport report{.File = options.package.File};
   analysis::LineCheck lines(report);
-  model::reader::ReadEffort effort;
-  model::Package package = LoadPackage(options.package, &effort, &lines);
-  report.Lines = effort.lines;
+  const model::Package package = LoadPackage(options.package, &lines);
   lines.Finish(package);
   analysis::CheckDrawing(package, lines.Lines(), report);
   analysis::CheckWireList(package, lines.Lines(), report);

@@ -35,8 +35,8 @@ struct ClearanceOptions {
   CameraOptions camera;
 };
 
-render::WireSelection OffendersOf(const formats::ClearanceReport& report) {
-  render::WireSelection selection{.Shown = true, .Names = {}};
+model::WireSelection OffendersOf(const formats::ClearanceReport& report) {
+  model::WireSelection selection{.Shown = true, .Names = {}};
   for (const formats::ClearanceRow& row : report.Rows)
     if (row.Kind != formats::Finding::None) selection.Names.insert({row.Name, row.Other});
   return selection;
@@ -48,12 +48,12 @@ Status Clearance(const ClearanceOptions& options) {
   model::Package package = LoadPackage(options.package);
   const LengthUnit unit = UnitOf(options.unit, package);
   const model::WireBondSettings settings = SettingsOf(options.loops, package);
-  const render::WireShapes shapes = ShapesOf(options.loops.Tiers, package);
+  const model::WireShapes shapes = ShapesOf(options.loops.Tiers, package);
   const std::vector<analysis::WireLoop> loops = analysis::WireLoopsOf(package, settings, shapes);
   const formats::ClearanceReport report = formats::MeasureClearances(
       {loops, options.nets, unit, WireDiameterIn(unit, settings), options.limit, options.all});
   if (!options.pictureFile.empty()) {
-    const render::WireSelection offenders = OffendersOf(report);
+    const model::WireSelection offenders = OffendersOf(report);
     WriteOutput(options.pictureFile,
                 PictureBytes({package, settings, offenders, options.camera, options.picture, &shapes},
                              PictureFormatOf(options.pictureFile)));

@@ -62,10 +62,10 @@ Status Export(const ExportOptions& options) {
   model::Package package = LoadPackage(options.package);
   const LengthUnit unit = UnitOf(options.unit, package);
   const model::WireBondSettings settings = SettingsOf(options.loops, package);
-  const render::WireShapes shapes = ShapesOf(options.loops.Tiers, package);
-  const render::WireSelection selection = SelectionOf(options.wires, package);
+  const model::WireShapes shapes = ShapesOf(options.loops.Tiers, package);
+  const model::WireSelection selection = SelectionOf(options.wires, package);
   const double scale = double(package.UnitScale);
-  render::MeshPen pen(WireDiameterIn(unit, settings) / 2.0 / scale,
+  render::MeshPen pen(package, WireDiameterIn(unit, settings) / 2.0 / scale,
                       [&options](const std::string& name) { return NetOf(options.nets, name); });
   try {
     render::Scene({package, settings, options.appearance, selection, &shapes}, pen).DrawPackage();

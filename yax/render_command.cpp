@@ -31,8 +31,8 @@ Status Render(const RenderOptions& options) {
   CheckCamera(options.camera);
   model::Package package = LoadPackage(options.package);
   const model::WireBondSettings settings = SettingsOf(options.loops, package);
-  const render::WireShapes shapes = ShapesOf(options.loops.Tiers, package);
-  const render::WireSelection selection = SelectionOf(options.wires, package);
+  const model::WireShapes shapes = ShapesOf(options.loops.Tiers, package);
+  const model::WireSelection selection = SelectionOf(options.wires, package);
   WriteOutput(options.output,
               PictureBytes({package, settings, selection, options.camera, options.picture, &shapes}, format));
   return Status::Done;

@@ -56,10 +56,10 @@ Status Wires(const WiresOptions& options) {
   // The reader's notes tell the line of each wire; what else they tell is for the check.
   formats::CheckReport unused{.File = options.package.File};
   analysis::LineCheck lines(unused);
-  model::Package package = LoadPackage(options.package, nullptr, &lines);
+  model::Package package = LoadPackage(options.package, &lines);
   const model::WireBondSettings settings = SettingsOf(options.loops, package);
-  const render::WireShapes shapes = ShapesOf(options.loops.Tiers, package);
-  const render::WireSelection selection = SelectionOf(options.wires, package);
+  const model::WireShapes shapes = ShapesOf(options.loops.Tiers, package);
+  const model::WireSelection selection = SelectionOf(options.wires, package);
   const std::vector<analysis::WireRow> rows =
       analysis::WireRows(package, {settings, shapes, selection}, lines.Lines());
   const std::vector<analysis::WireGroup> groups = analysis::GroupsOf(rows);

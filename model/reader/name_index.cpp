@@ -13,9 +13,7 @@ std::uint32_t& NameIndex::SlotOf(std::string_view name, std::size_t hash) {
     std::uint32_t& number = slots_[slot];
     if (number == NamePlaces::kNone) return number;
     const Entry& entry = entries_[number];
-    if (entry.hash != hash) continue;
-    ++comparisons_;
-    if (entry.name == name) return number;
+    if (entry.hash == hash && entry.name == name) return number;
   }
 }
 
@@ -27,9 +25,7 @@ void NameIndex::Reserve(std::size_t names) {
 /// Files list pads, wires and net types mostly in one order, so the entry after the one found last is tried
 /// first.
 bool NameIndex::IsNext(std::string_view name) {
-  if (last_ + 1 >= entries_.size()) return false;
-  ++comparisons_;
-  if (entries_[last_ + 1].name != name) return false;
+  if (last_ + 1 >= entries_.size() || entries_[last_ + 1].name != name) return false;
   ++last_;
   return true;
 }

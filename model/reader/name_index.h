@@ -31,9 +31,6 @@ class NameIndex {
   std::uint32_t Find(std::string_view name);
   NamePlaces& At(std::uint32_t number) { return entries_[number].places; }
 
-  /// How many times two names were compared so far: what tells an index from a scan.
-  std::size_t Comparisons() const { return comparisons_; }
-
  private:
   struct Entry {
     std::string_view name;
@@ -48,7 +45,6 @@ class NameIndex {
   std::vector<std::uint32_t> slots_;  ///< numbers of entries, or NamePlaces::kNone; a power of two of them
   std::vector<Entry> entries_;
   std::uint32_t last_ = NamePlaces::kNone;  ///< the entry that was found last; kNone + 1 is the first
-  std::size_t comparisons_ = 0;
 };
 
 }  // namespace model::reader

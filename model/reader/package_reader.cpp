@@ -107,11 +107,11 @@ void PackageReader::ReadDiePad(bool stacked) {
 }
 
 /// The bond that SBP and WB mean: the first of that name, on the base die before the stacked one.
-RecordPlace PackageReader::BondPlace(std::uint32_t name) {
+RecordPlace PackageReader::BondPlace(std::uint32_t name, BondPart part) {
   if (name == NamePlaces::kNone) return {};
   const NamePlaces& places = index_.At(name);
-  if (places.firstBond != NamePlaces::kNone) return {RecordTable::Bonds, places.firstBond};
-  if (places.firstSDBond != NamePlaces::kNone) return {RecordTable::SDBonds, places.firstSDBond};
+  if (places.firstBond != NamePlaces::kNone) return {RecordTable::Bonds, places.firstBond, part};
+  if (places.firstSDBond != NamePlaces::kNone) return {RecordTable::SDBonds, places.firstSDBond, part};
   return {};
 }
 
@@ -159,6 +159,8 @@ void PackageReader::ReadWire() {
 void PackageReader::ReadStitch() {
   StitchRec& stitch = package_.Stitches.Spare();
   stitch.Name.append(tokens_[1]).append(":").append(tokens_[4]);
+  stitch.Pad1 = tokens_[1];
+  stitch.Pad2 = tokens_[4];
   stitch.X1 = Scaled(2);
   stitch.Y1 = Scaled(3);
   stitch.Z1 = Scaled(7);
@@ -239,23 +241,21 @@ void PackageReader::ReadDap() {
   package_.Daps.Grow();
 }
 
-Package ParsePackage(const PackageScalars& before, PackageBytes bytes, ReadEffort* effort,
-                     ReadObserver* observer) {
+Package ParsePackage(const PackageScalars& before, PackageBytes bytes, ReadObserver* observer) {
   PackageReader reader(before, observer);
   reader.ReadText(std::move(bytes.package));
   if (bytes.netTypes) reader.ReadSideFile(*bytes.netTypes);
   reader.SetWireTiers();
-  if (effort != nullptr) *effort = reader.Effort();
   return std::move(reader.Result());
 }
 
-std::optional<Package> ReadPackage(const PackageScalars& before, ReadEffort* effort, ReadObserver* observer) {
+std::optional<Package> ReadPackage(const PackageScalars& before, ReadObserver* observer) {
   const std::string& path = before.PackagePath;
   if (path.empty() || !FileExists(path)) return std::nullopt;
   PackageBytes bytes{ReadWholeFile(path), std::nullopt};
   const std::string sideFile = path + ".vu";
   if (FileExists(sideFile)) bytes.netTypes = ReadWholeFile(sideFile);
-  return ParsePackage(before, std::move(bytes), effort, observer);
+  return ParsePackage(before, std::move(bytes), observer);
 }
 
 }  // namespace model::reader

@@ -30,13 +30,13 @@ class PackageReader {
     DropCarriageReturns(text_);
     Lines lines(text_);
     if (ReadHeader(lines)) ReadBody(lines);
+    if (observer_ != nullptr) observer_->OnPackageEnd(line_);
   }
 
   void ReadSideFile(std::string_view text) { ReadNetTypes(text, index_, package_, observer_); }
   void SetWireTiers() { SetTiers(wirePlaces_, index_, package_); }
 
   Package& Result() { return package_; }
-  ReadEffort Effort() const { return {index_.Comparisons(), line_}; }
 
  private:
   bool NextRecord(Lines& lines);
@@ -55,7 +55,7 @@ class PackageReader {
   void ReadSRing();
   void ReadSegment();
   void ReadDap();
-  RecordPlace BondPlace(std::uint32_t name);
+  RecordPlace BondPlace(std::uint32_t name, BondPart part = BondPart::DiePad);
   RecordPlace RingPlace(std::uint32_t name);
   BondRec* FindBond(std::uint32_t name);
   const BondRec* LastBond(std::uint32_t name);

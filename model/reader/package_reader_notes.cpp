@@ -37,8 +37,9 @@ RecordPlace PackageReader::PlaceOf(BodyKeyword keyword) {
     case BodyKeyword::SdCbp:
       return last(RecordTable::SDBonds, package_.SDBonds);
     case BodyKeyword::Sbp:
+      return BondPlace(index_.Find(tokens_[1]), BondPart::SubstratePad);
     case BodyKeyword::Wb:
-      return BondPlace(index_.Find(tokens_[1]));
+      return BondPlace(index_.Find(tokens_[1]), BondPart::Wire);
     case BodyKeyword::Stch:
       return last(RecordTable::Stitches, package_.Stitches);
     case BodyKeyword::Ring:

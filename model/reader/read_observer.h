@@ -1,10 +1,11 @@
-/// Being told, line by line, what the reader did with a package file.
+/// Callbacks that report, line by line, what the reader did with a package file.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 
 #include "model/reader/keywords.h"
+#include "model/record_place.h"
 #include "model/text.h"
 
 namespace model::reader {
@@ -18,20 +19,13 @@ enum class LineFate {
   NotTwoFields,  ///< in the side file
 };
 
-/// The table whose record a line filled or changed. A ring's segments go by their ring.
-enum class RecordTable { None, Bonds, SDBonds, Stitches, Rings, SRings, Daps };
-
-struct RecordPlace {
-  RecordTable Table = RecordTable::None;
-  std::size_t Number = 0;
-};
-
 struct LineNote {
   std::size_t Line;  ///< counted from 1
   const Tokens& Fields;
   LineFate Fate;
   BodyKeyword Keyword;    ///< None in the header and in the side file
   std::uint32_t Numbers;  ///< bit n: field n was read as a number
+  /// What the line filled or changed: of a bond the part, of a ring's segment the ring.
   RecordPlace Record;
 
   bool ReadAsNumber(std::size_t field) const { return (Numbers >> field & 1U) != 0; }
@@ -41,9 +35,11 @@ class ReadObserver {
  public:
   virtual ~ReadObserver() = default;
 
-  // Each is called for every line that holds fields, in the file's order.
+  // Called for every line that holds fields, in the file's order.
   virtual void OnPackageLine(const LineNote& note) = 0;
   virtual void OnSideFileLine(const LineNote& note) = 0;
+  /// Called after the package file's last line; `lines` counts the empty ones too.
+  virtual void OnPackageEnd(std::size_t /*lines*/) {}
 };
 
 }  // namespace model::reader

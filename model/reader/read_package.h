@@ -1,7 +1,6 @@
 /// Reads a package file and its net-type side file into a fresh package.
 #pragma once
 
-#include <cstddef>
 #include <optional>
 #include <string>
 
@@ -9,12 +8,6 @@
 #include "model/reader/read_observer.h"
 
 namespace model::reader {
-
-/// What one read took.
-struct ReadEffort {
-  std::size_t nameComparisons = 0;
-  std::size_t lines = 0;  ///< of the package file, empty ones included
-};
 
 /// What the files of a package hold.
 struct PackageBytes {
@@ -24,14 +17,12 @@ struct PackageBytes {
 
 /// The package that these bytes are, whatever they are. Scalars that they do not set keep the values of
 /// `before`, and are divided again when the package is rescaled.
-Package ParsePackage(const PackageScalars& before, PackageBytes bytes, ReadEffort* effort = nullptr,
-                     ReadObserver* observer = nullptr);
+Package ParsePackage(const PackageScalars& before, PackageBytes bytes, ReadObserver* observer = nullptr);
 
 /// Reads the package at `before.PackagePath`.
 /// Reads   the file, and PackagePath + ".vu" where that exists
 /// Returns what ParsePackage makes of them; empty when the path is empty or no such file exists
 /// Faults  FileFault when a file is there but cannot be opened or read
-std::optional<Package> ReadPackage(const PackageScalars& before, ReadEffort* effort = nullptr,
-                                   ReadObserver* observer = nullptr);
+std::optional<Package> ReadPackage(const PackageScalars& before, ReadObserver* observer = nullptr);
 
 }  // namespace model::reader

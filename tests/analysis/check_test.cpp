@@ -17,9 +17,7 @@ namespace {
 formats::CheckReport CheckFile(const std::string& path) {
   formats::CheckReport report{.File = path};
   analysis::LineCheck lines(report);
-  model::reader::ReadEffort effort;
-  model::Package package = LoadPackage({path}, &effort, &lines);
-  report.Lines = effort.lines;
+  const model::Package package = LoadPackage({path}, &lines);
   lines.Finish(package);
   analysis::CheckDrawing(package, lines.Lines(), report);
   analysis::CheckWireList(package, lines.Lines(), report);

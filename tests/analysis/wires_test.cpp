@@ -31,18 +31,18 @@ LoopValues Loops() {
 }
 
 Wires WiresOf(const std::string& text, const std::string& netTypes = {},
-              const render::WireSelection& selection = {}, const TierLoopOptions& tiers = {}) {
+              const model::WireSelection& selection = {}, const TierLoopOptions& tiers = {}) {
   const TemporaryFolder folder;
   const std::string path = folder / "board.yax";
   PutFile(path, text);
   PutFile(path + ".vu", netTypes);
   formats::CheckReport unused{.File = path};
   analysis::LineCheck lines(unused);
-  model::Package package = LoadPackage({path}, nullptr, &lines);
+  model::Package package = LoadPackage({path}, &lines);
   LoopOptions loops;
   loops.Values = Loops();
   const model::WireBondSettings settings = SettingsOf(loops, package);
-  const render::WireShapes shapes = ShapesOf(tiers, package);
+  const model::WireShapes shapes = ShapesOf(tiers, package);
   Wires wires{analysis::WireRows(package, {settings, shapes, selection}, lines.Lines()), {}};
   wires.groups = analysis::GroupsOf(wires.rows);
   return wires;

@@ -87,19 +87,26 @@ TEST(Arithmetic, SinglesDivisionsAndCountersFault) {
   EXPECT_THROW(Single(1e39), Overflow);
   EXPECT_THROW(Single(0.0 / (Single(0.0) * 1.0)), Overflow);
   EXPECT_THROW(Divide(0.0, 0.0, "x"), DivisionByZero);
-  EXPECT_NO_THROW(CountIn16Bits(32767, "rings"));
-  EXPECT_THROW(CountIn16Bits(32768, "rings"), Overflow);
+  EXPECT_NO_THROW(CountIn16Bits(32767, RecordTable::Rings));
+  try {
+    CountIn16Bits(32768, RecordTable::Rings);
+    FAIL() << "a counter of 16 bits passes 32767";
+  } catch (const TooManyRecords& fault) {
+    EXPECT_STREQ(fault.what(), "Run-time error: Overflow (32768 rings, at most 32767 can be drawn)");
+    EXPECT_EQ(fault.Record(), (RecordPlace{RecordTable::Rings, 32767}));
+  }
 }
 
 TEST(Faults, ComposeTheirMessageFromTheKnownParts) {
   DivisionByZero fault("its ends coincide");
   EXPECT_STREQ(fault.what(), "Run-time error: Division by zero (its ends coincide)");
-  fault.NameRecord("wire VDD_L3");
-  fault.NameRecord("scene");  // the closest name stays
+  fault.SetRecord({RecordTable::Bonds, 7}, "wire VDD_L3");
+  fault.SetRecord({RecordTable::Rings, 2}, "ring 3");  // the closest record stays
+  EXPECT_EQ(fault.Record(), (RecordPlace{RecordTable::Bonds, 7}));
   EXPECT_STREQ(fault.what(), "Run-time error: Division by zero (wire VDD_L3: its ends coincide)");
   Overflow bare;
   EXPECT_STREQ(bare.what(), "Run-time error: Overflow");
-  bare.NameRecord("ring 3");
+  bare.SetRecord({RecordTable::Rings, 2}, "ring 3");
   EXPECT_STREQ(bare.what(), "Run-time error: Overflow (ring 3)");
 }
 

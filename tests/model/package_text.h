@@ -44,7 +44,7 @@ class PackageText : public testing::Test {
   /// Reads `text` as a package file that follows the header `before`.
   Package Read(std::string_view text) {
     PutFile(before.PackagePath, text);
-    return reader::ReadPackage(before, &effort).value();
+    return reader::ReadPackage(before).value();
   }
   /// Reads `text` with `netTypes` in the side file.
   Package Read(std::string_view text, std::string_view netTypes) {
@@ -63,7 +63,6 @@ class PackageText : public testing::Test {
 
   TemporaryFolder folder;
   PackageScalars before;
-  reader::ReadEffort effort;
 };
 
 }  // namespace model

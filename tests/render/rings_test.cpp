@@ -129,7 +129,7 @@ TEST(Snap, MeasuresFromTheSidesMiddleAndGoesOnBeyondTheCircle) {
   EXPECT_EQ(Snap("T", 0.0F, 0.0F, 5.0F, 1.0F, 13.0F), 8.0F);  // sqrt(13^2 - 25) = 12, 1 - (5 - 12) = 8
 }
 
-TEST_F(SceneTest, AttachBandsAreLongerByHalfTheirWidthAndPutInOrder) {
+TEST_F(SceneTest, AttachBandsAreLongerByHalfTheirWidthInEitherOrderOfTheirEnds) {
   Draw(std::string(kBody) +
            "DAP X 3 1 -1 1 0.5\nDAP Y 2 -1 2 3 0.5\nDAP SLANTED 0 0 3 4 2\nDAP POINT 1 1 1 1 0.5\n",
        &Scene::DrawAttach);
@@ -141,13 +141,6 @@ TEST_F(SceneTest, AttachBandsAreLongerByHalfTheirWidthAndPutInOrder) {
   // Along (0.6 0.8), across (-0.8 0.6), 1 each way from both ends.
   EXPECT_EQ(first[2], "(0.2 -1.4)(4.4 4.2)(2.8 5.4)(-1.4 -0.2)");
   EXPECT_EQ(first[3], "(0.75 0.75)(1.25 0.75)(1.25 1.25)(0.75 1.25)");
-
-  EXPECT_EQ(package.Daps[0].D1, -1.0F);
-  EXPECT_EQ(package.Daps[0].D3, 3.0F);
-  EXPECT_EQ(package.Daps[1].D2, 3.0F);
-  EXPECT_EQ(package.Daps[1].D4, -1.0F);
-  Draw(&Scene::DrawAttach);
-  for (std::size_t plate = 0; plate < 4; ++plate) EXPECT_EQ(Top(pen, plate), first[plate]);
 }
 
 TEST_F(SceneTest, RingsWithoutBulgeFaultOnlyWhereARadiusIsNeeded) {

@@ -37,7 +37,7 @@ class SceneTest : public testing::Test {
   model::Package package;
   model::WireBondSettings settings;
   render::Appearance appearance;
-  render::WireSelection selection;
+  model::WireSelection selection;
   RecordingPen pen;
   render::Scene scene{{package, settings, appearance, selection}, pen};
 };

@@ -60,7 +60,7 @@ class WireList : public testing::Test {
   }
 
   model::Package package;
-  render::WireSelection selection;
+  model::WireSelection selection;
   WireListForm form{package, selection};
   int rebuilds = 0;
   std::vector<EntryRanges> sent;

@@ -99,8 +99,8 @@ struct Exported {
     scale = double(package.UnitScale);
     const model::WireBondSettings settings = SettingsOf(loops, package);
     const render::Appearance appearance;
-    const render::WireSelection selection;
-    render::MeshPen pen(1.0 / scale, [&](const std::string& name) { return NetOf(nets, name); });
+    const model::WireSelection selection;
+    render::MeshPen pen(package, 1.0 / scale, [&](const std::string& name) { return NetOf(nets, name); });
     render::Scene({package, settings, appearance, selection}, pen).DrawPackage();
     groups = pen.Groups();
   }

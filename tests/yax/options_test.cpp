@@ -183,7 +183,7 @@ TEST(WireOptions, SelectAsTheWireListDoes) {
       // Filters add up, as the list's buttons do with Shift held down.
       {{"--tier", "1", "--net", "G"}, {"A", "B"}}};
   for (const auto& [arguments, selected] : cases) {
-    const render::WireSelection selection =
+    const model::WireSelection selection =
         SelectionOf(Parsed(AddWireOptions, arguments), ThreeWiresAndAStitch());
     EXPECT_TRUE(selection.Shown);
     EXPECT_EQ(std::set<std::string>(selection.Names.begin(), selection.Names.end()), selected);

@@ -14,14 +14,13 @@ void AddPackageOption(CLI::App& command, PackageOptions& options) {
   command.add_option("FILE.yax", options.File, "The package to read")->type_name("FILE")->required();
 }
 
-model::Package LoadPackage(const PackageOptions& options, model::reader::ReadEffort* effort,
-                           model::reader::ReadObserver* observer) {
+model::Package LoadPackage(const PackageOptions& options, model::reader::ReadObserver* observer) {
   const Place file{.File = options.File};
   model::PackageScalars before;
   before.PackagePath = options.File;
   std::optional<model::Package> package;
   try {
-    package = model::reader::ReadPackage(before, effort, observer);
+    package = model::reader::ReadPackage(before, observer);
   } catch (const model::Fault& fault) {
     throw Unusable(file, fault.what(), "see that it and its side file can be read");
   }

@@ -21,7 +21,6 @@ void AddPackageOption(CLI::App& command, PackageOptions& options);
 
 /// Reads the package as the viewer does at its start.
 /// Faults  Unusable when there is no such file, it cannot be read, or holds no package
-model::Package LoadPackage(const PackageOptions& options, model::reader::ReadEffort* effort = nullptr,
-                           model::reader::ReadObserver* observer = nullptr);
+model::Package LoadPackage(const PackageOptions& options, model::reader::ReadObserver* observer = nullptr);
 
 }  // namespace yax

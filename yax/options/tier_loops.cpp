@@ -11,7 +11,7 @@ namespace yax {
 
 namespace {
 
-using Measure = std::optional<float> render::LoopShape::*;
+using Measure = std::optional<float> model::LoopShape::*;
 
 void Add(CLI::App& command, const char* name, const char* description, Measure measure,
          TierLoopOptions& options) {
@@ -34,7 +34,7 @@ void Add(CLI::App& command, const char* name, const char* description, Measure m
       ->group("Wires");
 }
 
-void Give(const render::LoopShape& shape, render::LoopShape& own) {
+void Give(const model::LoopShape& shape, model::LoopShape& own) {
   if (shape.Height) own.Height = shape.Height;
   if (shape.Extension) own.Extension = shape.Extension;
 }
@@ -43,13 +43,13 @@ void Give(const render::LoopShape& shape, render::LoopShape& own) {
 
 void AddTierLoopOptions(CLI::App& command, TierLoopOptions& options) {
   Add(command, "--tier-loop-height", "Height of a tier's loops, in place of the die's",
-      &render::LoopShape::Height, options);
+      &model::LoopShape::Height, options);
   Add(command, "--tier-extension", "How far a tier's loops run level, in place of the die's",
-      &render::LoopShape::Extension, options);
+      &model::LoopShape::Extension, options);
 }
 
-render::WireShapes ShapesOf(const TierLoopOptions& options, const model::Package& package) {
-  render::WireShapes shapes;
+model::WireShapes ShapesOf(const TierLoopOptions& options, const model::Package& package) {
+  model::WireShapes shapes;
   for (const TierLoop& loop : options.Loops) {
     bool found = false;
     for (const model::WireNameRec& wire : package.WireNames) {

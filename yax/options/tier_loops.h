@@ -16,7 +16,7 @@ namespace yax {
 /// What a tier's wires have in place of the settings.
 struct TierLoop {
   std::string Tier;
-  render::LoopShape Shape;
+  model::LoopShape Shape;
 };
 
 struct TierLoopOptions {
@@ -28,6 +28,6 @@ void AddTierLoopOptions(CLI::App& command, TierLoopOptions& options);
 
 /// Tiers are counted as in the wire list.
 /// Faults  Unusable when a tier has no wire
-render::WireShapes ShapesOf(const TierLoopOptions& options, const model::Package& package);
+model::WireShapes ShapesOf(const TierLoopOptions& options, const model::Package& package);
 
 }  // namespace yax

@@ -24,7 +24,7 @@ std::string NotANet(const std::string& word) {
 /// Selects every wire that matches.
 template <class Matches>
 void Select(const model::Package& package, const std::string& filter, Matches&& matches,
-            render::WireSelection& selection) {
+            model::WireSelection& selection) {
   bool found = false;
   for (const model::WireNameRec& wire : package.WireNames) {
     if (!matches(wire)) continue;
@@ -59,8 +59,8 @@ void AddWireOptions(CLI::App& command, WireOptions& options) {
       ->group(kWiresGroup);
 }
 
-render::WireSelection SelectionOf(const WireOptions& options, const model::Package& package) {
-  render::WireSelection selection;
+model::WireSelection SelectionOf(const WireOptions& options, const model::Package& package) {
+  model::WireSelection selection;
   const auto select = [&](const std::string& filter, auto matches) {
     selection.Shown = true;
     Select(package, filter, matches, selection);

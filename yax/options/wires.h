@@ -26,6 +26,6 @@ struct WireOptions {
 void AddWireOptions(CLI::App& command, WireOptions& options);
 
 /// Faults  Unusable when a filter matches no wire
-render::WireSelection SelectionOf(const WireOptions& options, const model::Package& package);
+model::WireSelection SelectionOf(const WireOptions& options, const model::Package& package);
 
 }  // namespace yax

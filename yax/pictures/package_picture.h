@@ -16,10 +16,10 @@ namespace yax {
 struct PictureRequest {
   model::Package& package;  ///< drawing puts parts of it in order, as in the viewer
   const model::WireBondSettings& settings;
-  const render::WireSelection& selection;
+  const model::WireSelection& selection;
   const CameraOptions& camera;
   const PictureOptions& picture;
-  const render::WireShapes* shapes = nullptr;  ///< wires with loops of their own
+  const model::WireShapes* shapes = nullptr;  ///< wires with loops of their own
 };
 
 /// The picture as the bytes of a file.

@@ -17,7 +17,7 @@ class GlCallsTest : public GlTest {
   model::Package package;
   model::WireBondSettings settings;
   render::Appearance appearance;
-  render::WireSelection selection;
+  model::WireSelection selection;
   render::gl::GlPen pen;
   render::Scene scene{{package, settings, appearance, selection}, pen};
   render::gl::SceneList list;

@@ -65,7 +65,7 @@ class WireListShown : public testing::Test {
   }
 
   model::Package package;
-  render::WireSelection selection;
+  model::WireSelection selection;
   WireListForm form{package, selection};
   int rebuilds = 0;
   ui::WireListWindow window{form};
