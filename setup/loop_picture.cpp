@@ -65,26 +65,25 @@ class Drawing {
       : dieHeight_(double(package.CompZ)),
         stackHeight_(double(package.SDCompZ)),
         stacked_(!package.SDBonds.Empty()),
-        base_(SideBaseWire(package, settings)),
-        stitch_(SideStitchWire(package, settings)) {
-    if (stacked_) stack_ = SideStackWire(package, settings);
+        wires_(SideWiresOf(package, settings)) {
+    if (!stacked_) wires_.Stack = {};
   }
 
   LoopPicture Draw(float width, float height) {
     Fit(width, height);
     Bodies();
-    for (const SideWire* wire : {&base_, &stack_}) PadsOf(*wire);
-    Wire(PicturePart::BaseWire, base_);
-    Wire(PicturePart::StackWire, stack_);
-    Wire(PicturePart::StitchWire, stitch_);
-    for (const SideWire* wire : {&base_, &stack_, &stitch_}) Dimensions(*wire);
+    for (const SideWire* wire : {&wires_.Base, &wires_.Stack}) PadsOf(*wire);
+    Wire(PicturePart::BaseWire, wires_.Base);
+    Wire(PicturePart::StackWire, wires_.Stack);
+    Wire(PicturePart::StitchWire, wires_.Stitch);
+    for (const SideWire* wire : {&wires_.Base, &wires_.Stack, &wires_.Stitch}) Dimensions(*wire);
     Labels();
     return std::move(picture_);
   }
 
  private:
   void Fit(float width, float height) {
-    for (const SideWire* wire : {&base_, &stack_, &stitch_})
+    for (const SideWire* wire : {&wires_.Base, &wires_.Stack, &wires_.Stitch})
       for (const SidePoint& point : wire->Points) scale_.Include(point);
     scale_.Include({0.0, dieHeight_});
     if (stacked_) scale_.Include({0.0, dieHeight_ + stackHeight_});
@@ -102,8 +101,8 @@ class Drawing {
 
   /// The stacked die ends where the pad of its wire does; its pads lie along its edges.
   double StackEdge() const {
-    if (stack_.Points.empty()) return scale_.Left() / 2.0;
-    return std::max(stack_.Points.front().Out + stack_.StartSize / 2.0, scale_.Left());
+    if (wires_.Stack.Points.empty()) return scale_.Left() / 2.0;
+    return std::max(wires_.Stack.Points.front().Out + wires_.Stack.StartSize / 2.0, scale_.Left());
   }
 
   void Area(PicturePart part, double left, double right, double low, double high) {
@@ -162,12 +161,12 @@ class Drawing {
   void Labels() {
     const float below = scale_.At(0.0, 0.0).Y + static_cast<float>(kBottomMargin) * 0.55F;
     Label("Die", (scale_.At(scale_.Left(), 0.0).X + scale_.At(0.0, 0.0).X) / 2.0F, below);
-    if (!base_.Points.empty()) {
-      Label("SBP", scale_.At(base_.Points.back().Out, 0.0).X, below);
-      LabelLoop("Base", base_);
+    if (!wires_.Base.Points.empty()) {
+      Label("SBP", scale_.At(wires_.Base.Points.back().Out, 0.0).X, below);
+      LabelLoop("Base", wires_.Base);
     }
-    if (!stack_.Points.empty()) LabelLoop("Stack", stack_);
-    if (!stitch_.Points.empty()) LabelLoop("Stitch", stitch_);
+    if (!wires_.Stack.Points.empty()) LabelLoop("Stack", wires_.Stack);
+    if (!wires_.Stitch.Points.empty()) LabelLoop("Stitch", wires_.Stitch);
   }
 
   /// Above the dimension line of a loop's extension.
@@ -188,7 +187,7 @@ class Drawing {
 
   double dieHeight_, stackHeight_;
   bool stacked_;
-  SideWire base_, stitch_, stack_;
+  SideWires wires_;
   Scale scale_;
   LoopPicture picture_;
 };

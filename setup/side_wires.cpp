@@ -2,10 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <utility>
 
 #include "model/arithmetic.h"
-#include "model/wire_path.h"
+#include "model/for_each_wire.h"
 
 namespace setup {
 
@@ -14,100 +15,81 @@ namespace {
 using model::BondRec;
 using model::Package;
 using model::PackagePoint;
+using model::RecordTable;
 using model::StitchRec;
 
-PackagePoint StartOf(const BondRec& bond) { return {bond.WireStartX, bond.WireStartY, bond.WireStartZ}; }
-PackagePoint EndOf(const BondRec& bond) { return {bond.WireEndX, bond.WireEndY, bond.WireEndZ}; }
-PackagePoint StartOf(const StitchRec& stitch) { return {stitch.X1, stitch.Y1, stitch.Z1}; }
-PackagePoint EndOf(const StitchRec& stitch) { return {stitch.X2, stitch.Y2, stitch.Z2}; }
+/// A wire of the walk.
+struct Loop {
+  double Length = 0.0;  ///< in plan
+  std::size_t Number = 0;
+  model::WirePath Path{};
+};
 
-bool HasWire(const StitchRec&) { return true; }
+/// The wires of one table.
+struct Loops {
+  std::vector<Loop> Drawn;
+  bool Fault = false;  ///< one or more cannot be drawn
+};
 
-/// The wire of middle length. Returns nothing when the table has none that can be drawn
-template <class Record>
-std::optional<Record> TypicalOf(const model::Table<Record>& records) {
-  std::vector<std::pair<double, const Record*>> wires;
-  for (const Record& record : records) {
-    const double length = model::PlanLength(StartOf(record), EndOf(record));
-    if (HasWire(record) && length > 0.0) wires.emplace_back(length, &record);
-  }
-  if (wires.empty()) return std::nullopt;
-  const auto middle = wires.begin() + static_cast<std::ptrdiff_t>(wires.size() / 2);
-  std::nth_element(wires.begin(), middle, wires.end());
-  return *middle->second;
-}
-
-/// What made-up wires are measured by.
-double Measure(const Package& package) {
+/// Unit of length for placeholder wires: the die height.
+double PlaceholderUnit(const Package& package) {
   return package.CompZ != 0.0F ? std::fabs(double(package.CompZ)) : 1.0;
 }
 
-/// A bond on the right edge of the base die, its pads so many measures inside and outside of that edge.
-BondRec MadeUpBond(const Package& package, double inside, double outside, double height) {
+/// A bond on the right edge of the base die, its pads so many units inside and outside of that edge.
+BondRec PlaceholderBond(const Package& package, double inside, double outside, double height) {
   const double edge = double(package.CompW) / 2.0;
+  const double unit = PlaceholderUnit(package);
   BondRec bond;
   bond.DieSide = "R";
-  bond.DieSizeX = bond.SubSizeX = model::Single(0.4 * Measure(package));
-  bond.WireStartX = model::Single(edge - inside * Measure(package));
+  bond.DieSizeX = bond.SubSizeX = model::Single(0.4 * unit);
+  bond.WireStartX = model::Single(edge - inside * unit);
   bond.WireStartZ = model::Single(height);
-  bond.WireEndX = bond.SubX = model::Single(edge + outside * Measure(package));
+  bond.WireEndX = bond.SubX = model::Single(edge + outside * unit);
   return bond;
 }
 
-StitchRec MadeUpStitch(const Package& package) {
+StitchRec PlaceholderStitch(const Package& package) {
   const bool stacked = !package.SDBonds.Empty();
   const double edge = double(package.CompW) / 2.0;
+  const double unit = PlaceholderUnit(package);
   StitchRec stitch;
-  stitch.X1 = model::Single(edge - (stacked ? 2.5 : 3.0) * Measure(package));
-  stitch.X2 = model::Single(edge - 0.5 * Measure(package));
+  stitch.X1 = model::Single(edge - (stacked ? 2.5 : 3.0) * unit);
+  stitch.X2 = model::Single(edge - 0.5 * unit);
   stitch.Z1 = model::Single(double(package.CompZ) + (stacked ? double(package.SDCompZ) : 0.0));
   stitch.Z2 = package.CompZ;
-  stitch.PadSize1 = stitch.PadSize2 = model::Single(0.4 * Measure(package));
+  stitch.PadSize1 = stitch.PadSize2 = model::Single(0.4 * unit);
   return stitch;
 }
 
-/// From the wire's start along the wire to the base die's edge; nothing when it never gets there.
-std::optional<float> ToEdge(const Package& package, const BondRec& bond) {
+/// The distance in plan from the wire's start along the wire to the base die's edge; 0 when it never gets
+/// there.
+double ToEdge(const Package& package, const BondRec& bond) {
   try {
-    return model::EdgeDistance(bond.DieSide, StartOf(bond), bond.SubX, bond.SubY,
-                               {package.CompW, package.CompL}, 0.0F);
+    return double(model::EdgeDistance(bond.DieSide, WireStart(bond), bond.SubX, bond.SubY,
+                                      {package.CompW, package.CompL}, 0.0F));
   } catch (const model::Fault&) {
-    return std::nullopt;
+    return 0.0;
   }
 }
 
-float InScene(float setting, const Package& package) {
-  return model::Single(model::Divide(double(setting), double(package.UnitScale), "no unit scale"));
-}
-
 /// The loop seen from the side. `startOut` is where it starts, `direction` 1 outwards and -1 inwards.
-std::vector<SidePoint> Profile(const PackagePoint& start, const PackagePoint& end, float loopHeight,
-                               float extension, double startOut, double direction) {
-  const double length = model::PlanLength(start, end);
+std::vector<SidePoint> Profile(const Loop& loop, double startOut, double direction) {
+  const PackagePoint& start = loop.Path.front();
+  const PackagePoint& end = loop.Path.back();
   std::vector<SidePoint> profile;
-  for (const PackagePoint& point : model::SevenPoints(start, end, loopHeight, extension)) {
+  for (const PackagePoint& point : loop.Path) {
     const double along = ((double(point.X) - double(start.X)) * (double(end.X) - double(start.X)) +
                           (double(point.Y) - double(start.Y)) * (double(end.Y) - double(start.Y))) /
-                         length;
+                         loop.Length;
     profile.push_back({startOut + direction * along, double(point.Z)});
   }
   return profile;
 }
 
-SideWire SideBond(const Package& package, const BondRec& bond, float loopHeight, float extension) {
-  const double startOut = -double(ToEdge(package, bond).value_or(0.0F));
-  return {Profile(StartOf(bond), EndOf(bond), loopHeight, extension, startOut, 1.0),
-          double(std::max(bond.DieSizeX, bond.DieSizeY)), double(std::max(bond.SubSizeX, bond.SubSizeY))};
-}
-
-/// Runs `draw`; a wire that faults is no wire.
-template <class Draw>
-SideWire LeavingOutFaults(Draw&& draw) {
-  try {
-    return draw();
-  } catch (const model::Fault&) {
-    return {};
-  }
+SideWire SideBond(const Package& package, const BondRec& bond, const Loop& loop) {
+  return {Profile(loop, -ToEdge(package, bond), 1.0), double(std::max(bond.DieSizeX, bond.DieSizeY)),
+          double(std::max(bond.SubSizeX, bond.SubSizeY))};
 }
 
 /// How far a pad at (x, y) lies inside the base die's nearest edge; negative outside of it.
@@ -116,42 +98,95 @@ double Inside(const Package& package, float x, float y) {
                   double(package.CompL) / 2.0 - std::fabs(double(y)));
 }
 
+SideWire SideStitch(const Package& package, const StitchRec& stitch, const Loop& loop) {
+  const double start = Inside(package, stitch.X1, stitch.Y1);
+  const double end = Inside(package, stitch.X2, stitch.Y2);
+  // Its outer end stays in place, so that a slanting stitch still ends on the die.
+  const bool inwards = end > start;
+  const double startOut = inwards ? -start : -end - loop.Length;
+  return {Profile(loop, startOut, inwards ? -1.0 : 1.0), double(stitch.PadSize1), double(stitch.PadSize2)};
+}
+
+/// The wires of a package, by kind.
+struct AllLoops {
+  Loops Base, Stack, Stitch;
+
+  AllLoops(const Package& package, const model::WireBondSettings& settings) {
+    const model::WireSelection all;
+    const auto take = [this](const model::Wire& wire) {
+      const double length = model::PlanLength(wire.Path.front(), wire.Path.back());
+      Of(wire.Place.Table).Drawn.push_back({length, wire.Place.Number, wire.Path});
+    };
+    const auto leaveOut = [this](const model::Fault& fault) {
+      if (fault.Record()) Of(fault.Record()->Table).Fault = true;
+    };
+    try {
+      model::ForEachWire({package, settings, all}, take, leaveOut);
+    } catch (const model::Fault&) {
+      Base.Fault = Stack.Fault = Stitch.Fault = true;  // the settings themselves cannot be scaled
+    }
+  }
+
+  Loops& Of(RecordTable table) {
+    return table == RecordTable::Bonds ? Base : table == RecordTable::SDBonds ? Stack : Stitch;
+  }
+};
+
+/// A table of a package and the loops of its wires.
+template <class Record>
+struct Kind {
+  model::Table<Record> Package::*Records;
+  Loops AllLoops::*Wires;
+};
+
+/// The wire of middle length; nothing where no wire can be drawn.
+template <class Record, class LayOut>
+SideWire Middle(const Package& package, AllLoops& loops, const Kind<Record>& kind, LayOut&& layOut) {
+  std::vector<Loop>& drawn = (loops.*kind.Wires).Drawn;
+  if (drawn.empty()) return {};
+  const auto middle = drawn.begin() + static_cast<std::ptrdiff_t>(drawn.size() / 2);
+  std::nth_element(drawn.begin(), middle, drawn.end(), [](const Loop& a, const Loop& b) {
+    return std::pair(a.Length, a.Number) < std::pair(b.Length, b.Number);
+  });
+  return layOut(package, (package.*kind.Records)[middle->Number], *middle);
+}
+
+/// The middle wire of a package of the same dies with nothing but a placeholder.
+template <class Record, class MakePlaceholder, class LayOut>
+SideWire Placeholder(const Package& package, const model::WireBondSettings& settings,
+                     const Kind<Record>& kind, MakePlaceholder&& make, LayOut&& layOut) {
+  try {
+    Package placeholder;
+    static_cast<model::PackageScalars&>(placeholder) = package;
+    (placeholder.*kind.Records).Spare() = make();
+    (placeholder.*kind.Records).Grow();
+    AllLoops loops(placeholder, settings);
+    return Middle(placeholder, loops, kind, layOut);
+  } catch (const model::Fault&) {
+    return {};
+  }
+}
+
 }  // namespace
 
-SideWire SideBaseWire(const Package& package, const model::WireBondSettings& settings) {
-  return LeavingOutFaults([&] {
-    const auto typical = TypicalOf(package.Bonds);
-    return SideBond(package, typical ? *typical : MadeUpBond(package, 0.5, 3.0, double(package.CompZ)),
-                    InScene(settings.BaseLoopHeight, package), InScene(settings.BaseExtension, package));
-  });
-}
-
-SideWire SideStackWire(const Package& package, const model::WireBondSettings& settings) {
-  return LeavingOutFaults([&]() -> SideWire {
-    const auto typical = TypicalOf(package.SDBonds);
-    const BondRec bond =
-        typical ? *typical : MadeUpBond(package, 2.5, 5.0, double(package.CompZ) + double(package.SDCompZ));
-    const float loopHeight = InScene(settings.StackLoopHeight, package);
-    if (settings.StackExtension != model::kEdgeOfBaseDie)
-      return SideBond(package, bond, loopHeight, InScene(settings.StackExtension, package));
-    const auto edge = ToEdge(package, bond);
-    return edge ? SideBond(package, bond, loopHeight, *edge) : SideWire{};
-  });
-}
-
-SideWire SideStitchWire(const Package& package, const model::WireBondSettings& settings) {
-  return LeavingOutFaults([&]() -> SideWire {
-    const auto typical = TypicalOf(package.Stitches);
-    const StitchRec stitch = typical ? *typical : MadeUpStitch(package);
-    const double start = Inside(package, stitch.X1, stitch.Y1);
-    const double end = Inside(package, stitch.X2, stitch.Y2);
-    // Its outer end stays where it is, so that no stitch that runs askew ends beside the die.
-    const bool inwards = end > start;
-    const double startOut = inwards ? -start : -end - model::PlanLength(StartOf(stitch), EndOf(stitch));
-    return {Profile(StartOf(stitch), EndOf(stitch), InScene(settings.StackLoopHeight, package),
-                    InScene(settings.StitchExtension, package), startOut, inwards ? -1.0 : 1.0),
-            double(stitch.PadSize1), double(stitch.PadSize2)};
-  });
+SideWires SideWiresOf(const Package& package, const model::WireBondSettings& settings) {
+  AllLoops loops(package, settings);
+  const auto side = [&](const auto& kind, auto make, auto layOut) {
+    const Loops& wires = loops.*kind.Wires;
+    return wires.Drawn.empty() && !wires.Fault ? Placeholder(package, settings, kind, make, layOut)
+                                               : Middle(package, loops, kind, layOut);
+  };
+  const double top = double(package.CompZ);
+  const double stackTop = top + double(package.SDCompZ);
+  return {side(
+              Kind<BondRec>{&Package::Bonds, &AllLoops::Base},
+              [&] { return PlaceholderBond(package, 0.5, 3.0, top); }, SideBond),
+          side(
+              Kind<BondRec>{&Package::SDBonds, &AllLoops::Stack},
+              [&] { return PlaceholderBond(package, 2.5, 5.0, stackTop); }, SideBond),
+          side(
+              Kind<StitchRec>{&Package::Stitches, &AllLoops::Stitch},
+              [&] { return PlaceholderStitch(package); }, SideStitch)};
 }
 
 }  // namespace setup

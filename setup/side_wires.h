@@ -1,7 +1,6 @@
 /// The wires that stand for all others in the side view, laid out along one axis.
 #pragma once
 
-#include <optional>
 #include <vector>
 
 #include "model/package.h"
@@ -10,7 +9,8 @@
 namespace setup {
 
 /// A point of the side view: Out runs from the base die's edge (0) towards the substrate pads, Up is the
-/// height. Units   scene units
+/// height.
+/// Units   scene units
 struct SidePoint {
   double Out = 0.0, Up = 0.0;
 };
@@ -21,9 +21,12 @@ struct SideWire {
   double EndSize = 0.0;           ///< of the one at its end
 };
 
-/// Each takes the wire of middle length, or makes a likely one up; none of them faults.
-SideWire SideBaseWire(const model::Package& package, const model::WireBondSettings& settings);
-SideWire SideStackWire(const model::Package& package, const model::WireBondSettings& settings);
-SideWire SideStitchWire(const model::Package& package, const model::WireBondSettings& settings);
+struct SideWires {
+  SideWire Base, Stack, Stitch;
+};
+
+/// Of each kind the wire of middle length among those that can be drawn, or a placeholder where the package
+/// has none of the kind. Faults of wires that cannot be drawn are passed over.
+SideWires SideWiresOf(const model::Package& package, const model::WireBondSettings& settings);
 
 }  // namespace setup
