@@ -10,11 +10,11 @@
 
 #ifdef __SANITIZE_ADDRESS__
 
-/// Of the leaks that the sanitizer finds, those of the software renderer's compiler are not ours.
+/// Leaks in the software renderer's compiler and in the library of the session bus are not ours.
 extern "C" const char* __lsan_default_suppressions();
-extern "C" const char* __lsan_default_suppressions() { return "leak:libLLVM"; }
+extern "C" const char* __lsan_default_suppressions() { return "leak:libLLVM\nleak:libdbus-1\n"; }
 
-/// Keeps that compiler loaded: once it is gone the sanitizer can no longer tell whose its leaks are.
+/// Keeps that compiler loaded: after it is unloaded the sanitizer cannot name the library of a leak.
 static void HoldCompiler() {
   static Display* const display = XOpenDisplay(nullptr);
   if (display != nullptr) glXQueryExtensionsString(display, DefaultScreen(display));

@@ -1,17 +1,19 @@
-# What the program's tests share: source it with the viewer as first argument. Each test has an X server, a home
-# and a folder of its own, all gone at its end.
+# What the program's tests share: source it with the viewer as first argument. Each test has a separate X server,
+# session bus, home and folder, all gone at its end.
 set -u
 viewer=$(readlink -f "$1")
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 folder=$(mktemp -d)
-server="" manager="" pid="" failed=0
+server="" bus="" manager="" pid="" failed=0
 mkdir -m 700 "$folder/run"
 export HOME=$folder XDG_RUNTIME_DIR=$folder/run LC_ALL=C.UTF-8
 printf 'COMPL 8\nCOMPW 4\nCOMPZ 1\n' >"$folder/board.yax"
-unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM QT_SCALE_FACTOR XDG_CONFIG_HOME DBUS_SESSION_BUS_ADDRESS
+unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM QT_SCALE_FACTOR XDG_CONFIG_HOME NO_AT_BRIDGE
+# Without a bus at this address no other is looked for, such as the desktop's.
+export DBUS_SESSION_BUS_ADDRESS=unix:path=$folder/run/bus
 
 finish() {
-  kill $pid $manager $server 2>/dev/null
+  kill $pid $manager $bus $server 2>/dev/null
   wait 2>/dev/null
   [ -e "$folder/missed" ] && failed=1
   rm -rf "$folder"
@@ -26,7 +28,7 @@ expect() {
   failed=1
 }
 
-# open_display OPTIONS...: a fresh X server
+# open_display OPTIONS...: a fresh X server, and a session bus for its programs
 open_display() {
   # Without -noreset it would start anew each time its last client goes.
   rm -f "$folder/display"
@@ -37,6 +39,13 @@ open_display() {
     sleep 0.05
   done
   export DISPLAY=:$(cat "$folder/display")
+  [ -z "$bus" ] || return
+  dbus-daemon --session --nofork --address="$DBUS_SESSION_BUS_ADDRESS" >/dev/null 2>&1 &
+  bus=$!
+  until [ -S "$folder/run/bus" ]; do
+    kill -0 $bus 2>/dev/null || { echo "the session bus does not start" >&2; failed=1; exit; }
+    sleep 0.05
+  done
 }
 
 # start ARGUMENTS...: the viewer, in the background
@@ -56,11 +65,11 @@ found() {
   done
   echo "there is no window '$1'" >&2
   cat "$folder/err" >&2
-  : >"$folder/missed" # it is asked in a shell of its own, whose variables nobody sees
+  : >"$folder/missed" # a command substitution cannot set "failed" here
   exit 1
 }
 
-# ended WHAT STATUS: the viewer ends by itself, with that status
+# ended WHAT STATUS: the viewer ends without being killed, with that status
 ended() {
   local status
   for _ in $(seq 200); do
@@ -74,19 +83,8 @@ ended() {
   expect "$1: status" "$status" "$2"
 }
 
-# ends WHAT STATUS: and without a word on the terminal
+# ends WHAT STATUS: the same, and writes nothing to the terminal
 ends() {
   ended "$1" "$2"
   expect "$1: words" "$(cat "$folder/out" "$folder/err")" ""
-}
-
-# over_the_bus SCRIPT VIEWER FOLDER: runs a script that drives the viewer over the accessibility bus
-over_the_bus() {
-  export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 NO_AT_BRIDGE=1
-  local status
-  # The bus has a lot to say about itself.
-  dbus-run-session -- /usr/bin/python3 "$root/tests/program/$1" "$2" "$3" >"$folder/log" 2>&1
-  status=$?
-  [ $status = 0 ] || cat "$folder/log" >&2
-  expect "$1" $status 0
 }

@@ -14,24 +14,7 @@ shown() {
 }
 resize() { xdotool windowsize "$window" 700 500; }
 
-shown
-rm "$board"
-resize
-ends "deleted" 0
-
-shown
-rm "$board"
-mkdir "$board"
-resize
-ends "a folder in its place" 0
-
-shown
-rm "$board"
-mkfifo "$board" # nobody writes into it: opening it would last for ever
-resize
-ends "a pipe in its place" 0
-
-for length in 0 30 65; do # nothing, in the header, in the middle of a pad
+for length in 0 30 65; do # empty; in the header; in the middle of a pad
   shown
   truncate -s $length "$board"
   resize
@@ -54,7 +37,7 @@ resize
 fails "a bowed ring without bulge" 1
 
 shown
-ln -s /proc/self/mem "$board.vu" # there, regular, and not to be read, by nobody
+ln -s /proc/self/mem "$board.vu" # a regular file that even root cannot read from its start
 resize
 fails "unreadable net types" 1
 
@@ -62,6 +45,6 @@ start "$board"
 fails "unreadable net types from the start" 0
 
 rm "$board.vu"
-truncate -s 1T "$board" # a hole: no room on the disk, more than any memory
+truncate -s 1T "$board" # sparse: it needs no room on the disk and more than any memory
 start "$board"
 fails "a file of a terabyte" 0

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Under a window manager: closing the window ends the program; resizing and hiding it leave it without a word.
+# Under a window manager: closing the window ends the program; resizing and minimizing it do not.
 . "$(dirname "$0")/checks.sh"
 open_display
 openbox >/dev/null 2>&1 &
@@ -10,7 +10,7 @@ for _ in $(seq 100); do
 done
 start "$folder/board.yax"
 window=$(found 'board.yax$')
-# It complains as long as no window is active yet; what it brought about is seen below.
+# xdotool complains while no window is active yet; the effect is checked below.
 xdotool windowactivate --sync "$window" windowsize --sync "$window" 700 500 2>/dev/null
 xdotool windowminimize --sync "$window" windowactivate --sync "$window"
 expect "size" "$(xdotool getwindowgeometry "$window" | grep -o 'Geometry: .*')" "Geometry: 700x500"
