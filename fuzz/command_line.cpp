@@ -92,7 +92,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                         std::count(arguments.begin(), arguments.end(), "--version") >
                     0;
   Expect(shell::AnswerAtOnce(arguments).empty() != asks, "what is asked is answered, and nothing else");
-  const char* const display = shell::ToolkitOption(arguments, "display");
+  const char* const display = shell::QtOption(arguments, "display");
   Expect(display == nullptr || std::count(arguments.begin() + 1, arguments.end(), display) > 0,
          "a value is one of the arguments");
 

@@ -22,18 +22,17 @@ std::string Beside(const std::string& folder, const std::string& name) {
   return folder.ends_with('/') ? folder + name : folder + "/" + name;
 }
 
-/// The new program's side of the fork. Other threads' locks are lost here, so it calls only what is
-/// safe after a fork: no allocation, nothing of the C++ library.
+/// Runs in the forked child. Locks of other threads stay locked there, so it calls nothing but
+/// async-signal-safe functions: no allocation, nothing of the C++ library.
 [[noreturn]] void BecomeProgram(const char* program, char* const* arguments) {
   setsid();
-  // The second fork's child belongs to no one here: init takes it, and no zombie waits for us.
+  // The second child is an orphan: init reaps it, so it never becomes our zombie.
   if (fork() != 0) _exit(0);
-  // What this program's libraries blocked or ignored is not the new program's business.
+  // As a shell starts a program: this one and its libraries ignore some signals, which exec would keep.
   sigset_t none;
   sigemptyset(&none);
   sigprocmask(SIG_SETMASK, &none, nullptr);
-  signal(SIGPIPE, SIG_DFL);
-  signal(SIGCHLD, SIG_DFL);
+  for (int number = 1; number < NSIG; ++number) signal(number, SIG_DFL);
   const int nothing = open("/dev/null", O_RDONLY);
   if (nothing > STDIN_FILENO) {
     dup2(nothing, STDIN_FILENO);
@@ -76,7 +75,7 @@ std::string Estimator::Write(const std::string& name, std::string_view text) con
     model::WriteWholeFile(beside, text);
     return beside;
   } catch (const model::FileFault&) {
-    // An installed program's folder is seldom the user's.
+    // The folder of an installed program mostly belongs to root.
     if (userFolder_.empty()) throw;
   }
   std::error_code error;

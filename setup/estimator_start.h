@@ -10,8 +10,9 @@ namespace setup {
 /// Starts `program` with one argument and does not wait for it.
 using StartProgram = std::function<void(const std::string& program, const std::string& argument)>;
 
-/// Starts a program with no shell in between. It gets a session of its own, so it outlives this program
-/// and its terminal, and it leaves no zombie. One that cannot be started is passed over in silence.
+/// Starts a program with no shell in between, in a new session, so that it outlives this program and its
+/// terminal, and with the signal dispositions that a shell would give it. Leaves no zombie. A program that
+/// cannot be started is ignored.
 void StartDetached(const std::string& program, const std::string& argument);
 
 class Estimator {

@@ -6,20 +6,13 @@
 
 namespace setup {
 
-/// Meanings of the bits in FileDialogRequest::Flags.
-inline constexpr int kOverwritePrompt = 0x2;  ///< ask before a file that is there is replaced
-inline constexpr int kHideReadOnly = 0x4;     ///< no "read only" box
-inline constexpr int kKeepFolder = 0x8;       ///< the program's current folder stays
-inline constexpr int kCreatePrompt = 0x2000;  ///< a new name is taken without a question all the same
-inline constexpr int kShareAware = 0x4000;    ///< a file that others have open may be chosen
-
 /// What a dialog shows. Texts are UTF-8.
 struct FileDialogRequest {
   std::string DialogTitle{};
   std::string FileName{};    ///< what it starts with: a path, or a pattern such as "*.zu"
   std::string Filter{};      ///< pairs of words and pattern: "zu files|*.zu|all files|*.*"
-  std::string DefaultExt{};  ///< what a name without one gets, point included
-  int Flags = 0;
+  std::string DefaultExt{};  ///< appended to a name without a suffix, such as ".zu"
+  bool OverwritePrompt = false;
   /// The package being shown: the overwrite question warns of it, and a first dialog starts in its folder.
   std::string PackagePath{};
 };
@@ -33,8 +26,8 @@ class FileDialog {
   virtual std::optional<std::string> ShowSave(const FileDialogRequest& request) = 0;
 };
 
-/// What a save dialog asks before it takes `target`; "No" is always the default answer.
-/// Returns "" when there is nothing to ask: no such file, or no kOverwritePrompt.
-std::string OverwriteQuestion(const std::string& target, const FileDialogRequest& request);
+/// The question before `target` is written; "No" is always the default answer.
+/// Returns "" when there is no such file yet
+std::string OverwriteQuestion(const std::string& target, const std::string& packagePath);
 
 }  // namespace setup

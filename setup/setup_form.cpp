@@ -98,7 +98,7 @@ void SetupForm::SaveParameters() {
                                       .FileName = package_.PackagePath,
                                       .Filter = "zu files|*.zu|all files|*.*",
                                       .DefaultExt = ".zu",
-                                      .Flags = kCreatePrompt | kKeepFolder | kHideReadOnly | kOverwritePrompt,
+                                      .OverwritePrompt = true,
                                       .PackagePath = package_.PackagePath});
   if (path) model::WriteWholeFile(*path, controls_.Vu);
 }
@@ -108,7 +108,6 @@ void SetupForm::LoadParameters() {
                                       .FileName = "*.zu",
                                       .Filter = "zu files|*.zu|All files|*.*",
                                       .DefaultExt = ".zu",
-                                      .Flags = kShareAware | kKeepFolder | kHideReadOnly,
                                       .PackagePath = package_.PackagePath});
   if (!path) return;
   const std::string text = model::ReadWholeFile(*path);

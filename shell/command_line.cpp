@@ -37,7 +37,7 @@ std::string AnswerAtOnce(const std::vector<std::string>& arguments) {
   return {};
 }
 
-const char* ToolkitOption(const std::vector<std::string>& arguments, std::string_view name) {
+const char* QtOption(const std::vector<std::string>& arguments, std::string_view name) {
   for (std::size_t i = 0; i + 1 < arguments.size(); ++i) {
     const std::string_view argument = arguments[i];
     if (argument.starts_with('-') && argument.substr(argument.starts_with("--") ? 2 : 1) == name)

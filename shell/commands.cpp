@@ -44,21 +44,29 @@ void Ask(const std::function<void(Arguments...)>& action, const Values&... value
 std::span<const MenuEntry> CommandMenu() { return kMenu; }
 
 void Commands::DoLoadYAX_Click() {
-  end_.RunTrapped([this] { LoadPackage(); });
+  end_.RunTrapped([this] { ChoosePackage(); });
 }
 
-void Commands::LoadPackage() {
-  // Before the dialog, and whatever is chosen in it: the list belongs to the package that goes.
+void Commands::LoadDropped(const std::string& path) {
+  end_.RunTrapped([&] {
+    Ask(actions.unloadWireList);
+    LoadPackage(path);
+  });
+}
+
+void Commands::ChoosePackage() {
+  // Before the dialog, and even if that is cancelled: the list belongs to the package shown so far.
   Ask(actions.unloadWireList);
-  const std::optional<std::string> path =
-      Filn_.ShowOpen({.DialogTitle = "Load YAX File",
-                      .FileName = "*.yax",
-                      .Filter = "YAX files|*.yax|All files|*.*",
-                      .DefaultExt = ".yax",
-                      .Flags = setup::kShareAware | setup::kKeepFolder | setup::kHideReadOnly,
-                      .PackagePath = form_.Package().PackagePath});
-  if (!path) return;
-  form_.Package().PackagePath = *path;
+  const std::optional<std::string> path = Filn_.ShowOpen({.DialogTitle = "Load YAX File",
+                                                          .FileName = "*.yax",
+                                                          .Filter = "YAX files|*.yax|All files|*.*",
+                                                          .DefaultExt = ".yax",
+                                                          .PackagePath = form_.Package().PackagePath});
+  if (path) LoadPackage(*path);
+}
+
+void Commands::LoadPackage(const std::string& path) {
+  form_.Package().PackagePath = path;
   form_.SkipStartup = true;
   form_.Form_Load();
 }
@@ -68,12 +76,11 @@ void Commands::DoSavePic_Click() {
 }
 
 void Commands::SavePicture() {
-  const std::optional<std::string> path = Filn_.ShowSave(
-      {.DialogTitle = "Save Picture",
-       .FileName = "*.bmp",
-       .Filter = "bmp files|*.bmp|All files|*.*",
-       .Flags = setup::kCreatePrompt | setup::kKeepFolder | setup::kHideReadOnly | setup::kOverwritePrompt,
-       .PackagePath = form_.Package().PackagePath});
+  const std::optional<std::string> path = Filn_.ShowSave({.DialogTitle = "Save Picture",
+                                                          .FileName = "*.bmp",
+                                                          .Filter = "bmp files|*.bmp|All files|*.*",
+                                                          .OverwritePrompt = true,
+                                                          .PackagePath = form_.Package().PackagePath});
   if (path) model::WriteWholeFile(*path, render::BitmapBytes(form_.FramePicture()));
 }
 

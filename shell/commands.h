@@ -44,8 +44,12 @@ class Commands {
   void DoViewHelp_Click();
   void DoAbout_Click();
 
+  /// Loads a file that was dropped on the window, as DoLoadYAX_Click loads a chosen one.
+  void LoadDropped(const std::string& path);
+
  private:
-  void LoadPackage();
+  void ChoosePackage();
+  void LoadPackage(const std::string& path);
   void SavePicture();
   void Print(bool fit);
   void ShowHelp(const std::string& caption, const std::string& file);

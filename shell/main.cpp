@@ -14,16 +14,21 @@
 
 namespace {
 
-/// Nobody could close a box that no screen shows.
+bool HasDisplay() {
+  const QString platform = qApp != nullptr ? QGuiApplication::platformName() : "offscreen";
+  return platform != "offscreen" && !platform.startsWith("minimal");
+}
+
+/// Without a display a message box would block forever: its text goes to stderr.
 void ShowCritical(const std::string& title, const std::string& text) {
-  if (qApp != nullptr && QGuiApplication::platformName() == "xcb") {
+  if (HasDisplay()) {
     QMessageBox::critical(nullptr, QString::fromStdString(title), QString::fromStdString(text));
   } else {
     std::fprintf(stderr, "%s: %s\n", title.c_str(), text.c_str());
   }
 }
 
-/// The backstop for a fault that a handler let out: nothing may pass through the toolkit.
+/// The backstop for a fault that a handler let out: Qt does not support exceptions in its event loop.
 class Application final : public QApplication {
  public:
   Application(int& argc, char** argv, shell::ProgramEnd& end) : QApplication(argc, argv), end_(end) {}
@@ -47,7 +52,7 @@ int main(int argc, char** argv) {
   const std::vector<std::string> arguments(argv + 1, argv + argc);
   if (const std::string answer = shell::AnswerAtOnce(arguments); !answer.empty())
     return std::fputs(answer.c_str(), stdout) >= 0 ? 0 : 1;
-  // A file that may not grow any more fails to be written, which is told; the signal would end the program.
+  // At the limit of file sizes a write should fail with an error, not end the program by a signal.
   std::signal(SIGXFSZ, SIG_IGN);
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "xcb");
 
@@ -55,10 +60,9 @@ int main(int argc, char** argv) {
   shell::ProgramEnd end;
   end.showCritical = ShowCritical;
   end.leave = [&status](int with) { status = with; };
-  // The toolkit would abort where no display answers.
-  const bool onX =
-      shell::ToolkitOption(arguments, "platform") == nullptr && qgetenv("QT_QPA_PLATFORM") == "xcb";
-  const shell::ui::DisplayConnection display(shell::ToolkitOption(arguments, "display"));
+  // Qt aborts where no display answers.
+  const bool onX = shell::QtOption(arguments, "platform") == nullptr && qgetenv("QT_QPA_PLATFORM") == "xcb";
+  const shell::ui::DisplayConnection display(shell::QtOption(arguments, "display"));
   if (onX && !display.Answers()) {
     end.FatalError("Could not retrieve pixel format!");
     return status;
@@ -67,7 +71,7 @@ int main(int argc, char** argv) {
   Application application(argc, argv, end);
   shell::ui::InstallAccessibleViews();
   QCoreApplication::setApplicationName(shell::kProgramTitle);
-  // The toolkit has taken its own options out.
+  // Qt has removed its own options from argv.
   const shell::StartUp startUp{QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString(),
                                shell::CommandLineText({argv + 1, argv + argc})};
   shell::ui::MainWindow window(startUp, end);
@@ -80,7 +84,7 @@ int main(int argc, char** argv) {
     QCoreApplication::exit(with);
   };
   window.show();
-  // Without a window manager nobody else gives it the keyboard.
+  // Without a window manager the window would not get the keyboard.
   window.activateWindow();
   QApplication::exec();
   return status;

@@ -47,14 +47,13 @@ void WireListForm::DoWireList() {
 
 bool WireListForm::Refill() {
   if (!selection_.Shown) return false;
+  enabled_ = EnabledButtons(package_);
   const auto sameText = [](const std::string& entry, const model::WireNameRec& wire) {
     return entry == model::EntryText(wire);
   };
   if (std::equal(entries_.begin(), entries_.end(), package_.WireNames.begin(), package_.WireNames.end(),
                  sameText))
     return false;
-
-  enabled_ = EnabledButtons(package_);
   entries_ = EntryTexts(package_);
   selected_.assign(entries_.size(), false);
   for (std::size_t i = 0; i < entries_.size(); ++i) selected_[i] = selection_.Names.contains(entries_[i]);

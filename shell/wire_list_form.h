@@ -38,9 +38,10 @@ class WireListForm {
   /// Fills the list from the package, nothing selected. The caller then shows the window and calls Form_Show.
   /// Faults  SubscriptOutOfRange when a tier addresses no button; the list is then as it was
   void DoWireList();
-  /// After a load: fills the shown list again when the package's texts are no longer the entries; what was
-  /// selected stays so by its text. Rebuilds nothing, as every load does that itself. A tier that addresses
-  /// no button enables none: only the command faults, a load goes on. Returns true when the entries are new
+  /// After a load, while the list is shown: enables the buttons anew, and fills the list again when the
+  /// package's texts are no longer the entries; a text that was selected stays selected. A tier that
+  /// addresses no button enables none: only the command faults, a load goes on. The load itself rebuilds.
+  /// Returns true when the entries are new
   bool Refill();
 
   void Form_Show();

@@ -10,8 +10,8 @@ namespace setup::ui {
 
 namespace {
 
-/// "zu files|*.zu|all files|*.*" as the toolkit takes it. A pattern of all files must also show those without
-/// a point.
+/// "zu files|*.zu|all files|*.*" in Qt's form. Qt takes "*.*" literally, so that files without a point would
+/// be missing.
 QStringList NameFilters(const std::string& filter) {
   const QStringList parts = QString::fromStdString(filter).split('|');
   QStringList filters;
@@ -23,12 +23,30 @@ QStringList NameFilters(const std::string& filter) {
 }
 
 bool MayReplace(QWidget* parent, const std::string& path, const FileDialogRequest& request) {
-  const std::string question = OverwriteQuestion(path, request);
+  const std::string question = OverwriteQuestion(path, request.PackagePath);
   return question.empty() ||
          QMessageBox::warning(parent, QString::fromStdString(request.DialogTitle),
                               QFile::decodeName(question.c_str()), QMessageBox::Yes | QMessageBox::No,
                               QMessageBox::No) == QMessageBox::Yes;
 }
+
+/// Qt's dialog, but for a name that is typed without its suffix: a file of exactly that name goes first.
+class Dialog final : public QFileDialog {
+ public:
+  Dialog(QWidget* parent, const FileDialogRequest& request, const QString& folder)
+      : QFileDialog(parent, QString::fromStdString(request.DialogTitle), folder),
+        suffix_(QString::fromStdString(request.DefaultExt)) {}
+
+  void accept() override {
+    setDefaultSuffix({});
+    const bool opens = acceptMode() == AcceptOpen;
+    if (!opens || !QFileInfo::exists(selectedFiles().value(0))) setDefaultSuffix(suffix_);
+    QFileDialog::accept();
+  }
+
+ private:
+  QString suffix_;
+};
 
 }  // namespace
 
@@ -40,7 +58,7 @@ std::optional<std::string> QtFileDialog::ShowSave(const FileDialogRequest& reque
   return Show(request, true);
 }
 
-/// The window that the user works in, so that the dialog is not hidden behind it.
+/// The window in use, so that the dialog is not hidden behind it.
 QWidget* QtFileDialog::Parent() const {
   QWidget* const active = QApplication::activeWindow();
   return active != nullptr ? active : parent_;
@@ -53,21 +71,21 @@ QString QtFileDialog::StartFolder(const FileDialogRequest& request) const {
 }
 
 std::optional<std::string> QtFileDialog::Show(const FileDialogRequest& request, bool save) {
-  QFileDialog dialog(Parent(), QString::fromStdString(request.DialogTitle), StartFolder(request));
+  Dialog dialog(Parent(), request, StartFolder(request));
   dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-  // The question is asked here, since it must tell when the package itself would be replaced.
+  // Qt's own question would not say that the file is the package itself.
   dialog.setOption(QFileDialog::DontConfirmOverwrite);
   dialog.setNameFilters(NameFilters(request.Filter));
-  if (!request.DefaultExt.empty()) dialog.setDefaultSuffix(QString::fromStdString(request.DefaultExt).mid(1));
-  const QString name = QFile::decodeName(request.FileName.c_str());
-  // A pattern is what the filter shows already; anything else is a name to start with.
-  if (!request.FileName.starts_with('*')) dialog.selectFile(name);
+  // A pattern shows in the filter already; anything else is a name to start with. Qt would look for a
+  // relative one in the folder where the user was last.
+  if (!request.FileName.empty() && !request.FileName.starts_with('*'))
+    dialog.selectFile(QFileInfo(QFile::decodeName(request.FileName.c_str())).absoluteFilePath());
 
   while (dialog.exec() == QDialog::Accepted) {
     const QString chosen = dialog.selectedFiles().value(0);
     const std::string path = QFile::encodeName(chosen).toStdString();
-    if (save && !MayReplace(&dialog, path, request)) continue;
+    if (request.OverwritePrompt && !MayReplace(&dialog, path, request)) continue;
     folder_ = QFileInfo(chosen).absolutePath();
     return path;
   }

@@ -1,4 +1,4 @@
-/// The open and save dialogs of the toolkit, native where the desktop has them.
+/// Qt's open and save dialogs, native where the desktop has them.
 #pragma once
 
 #include <QString>

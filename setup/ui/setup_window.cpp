@@ -34,6 +34,14 @@ QGroupBox* MakeFrame(const char* caption) {
 
 QButtonGroup* GroupOf(const QGroupBox* frame) { return frame->findChild<QButtonGroup*>(); }
 
+/// The code of Enter or Escape, 0 for other keys and for those that repeat.
+int CodeOf(const QEvent& event) {
+  const auto& key = static_cast<const QKeyEvent&>(event);
+  if (key.isAutoRepeat()) return 0;
+  if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) return 13;
+  return key.key() == Qt::Key_Escape ? 27 : 0;
+}
+
 /// Scrolls what a small screen has no room for; it would like to show all of it.
 class Scroller final : public QScrollArea {
  public:
@@ -106,21 +114,31 @@ bool SetupWindow::event(QEvent* event) {
 }
 
 bool SetupWindow::eventFilter(QObject* watched, QEvent* event) {
-  for (const Box& box : boxes_) {
-    if (box.Edit != watched) continue;
-    // The box's own menu takes the focus for a moment only.
-    const bool focus = event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut;
-    if (focus && static_cast<QFocusEvent*>(event)->reason() == Qt::PopupFocusReason) break;
-    if (event->type() == QEvent::FocusIn) run_(box.GotFocus);
-    if (event->type() == QEvent::FocusOut) run_(box.LostFocus);
-    if (event->type() == QEvent::KeyRelease && !static_cast<QKeyEvent*>(event)->isAutoRepeat()) {
-      const int key = static_cast<QKeyEvent*>(event)->key();
-      if (key == Qt::Key_Return || key == Qt::Key_Enter) run_([&] { box.KeyUp(13); });
-      if (key == Qt::Key_Escape) run_([&] { box.KeyUp(27); });
-    }
-    break;
-  }
+  for (const Box& box : boxes_)
+    if (box.Edit == watched) BoxEvent(box, *event);
   return QMainWindow::eventFilter(watched, event);
+}
+
+void SetupWindow::BoxEvent(const Box& box, const QEvent& event) {
+  switch (event.type()) {
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+      pressedInBox_ = 0;
+      // The box's own menu takes the focus for a moment only.
+      if (static_cast<const QFocusEvent&>(event).reason() != Qt::PopupFocusReason)
+        run_(event.type() == QEvent::FocusIn ? box.GotFocus : box.LostFocus);
+      return;
+    case QEvent::KeyPress:
+      if (const int code = CodeOf(event); code != 0) pressedInBox_ = code;
+      return;
+    case QEvent::KeyRelease:
+      // The box also gets the release of a key that its menu or a dialog saw go down.
+      if (const int code = CodeOf(event); code != 0 && code == std::exchange(pressedInBox_, 0))
+        run_([&] { box.KeyUp(code); });
+      return;
+    default:
+      return;
+  }
 }
 
 void SetupWindow::ShowControls() {

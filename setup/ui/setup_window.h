@@ -57,6 +57,7 @@ class SetupWindow final : public QMainWindow {
   QRadioButton* MakeOption(std::array<QRadioButton*, kCount>& options, std::size_t index, const char* caption,
                            QGroupBox* frame, std::function<void()> click);
   QLineEdit* MakeBox(QGroupBox* frame, Box box);
+  void BoxEvent(const Box& box, const QEvent& event);
   void ShowControls();
   void FocusOption(OptionArray options, std::size_t index);
 
@@ -69,6 +70,7 @@ class SetupWindow final : public QMainWindow {
   std::array<QPushButton*, 7> Cmd{};
   std::vector<QGroupBox*> stackFrames_;
   std::vector<Box> boxes_;
+  int pressedInBox_ = 0;  ///< Enter or Escape, once the focused box has seen it go down
   QPlainTextEdit* Vu = nullptr;
   LoopView* Picture1 = nullptr;
 };

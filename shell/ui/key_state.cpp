@@ -2,6 +2,9 @@
 
 #include <QKeyEvent>
 
+#include "shell/navigation/input_codes.h"
+#include "shell/ui/keyboard_layout.h"
+
 namespace shell::ui {
 
 namespace {
@@ -19,6 +22,41 @@ Qt::KeyboardModifier ModifierOf(int key) {
   }
 }
 
+int CodeOf(int key, bool keypad) {
+  switch (key) {
+    case Qt::Key_Escape:
+      return navigation::kEscape;
+    case Qt::Key_Home:
+      return navigation::kHome;
+    case Qt::Key_Left:
+      return navigation::kLeft;
+    case Qt::Key_Up:
+      return navigation::kUp;
+    case Qt::Key_Right:
+      return navigation::kRight;
+    case Qt::Key_Down:
+      return navigation::kDown;
+    case Qt::Key_D:
+      return navigation::kD;
+    case Qt::Key_L:
+      return navigation::kL;
+    case Qt::Key_R:
+      return navigation::kR;
+    case Qt::Key_U:
+      return navigation::kU;
+    case Qt::Key_Plus:
+      return keypad ? navigation::kKeypadPlus : navigation::kEqualsPlus;
+    case Qt::Key_Equal:
+      return navigation::kEqualsPlus;
+    case Qt::Key_Minus:
+      return keypad ? navigation::kKeypadMinus : navigation::kMinus;
+    case Qt::Key_Underscore:
+      return navigation::kMinus;
+    default:
+      return 0;
+  }
+}
+
 }  // namespace
 
 int ShiftState(Qt::KeyboardModifiers modifiers) {
@@ -32,6 +70,14 @@ int ShiftState(const QKeyEvent& key) {
   Qt::KeyboardModifiers modifiers = key.modifiers();
   modifiers.setFlag(ModifierOf(key.key()), key.type() == QEvent::KeyPress);
   return ShiftState(modifiers);
+}
+
+int KeyCode(const QKeyEvent& key) {
+  const int code = CodeOf(key.key(), key.modifiers().testFlag(Qt::KeypadModifier));
+  if (code != 0 || key.nativeScanCode() == 0 || ModifierOf(key.key()) != Qt::NoModifier) return code;
+  const char character = UnshiftedCharacter(key.nativeScanCode(), key.nativeModifiers());
+  // Qt names letters by their capitals.
+  return CodeOf(QChar(character).toUpper().unicode(), false);
 }
 
 }  // namespace shell::ui

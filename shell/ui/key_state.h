@@ -1,4 +1,4 @@
-/// The modifier state of the toolkit's key events.
+/// Qt's key events as the numbers that the handlers take.
 #pragma once
 
 #include <QEvent>
@@ -13,5 +13,9 @@ int ShiftState(Qt::KeyboardModifiers modifiers);
 
 /// The same as it stands after this key, which may itself be one of the three.
 int ShiftState(const QKeyEvent& key);
+
+/// The handlers' code of a key, 0 for those that they do not know. The character decides; where that is none
+/// of theirs, the key's own character without modifiers does.
+int KeyCode(const QKeyEvent& key);
 
 }  // namespace shell::ui

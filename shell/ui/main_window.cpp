@@ -2,8 +2,11 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDropEvent>
 #include <QFile>
+#include <QFileInfo>
 #include <QGridLayout>
+#include <QMimeData>
 #include <QScreen>
 #include <QStandardPaths>
 #include <QWindow>
@@ -25,6 +28,14 @@ std::string UserFolder() {
   return QFile::encodeName(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)).toStdString();
 }
 
+/// The one package file that is dragged; empty for anything else.
+std::string DraggedPackage(const QMimeData& dragged) {
+  const QList<QUrl> urls = dragged.urls();
+  const QFileInfo file(urls.size() == 1 ? urls[0].toLocalFile() : QString());
+  const bool isPackage = file.isFile() && file.suffix().compare("yax", Qt::CaseInsensitive) == 0;
+  return isPackage ? QFile::encodeName(file.filePath()).toStdString() : std::string();
+}
+
 }  // namespace
 
 MainWindow::MainWindow(const StartUp& startUp, ProgramEnd& end, setup::FileDialog* Filn)
@@ -42,6 +53,7 @@ MainWindow::MainWindow(const StartUp& startUp, ProgramEnd& end, setup::FileDialo
       printing_(this),
       wireListForm_(form_.Package(), form_.Selection()) {
   QApplication::setWindowIcon(ProgramIcon());
+  setAcceptDrops(true);
   LayOut();
   WireNavigation();
   WireForm();
@@ -161,6 +173,19 @@ bool MainWindow::event(QEvent* event) {
   // is shown, though, the dialog may have been its own.
   if (event->type() == QEvent::WindowUnblocked && !(BWsu_ && BWsu_->isVisible())) activateWindow();
   return QWidget::event(event);
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (DraggedPackage(*event->mimeData()).empty() || !(event->possibleActions() & Qt::CopyAction)) return;
+  // Not the proposed action: after a move the file manager would delete the file.
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
+  commands_.LoadDropped(DraggedPackage(*event->mimeData()));
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

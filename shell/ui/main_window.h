@@ -11,6 +11,7 @@
 #include "shell/main_form.h"
 #include "shell/program_end.h"
 #include "shell/ui/command_menu.h"
+#include "shell/ui/held_keys.h"
 #include "shell/ui/printing.h"
 #include "shell/ui/view_controls.h"
 #include "shell/ui/view_input.h"
@@ -38,6 +39,8 @@ class MainWindow final : public QWidget {
  protected:
   bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
   void LayOut();
@@ -51,6 +54,7 @@ class MainWindow final : public QWidget {
   GlView* view_;
   MainForm form_;
   ViewControls controls_;
+  HeldKeys heldKeys_;
   ViewInput input_;
   setup::ui::QtFileDialog dialogs_;
   setup::FileDialog& Filn_;

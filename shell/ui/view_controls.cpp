@@ -57,6 +57,7 @@ void ArrowPicture::paintEvent(QPaintEvent* event) {
 
 DummyBox::DummyBox(QWidget* parent) : QLineEdit(parent) {
   setReadOnly(true);
+  setAcceptDrops(false);  // what is dropped here is the window's
   setContextMenuPolicy(Qt::NoContextMenu);
   setAccessibleName("Reset view");
   setAccessibleDescription("Reads the package again and goes back to the first view, as the Home key does");

@@ -22,43 +22,6 @@ int ButtonCode(Qt::MouseButtons buttons) {
          (buttons & Qt::MiddleButton ? navigation::kMiddleButton : 0);
 }
 
-/// The handlers' code of a key, 0 for those that they do not know.
-int KeyCode(const QKeyEvent& key) {
-  const bool keypad = key.modifiers().testFlag(Qt::KeypadModifier);
-  switch (key.key()) {
-    case Qt::Key_Escape:
-      return navigation::kEscape;
-    case Qt::Key_Home:
-      return navigation::kHome;
-    case Qt::Key_Left:
-      return navigation::kLeft;
-    case Qt::Key_Up:
-      return navigation::kUp;
-    case Qt::Key_Right:
-      return navigation::kRight;
-    case Qt::Key_Down:
-      return navigation::kDown;
-    case Qt::Key_D:
-      return navigation::kD;
-    case Qt::Key_L:
-      return navigation::kL;
-    case Qt::Key_R:
-      return navigation::kR;
-    case Qt::Key_U:
-      return navigation::kU;
-    case Qt::Key_Plus:
-      return keypad ? navigation::kKeypadPlus : navigation::kEqualsPlus;
-    case Qt::Key_Equal:
-      return navigation::kEqualsPlus;
-    case Qt::Key_Minus:
-      return keypad ? navigation::kKeypadMinus : navigation::kMinus;
-    case Qt::Key_Underscore:
-      return navigation::kMinus;
-    default:
-      return 0;
-  }
-}
-
 bool OpensMenu(const QKeyEvent& key) {
   return key.key() == Qt::Key_Menu ||
          (key.key() == Qt::Key_F10 && ShiftState(key.modifiers()) == navigation::kShift);
@@ -138,10 +101,9 @@ bool ViewInput::KeyEvent(const QKeyEvent& key, bool down) {
 }
 
 void ViewInput::WheelEvent(const QWheelEvent& wheel) {
-  // Held down, Alt turns the wheel sideways.
-  const bool alt = wheel.modifiers().testFlag(Qt::AltModifier);
+  // While Alt is held, Qt swaps the two directions of a wheel.
   const QPoint turn = wheel.angleDelta();
-  const int delta = turn.y() == 0 && alt ? turn.x() : turn.y();
+  const int delta = wheel.modifiers().testFlag(Qt::AltModifier) ? turn.x() : turn.y();
   if (delta != 0) end_.Run([&] { form_.Navigator().WheelMoved(delta); });
 }
 

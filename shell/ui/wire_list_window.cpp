@@ -85,6 +85,7 @@ WireListWindow::~WireListWindow() { form_.upward.selectAndGoToFirst = nullptr; }
 void WireListWindow::DoWireList() {
   form_.DoWireList();
   ShowEntries();
+  EnableButtons();
   form_.Form_Show();
   setWindowState(windowState() & ~Qt::WindowMinimized);
   show();
@@ -94,7 +95,9 @@ void WireListWindow::DoWireList() {
 
 void WireListWindow::PackageChanged() {
   TakeSelection();
-  if (!form_.Refill()) return;
+  const bool newEntries = form_.Refill();
+  EnableButtons();
+  if (!newEntries) return;
   ShowEntries();
   Select(form_.SelectedRanges());
 }
@@ -102,6 +105,9 @@ void WireListWindow::PackageChanged() {
 void WireListWindow::ShowEntries() {
   const QSignalBlocker quiet(selection_.get());
   entries_->Reset();
+}
+
+void WireListWindow::EnableButtons() {
   for (std::size_t i = 0; i < Cmd.size(); ++i) Cmd[i]->setEnabled(form_.Enabled(i));
 }
 

@@ -38,6 +38,7 @@ class WireListWindow : public QMainWindow {
   class Entries;
 
   void ShowEntries();
+  void EnableButtons();
   void Select(const EntryRanges& ranges);
   void TakeSelection();
   void PressButton(int index);

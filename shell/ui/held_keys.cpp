@@ -1,0 +1,58 @@
+#include "shell/ui/held_keys.h"
+
+#include <xcb/xcb.h>
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMenu>
+
+namespace shell::ui {
+
+namespace {
+
+/// The same with and without Shift, which makes another key of "=" in Qt's own numbers.
+quint32 CodeOf(const QKeyEvent& key) {
+  return key.nativeScanCode() != 0 ? key.nativeScanCode() : static_cast<quint32>(key.key());
+}
+
+}  // namespace
+
+HeldKeys::HeldKeys() {
+  qApp->installEventFilter(this);
+  qApp->installNativeEventFilter(this);
+}
+
+HeldKeys::~HeldKeys() { qApp->removeNativeEventFilter(this); }
+
+/// A repeat is a release and a press at the same time. Qt's own flag misses it when the press reaches its
+/// queue a moment later.
+bool HeldKeys::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*) {
+  if (eventType != "xcb_generic_event_t") return false;
+  const int type = static_cast<const xcb_generic_event_t*>(message)->response_type & 0x7F;
+  if (type != XCB_KEY_PRESS && type != XCB_KEY_RELEASE) return false;
+  const auto& event = *static_cast<const xcb_key_press_event_t*>(message);
+  XKey& key = xKeys_[event.detail];
+  if (type == XCB_KEY_PRESS)
+    key.Repeats = key.Released == event.time;
+  else
+    key.Released = event.time;
+  return false;
+}
+
+bool HeldKeys::eventFilter(QObject* watched, QEvent* event) {
+  // From now on the releases of keys may go to another program.
+  if (event->type() == QEvent::ApplicationStateChange) takers_.clear();
+  // From the window an event goes on to its widgets; a menu has the keys of the window below it.
+  if (event->type() != QEvent::KeyPress || !watched->isWindowType()) return false;
+  const auto& key = *static_cast<QKeyEvent*>(event);
+  const quint32 code = CodeOf(key);
+  const bool inMenu = qobject_cast<QMenu*>(QApplication::activePopupWidget()) != nullptr;
+  const QObject* const taker = inMenu ? nullptr : watched;
+  const bool repeats =
+      key.isAutoRepeat() || (key.nativeScanCode() < xKeys_.size() && xKeys_[key.nativeScanCode()].Repeats);
+  if (repeats) return !takers_.contains(code) || takers_[code] != taker;
+  takers_.insert(code, taker);
+  return false;
+}
+
+}  // namespace shell::ui
