@@ -1,40 +1,46 @@
-/// How close the wires of a package come to each other.
+/// How much room the wires of different nets leave between them.
 #pragma once
 
-#include <array>
 #include <cstddef>
-#include <cstdint>
+#include <glm/vec3.hpp>
+#include <optional>
+#include <string>
 #include <vector>
 
-#include "analysis/segment_distance.h"
-#include "model/wire_path.h"
+#include "analysis/nets.h"
+#include "analysis/wire_loops.h"
 
 namespace analysis {
 
-/// A loop among others. Nets and pads are numbers, the same ones for the same names.
-struct LoopOfNet {
-  std::array<analysis::Point3, model::kWirePointCount> Points{};
-  std::uint32_t Net = 0;
-  std::array<std::uint32_t, 2> Pads{};  ///< a wire has one pad, twice
+enum class Finding { None, BelowLimit, Touching };
+
+/// Two wires and the room between them, in file units.
+struct ClearanceRow {
+  std::string Name, Other;
+  std::string Net, OtherNet;
+  double Clearance = 0.0;  ///< from surface to surface; not above 0 where they touch
+  glm::dvec3 Where{};      ///< halfway between the two nearest points
+  Finding Kind = Finding::None;
 };
 
-/// Two loops and the smallest distance of their centre lines.
-struct LoopPair {
-  std::uint32_t First = 0, Second = 0;  ///< First < Second
-  double Distance = 0.0;
-  analysis::Point3 Where{};  ///< halfway between the two nearest points
+struct Clearances {
+  double WireDiameter = 0.0;
+  std::optional<double> Limit;
+  std::size_t Wires = 0;
+  std::vector<ClearanceRow> Rows;  ///< worst first
+
+  std::size_t Count(Finding kind) const;
 };
 
-/// Loops of one net are not compared, nor loops with an end point in common or at the same pad.
-bool AreCompared(const LoopOfNet& a, const LoopOfNet& b);
-
-struct LoopPairs {
-  std::vector<LoopPair> Nearest;  ///< in order of distance
-  std::size_t Effort = 0;         ///< how many distances were measured
+/// Lengths in file units.
+struct ClearanceRules {
+  NetRule Nets = {};
+  double WireDiameter = 0.0;
+  std::optional<double> Limit = {};  ///< wires with less room are findings too
+  bool All = false;                  ///< every finding, not only each wire's nearest other one
 };
 
-/// For every loop the nearest other one, and every other pair as near as `reach` (none when that is
-/// negative).
-LoopPairs FindNearLoops(const std::vector<LoopOfNet>& loops, double reach);
+/// For every wire the pair with its nearest other one; with `All` every other finding too.
+Clearances MeasureClearances(const std::vector<WireLoop>& loops, const ClearanceRules& rules);
 
 }  // namespace analysis

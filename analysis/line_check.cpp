@@ -1,6 +1,8 @@
 #include "analysis/line_check.h"
 
 #include <algorithm>
+#include <iterator>
+#include <string_view>
 #include <utility>
 
 #include "model/numbers.h"
@@ -10,11 +12,12 @@ namespace analysis {
 
 namespace {
 
+using model::Quoted;
 using model::reader::BodyKeyword;
 using model::reader::LineFate;
 using model::reader::LineNote;
 
-/// True when a text is read as 0 without saying so.
+/// True when a text is read as 0 although it does not say 0.
 bool IsUnreadable(std::string_view text) {
   if (model::ToNumber(text) != 0.0F) return false;
   if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
@@ -30,69 +33,63 @@ std::string Keyword(const LineNote& note) { return model::UpperCase(note.Fields[
 
 std::string OnLine(std::size_t line) { return "line " + std::to_string(line); }
 
-/// A missing bulge is told where it ends the viewer; no other ring needs one.
+/// A missing bulge is reported where it ends the viewer; no other ring needs one.
 bool MayBeMissing(const LineNote& note, std::size_t field) {
   return (note.Keyword == BodyKeyword::Ring || note.Keyword == BodyKeyword::SRing) && field == 8;
 }
 
-/// What editors put at the start of a file, where nobody sees it.
+/// Some editors put it at the start of a file, where it is invisible.
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+/// The line that had `key` before this one, or 0 when this is the first.
+std::size_t LineBefore(std::unordered_map<std::string, std::size_t>& lines, std::string key,
+                       std::size_t line) {
+  const auto [place, isNew] = lines.try_emplace(std::move(key), line);
+  return isNew ? 0 : place->second;
+}
 
 }  // namespace
 
-std::size_t PackageLines::HeaderOf(const std::string& keyword) const {
-  const auto found = Headers.find(keyword);
-  return found == Headers.end() ? 0 : found->second;
-}
-
-bool PackageLines::Tells(std::size_t line) const {
-  return Incomplete.contains(line) || Unreadable.contains(line);
-}
-
-bool PackageLines::HasMoreThanDies() const {
-  const auto has = [](const BondLines& bond) { return bond.SubstratePad != 0 || bond.Wire != 0; };
-  return !Stitches.empty() || !Rings.empty() || !SRings.empty() || !Daps.empty() ||
-         std::any_of(Bonds.begin(), Bonds.end(), has) || std::any_of(SDBonds.begin(), SDBonds.end(), has);
-}
-
-void LineCheck::Add(formats::Level level, const char* kind, std::size_t line, std::string what,
-                    std::string advice) {
-  report_.Remarks.push_back({level, kind, {report_.File, line}, std::move(what), std::move(advice)});
+void LineCheck::Add(const char* kind, std::size_t line, std::string what, std::string advice) {
+  found_.List.push_back({Severity::Finding, kind, {found_.File, line}, std::move(what), std::move(advice)});
 }
 
 void LineCheck::OnPackageLine(const LineNote& note) {
-  if (note.Fate != LineFate::Taken) return Ignored(note);
+  if (note.Fate != LineFate::Taken) return AddIgnored(note);
   if (note.Fields.Found() > model::Tokens::kCount)
-    Add(formats::Level::Finding, "extra-fields", note.Line,
+    Add("extra-fields", note.Line,
         "the line has " + std::to_string(note.Fields.Found()) +
             " fields, those beyond the eleventh are ignored",
         "remove them");
   CheckNumbers(note);
-  if (note.Keyword == BodyKeyword::None) return TakeHeaderLine(note);
-  TakeRecord(note);
+  if (note.Keyword == BodyKeyword::None)
+    CheckHeaderLine(note);
+  else
+    CheckRecord(note);
+  lines_.OnPackageLine(note);
 }
 
-void LineCheck::Ignored(const LineNote& note) {
-  ++report_.Ignored;
-  const std::string word = formats::Shown(note.Fields[0]);
+void LineCheck::AddIgnored(const LineNote& note) {
+  ++found_.Ignored;
+  const std::string_view word = note.Fields[0];
   switch (note.Fate) {
     case LineFate::BeforeCompz:
-      return Add(formats::Level::Finding, "before-compz", note.Line,
-                 word + " comes before the COMPZ line and is ignored", "move it after COMPZ");
+      return Add("before-compz", note.Line, Quoted(word) + " comes before the COMPZ line and is ignored",
+                 "move it after COMPZ");
     case LineFate::AfterCompz:
-      return Add(formats::Level::Finding, "after-compz", note.Line,
-                 word + " comes after the COMPZ line and is ignored", "remove it, or move it before COMPZ");
+      return Add("after-compz", note.Line, Quoted(word) + " comes after the COMPZ line and is ignored",
+                 "remove it, or move it before COMPZ");
     case LineFate::NamesNothing:
-      return nameless_.push_back(
+      return unresolved_.push_back(
           {note.Line, Keyword(note), Word(note.Fields[1]), note.Keyword == BodyKeyword::SrSeg});
     default:
-      if (note.Fields[0].starts_with(kByteOrderMark))
-        return Add(formats::Level::Finding, "unknown-keyword", note.Line,
-                   "a byte order mark hides " + formats::Shown(note.Fields[0].substr(kByteOrderMark.size())) +
-                       ", the line is ignored",
-                   "save the file as UTF-8 without a mark");
-      return Add(formats::Level::Finding, "unknown-keyword", note.Line,
-                 word + " is no keyword, the line is ignored", "correct or remove it");
+      if (word.starts_with(kByteOrderMark))
+        return Add(
+            "unknown-keyword", note.Line,
+            "a byte order mark hides " + Quoted(word.substr(kByteOrderMark.size())) + ", the line is ignored",
+            "save the file as UTF-8 without a byte order mark");
+      return Add("unknown-keyword", note.Line, "unknown keyword " + Quoted(word) + ", the line is ignored",
+                 "correct or remove it");
   }
 }
 
@@ -106,100 +103,73 @@ void LineCheck::CheckNumbers(const LineNote& note) {
     if (text.empty()) {
       if (!MayBeMissing(note, field)) missing += (missing.empty() ? "" : ", ") + std::to_string(field);
     } else if (IsUnreadable(text)) {
-      lines_.Unreadable.insert(note.Line);
-      Add(formats::Level::Finding, "unreadable-number", note.Line,
-          "field " + std::to_string(field) + ", " + formats::Shown(text) +
-              ", cannot be read as a number and is " + readAs,
+      unreadable_.insert(note.Line);
+      Add("unreadable-number", note.Line,
+          "field " + std::to_string(field) + ", " + Quoted(text) + ", is not a number and is read as " +
+              readAs,
           "write a number such as 12.5");
     }
   }
   if (missing.empty()) return;
-  lines_.Incomplete.insert(note.Line);
-  Add(formats::Level::Finding, "missing-number", note.Line,
+  incomplete_.insert(note.Line);
+  Add("missing-number", note.Line,
       "the line ends too early: numbers are missing and read as " + readAs + " (field " + missing + ")",
       "complete it");
 }
 
-/// The line that had `key` before this one, or 0 when this is the first.
-std::size_t LineCheck::Before(FirstLines& lines, std::string key, std::size_t line) {
-  const auto [place, isNew] = lines.try_emplace(std::move(key), line);
-  return isNew ? 0 : place->second;
-}
-
-void LineCheck::TakeHeaderLine(const LineNote& note) {
+void LineCheck::CheckHeaderLine(const LineNote& note) {
   const std::string keyword = Keyword(note);
-  if (const std::size_t before = std::exchange(lines_.Headers[keyword], note.Line))
-    Add(formats::Level::Finding, "duplicate", note.Line,
-        keyword + " again: it takes the place of " + OnLine(before), "keep one of them");
-  if (keyword == "COMPZ" && model::ToNumber(note.Fields[1]) == 0.0F && !lines_.Tells(note.Line))
-    Add(formats::Level::Finding, "zero-height", note.Line, "a COMPZ of 0 is read as 1",
-        "give the base die's height");
+  if (const std::size_t before = lines_.OfHeader(keyword))
+    Add("duplicate", note.Line, keyword + " again: it replaces that of " + OnLine(before),
+        "keep one of them");
+  if (keyword == "COMPZ" && model::ToNumber(note.Fields[1]) == 0.0F && !ExplainsZeros(note.Line))
+    Add("zero-height", note.Line, "a COMPZ of 0 is read as 1", "give the base die's height");
 }
 
-void LineCheck::TakeRecord(const LineNote& note) {
+void LineCheck::CheckRecord(const LineNote& note) {
   switch (note.Keyword) {
     case BodyKeyword::Cbp:
-      return TakePad(note, lines_.Bonds, pads_);
     case BodyKeyword::SdCbp:
-      return TakePad(note, lines_.SDBonds, stackedPads_);
+      return CheckPad(note);
     case BodyKeyword::Sbp:
-      return TakeOfBond(note, &BondLines::SubstratePad);
     case BodyKeyword::Wb:
-      return TakeOfBond(note, &BondLines::Wire);
-    case BodyKeyword::Stch:
-      lines_.Stitches.push_back(note.Line);
-      lines_.StitchedPads.emplace(note.Fields[1]);
-      lines_.StitchedPads.emplace(note.Fields[4]);
-      return FindTwins(note);
-    case BodyKeyword::Ring:
-      lines_.Rings.push_back(note.Line);
-      return FindTwins(note);
+      return CheckPartOfBond(note);
     case BodyKeyword::SRing:
-      lines_.SRings.push_back(note.Line);
-      lines_.Segments.emplace_back();
-      if (const std::size_t before = Before(rings_, Word(note.Fields[1]), note.Line))
-        Add(formats::Level::Finding, "duplicate", note.Line,
-            "SRING " + formats::Shown(note.Fields[1]) + " again: SRSEG lines reach only that of " +
-                OnLine(before),
-            "give it a name of its own");
-      return;
-    case BodyKeyword::SrSeg:
-      lines_.Segments[note.Record.Number].push_back(note.Line);
-      return FindTwins(note);
-    case BodyKeyword::Dap:
-      lines_.Daps.push_back(note.Line);
-      return FindTwins(note);
-    case BodyKeyword::None:
-      return;
+      return CheckSRing(note);
+    default:
+      return FindDuplicates(note);
   }
 }
 
-void LineCheck::TakePad(const LineNote& note, std::vector<BondLines>& bonds, FirstLines& names) {
-  const std::size_t before = Before(names, Word(note.Fields[1]), note.Line);
-  bonds.push_back({.Pad = note.Line, .Again = before != 0});
-  if (before == 0) return;
-  repeatedPads_.push_back({formats::Level::Finding,
-                           "duplicate",
-                           {report_.File, note.Line},
-                           Keyword(note) + " " + formats::Shown(note.Fields[1]) +
-                               " again: SBP and WB lines reach only the pad of " + OnLine(before),
-                           "give it a name of its own"});
+void LineCheck::CheckPad(const LineNote& note) {
+  FirstLines& pads = note.Keyword == BodyKeyword::Cbp ? pads_ : stackedPads_;
+  if (const std::size_t before = LineBefore(pads, Word(note.Fields[1]), note.Line))
+    repeatedPads_.push_back({Severity::Finding,
+                             "duplicate",
+                             {found_.File, note.Line},
+                             Keyword(note) + " " + Quoted(note.Fields[1]) +
+                                 " again: SBP and WB lines reach only the pad of " + OnLine(before),
+                             "give it another name"});
 }
 
-void LineCheck::TakeOfBond(const LineNote& note, std::size_t BondLines::*which) {
-  BondLines& bond =
-      (note.Record.Table == model::RecordTable::Bonds ? lines_.Bonds : lines_.SDBonds)[note.Record.Number];
-  if (const std::size_t before = std::exchange(bond.*which, note.Line))
-    Add(formats::Level::Finding, "duplicate", note.Line,
-        Keyword(note) + " " + formats::Shown(note.Fields[1]) + " again: it takes the place of " +
-            OnLine(before),
-        "keep one of them, or give its pad a name of its own");
+void LineCheck::CheckPartOfBond(const LineNote& note) {
+  if (const std::size_t before = lines_.Of(note.Record))
+    Add("duplicate", note.Line,
+        Keyword(note) + " " + Quoted(note.Fields[1]) + " again: it replaces that of " + OnLine(before),
+        "keep one of them, or give its pad another name");
 }
 
-/// Records that are all drawn may share a name; only the same record twice is of no use.
-void LineCheck::FindTwins(const LineNote& note) {
-  // Values that are 0 by mistake make no twins.
-  if (lines_.Tells(note.Line)) return;
+void LineCheck::CheckSRing(const LineNote& note) {
+  if (const std::size_t before = LineBefore(rings_, Word(note.Fields[1]), note.Line))
+    Add("duplicate", note.Line,
+        "SRING " + Quoted(note.Fields[1]) + " again: SRSEG lines reach only that of " + OnLine(before),
+        "give it another name");
+}
+
+/// Records that are all drawn may share a name; only the same record twice is useless.
+void LineCheck::FindDuplicates(const LineNote& note) {
+  // Values that are 0 by mistake do not make records equal.
+  if (ExplainsZeros(note.Line)) return;
   std::string key = Keyword(note);
   for (std::size_t field = 1; field < model::Tokens::kCount; ++field) {
     key += ' ';
@@ -210,53 +180,52 @@ void LineCheck::FindTwins(const LineNote& note) {
       key += note.Fields[field];
     }
   }
-  if (const std::size_t before = Before(twins_, std::move(key), note.Line))
-    Add(formats::Level::Finding, "duplicate", note.Line,
-        "the same " + Keyword(note) + " as on " + OnLine(before), "remove one of them");
+  if (const std::size_t before = LineBefore(records_, std::move(key), note.Line))
+    Add("duplicate", note.Line, "the same " + Keyword(note) + " as on " + OnLine(before),
+        "remove one of them");
 }
 
 void LineCheck::OnSideFileLine(const LineNote& note) {
-  const yax::Place place{report_.File + ".vu", note.Line};
-  if (note.Fate == LineFate::NotTwoFields) {
-    report_.Remarks.push_back(
-        {formats::Level::Finding, "not-two-fields", place,
-         "the line has " + std::to_string(note.Fields.Found()) + " fields and is ignored",
-         "write a wire's name and its net type"});
-    return;
-  }
+  const model::FilePlace place{found_.File + ".vu", note.Line};
+  const auto add = [&](const char* kind, std::string what, std::string advice) {
+    found_.List.push_back({Severity::Finding, kind, place, std::move(what), std::move(advice)});
+  };
+  if (note.Fate == LineFate::NotTwoFields)
+    return add("not-two-fields",
+               "the line has " + std::to_string(note.Fields.Found()) + " fields and is ignored",
+               "write a wire's name and its net type");
   const std::string name = Word(note.Fields[0]);
   if (note.Fate == LineFate::NamesNothing) {
-    unknownNets_.push_back({formats::Level::Note, "net-types-without-wire", place,
-                            "no wire is named " + formats::Shown(name), ""});
+    unknownNets_.push_back(
+        {Severity::Note, "net-types-without-wire", place, "no wire is named " + Quoted(name), ""});
     return;
   }
   NetType& before = netTypes_[name];
   // The same type once more, say for a wire and a stitch of one name, changes nothing.
-  if (before.line != 0 && before.type != note.Fields[1])
-    report_.Remarks.push_back(
-        {formats::Level::Finding, "duplicate", place,
-         formats::Shown(name) + " again: its net type takes the place of that on " + OnLine(before.line),
-         "keep one of them"});
+  if (before.Line != 0 && before.Type != note.Fields[1])
+    add("duplicate", Quoted(name) + " again: its net type replaces that on " + OnLine(before.Line),
+        "keep one of them");
   before = {Word(note.Fields[1]), note.Line};
 }
 
-void LineCheck::Finish(const model::Package& package) {
-  for (const Nameless& line : nameless_) {
-    const bool later = line.ring ? rings_.contains(line.name)
-                                 : pads_.contains(line.name) || stackedPads_.contains(line.name);
+Diagnostics LineCheck::Finish(const model::Package& package) {
+  for (const UnresolvedReference& line : unresolved_) {
+    const bool later = line.Ring ? rings_.contains(line.Name)
+                                 : pads_.contains(line.Name) || stackedPads_.contains(line.Name);
     const std::string what =
-        line.keyword + " names " + (line.ring ? "the ring " : "the die pad ") + formats::Shown(line.name);
+        line.Keyword + " names " + (line.Ring ? "the ring " : "the die pad ") + Quoted(line.Name);
     if (later) {
-      Add(formats::Level::Finding, "too-early", line.line, what + ", which comes later, and is ignored",
-          "move it after " + std::string(line.ring ? "its SRING line" : "its CBP or SD_CBP line"));
+      Add("too-early", line.Line, what + ", which comes later, and is ignored",
+          "move it after " + std::string(line.Ring ? "its SRING line" : "its CBP or SD_CBP line"));
     } else {
-      Add(formats::Level::Finding, "names-nothing", line.line, what + ", which is not there, and is ignored",
-          "correct the name");
+      Add("names-nothing", line.Line, what + ", which does not exist, and is ignored", "correct the name");
     }
   }
-  if (package.Technology != "WIRE_BOND") return;
-  for (std::vector<formats::Remark>* const remarks : {&repeatedPads_, &unknownNets_})
-    std::move(remarks->begin(), remarks->end(), std::back_inserter(report_.Remarks));
+  if (package.Technology == "WIRE_BOND") {
+    for (std::vector<Diagnostic>* const held : {&repeatedPads_, &unknownNets_})
+      std::move(held->begin(), held->end(), std::back_inserter(found_.List));
+  }
+  return std::move(found_);
 }
 
 }  // namespace analysis

@@ -1,86 +1,69 @@
-/// What the reader did in silence with the lines of a package, told by watching it.
+/// Finds lines of a package file that the reader ignores or misreads, by watching it.
 #pragma once
 
 #include <cstddef>
 #include <string>
-#include <string_view>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
-#include "formats/check_report.h"
+#include "analysis/diagnostics.h"
+#include "analysis/record_lines.h"
 #include "model/package.h"
 #include "model/reader/read_observer.h"
 
 namespace analysis {
 
-/// The lines that made a bond; 0 where there is none.
-struct BondLines {
-  std::size_t Pad = 0, SubstratePad = 0, Wire = 0;
-  bool Again = false;  ///< a pad before it on the same die has its name
-};
-
-/// The line of every record of a package.
-struct PackageLines {
-  std::unordered_map<std::string, std::size_t> Headers;  ///< by keyword; of several lines the last one
-  std::vector<BondLines> Bonds, SDBonds;
-  std::vector<std::size_t> Stitches, Rings, SRings, Daps;
-  std::vector<std::vector<std::size_t>> Segments;  ///< by ring
-  std::unordered_set<std::string> StitchedPads;    ///< names of the pads at the stitches' ends
-  std::unordered_set<std::size_t> Incomplete;      ///< lines that end before their last number
-  std::unordered_set<std::size_t> Unreadable;      ///< lines with a number that was read as 0
-
-  /// The line that gave a header keyword its value; 0 when there is none.
-  std::size_t HeaderOf(const std::string& keyword) const;
-  /// True when it was told already why the line's numbers are 0.
-  bool Tells(std::size_t line) const;
-
-  /// True where there is anything that only wire-bonded packages show.
-  bool HasMoreThanDies() const;
-};
-
-/// Watches one read and adds to the report what it sees.
+/// Watches one read of a package.
 class LineCheck final : public model::reader::ReadObserver {
  public:
-  explicit LineCheck(formats::CheckReport& report) : report_(report) {}
+  /// `file` is the package file's name for the messages.
+  explicit LineCheck(std::string file) { found_.File = std::move(file); }
 
   void OnPackageLine(const model::reader::LineNote& note) override;
   void OnSideFileLine(const model::reader::LineNote& note) override;
-  void OnPackageEnd(std::size_t lines) override { report_.Lines = lines; }
+  void OnPackageEnd(std::size_t lines) override { found_.Lines = lines; }
 
-  /// Adds what only the whole package tells.
-  void Finish(const model::Package& package);
+  /// All that was found, now that the whole package is known.
+  Diagnostics Finish(const model::Package& package);
 
-  const PackageLines& Lines() const { return lines_; }
+  const RecordLines& Lines() const { return lines_; }
+  /// True for a line that ends before its last number.
+  bool IsIncomplete(std::size_t line) const { return incomplete_.contains(line); }
+  /// True where a diagnostic already says why numbers of the line are 0.
+  bool ExplainsZeros(std::size_t line) const { return IsIncomplete(line) || unreadable_.contains(line); }
 
  private:
   using FirstLines = std::unordered_map<std::string, std::size_t>;
-  struct Nameless {
-    std::size_t line;
-    std::string keyword, name;
-    bool ring;
+  /// A line that names a pad or ring that is not there, or not yet.
+  struct UnresolvedReference {
+    std::size_t Line;
+    std::string Keyword, Name;
+    bool Ring;
   };
-
-  void Add(formats::Level level, const char* kind, std::size_t line, std::string what, std::string advice);
-  void Ignored(const model::reader::LineNote& note);
-  void CheckNumbers(const model::reader::LineNote& note);
-  void TakeHeaderLine(const model::reader::LineNote& note);
-  void TakeRecord(const model::reader::LineNote& note);
-  void TakePad(const model::reader::LineNote& note, std::vector<BondLines>& bonds, FirstLines& names);
-  void TakeOfBond(const model::reader::LineNote& note, std::size_t BondLines::*which);
-  std::size_t Before(FirstLines& lines, std::string key, std::size_t line);
-  void FindTwins(const model::reader::LineNote& note);
-
-  formats::CheckReport& report_;
-  PackageLines lines_;
-  FirstLines pads_, stackedPads_, rings_, twins_;
-  std::vector<Nameless> nameless_;
-  std::vector<formats::Remark> repeatedPads_, unknownNets_;  ///< of interest in a package with wires only
   struct NetType {
-    std::string type;
-    std::size_t line = 0;
+    std::string Type;
+    std::size_t Line = 0;
   };
+
+  void Add(const char* kind, std::size_t line, std::string what, std::string advice);
+  void AddIgnored(const model::reader::LineNote& note);
+  void CheckNumbers(const model::reader::LineNote& note);
+  void CheckHeaderLine(const model::reader::LineNote& note);
+  void CheckRecord(const model::reader::LineNote& note);
+  void CheckPad(const model::reader::LineNote& note);
+  void CheckPartOfBond(const model::reader::LineNote& note);
+  void CheckSRing(const model::reader::LineNote& note);
+  void FindDuplicates(const model::reader::LineNote& note);
+
+  Diagnostics found_;
+  RecordLines lines_;
+  FirstLines pads_, stackedPads_, rings_, records_;
+  std::vector<UnresolvedReference> unresolved_;
+  std::vector<Diagnostic> repeatedPads_, unknownNets_;  ///< reported for wire-bonded packages only
   std::unordered_map<std::string, NetType> netTypes_;
+  std::unordered_set<std::size_t> incomplete_;
+  std::unordered_set<std::size_t> unreadable_;  ///< lines with a number that is read as 0
 };
 
 }  // namespace analysis

@@ -2,36 +2,30 @@
 
 #include <algorithm>
 #include <cmath>
+#include <glm/geometric.hpp>
 
 namespace analysis {
 
 namespace {
 
-Point3 Minus(const Point3& a, const Point3& b) { return {a[0] - b[0], a[1] - b[1], a[2] - b[2]}; }
-
-double Dot(const Point3& a, const Point3& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
-
-Point3 Cross(const Point3& a, const Point3& b) {
-  return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
-}
-
-Point3 At(const Segment& segment, const Point3& along, double part) {
-  return {segment.A[0] + part * along[0], segment.A[1] + part * along[1], segment.A[2] + part * along[2]};
+glm::dvec3 At(const Segment& segment, const glm::dvec3& along, double part) {
+  return segment.A + part * along;
 }
 
 /// How far along a segment the point nearest to `point` lies, 0 to 1.
-double PartNearestTo(const Point3& point, const Segment& segment, const Point3& along, double squaredLength) {
+double PartNearestTo(const glm::dvec3& point, const Segment& segment, const glm::dvec3& along,
+                     double squaredLength) {
   if (squaredLength == 0.0) return 0.0;
-  return std::clamp(Dot(Minus(point, segment.A), along) / squaredLength, 0.0, 1.0);
+  return std::clamp(glm::dot(point - segment.A, along) / squaredLength, 0.0, 1.0);
 }
 
 struct Best {
   double Squared;
-  Point3 OnFirst, OnSecond;
+  glm::dvec3 OnFirst, OnSecond;
 
-  void Take(const Point3& onFirst, const Point3& onSecond) {
-    const Point3 apart = Minus(onFirst, onSecond);
-    const double squared = Dot(apart, apart);
+  void Take(const glm::dvec3& onFirst, const glm::dvec3& onSecond) {
+    const glm::dvec3 apart = onFirst - onSecond;
+    const double squared = glm::dot(apart, apart);
     if (squared < Squared) *this = {squared, onFirst, onSecond};
   }
 };
@@ -39,10 +33,10 @@ struct Best {
 }  // namespace
 
 Nearness NearestPoints(const Segment& first, const Segment& second) {
-  const Point3 u = Minus(first.B, first.A);
-  const Point3 v = Minus(second.B, second.A);
-  const double uu = Dot(u, u);
-  const double vv = Dot(v, v);
+  const glm::dvec3 u = first.B - first.A;
+  const glm::dvec3 v = second.B - second.A;
+  const double uu = glm::dot(u, u);
+  const double vv = glm::dot(v, v);
   Best best{HUGE_VAL, first.A, second.A};
   // The smallest distance is at an end of one of them, or between the insides. Every candidate lies on both
   // segments, so that rounding can only miss the minimum, never go below it.
@@ -52,12 +46,12 @@ Nearness NearestPoints(const Segment& first, const Segment& second) {
   best.Take(At(first, u, PartNearestTo(second.B, first, u, uu)), second.B);
   // The lines' common perpendicular. The cross product itself stays exact for lines that are nearly parallel,
   // where uu * vv - (u * v)^2 would cancel out.
-  const Point3 normal = Cross(u, v);
-  const double squaredNormal = Dot(normal, normal);
+  const glm::dvec3 normal = glm::cross(u, v);
+  const double squaredNormal = glm::dot(normal, normal);
   if (squaredNormal > 0.0) {
-    const double part = Dot(Cross(Minus(second.A, first.A), v), normal) / squaredNormal;
+    const double part = glm::dot(glm::cross(second.A - first.A, v), normal) / squaredNormal;
     if (part > 0.0 && part < 1.0) {
-      const Point3 onFirst = At(first, u, part);
+      const glm::dvec3 onFirst = At(first, u, part);
       best.Take(onFirst, At(second, v, PartNearestTo(onFirst, second, v, vv)));
     }
   }

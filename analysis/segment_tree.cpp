@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <glm/geometric.hpp>
 #include <utility>
 
 namespace analysis {
@@ -11,9 +12,9 @@ namespace analysis {
 namespace {
 
 constexpr std::uint32_t kLeafSize = 4;
-constexpr std::size_t kEnds = 6;  ///< coordinates of both ends of a piece
+constexpr int kEnds = 6;  ///< coordinates of both ends of a piece
 
-double Coordinate(const WirePiece& piece, std::size_t which) {
+double Coordinate(const WirePiece& piece, int which) {
   return which < 3 ? piece.Line.A[which] : piece.Line.B[which - 3];
 }
 
@@ -31,7 +32,7 @@ std::uint32_t SegmentTree::Build(std::uint32_t begin, std::uint32_t end) {
   nodes_.push_back({.Axis = {}, .Begin = begin, .End = end});
   Enclose(nodes_[number]);
   if (end - begin <= kLeafSize) return number;
-  const std::size_t widest = WidestOf(nodes_[number]);
+  const int widest = WidestOf(nodes_[number]);
   const std::uint32_t middle = begin + (end - begin) / 2;
   std::nth_element(pieces_.begin() + begin, pieces_.begin() + middle, pieces_.begin() + end,
                    [widest](const WirePiece& a, const WirePiece& b) {
@@ -45,7 +46,7 @@ std::uint32_t SegmentTree::Build(std::uint32_t begin, std::uint32_t end) {
 
 void SegmentTree::Enclose(Node& node) const {
   double largest = 0.0;
-  for (std::size_t k = 0; k < kEnds; ++k) {
+  for (int k = 0; k < kEnds; ++k) {
     double low = Coordinate(pieces_[node.Begin], k);
     double high = low;
     for (std::uint32_t i = node.Begin; i < node.End; ++i) {
@@ -61,7 +62,7 @@ void SegmentTree::Enclose(Node& node) const {
     (begin ? node.Axis.A[k] : node.Axis.B[k - 3]) = (low + high) / 2.0;
     (begin ? node.BeginHalf[k] : node.EndHalf[k - 3]) = (high - low) / 2.0;
   }
-  node.Hair = 1e-12 * largest;
+  node.RoundingSlack = 1e-12 * largest;
   node.Net = pieces_[node.Begin].Net;
   for (std::uint32_t i = node.Begin; i < node.End; ++i)
     if (pieces_[i].Net != node.Net) node.Net = kNone;
@@ -69,16 +70,12 @@ void SegmentTree::Enclose(Node& node) const {
 
 /// Counts a width the less, the more it lies along the bundle: pieces side by side are told apart by a
 /// search, pieces one behind the other hardly.
-std::size_t SegmentTree::WidestOf(const Node& node) {
-  analysis::Point3 along{};
-  double squared = 0.0;
-  for (std::size_t k = 0; k < along.size(); ++k) {
-    along[k] = node.Axis.B[k] - node.Axis.A[k];
-    squared += along[k] * along[k];
-  }
-  std::size_t widest = 0;
+int SegmentTree::WidestOf(const Node& node) {
+  const glm::dvec3 along = node.Axis.B - node.Axis.A;
+  const double squared = glm::dot(along, along);
+  int widest = 0;
   double greatest = -1.0;
-  for (std::size_t k = 0; k < kEnds; ++k) {
+  for (int k = 0; k < kEnds; ++k) {
     const double part = squared == 0.0 ? 0.0 : along[k % 3] * along[k % 3] / squared;
     const double width =
         (k < 3 ? node.BeginHalf[k] : node.EndHalf[k - 3]) * std::sqrt(std::max(1.0 - part, 0.0));
@@ -91,8 +88,8 @@ std::size_t SegmentTree::WidestOf(const Node& node) {
 
 SegmentTree::Query SegmentTree::QueryOf(const WireRun& run) {
   Query query{.Run = run, .Low = run.Points.front(), .High = run.Points.front()};
-  for (const analysis::Point3& point : run.Points) {
-    for (std::size_t k = 0; k < point.size(); ++k) {
+  for (const glm::dvec3& point : run.Points) {
+    for (int k = 0; k < 3; ++k) {
       query.Low[k] = std::min(query.Low[k], point[k]);
       query.High[k] = std::max(query.High[k], point[k]);
     }
@@ -105,29 +102,29 @@ SegmentTree::Query SegmentTree::QueryOf(const WireRun& run) {
 /// nearest points of the node's axis and the run's chord shows most of it.
 double SegmentTree::LeastDistance(const Node& node, const Query& query, double reach) {
   double squared = 0.0;
-  for (std::size_t k = 0; k < query.Low.size(); ++k) {
+  for (int k = 0; k < 3; ++k) {
     const double gap = std::max({node.Low[k] - query.High[k], query.Low[k] - node.High[k], 0.0});
     squared += gap * gap;
   }
-  const double between = std::max(std::sqrt(squared) - node.Hair, 0.0);
+  const double between = std::max(std::sqrt(squared) - node.RoundingSlack, 0.0);
   if (between > reach) return between;
-  const std::span<const analysis::Point3> points = query.Run.Points;
-  const analysis::Nearness near = analysis::NearestPoints(node.Axis, {points.front(), points.back()});
+  const std::span<const glm::dvec3> points = query.Run.Points;
+  const Nearness near = NearestPoints(node.Axis, {points.front(), points.back()});
   if (near.Distance == 0.0) return between;
-  analysis::Point3 line{};
+  glm::dvec3 line{};
   double axisA = 0.0, axisB = 0.0;
-  for (std::size_t k = 0; k < line.size(); ++k) {
+  for (int k = 0; k < 3; ++k) {
     line[k] = (near.OnSecond[k] - near.OnFirst[k]) / near.Distance;
     axisA += line[k] * (node.Axis.A[k] - near.OnFirst[k]) + std::fabs(line[k]) * node.BeginHalf[k];
     axisB += line[k] * (node.Axis.B[k] - near.OnFirst[k]) + std::fabs(line[k]) * node.EndHalf[k];
   }
   double least = HUGE_VAL;
-  for (const analysis::Point3& point : points) {
+  for (const glm::dvec3& point : points) {
     double shadow = 0.0;
-    for (std::size_t k = 0; k < line.size(); ++k) shadow += line[k] * (point[k] - near.OnFirst[k]);
+    for (int k = 0; k < 3; ++k) shadow += line[k] * (point[k] - near.OnFirst[k]);
     least = std::min(least, shadow);
   }
-  return std::max(between, least - std::max(axisA, axisB) - node.Hair);
+  return std::max(between, least - std::max(axisA, axisB) - node.RoundingSlack);
 }
 
 }  // namespace analysis

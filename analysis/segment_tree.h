@@ -13,14 +13,14 @@
 namespace analysis {
 
 struct WirePiece {
-  analysis::Segment Line;
+  Segment Line;
   std::uint32_t Wire = 0;
   std::uint32_t Net = 0;
 };
 
 /// Pieces of a wire, one after the other, that are searched for together.
 struct WireRun {
-  std::span<const analysis::Point3> Points;  ///< at least two
+  std::span<const glm::dvec3> Points;  ///< at least two
   std::uint32_t Net = 0;
 };
 
@@ -33,37 +33,36 @@ class SegmentTree {
   /// Calls `visit` for the pieces of other nets that may come as near to `run` as `reach`, which is read
   /// again all the time: shrink it once something nearer is found. Pieces may be visited that are farther
   /// away. Several threads may search at once.
-  /// Returns  how many nodes were measured
   template <class Visit>
-  std::size_t Search(const WireRun& run, const double& reach, Visit&& visit) const;
+  void Search(const WireRun& run, const double& reach, Visit&& visit) const;
 
  private:
   static constexpr std::uint32_t kNone = UINT32_MAX;
 
   struct Node {
-    analysis::Segment Axis;        ///< from the middle of where pieces begin to the middle of where they end
-    analysis::Point3 BeginHalf{};  ///< half the extent of where they begin
-    analysis::Point3 EndHalf{};
-    analysis::Point3 Low{}, High{};  ///< of all of it
-    double Hair = 0.0;               ///< what rounding may take away
-    std::uint32_t Net = kNone;       ///< of all its pieces, or kNone for several
+    Segment Axis;            ///< from the middle of where pieces begin to the middle of where they end
+    glm::dvec3 BeginHalf{};  ///< half the extent of where they begin
+    glm::dvec3 EndHalf{};
+    glm::dvec3 Low{}, High{};    ///< of all of it
+    double RoundingSlack = 0.0;  ///< by which rounding may make a distance too large
+    std::uint32_t Net = kNone;   ///< of all its pieces, or kNone for several
     std::uint32_t Begin = 0, End = 0;
     std::uint32_t Right = kNone;  ///< the left child follows its parent; a leaf has none
   };
-  struct Waiting {
+  struct StackEntry {
     std::uint32_t Node = 0;
     double Distance = 0.0;
   };
   struct Query {
     WireRun Run;
-    analysis::Point3 Low{}, High{};
+    glm::dvec3 Low{}, High{};
   };
-  // One node waits for each level above; halving 2^32 pieces makes no more.
-  static constexpr std::size_t kMostWaiting = 34;
+  // One entry for each level above; halving 2^32 pieces makes no more.
+  static constexpr std::size_t kStackSize = 34;
 
   std::uint32_t Build(std::uint32_t begin, std::uint32_t end);
   void Enclose(Node& node) const;
-  static std::size_t WidestOf(const Node& node);
+  static int WidestOf(const Node& node);
   static Query QueryOf(const WireRun& run);
   static double LeastDistance(const Node& node, const Query& query, double reach);
 
@@ -72,14 +71,13 @@ class SegmentTree {
 };
 
 template <class Visit>
-std::size_t SegmentTree::Search(const WireRun& run, const double& reach, Visit&& visit) const {
+void SegmentTree::Search(const WireRun& run, const double& reach, Visit&& visit) const {
   const Query query = QueryOf(run);
-  std::array<Waiting, kMostWaiting> waiting;
+  std::array<StackEntry, kStackSize> stack;
   std::size_t count = 0;
-  std::size_t effort = 0;
-  if (!nodes_.empty()) waiting[count++] = {0, 0.0};
+  if (!nodes_.empty()) stack[count++] = {0, 0.0};
   while (count > 0) {
-    const Waiting next = waiting[--count];
+    const StackEntry next = stack[--count];
     if (next.Distance > reach) continue;
     const Node& node = nodes_[next.Node];
     if (node.Net == run.Net) continue;
@@ -88,14 +86,12 @@ std::size_t SegmentTree::Search(const WireRun& run, const double& reach, Visit&&
         if (pieces_[i].Net != run.Net) visit(pieces_[i]);
       continue;
     }
-    Waiting near{next.Node + 1, LeastDistance(nodes_[next.Node + 1], query, reach)};
-    Waiting far{node.Right, LeastDistance(nodes_[node.Right], query, reach)};
-    effort += 2;
+    StackEntry near{next.Node + 1, LeastDistance(nodes_[next.Node + 1], query, reach)};
+    StackEntry far{node.Right, LeastDistance(nodes_[node.Right], query, reach)};
     if (far.Distance < near.Distance) std::swap(near, far);
-    waiting[count++] = far;
-    waiting[count++] = near;
+    stack[count++] = far;
+    stack[count++] = near;
   }
-  return effort;
 }
 
 }  // namespace analysis

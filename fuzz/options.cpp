@@ -34,7 +34,7 @@ struct Options {
   yax::PackageOptions package;
   yax::CameraOptions camera;
   yax::LoopOptions loops;
-  yax::NetOptions nets;
+  analysis::NetRule nets;
   yax::PictureOptions picture;
   yax::UnitOptions unit;
   yax::WireOptions wires;
@@ -79,7 +79,7 @@ void Use(Options& options, const model::Package& package) {
   const model::WireSelection selection = yax::SelectionOf(options.wires, package);
   Expect(!selection.Shown || !selection.Names.empty(), "a filter finds a wire or is refused");
   Expect(yax::WireDiameterIn(yax::UnitOf(options.unit, package), settings) > 0.0, "wires have a diameter");
-  yax::NetOf(options.nets, "VDD_A");
+  analysis::NetOf(options.nets, "VDD_A");
 }
 
 void ExpectMessage(std::string_view text) { Expect(!text.empty(), "a refusal says why"); }

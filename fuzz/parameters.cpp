@@ -14,14 +14,11 @@
 #include "yax/messages.h"
 #include "yax/options/zu_file.h"
 
-// What yax says of a file is heard here, and said to nobody.
+// Checks what yax complains of instead of printing it.
 namespace yax {
 
 void Complain(const Place& place, std::string_view what, std::string_view) {
   Expect(place.Line > 0 && !what.empty(), "a complaint has a line and a reason");
-}
-Unusable::Unusable(const Place& place, std::string_view what, std::string_view) : text_(what) {
-  Expect(place.Line > 0 && !what.empty(), "a refusal has a line and a reason");
 }
 
 }  // namespace yax

@@ -6,6 +6,8 @@
 #include <charconv>
 #include <cstdint>
 
+#include "model/arithmetic.h"
+
 namespace model {
 
 namespace {
@@ -119,6 +121,13 @@ float ToNumber(std::string_view text) {
 }
 
 std::string GeneralText(float value) { return Layout(ToDecimal(value, 7), 0); }
+
+double SevenDigits(double value) {
+  const std::string text = GeneralText(Single(value));
+  double shown = 0.0;
+  std::from_chars(text.data(), text.data() + text.size(), shown);
+  return shown;
+}
 
 std::string FixedText(float value, int decimals) {
   Decimal decimal = ToDecimal(value, 0);

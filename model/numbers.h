@@ -15,6 +15,10 @@ float ToNumber(std::string_view text);
 /// "1000000000").
 std::string GeneralText(float value);
 
+/// The number that GeneralText shows, again as a number.
+/// Faults  Overflow beyond the range of a single
+double SevenDigits(double value);
+
 /// A fixed number of decimals; decimal halves round away from zero ("0.0": 1.25 gives "1.3").
 std::string FixedText(float value, int decimals);
 

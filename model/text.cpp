@@ -23,12 +23,18 @@ bool EqualsUpper(std::string_view text, std::string_view upper) {
                     [](char a, char b) { return Upper(a) == b; });
 }
 
+std::string Quoted(std::string_view word) {
+  constexpr std::size_t kMost = 60;
+  std::string quoted = "'";
+  for (const char letter : word.substr(0, kMost)) {
+    const bool control = static_cast<unsigned char>(letter) < ' ' || letter == '\x7f';
+    quoted += control ? '?' : letter;
+  }
+  return quoted + (word.size() > kMost ? "...'" : "'");
+}
+
 std::string_view FileNameOf(std::string_view path) {
-#ifdef _WIN32
-  const std::size_t separator = path.find_last_of("/\\");
-#else
   const std::size_t separator = path.rfind('/');
-#endif
   return separator == std::string_view::npos ? path : path.substr(separator + 1);
 }
 

@@ -15,6 +15,10 @@ std::string UpperCase(std::string_view text);
 /// True when both texts are equal once `text` is in upper case; `upper` is given so.
 bool EqualsUpper(std::string_view text, std::string_view upper);
 
+/// A word of a file or of the command line for a message: between single quotes, cut at 60 bytes, control
+/// characters as "?".
+std::string Quoted(std::string_view word);
+
 /// The part of a path after its last separator, or all of it.
 std::string_view FileNameOf(std::string_view path);
 

@@ -10,9 +10,9 @@ using model::Single;
 
 void Scene::DrawAttach() {
   pen_.Begin(model::Part::DieAttach, {});
-  const model::Table<model::DapRec>& daps = in_.package.Daps;
+  const model::Table<model::DapRec>& daps = in_.Package.Daps;
   for (std::size_t i = 0; i < daps.Count(); ++i)
-    model::AtRecord(in_.package, {model::RecordTable::Daps, i}, [&] { DrawBand(daps[i]); });
+    model::AtRecord(in_.Package, {model::RecordTable::Daps, i}, [&] { DrawBand(daps[i]); });
 }
 
 /// One band from (D1, D2) to (D3, D4), longer by half its width at both ends, top face up. The ends of a

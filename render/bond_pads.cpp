@@ -17,9 +17,9 @@ bool IsRectangle(const model::BondRec& bond) { return model::EqualsUpper(bond.Su
 
 }  // namespace
 
-void Scene::DrawBondPads() { DrawSubstratePads(in_.package.Bonds, model::RecordTable::Bonds); }
+void Scene::DrawBondPads() { DrawSubstratePads(in_.Package.Bonds, model::RecordTable::Bonds); }
 
-void Scene::DrawSDBondPads() { DrawSubstratePads(in_.package.SDBonds, model::RecordTable::SDBonds); }
+void Scene::DrawSDBondPads() { DrawSubstratePads(in_.Package.SDBonds, model::RecordTable::SDBonds); }
 
 void Scene::DrawSubstratePads(const model::Table<model::BondRec>& bonds, model::RecordTable table) {
   model::CountIn16Bits(bonds.Count(), table);
@@ -27,7 +27,7 @@ void Scene::DrawSubstratePads(const model::Table<model::BondRec>& bonds, model::
     // A centre on the origin means that no substrate pad was given.
     if (bonds[i].SubX == 0.0F && bonds[i].SubY == 0.0F) continue;
     const model::RecordPlace place{table, i, model::BondPart::SubstratePad};
-    model::AtRecord(in_.package, place, [&] { DrawSubstratePad(bonds[i], place); });
+    model::AtRecord(in_.Package, place, [&] { DrawSubstratePad(bonds[i], place); });
   }
 }
 
@@ -75,7 +75,7 @@ void Scene::DrawSubstratePad(const model::BondRec& bond, const model::RecordPlac
   DrawQuad(at(3, kBottom), at(2, kBottom), at(1, kBottom), at(0, kBottom), "Gray");
   if (round) DrawPadEnds(bond, kBottom);
   DrawQuad(at(0, kTop), at(1, kTop), at(2, kTop), at(3, kTop),
-           in_.appearance.BlackBackground ? "White" : "Gray");
+           in_.Appearance.BlackBackground ? "White" : "Gray");
   if (round) DrawPadEnds(bond, kTop);
 }
 

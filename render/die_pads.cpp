@@ -27,17 +27,17 @@ void Scene::DrawRoundPad(const model::BondRec& bond, double quadHeight, double u
   DrawQuad(Corner(x + hx, -(y + hy), quadHeight), Corner(x - hx, -(y + hy), quadHeight),
            Corner(x - hx, -(y - hy), quadHeight), Corner(x + hx, -(y - hy), quadHeight), "Blue");
   DrawCircle(bond.DieX, -bond.DieY, Single(upperDisc), bond.DieSizeX);
-  if (in_.package.Technology == "FLIP_CHIP")
+  if (in_.Package.Technology == "FLIP_CHIP")
     DrawCircle(bond.DieX, -bond.DieY, Single(lowerDisc), bond.DieSizeX);
 }
 
 void Scene::DrawDiePads() {
-  for (std::size_t i = 0; i < in_.package.Bonds.Count(); ++i)
-    model::AtRecord(in_.package, {model::RecordTable::Bonds, i}, [&] { DrawDiePad(i); });
+  for (std::size_t i = 0; i < in_.Package.Bonds.Count(); ++i)
+    model::AtRecord(in_.Package, {model::RecordTable::Bonds, i}, [&] { DrawDiePad(i); });
 }
 
 void Scene::DrawDiePad(std::size_t i) {
-  const model::BondRec& bond = in_.package.Bonds[i];
+  const model::BondRec& bond = in_.Package.Bonds[i];
   pen_.Begin(model::Part::DiePad, {model::RecordTable::Bonds, i});
   const double level = double(bond.DieZ);
   const double z = level + kClearance;
@@ -54,23 +54,23 @@ void Scene::DrawDiePad(std::size_t i) {
 }
 
 void Scene::DrawSDDiePads() {
-  AuxPoints.resize(in_.package.SDBonds.Count());
-  for (std::size_t i = 0; i < in_.package.SDBonds.Count(); ++i)
-    model::AtRecord(in_.package, {model::RecordTable::SDBonds, i}, [&] { DrawSDDiePad(i); });
+  AuxPoints.resize(in_.Package.SDBonds.Count());
+  for (std::size_t i = 0; i < in_.Package.SDBonds.Count(); ++i)
+    model::AtRecord(in_.Package, {model::RecordTable::SDBonds, i}, [&] { DrawSDDiePad(i); });
 }
 
 void Scene::DrawSDDiePad(std::size_t i) {
-  const model::BondRec& bond = in_.package.SDBonds[i];
+  const model::BondRec& bond = in_.Package.SDBonds[i];
   pen_.Begin(model::Part::DiePad, {model::RecordTable::SDBonds, i});
   const double level = double(bond.DieZ);
   if (IsRectangle(bond)) {
-    const double z = level + kClearance + double(in_.package.SDCompZ);
+    const double z = level + kClearance + double(in_.Package.SDCompZ);
     const auto at = [&](std::size_t k) {
       return Corner(double(AuxPoints[i][k]), double(AuxPoints[i][4 + k]), z);
     };
     DrawQuad(at(2), at(3), at(0), at(1), "Blue");
   } else if (IsRound(bond)) {
-    const double baseHeight = double(in_.package.CompZ);
+    const double baseHeight = double(in_.Package.CompZ);
     // Deliberate: the parts of a round pad lie at three different heights.
     DrawRoundPad(bond, level + kClearance + baseHeight, level + kClearance, level - kClearance + baseHeight);
   }

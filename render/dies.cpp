@@ -10,13 +10,13 @@ using model::Single;
 
 void Scene::DrawDie() {
   pen_.Begin(model::Part::Die, {});
-  const double w = double(in_.package.CompW) / 2.0;
-  const double l = double(in_.package.CompL) / 2.0;
-  const double z = double(in_.package.CompZ);
+  const double w = double(in_.Package.CompW) / 2.0;
+  const double l = double(in_.Package.CompL) / 2.0;
+  const double z = double(in_.Package.CompZ);
 
   DrawQuad(Corner(w, l, z), Corner(-w, l, z), Corner(-w, -l, z), Corner(w, -l, z),
-           in_.appearance.BlackBackground ? "White" : "Cyan");
-  if (in_.package.Technology == "WIRE_BOND")
+           in_.Appearance.BlackBackground ? "White" : "Cyan");
+  if (in_.Package.Technology == "WIRE_BOND")
     DrawQuad(Corner(w, -l, 0.0), Corner(-w, -l, 0.0), Corner(-w, l, 0.0), Corner(w, l, 0.0), "DarkBlue");
   DrawQuad(Corner(w, l, 0.0), Corner(-w, l, 0.0), Corner(-w, l, z), Corner(w, l, z), "DarkCyan");
   DrawQuad(Corner(-w, -l, 0.0), Corner(w, -l, 0.0), Corner(w, -l, z), Corner(-w, -l, z), "DarkCyan");
@@ -74,7 +74,7 @@ struct Rectangle {
 }  // namespace
 
 void Scene::RotateSDCorners() {
-  const model::Package& package = in_.package;
+  const model::Package& package = in_.Package;
   const Turn turn(package.SDRotation);
   const Rectangle die(package.SDXOffset, package.SDYOffset, package.SDCompW, package.SDCompL);
   for (std::size_t k = 0; k < 4; ++k) {
@@ -87,7 +87,7 @@ void Scene::RotateSDCorners() {
 }
 
 void Scene::RotateSDPad(std::size_t i, const Turn& turn) {
-  const model::BondRec& bond = in_.package.SDBonds[i];
+  const model::BondRec& bond = in_.Package.SDBonds[i];
   std::array<float, 10>& points = AuxPoints[i];
   const float centreX = bond.DieX;
   const float centreY = -bond.DieY;
@@ -106,8 +106,8 @@ void Scene::RotateSDPad(std::size_t i, const Turn& turn) {
 void Scene::DrawSDDie() {
   RotateSDCorners();
   pen_.Begin(model::Part::StackedDie, {});
-  const double bottom = double(in_.package.CompZ);
-  const double top = bottom + double(in_.package.SDCompZ);
+  const double bottom = double(in_.Package.CompZ);
+  const double top = bottom + double(in_.Package.SDCompZ);
   const auto at = [&](std::size_t k, double z) {
     return Corner(double(SDCornerX[k]), double(SDCornerY[k]), z);
   };

@@ -104,7 +104,7 @@ void Scene::DrawArcSide(std::string_view side, const RingOutline& ring, const Sp
 }
 
 void Scene::DrawArcRing(std::size_t ring) {
-  const RingOutline outline(in_.package.Rings[ring]);
+  const RingOutline outline(in_.Package.Rings[ring]);
   const float width = Single(std::fabs(double(outline.X1) - double(outline.X2)));
   const float length = Single(std::fabs(double(outline.Y1) - double(outline.Y2)));
   // Deliberate: upright sides are sampled from Y2 upwards even when Y2 is the larger one.
@@ -116,15 +116,15 @@ void Scene::DrawArcRing(std::size_t ring) {
 
 void Scene::DrawRings() {
   pen_.Begin(model::Part::Rings, {});
-  const model::Table<model::RingRec>& rings = in_.package.Rings;
+  const model::Table<model::RingRec>& rings = in_.Package.Rings;
   model::CountIn16Bits(rings.Count(), model::RecordTable::Rings);
   for (std::size_t i = 0; i < rings.Count(); ++i)
-    model::AtRecord(in_.package, {model::RecordTable::Rings, i}, [&] { DrawRing(i); });
+    model::AtRecord(in_.Package, {model::RecordTable::Rings, i}, [&] { DrawRing(i); });
 }
 
 void Scene::DrawRing(std::size_t ring) {
-  if (IsArc(in_.package.Rings[ring].Kind)) return DrawArcRing(ring);
-  const RingOutline outline(in_.package.Rings[ring]);
+  if (IsArc(in_.Package.Rings[ring].Kind)) return DrawArcRing(ring);
+  const RingOutline outline(in_.Package.Rings[ring]);
   DrawStraightSide("B", outline, outline.X1, outline.X2);
   DrawStraightSide("T", outline, outline.X1, outline.X2);
   DrawStraightSide("L", outline, outline.Y1, outline.Y2);
@@ -146,8 +146,8 @@ void Scene::DrawStraightSide(std::string_view side, const RingOutline& ring, flo
 }
 
 void Scene::DrawArcSRing(std::size_t ring) {
-  const RingOutline outline(in_.package.SRings[ring]);
-  for (const model::SRSegRec& segment : in_.package.SRings[ring].Segs) {
+  const RingOutline outline(in_.Package.SRings[ring]);
+  for (const model::SRSegRec& segment : in_.Package.SRings[ring].Segs) {
     if (!IsSide(segment.Name)) continue;
     const float length = Single(std::fabs(double(segment.A) - double(segment.B)));
     // Segments of the upright sides are given from their upper end downwards.
@@ -157,16 +157,16 @@ void Scene::DrawArcSRing(std::size_t ring) {
 
 void Scene::DrawSRings() {
   pen_.Begin(model::Part::Rings, {});
-  const model::Table<model::SRingRec>& rings = in_.package.SRings;
+  const model::Table<model::SRingRec>& rings = in_.Package.SRings;
   model::CountIn16Bits(rings.Count(), model::RecordTable::SRings);
   for (std::size_t i = 0; i < rings.Count(); ++i)
-    model::AtRecord(in_.package, {model::RecordTable::SRings, i}, [&] { DrawSRing(i); });
+    model::AtRecord(in_.Package, {model::RecordTable::SRings, i}, [&] { DrawSRing(i); });
 }
 
 void Scene::DrawSRing(std::size_t ring) {
-  if (IsArc(in_.package.SRings[ring].Kind)) return DrawArcSRing(ring);
-  const RingOutline outline(in_.package.SRings[ring]);
-  for (const model::SRSegRec& segment : in_.package.SRings[ring].Segs)
+  if (IsArc(in_.Package.SRings[ring].Kind)) return DrawArcSRing(ring);
+  const RingOutline outline(in_.Package.SRings[ring]);
+  for (const model::SRSegRec& segment : in_.Package.SRings[ring].Segs)
     if (IsSide(segment.Name)) DrawStraightSide(segment.Name, outline, segment.A, segment.B);
 }
 

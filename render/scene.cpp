@@ -3,7 +3,7 @@
 namespace render {
 
 void Scene::DrawPackage() {
-  const model::Package& package = in_.package;
+  const model::Package& package = in_.Package;
   AuxPoints.clear();
   DrawDie();
   // Not "greater than": a negative width is a stacked die too.

@@ -18,11 +18,11 @@ namespace render {
 
 /// What a scene shows.
 struct SceneInputs {
-  const model::Package& package;
-  const model::WireBondSettings& settings;
-  const Appearance& appearance;
-  const model::WireSelection& selection;
-  const model::WireShapes* shapes = nullptr;  ///< wires with loops of their own
+  const model::Package& Package;
+  const model::WireBondSettings& Settings;
+  const render::Appearance& Appearance;
+  const model::WireSelection& Selection;
+  const model::WireShapes* Shapes = nullptr;  ///< wires with loops of their own
 };
 
 /// Units  scene units (file units / UnitScale), y up: package (x, y, z) becomes (x, z, y). Pads and wires

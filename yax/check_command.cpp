@@ -1,10 +1,9 @@
 #include <CLI/CLI.hpp>
+#include <cstdio>
 #include <memory>
 
-#include "analysis/drawing_check.h"
-#include "analysis/line_check.h"
-#include "analysis/wire_list_check.h"
-#include "formats/check_report.h"
+#include "analysis/package_check.h"
+#include "formats/diagnostic_text.h"
 #include "yax/commands.h"
 #include "yax/options/package.h"
 #include "yax/output.h"
@@ -20,27 +19,25 @@ struct CheckOptions {
 };
 
 Status Check(const CheckOptions& options) {
-  formats::CheckReport report{.File = options.package.File};
-  analysis::LineCheck lines(report);
+  analysis::LineCheck lines(options.package.File);
   const model::Package package = LoadPackage(options.package, &lines);
-  lines.Finish(package);
-  analysis::CheckDrawing(package, lines.Lines(), report);
-  analysis::CheckWireList(package, lines.Lines(), report);
-  report.Sort();
+  const analysis::Diagnostics found = analysis::CheckPackage(package, lines);
   if (options.json) {
-    WriteOutput("-", formats::JsonReport(report, options.notes));
+    WriteOutput("-", formats::JsonOf(found, options.notes));
   } else {
-    formats::TellReport(report, options.notes);
+    std::fputs(formats::MessagesOf(found, options.notes).c_str(), stderr);
+    WriteOutput("-", formats::SummaryOf(found));
   }
-  return report.Count(formats::Level::Error) + report.Count(formats::Level::Finding) == 0 ? Status::Done
-                                                                                          : Status::Findings;
+  const bool clean =
+      found.Count(analysis::Severity::Error) == 0 && found.Count(analysis::Severity::Finding) == 0;
+  return clean ? Status::Done : Status::Findings;
 }
 
 }  // namespace
 
 Command AddCheck(CLI::App& program) {
   CLI::App* const command =
-      program.add_subcommand("check", "Tell what the viewer ignores, reads as 0 or cannot draw");
+      program.add_subcommand("check", "Report what the viewer ignores, reads as 0 or cannot draw");
   const auto options = std::make_shared<CheckOptions>();
   AddPackageOption(*command, options->package);
   command->add_flag("--notes", options->notes,

@@ -3,15 +3,13 @@
 #include <optional>
 #include <string>
 
-#include "analysis/wire_loops.h"
-#include "formats/clearance_report.h"
-#include "model/package.h"
+#include "analysis/clearance.h"
+#include "formats/clearance_table.h"
 #include "yax/commands.h"
 #include "yax/options/camera.h"
-#include "yax/options/loops.h"
 #include "yax/options/nets.h"
+#include "yax/options/opened_package.h"
 #include "yax/options/option_text.h"
-#include "yax/options/package.h"
 #include "yax/options/picture.h"
 #include "yax/options/unit.h"
 #include "yax/output.h"
@@ -29,38 +27,47 @@ struct ClearanceOptions {
   std::optional<double> limit;
   std::string pictureFile;  ///< empty for none
   UnitOptions unit;
-  NetOptions nets;
+  analysis::NetRule nets;
   LoopOptions loops;
   PictureOptions picture;
   CameraOptions camera;
 };
 
-model::WireSelection OffendersOf(const formats::ClearanceReport& report) {
+/// The wires of the findings.
+model::WireSelection OffendersOf(const analysis::Clearances& clearances) {
   model::WireSelection selection{.Shown = true, .Names = {}};
-  for (const formats::ClearanceRow& row : report.Rows)
-    if (row.Kind != formats::Finding::None) selection.Names.insert({row.Name, row.Other});
+  for (const analysis::ClearanceRow& row : clearances.Rows)
+    if (row.Kind != analysis::Finding::None) selection.Names.insert({row.Name, row.Other});
   return selection;
+}
+
+analysis::Clearances ClearancesOf(const OpenedPackage& opened, const analysis::ClearanceRules& rules) {
+  try {
+    return analysis::MeasureClearances(analysis::WireLoopsOf(opened.Wires()), rules);
+  } catch (const model::Fault& fault) {
+    throw opened.NotDrawn(fault);
+  }
 }
 
 Status Clearance(const ClearanceOptions& options) {
   if (!options.pictureFile.empty()) PictureFormatOf(options.pictureFile);
   CheckCamera(options.camera);
-  model::Package package = LoadPackage(options.package);
-  const LengthUnit unit = UnitOf(options.unit, package);
-  const model::WireBondSettings settings = SettingsOf(options.loops, package);
-  const model::WireShapes shapes = ShapesOf(options.loops.Tiers, package);
-  const std::vector<analysis::WireLoop> loops = analysis::WireLoopsOf(package, settings, shapes);
-  const formats::ClearanceReport report = formats::MeasureClearances(
-      {loops, options.nets, unit, WireDiameterIn(unit, settings), options.limit, options.all});
+  OpenedPackage opened(options.package, options.loops);
+  const analysis::LengthUnit unit = UnitOf(options.unit, opened.Package);
+  const analysis::Clearances clearances =
+      ClearancesOf(opened, {.Nets = options.nets,
+                            .WireDiameter = WireDiameterIn(unit, opened.Settings),
+                            .Limit = options.limit,
+                            .All = options.all});
   if (!options.pictureFile.empty()) {
-    const model::WireSelection offenders = OffendersOf(report);
+    opened.Selection = OffendersOf(clearances);
     WriteOutput(options.pictureFile,
-                PictureBytes({package, settings, offenders, options.camera, options.picture, &shapes},
-                             PictureFormatOf(options.pictureFile)));
+                PictureBytes(opened, options.camera, options.picture, PictureFormatOf(options.pictureFile)));
   }
-  WriteOutput(options.output, options.json ? formats::JsonOf(report) : formats::ColumnsOf(report));
-  const bool clear =
-      report.Count(formats::Finding::Touching) == 0 && report.Count(formats::Finding::BelowLimit) == 0;
+  WriteOutput(options.output,
+              options.json ? formats::JsonOf(clearances, unit) : formats::ColumnsOf(clearances, unit));
+  const bool clear = clearances.Count(analysis::Finding::Touching) == 0 &&
+                     clearances.Count(analysis::Finding::BelowLimit) == 0;
   return clear ? Status::Done : Status::Findings;
 }
 

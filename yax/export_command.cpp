@@ -3,21 +3,16 @@
 #include <memory>
 #include <string>
 
-#include "analysis/fault_place.h"
-#include "model/faults.h"
-#include "model/package.h"
 #include "model/text.h"
 #include "render/mesh_pen.h"
 #include "render/scene.h"
 #include "yax/commands.h"
 #include "yax/meshes/mesh_files.h"
 #include "yax/messages.h"
-#include "yax/options/loops.h"
 #include "yax/options/nets.h"
-#include "yax/options/package.h"
+#include "yax/options/opened_package.h"
 #include "yax/options/picture.h"
 #include "yax/options/unit.h"
-#include "yax/options/wires.h"
 #include "yax/output.h"
 
 namespace yax {
@@ -29,7 +24,7 @@ struct ExportOptions {
   std::string output;
   render::Appearance appearance;
   UnitOptions unit;
-  NetOptions nets;
+  analysis::NetRule nets;
   LoopOptions loops;
   WireOptions wires;
 };
@@ -59,20 +54,17 @@ void WriteObj(const MeshScene& scene, const std::string& output) {
 
 Status Export(const ExportOptions& options) {
   const MeshFormat format = MeshFormatOf(options.output);
-  model::Package package = LoadPackage(options.package);
-  const LengthUnit unit = UnitOf(options.unit, package);
-  const model::WireBondSettings settings = SettingsOf(options.loops, package);
-  const model::WireShapes shapes = ShapesOf(options.loops.Tiers, package);
-  const model::WireSelection selection = SelectionOf(options.wires, package);
-  const double scale = double(package.UnitScale);
-  render::MeshPen pen(package, WireDiameterIn(unit, settings) / 2.0 / scale,
-                      [&options](const std::string& name) { return NetOf(options.nets, name); });
+  const OpenedPackage opened(options.package, options.loops, options.wires);
+  const analysis::LengthUnit unit = UnitOf(options.unit, opened.Package);
+  const double scale = double(opened.Package.UnitScale);
+  render::MeshPen pen(opened.Package, WireDiameterIn(unit, opened.Settings) / 2.0 / scale,
+                      [&options](const std::string& name) { return analysis::NetOf(options.nets, name); });
   try {
-    render::Scene({package, settings, options.appearance, selection, &shapes}, pen).DrawPackage();
+    render::Scene(opened.Inputs(options.appearance), pen).DrawPackage();
   } catch (const model::Fault& fault) {
-    throw analysis::NotDrawn(package.PackagePath, fault);
+    throw opened.NotDrawn(fault);
   }
-  const MeshScene scene{.Name = std::string(model::FileNameOf(package.PackagePath)),
+  const MeshScene scene{.Name = std::string(model::FileNameOf(opened.Package.PackagePath)),
                         .groups = pen.Groups(),
                         .FileUnits = scale,
                         .Metres = scale * unit.Metres,

@@ -6,6 +6,7 @@
 #include <new>
 #include <sstream>
 
+#include "model/text.h"
 #include "model/version.h"
 #include "yax/commands.h"
 #include "yax/help_format.h"
@@ -25,7 +26,7 @@ std::string MistakeIn(const std::vector<std::string>& arguments, const CLI::App&
                       const CLI::ParseError& stop) {
   const auto commands = program.get_subcommands();
   if (arguments.empty()) return "a command is missing";
-  if (commands.empty()) return "'" + arguments.front() + "' is no command";
+  if (commands.empty()) return "unknown command " + model::Quoted(arguments.front());
   for (const CLI::Option* option : commands.front()->get_options()) {
     const int most = option->get_items_expected_max();  // 0 for flags, which do no harm twice
     if (most > 0 && static_cast<int>(option->count()) > most)

@@ -2,13 +2,10 @@
 #include <memory>
 #include <string>
 
-#include "model/package.h"
 #include "yax/commands.h"
 #include "yax/options/camera.h"
-#include "yax/options/loops.h"
-#include "yax/options/package.h"
+#include "yax/options/opened_package.h"
 #include "yax/options/picture.h"
-#include "yax/options/wires.h"
 #include "yax/output.h"
 #include "yax/pictures/package_picture.h"
 
@@ -26,15 +23,11 @@ struct RenderOptions {
 };
 
 Status Render(const RenderOptions& options) {
-  // What needs no work is refused before any is done.
+  // Refuse wrong options before the work starts.
   const PictureFormat format = PictureFormatOf(options.output);
   CheckCamera(options.camera);
-  model::Package package = LoadPackage(options.package);
-  const model::WireBondSettings settings = SettingsOf(options.loops, package);
-  const model::WireShapes shapes = ShapesOf(options.loops.Tiers, package);
-  const model::WireSelection selection = SelectionOf(options.wires, package);
-  WriteOutput(options.output,
-              PictureBytes({package, settings, selection, options.camera, options.picture, &shapes}, format));
+  const OpenedPackage opened(options.package, options.loops, options.wires);
+  WriteOutput(options.output, PictureBytes(opened, options.camera, options.picture, format));
   return Status::Done;
 }
 

@@ -4,15 +4,13 @@
 #include <string>
 #include <vector>
 
-#include "analysis/line_check.h"
-#include "analysis/wire_rows.h"
-#include "formats/wire_table.h"
+#include "analysis/lengths.h"
+#include "formats/length_table.h"
 #include "model/numbers.h"
+#include "model/text.h"
 #include "yax/commands.h"
-#include "yax/options/loops.h"
+#include "yax/options/opened_package.h"
 #include "yax/options/option_text.h"
-#include "yax/options/package.h"
-#include "yax/options/wires.h"
 #include "yax/output.h"
 
 namespace yax {
@@ -30,17 +28,18 @@ struct WiresOptions {
   WireOptions wires;
 };
 
-/// Tells every row beyond a limit.
-Status Judge(const std::vector<analysis::WireRow>& rows, const WiresOptions& options) {
+/// Reports every row beyond a limit.
+Status Judge(const std::vector<analysis::WireRow>& rows, const analysis::RecordLines& lines,
+             const WiresOptions& options) {
   Status status = Status::Done;
   const auto judge = [&](const analysis::WireRow& row, const char* what, double value,
                          const std::string& unit, const std::optional<float>& limit) {
-    // Both as they are written, so that what equals the limit is within it.
+    // Compare the values as they are written, so that what equals the limit is within it.
     if (!limit || !(static_cast<float>(value) > *limit)) return;
     status = Status::Findings;
     const std::string name = row.OtherName.empty() ? row.Name : row.Name + ":" + row.OtherName;
-    Complain({options.package.File, row.Line},
-             "the " + std::string(what) + " of wire " + formats::Shown(name) + " is " +
+    Complain({options.package.File, lines.Of(row.Place)},
+             "the " + std::string(what) + " of wire " + model::Quoted(name) + " is " +
                  model::GeneralText(static_cast<float>(value)) + " " + unit + ", over the limit of " +
                  model::GeneralText(*limit),
              "move its pad or its end");
@@ -52,16 +51,17 @@ Status Judge(const std::vector<analysis::WireRow>& rows, const WiresOptions& opt
   return status;
 }
 
+std::vector<analysis::WireRow> RowsOf(const OpenedPackage& opened) {
+  try {
+    return analysis::MeasureLengths(opened.Package, analysis::WireLoopsOf(opened.Wires()));
+  } catch (const model::Fault& fault) {
+    throw opened.NotDrawn(fault);
+  }
+}
+
 Status Wires(const WiresOptions& options) {
-  // The reader's notes tell the line of each wire; what else they tell is for the check.
-  formats::CheckReport unused{.File = options.package.File};
-  analysis::LineCheck lines(unused);
-  model::Package package = LoadPackage(options.package, &lines);
-  const model::WireBondSettings settings = SettingsOf(options.loops, package);
-  const model::WireShapes shapes = ShapesOf(options.loops.Tiers, package);
-  const model::WireSelection selection = SelectionOf(options.wires, package);
-  const std::vector<analysis::WireRow> rows =
-      analysis::WireRows(package, {settings, shapes, selection}, lines.Lines());
+  const OpenedPackage opened(options.package, options.loops, options.wires);
+  const std::vector<analysis::WireRow> rows = RowsOf(opened);
   const std::vector<analysis::WireGroup> groups = analysis::GroupsOf(rows);
   if (options.json) {
     WriteOutput(options.output, formats::WiresJson(options.summary ? nullptr : &rows, groups, options.unit));
@@ -69,7 +69,7 @@ Status Wires(const WiresOptions& options) {
     WriteOutput(options.output, options.summary ? formats::GroupsCsv(groups, options.unit)
                                                 : formats::WiresCsv(rows, options.unit));
   }
-  return Judge(rows, options);
+  return Judge(rows, opened.Lines, options);
 }
 
 void AddLimit(CLI::App& command, const char* name, const char* unit, const char* description,
@@ -92,9 +92,8 @@ Command AddWires(CLI::App& program) {
       ->add_option("--unit", options->unit,
                    "What the file's length unit is, for the columns' names; no value changes")
       ->check(CLI::IsMember(std::vector<std::string>{"mil", "mm", "um"}));
-  AddLimit(*command, "--limit-length", "UNITS", "Complain of every wire whose loop is longer",
-           options->longest);
-  AddLimit(*command, "--limit-angle", "DEGREES", "Complain of every wire farther off its edge's normal",
+  AddLimit(*command, "--limit-length", "UNITS", "Report wires whose loop is longer", options->longest);
+  AddLimit(*command, "--limit-angle", "DEGREES", "Report wires farther off their edge's normal",
            options->widest);
   AddLoopOptions(*command, options->loops);
   AddWireOptions(*command, options->wires);

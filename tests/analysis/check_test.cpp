@@ -3,29 +3,23 @@
 #include <string>
 #include <vector>
 
-#include "analysis/drawing_check.h"
-#include "analysis/line_check.h"
-#include "analysis/wire_list_check.h"
-#include "formats/check_report.h"
+#include "analysis/package_check.h"
+#include "formats/diagnostic_text.h"
+#include "model/text.h"
 #include "tests/samples.h"
 #include "tests/temporary_folder.h"
 #include "yax/options/package.h"
 
-namespace yax {
+namespace analysis {
 namespace {
 
-formats::CheckReport CheckFile(const std::string& path) {
-  formats::CheckReport report{.File = path};
-  analysis::LineCheck lines(report);
-  const model::Package package = LoadPackage({path}, &lines);
-  lines.Finish(package);
-  analysis::CheckDrawing(package, lines.Lines(), report);
-  analysis::CheckWireList(package, lines.Lines(), report);
-  report.Sort();
-  return report;
+Diagnostics CheckFile(const std::string& path) {
+  LineCheck lines(path);
+  const model::Package package = yax::LoadPackage({path}, &lines);
+  return CheckPackage(package, lines);
 }
 
-formats::CheckReport Check(const std::string& text, const std::string& netTypes = {}) {
+Diagnostics Check(const std::string& text, const std::string& netTypes = {}) {
   const TemporaryFolder folder;
   const std::string path = folder / "board.yax";
   PutFile(path, text);
@@ -34,12 +28,12 @@ formats::CheckReport Check(const std::string& text, const std::string& netTypes 
 }
 
 /// "LINE KIND" of every remark of a level, those of the side file with "vu " before them.
-std::vector<std::string> Remarks(const formats::CheckReport& report, formats::Level level) {
+std::vector<std::string> Remarks(const Diagnostics& report, Severity level) {
   std::vector<std::string> texts;
-  for (const formats::Remark& remark : report.Remarks) {
-    if (remark.Rank != level) continue;
-    texts.push_back((remark.At.File.ends_with(".vu") ? "vu " : "") + std::to_string(remark.At.Line) + " " +
-                    remark.Kind);
+  for (const Diagnostic& remark : report.List) {
+    if (remark.Severity != level) continue;
+    texts.push_back((remark.Place.File.ends_with(".vu") ? "vu " : "") + std::to_string(remark.Place.Line) +
+                    " " + remark.Kind);
   }
   return texts;
 }
@@ -113,19 +107,18 @@ TEST(Check, TellsEachBadLineOnceWithItsPlace) {
   }
   findings.insert(findings.end(), {"vu 2 not-two-fields", "vu 4 duplicate"});
 
-  const formats::CheckReport report =
-      Check(text, "A SIGNAL\nA SIGNAL POWER\n\nA GROUND\nA GROUND\nQ POWER\n");
-  EXPECT_EQ(Remarks(report, formats::Level::Error), errors);
-  EXPECT_EQ(Remarks(report, formats::Level::Finding), findings);
+  const Diagnostics report = Check(text, "A SIGNAL\nA SIGNAL POWER\n\nA GROUND\nA GROUND\nQ POWER\n");
+  EXPECT_EQ(Remarks(report, Severity::Error), errors);
+  EXPECT_EQ(Remarks(report, Severity::Finding), findings);
   EXPECT_EQ(report.Lines, count);
   EXPECT_EQ(report.Ignored, 6U) << "two at COMPZ, one early, one unknown, two that name nothing";
   // C and F are bare; E has a substrate pad and a wire, D the lines of both.
-  EXPECT_EQ(Remarks(report, formats::Level::Note),
+  EXPECT_EQ(Remarks(report, Severity::Note),
             (Texts{"28 pads-without-wire", "28 pads-without-substrate-pad", "35 pads-without-wire",
                    "35 pads-without-substrate-pad", "vu 6 net-types-without-wire"}));
-  for (const formats::Remark& remark : report.Remarks) {
+  for (const Diagnostic& remark : report.List) {
     EXPECT_NE(remark.What, "");
-    EXPECT_TRUE(remark.Rank == formats::Level::Note || !remark.Advice.empty()) << remark.What;
+    EXPECT_TRUE(remark.Severity == Severity::Note || !remark.Advice.empty()) << remark.What;
   }
 }
 
@@ -149,7 +142,7 @@ TEST(Check, TellsOfDiesWithoutASize) {
       {wireBond + "COMPZ 1\n" + pad + "ROUND\n", {"3 draws-nothing"}},
   };
   for (const auto& [text, findings] : cases)
-    EXPECT_EQ(Remarks(Check(text), formats::Level::Finding), findings) << text;
+    EXPECT_EQ(Remarks(Check(text), Severity::Finding), findings) << text;
 }
 
 constexpr char kHeader[] = "TECHNOLOGY WIRE_BOND\nCOMPL 8\nCOMPW 6\nCOMPZ 1\n";
@@ -167,32 +160,31 @@ TEST(Check, LetsPassWhatIsMeant) {
       "\n \t \n\r\n",
   };
   for (const char* body : bodies) {
-    const formats::CheckReport report = Check(std::string("SD_COMPW 3\nSD_COMPL 3\n") + kHeader + body);
-    EXPECT_EQ(Remarks(report, formats::Level::Error), Texts{}) << body;
-    EXPECT_EQ(Remarks(report, formats::Level::Finding), Texts{}) << body;
+    const Diagnostics report = Check(std::string("SD_COMPW 3\nSD_COMPL 3\n") + kHeader + body);
+    EXPECT_EQ(Remarks(report, Severity::Error), Texts{}) << body;
+    EXPECT_EQ(Remarks(report, Severity::Finding), Texts{}) << body;
   }
 }
 
 TEST(Check, FlipChipsHaveNoWiresToMiss) {
   // Bumps of one net share its name; bumps lie anywhere.
   const std::string bumps = "COMPZ 1\nCBP V 2 1 0 .2 .2 0 C ROUND\nCBP V 2 2 0 .2 .2 0 C ROUND\n";
-  EXPECT_EQ(Check("TECHNOLOGY FLIP_CHIP\n" + bumps, "Q POWER\n").Remarks.size(), 0U);
-  EXPECT_EQ(Remarks(Check("TECHNOLOGY WIREBOND\n" + bumps), formats::Level::Finding),
-            Texts{"1 draws-nothing"});
+  EXPECT_EQ(Check("TECHNOLOGY FLIP_CHIP\n" + bumps, "Q POWER\n").List.size(), 0U);
+  EXPECT_EQ(Remarks(Check("TECHNOLOGY WIREBOND\n" + bumps), Severity::Finding), Texts{"1 draws-nothing"});
 }
 
 TEST(Check, MissesTheTechnologyWhereItHidesSomething) {
   const std::string pad = "COMPZ 1\nCBP V 2 1 0 .2 .2 0 R ROUND\n";
-  EXPECT_EQ(Remarks(Check(pad), formats::Level::Finding), Texts{});
+  EXPECT_EQ(Remarks(Check(pad), Severity::Finding), Texts{});
   for (const char* line : {"SBP V 4 1 0 1 1 0 ROUND 0 1\n", "WB V 2 1 0 4 1 1 0\n", "STCH V 2 1 V 3 1 1 1\n",
                            "RING X STRAIGHT -4 4 4 -4 1\n", "DAP D 0 0 1 0 1\n"})
-    EXPECT_EQ(Remarks(Check(pad + line), formats::Level::Finding), Texts{"0 draws-nothing"}) << line;
+    EXPECT_EQ(Remarks(Check(pad + line), Severity::Finding), Texts{"0 draws-nothing"}) << line;
 }
 
 TEST(Check, TellsOfTheMarkThatNobodySees) {
-  const formats::CheckReport report = Check("\xEF\xBB\xBFTECHNOLOGY FLIP_CHIP\nCOMPZ 1\n");
-  EXPECT_EQ(Remarks(report, formats::Level::Finding), Texts{"1 unknown-keyword"});
-  EXPECT_EQ(report.Remarks.at(0).What, "a byte order mark hides 'TECHNOLOGY', the line is ignored");
+  const Diagnostics report = Check("\xEF\xBB\xBFTECHNOLOGY FLIP_CHIP\nCOMPZ 1\n");
+  EXPECT_EQ(Remarks(report, Severity::Finding), Texts{"1 unknown-keyword"});
+  EXPECT_EQ(report.List.at(0).What, "a byte order mark hides 'TECHNOLOGY', the line is ignored");
 }
 
 TEST(Check, EdgeDistancesCountWhereALoadLeavesThem) {
@@ -200,19 +192,19 @@ TEST(Check, EdgeDistancesCountWhereALoadLeavesThem) {
   const std::string body =
       "SD_CBP S 1 1 0 .2 .2 0 R ROUND\nSBP S 1 4 0 1 1 0 ROUND 0 1\nWB S 1 1 0 1 4 1 0\n";
   const std::string header = "TECHNOLOGY WIRE_BOND\nSD_COMPW 3\nCOMPL 8\nCOMPW 6\nCOMPZ ";
-  EXPECT_EQ(Remarks(Check(header + "1\n" + body), formats::Level::Error), Texts{});
-  EXPECT_EQ(Remarks(Check(header + "-1\n" + body), formats::Level::Error), Texts{"8 wire-fault"});
+  EXPECT_EQ(Remarks(Check(header + "1\n" + body), Severity::Error), Texts{});
+  EXPECT_EQ(Remarks(Check(header + "-1\n" + body), Severity::Error), Texts{"8 wire-fault"});
 }
 
 TEST(Check, FindsTablesBeyondTheirLimit) {
   std::string text = kHeader;
   for (int ring = 0; ring < 32767; ++ring)
     text += "RING X STRAIGHT -4 4 4 -4 " + std::to_string(ring + 1) + "\n";
-  EXPECT_EQ(Remarks(Check(text), formats::Level::Error), Texts{});
+  EXPECT_EQ(Remarks(Check(text), Severity::Error), Texts{});
   text += "RING X STRAIGHT -4 4 4 -4 40000\n";
-  const formats::CheckReport report = Check(text);
-  EXPECT_EQ(Remarks(report, formats::Level::Error), Texts{"32772 too-many"});
-  EXPECT_NE(report.Remarks.at(0).What.find("32768 rings, at most 32767"), std::string::npos);
+  const Diagnostics report = Check(text);
+  EXPECT_EQ(Remarks(report, Severity::Error), Texts{"32772 too-many"});
+  EXPECT_NE(report.List.at(0).What.find("32768 rings, at most 32767"), std::string::npos);
 }
 
 std::string Wire(const std::string& name, const std::string& substratePad) {
@@ -234,45 +226,41 @@ TEST(Check, FindsTiersWithWhichTheWireListEndsTheViewer) {
       {Wire("A", "") + WireOfTier("B", "0") + WireOfTier("C", "0"), {"8 tier-fault"}},
   };
   for (const auto& [body, errors] : cases)
-    EXPECT_EQ(Remarks(Check(kHeader + body), formats::Level::Error), errors) << body;
+    EXPECT_EQ(Remarks(Check(kHeader + body), Severity::Error), errors) << body;
 }
 
 TEST(Check, FindsEveryOtherFaultOfTheDrawing) {
   // The corners of the largest die that can be written leave the range of a single.
-  const formats::CheckReport report =
-      Check("TECHNOLOGY WIRE_BOND\nSD_COMPW 3e38\nSD_XOFFSET 3e38\nCOMPZ 1\n");
-  EXPECT_EQ(Remarks(report, formats::Level::Error), Texts{"0 fault"});
+  const Diagnostics report = Check("TECHNOLOGY WIRE_BOND\nSD_COMPW 3e38\nSD_XOFFSET 3e38\nCOMPZ 1\n");
+  EXPECT_EQ(Remarks(report, Severity::Error), Texts{"0 fault"});
   // In units of a die that is 431 wide, the greatest height is more than a single holds.
-  EXPECT_EQ(Remarks(Check("COMPW 431\nCOMPZ 3.4028235e38\n"), formats::Level::Error), Texts{"2 fault"});
+  EXPECT_EQ(Remarks(Check("COMPW 431\nCOMPZ 3.4028235e38\n"), Severity::Error), Texts{"2 fault"});
 }
 
 TEST(Check, HasNothingAgainstTheSamples) {
   for (const std::string name : kSamples) {
-    const formats::CheckReport report = CheckFile(SamplePath(name));
-    EXPECT_EQ(report.Count(formats::Level::Error) + report.Count(formats::Level::Finding) + report.Ignored,
-              0U)
-        << name;
+    const Diagnostics report = CheckFile(SamplePath(name));
+    EXPECT_EQ(report.Count(Severity::Error) + report.Count(Severity::Finding) + report.Ignored, 0U) << name;
     // The six round probe points of AAAc; all other pads are connected.
-    EXPECT_EQ(report.Count(formats::Level::Note), name == "AAAc" ? 12U : 0U) << name;
+    EXPECT_EQ(report.Count(Severity::Note), name == "AAAc" ? 12U : 0U) << name;
   }
 }
 
 TEST(CheckReport, ShowsWordsShortAndSafe) {
-  EXPECT_EQ(formats::Shown("a\x1b[b"), "'a?[b'");
-  EXPECT_EQ(formats::Shown(std::string(61, 'x')), "'" + std::string(60, 'x') + "...'");
+  EXPECT_EQ(model::Quoted("a\x1b[b"), "'a?[b'");
+  EXPECT_EQ(model::Quoted(std::string(61, 'x')), "'" + std::string(60, 'x') + "...'");
 }
 
 TEST(CheckReport, IsJsonWhateverTheNamesHold) {
-  const formats::CheckReport report =
-      Check(std::string(kHeader) + "\"\xff\\ 1\nCBP A 2 1 0 .2 .2 0 R ROUND\n");
-  const std::string json = formats::JsonReport(report, false);
+  const Diagnostics report = Check(std::string(kHeader) + "\"\xff\\ 1\nCBP A 2 1 0 .2 .2 0 R ROUND\n");
+  const std::string json = formats::JsonOf(report, false);
   EXPECT_NE(json.find("\"lines\": 6,"), std::string::npos) << json;
   EXPECT_NE(json.find("\"line\": 5,\n      \"kind\": \"unknown-keyword\""), std::string::npos) << json;
-  EXPECT_NE(json.find("'\\\"\xEF\xBF\xBD\\\\' is no keyword"), std::string::npos) << json;
+  EXPECT_NE(json.find("unknown keyword '\\\"\xEF\xBF\xBD\\\\'"), std::string::npos) << json;
   EXPECT_NE(json.find("\"pads-without-wire\": 1"), std::string::npos) << json;
   EXPECT_EQ(json.find("\"notes\""), std::string::npos);
-  EXPECT_NE(formats::JsonReport(report, true).find("\"notes\""), std::string::npos);
+  EXPECT_NE(formats::JsonOf(report, true).find("\"notes\""), std::string::npos);
 }
 
 }  // namespace
-}  // namespace yax
+}  // namespace analysis

@@ -11,11 +11,13 @@
 #include <utility>
 #include <vector>
 
-#include "formats/clearance_report.h"
+#include "analysis/near_loops.h"
+#include "analysis/segment_distance.h"
+#include "formats/clearance_table.h"
 #include "tests/temporary_folder.h"
 #include "tests/yax/refusal.h"
-#include "yax/options/loops.h"
-#include "yax/options/package.h"
+#include "yax/options/opened_package.h"
+#include "yax/options/unit.h"
 
 namespace yax {
 namespace {
@@ -29,28 +31,27 @@ struct How {
   TierLoopOptions tiers = {};
 };
 
-formats::ClearanceReport Measure(const std::string& text, const How& how = {}) {
+analysis::Clearances Measure(const std::string& text, const How& how = {}) {
   const TemporaryFolder folder;
-  model::Package package = LoadPackage({PutFile(folder / "board.yax", text)});
   LoopOptions loops;
   loops.Values.BaseLoopHeight = loops.Values.StackLoopHeight = 0.0F;
   loops.Values.BaseExtension = loops.Values.StitchExtension = 0.0F;
-  NetOptions nets;
-  if (!how.netPattern.empty()) nets.Pattern = std::regex(how.netPattern);
-  const std::vector<analysis::WireLoop> wires =
-      analysis::WireLoopsOf(package, SettingsOf(loops, package), ShapesOf(how.tiers, package));
-  return formats::MeasureClearances({wires, nets, UnitOf({}, package), how.diameter, how.limit, how.all});
+  loops.Tiers = how.tiers;
+  const OpenedPackage opened({PutFile(folder / "board.yax", text)}, loops);
+  analysis::ClearanceRules rules{.WireDiameter = how.diameter, .Limit = how.limit, .All = how.all};
+  if (!how.netPattern.empty()) rules.Nets.Pattern = std::regex(how.netPattern);
+  return analysis::MeasureClearances(analysis::WireLoopsOf(opened.Wires()), rules);
 }
 
 /// "A B clearance" of each row, in thousandths, with a mark of the finding.
-std::vector<std::string> Texts(const formats::ClearanceReport& report) {
+std::vector<std::string> Texts(const analysis::Clearances& report) {
   std::vector<std::string> texts;
-  for (const formats::ClearanceRow& row : report.Rows) {
+  for (const analysis::ClearanceRow& row : report.Rows) {
     const long thousandths = std::lround(row.Clearance * 1e3);
     texts.push_back(row.Name + " " + row.Other + " " + std::to_string(thousandths) +
-                    (row.Kind == formats::Finding::Touching     ? " touching"
-                     : row.Kind == formats::Finding::BelowLimit ? " below"
-                                                                : ""));
+                    (row.Kind == analysis::Finding::Touching     ? " touching"
+                     : row.Kind == analysis::Finding::BelowLimit ? " below"
+                                                                 : ""));
   }
   return texts;
 }
@@ -72,11 +73,11 @@ const std::string kThreeWires = kHeader + Wire("A", "1", "10 0", "50 0", "10 10"
                                 Wire("C", "1", "10 -30", "50 -30", "10 10");
 
 TEST(Clearance, OfThreeWiresIsTheirDistanceLessADiameter) {
-  const formats::ClearanceReport report = Measure(kThreeWires);
+  const analysis::Clearances report = Measure(kThreeWires);
   EXPECT_EQ(Texts(report), (Rows{"A B 4000", "B C 10180"})) << "each wire's nearest, worst first";
   EXPECT_EQ(report.Wires, 3U);
-  EXPECT_EQ(report.Rows.at(0).Where, (analysis::Point3{30.0, 0.0, 12.5})) << "halfway between";
-  EXPECT_EQ(report.Rows.at(1).Where, (analysis::Point3{30.0, -25.0, 12.5}));
+  EXPECT_EQ(report.Rows.at(0).Where, (glm::dvec3{30.0, 0.0, 12.5})) << "halfway between";
+  EXPECT_EQ(report.Rows.at(1).Where, (glm::dvec3{30.0, -25.0, 12.5}));
   EXPECT_NEAR(report.Rows.at(1).Clearance, std::sqrt(125.0) - 1.0, 1e-6);
 }
 
@@ -115,7 +116,7 @@ TEST(Clearance, LeavesOutWiresThatBelongTogether) {
                                Wire("X", "1", "10 -30", "50 -30", "10 10");
   EXPECT_EQ(Texts(Measure(kHeader + crossing)), (Rows{"V_1 V_2 -1000 touching", "V_2 X 9000"}));
   // V_1 is 30 off X.
-  const formats::ClearanceReport ofNets = Measure(kHeader + crossing, {.netPattern = "^(V)_"});
+  const analysis::Clearances ofNets = Measure(kHeader + crossing, {.netPattern = "^(V)_"});
   EXPECT_EQ(Texts(ofNets), (Rows{"V_2 X 9000", "V_1 X 29000"}));
   EXPECT_EQ(ofNets.Rows.at(0).Net + " " + ofNets.Rows.at(0).OtherNet, "V X");
 
@@ -134,13 +135,13 @@ TEST(Clearance, LeavesOutWiresThatBelongTogether) {
 }
 
 TEST(Nets, AreWholeNamesOrWhatTheFirstGroupMatches) {
-  NetOptions nets;
-  EXPECT_EQ(NetOf(nets, "VDD_L_0"), "VDD_L_0");
+  analysis::NetRule nets;
+  EXPECT_EQ(analysis::NetOf(nets, "VDD_L_0"), "VDD_L_0");
   nets.Pattern = std::regex("^(V..)_|^X(Y)?");
   const std::string longName = "VDD_" + std::string(100'000, 'x');
   for (const auto& [name, net] : std::vector<std::pair<std::string, std::string>>{
            {"VDD_L_0", "VDD"}, {"aVDD_0", "aVDD_0"}, {"XY", "XY"}, {"", ""}, {longName, longName}})
-    EXPECT_EQ(NetOf(nets, name), net) << name.substr(0, 20);
+    EXPECT_EQ(analysis::NetOf(nets, name), net) << name.substr(0, 20);
 }
 
 TEST(Units, AreAskedForWhereMilsMakeNoSense) {
@@ -166,16 +167,17 @@ TEST(Units, AreAskedForWhereMilsMakeNoSense) {
 }
 
 TEST(Clearance, IsToldInColumnsAndInJson) {
-  const formats::ClearanceReport report = Measure(kHeader + Wire("A\xff\"", "1", "10 0", "50 0", "10 10") +
-                                                      Wire("long_name", "1", "30 -20", "30 20", "15 15") +
-                                                      Wire("\xC3\x84", "1", "10 -30", "50 -30", "10 10"),
-                                                  {.limit = 4.5});
-  EXPECT_EQ(formats::ColumnsOf(report),
+  const analysis::Clearances report = Measure(kHeader + Wire("A\xff\"", "1", "10 0", "50 0", "10 10") +
+                                                  Wire("long_name", "1", "30 -20", "30 20", "15 15") +
+                                                  Wire("\xC3\x84", "1", "10 -30", "50 -30", "10 10"),
+                                              {.limit = 4.5});
+  const analysis::LengthUnit kMil = *analysis::UnitNamed("mil");
+  EXPECT_EQ(formats::ColumnsOf(report, kMil),
             "clearance_mil  wire       other        x_mil     y_mil    z_mil  finding\n"
             "       4.0000  A\xff\"        long_name  30.0000    0.0000  12.5000  below-limit\n"
             "      10.1803  long_name  \xC3\x84          30.0000  -25.0000  12.5000  ok\n"
             "# wires: 3, diameter: 1.0000 mil, touching pairs: 0, others below 4.5000 mil: 1\n");
-  const auto json = nlohmann::json::parse(formats::JsonOf(report));
+  const auto json = nlohmann::json::parse(formats::JsonOf(report, kMil));
   EXPECT_EQ(json["unit"], "mil");
   EXPECT_EQ(json["limit"], 4.5);
   EXPECT_EQ(json["below_limit"], 1);
@@ -184,21 +186,17 @@ TEST(Clearance, IsToldInColumnsAndInJson) {
   EXPECT_EQ(json["pairs"][0]["finding"], "below-limit");
   EXPECT_EQ(json["pairs"][1]["clearance"], 10.1803);
   EXPECT_EQ(json["pairs"][1]["y"], -25.0);
-  EXPECT_TRUE(nlohmann::json::parse(formats::JsonOf(Measure(kHeader)))["limit"].is_null());
+  EXPECT_TRUE(nlohmann::json::parse(formats::JsonOf(Measure(kHeader), kMil))["limit"].is_null());
 }
 
 // The search against every piece with every piece, by another formula.
 
-using analysis::Point3;
+glm::dvec3 Sum(const glm::dvec3& a, double times, const glm::dvec3& b) { return a + times * b; }
+double Dot(const glm::dvec3& a, const glm::dvec3& b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
+double Apart(const glm::dvec3& a, const glm::dvec3& b) { return std::sqrt(Dot(a - b, a - b)); }
 
-Point3 Sum(const Point3& a, double times, const Point3& b) {
-  return {a[0] + times * b[0], a[1] + times * b[1], a[2] + times * b[2]};
-}
-double Dot(const Point3& a, const Point3& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
-double Apart(const Point3& a, const Point3& b) { return std::sqrt(Dot(Sum(a, -1, b), Sum(a, -1, b))); }
-
-double ToSegment(const Point3& p, const analysis::Segment& s) {
-  const Point3 along = Sum(s.B, -1, s.A);
+double ToSegment(const glm::dvec3& p, const analysis::Segment& s) {
+  const glm::dvec3 along = Sum(s.B, -1, s.A);
   const double squared = Dot(along, along);
   const double part = squared == 0.0 ? 0.0 : std::clamp(Dot(Sum(p, -1, s.A), along) / squared, 0.0, 1.0);
   return Apart(p, Sum(s.A, part, along));
@@ -207,7 +205,7 @@ double ToSegment(const Point3& p, const analysis::Segment& s) {
 /// Between the insides by the two equations of the common perpendicular, else from one of the four ends.
 double OfPieces(const analysis::Segment& a, const analysis::Segment& b) {
   const double ends = std::min({ToSegment(a.A, b), ToSegment(a.B, b), ToSegment(b.A, a), ToSegment(b.B, a)});
-  const Point3 u = Sum(a.B, -1, a.A), v = Sum(b.B, -1, b.A), w = Sum(a.A, -1, b.A);
+  const glm::dvec3 u = Sum(a.B, -1, a.A), v = Sum(b.B, -1, b.A), w = Sum(a.A, -1, b.A);
   const double uu = Dot(u, u), vv = Dot(v, v), uv = Dot(u, v), uw = Dot(u, w), vw = Dot(v, w);
   const double determinant = uu * vv - uv * uv;
   if (determinant <= 1e-12 * uu * vv) return ends;
@@ -229,7 +227,7 @@ double PlainDistance(const analysis::LoopOfNet& a, const analysis::LoopOfNet& b)
 double AtLeast(const analysis::LoopOfNet& a, const analysis::LoopOfNet& b) {
   const auto radius = [](const analysis::LoopOfNet& loop) {
     double largest = 0.0;
-    for (const Point3& point : loop.Points) largest = std::max(largest, Apart(point, loop.Points[3]));
+    for (const glm::dvec3& point : loop.Points) largest = std::max(largest, Apart(point, loop.Points[3]));
     return largest;
   };
   return Apart(a.Points[3], b.Points[3]) - radius(a) - radius(b);
@@ -246,10 +244,10 @@ class LoopMaker {
           Crook(loop);
           break;
         case 1: {  // beside the one before it, or its first piece over that one's
-          const Point3 by = i / 6 % 4 == 0
-                                ? Sum({}, 0.5, Sum(loops.back().Points[1], -1, loops.back().Points[0]))
-                                : Sum({}, 0.25 * double(i / 6 % 4), {1.0, 1.0, 0.5});
-          for (Point3& point : loop.Points = loops.back().Points) point = Sum(point, 1, by);
+          const glm::dvec3 by = i / 6 % 4 == 0
+                                    ? Sum({}, 0.5, Sum(loops.back().Points[1], -1, loops.back().Points[0]))
+                                    : Sum({}, 0.25 * double(i / 6 % 4), {1.0, 1.0, 0.5});
+          for (glm::dvec3& point : loop.Points = loops.back().Points) point = Sum(point, 1, by);
           break;
         }
         case 2:  // straight through the middle of the second piece of the one before it
@@ -272,21 +270,21 @@ class LoopMaker {
   }
 
  private:
-  Point3 At() {
+  glm::dvec3 At() {
     const auto coordinate = [this] { return double(random_() >> 20) / 64; };
     const double x = coordinate(), y = coordinate();
     return {x, y, coordinate() / 8.0};
   }
   void Crook(analysis::LoopOfNet& loop) {
-    const Point3 start = At(), end = Sum(start, 0.2, At());
+    const glm::dvec3 start = At(), end = Sum(start, 0.2, At());
     for (std::size_t k = 0; k < loop.Points.size(); ++k) {
       loop.Points[k] = Sum(start, double(k) / 6.0, Sum(end, -1, start));
       loop.Points[k][2] += double(random_() % 64) / 16.0;
     }
   }
   void Crossing(const analysis::LoopOfNet& other, analysis::LoopOfNet& loop) {
-    const Point3 centre = Sum({}, 0.5, Sum(other.Points[1], 1, other.Points[2]));
-    const Point3 away{double(random_() % 9) - 4.0, 1.5, 0.25};
+    const glm::dvec3 centre = Sum({}, 0.5, Sum(other.Points[1], 1, other.Points[2]));
+    const glm::dvec3 away{double(random_() % 9) - 4.0, 1.5, 0.25};
     for (std::size_t k = 0; k < loop.Points.size(); ++k)
       loop.Points[k] = Sum(centre, k < 3 ? -1.0 : 1.0, away);
   }
@@ -312,7 +310,7 @@ TEST(ClearanceSearch, FindsWhatEveryPieceWithEveryPieceFinds) {
   }
   ASSERT_GT(inReach.size(), 200U);
 
-  const std::vector<analysis::LoopPair> found = analysis::FindNearLoops(loops, kReach).Nearest;
+  const std::vector<analysis::LoopPair> found = analysis::FindNearLoops(loops, kReach);
   std::vector<double> foundNearest(loops.size(), HUGE_VAL);
   std::size_t foundInReach = 0;
   double before = 0.0;
@@ -334,9 +332,9 @@ TEST(ClearanceSearch, FindsWhatEveryPieceWithEveryPieceFinds) {
   }
   EXPECT_EQ(foundInReach, inReach.size());
   for (std::size_t i = 0; i < loops.size(); ++i) ASSERT_NEAR(foundNearest[i], nearest[i], kNear) << i;
-  EXPECT_LT(analysis::FindNearLoops(loops, -1.0).Nearest.size(), loops.size() + 1) << "a pair a loop at most";
-  EXPECT_TRUE(analysis::FindNearLoops({}, 1.0).Nearest.empty());
-  EXPECT_TRUE(analysis::FindNearLoops({analysis::LoopOfNet{}}, 1.0).Nearest.empty());
+  EXPECT_LT(analysis::FindNearLoops(loops, -1.0).size(), loops.size() + 1) << "a pair a loop at most";
+  EXPECT_TRUE(analysis::FindNearLoops({}, 1.0).empty());
+  EXPECT_TRUE(analysis::FindNearLoops({analysis::LoopOfNet{}}, 1.0).empty());
 }
 
 }  // namespace

@@ -3,15 +3,12 @@
 #include <string>
 #include <vector>
 
-#include "analysis/line_check.h"
-#include "analysis/wire_measures.h"
-#include "analysis/wire_rows.h"
-#include "formats/check_report.h"
-#include "formats/wire_table.h"
+#include "analysis/die_edges.h"
+#include "analysis/lengths.h"
+#include "formats/length_table.h"
 #include "tests/model/package_text.h"
 #include "tests/yax/refusal.h"
-#include "yax/options/loops.h"
-#include "yax/options/package.h"
+#include "yax/options/opened_package.h"
 
 namespace yax {
 namespace {
@@ -19,6 +16,7 @@ namespace {
 struct Wires {
   std::vector<analysis::WireRow> rows;
   std::vector<analysis::WireGroup> groups;
+  std::vector<std::size_t> lines;
 };
 
 /// Loops 10 high that reach out 10; those of the stacked die and stitches 20 high, straight up.
@@ -36,16 +34,19 @@ Wires WiresOf(const std::string& text, const std::string& netTypes = {},
   const std::string path = folder / "board.yax";
   PutFile(path, text);
   PutFile(path + ".vu", netTypes);
-  formats::CheckReport unused{.File = path};
-  analysis::LineCheck lines(unused);
-  model::Package package = LoadPackage({path}, &lines);
   LoopOptions loops;
   loops.Values = Loops();
-  const model::WireBondSettings settings = SettingsOf(loops, package);
-  const model::WireShapes shapes = ShapesOf(tiers, package);
-  Wires wires{analysis::WireRows(package, {settings, shapes, selection}, lines.Lines()), {}};
-  wires.groups = analysis::GroupsOf(wires.rows);
-  return wires;
+  loops.Tiers = tiers;
+  OpenedPackage opened({path}, loops);
+  opened.Selection = selection;
+  try {
+    Wires wires{analysis::MeasureLengths(opened.Package, analysis::WireLoopsOf(opened.Wires())), {}, {}};
+    for (const analysis::WireRow& row : wires.rows) wires.lines.push_back(opened.Lines.Of(row.Place));
+    wires.groups = analysis::GroupsOf(wires.rows);
+    return wires;
+  } catch (const model::Fault& fault) {
+    throw opened.NotDrawn(fault);
+  }
 }
 
 // 80 long, so everything is divided by 10 inside. The file's units count outside.
@@ -62,19 +63,19 @@ TEST(WireRows, AreMeasuredInTheFilesUnits) {
       // *
       // sqrt(4.25) + sqrt(8) + 7 + sqrt(40^2 + 15^2) = 4 + 4.12311 + 2.82843 + 7 + 42.72002. 3-4-5, off the x
       // axis. Tiers counted from 0 are shown from 1.
-      "'A' '' 'base' '1' 'SIGNAL' 50 60.67155 53.1301 5 15 0 9",
+      "'A' '' '1' 'SIGNAL' 50 60.67155 53.1301 5 15 0 9",
       // dx -16, dy 12, so 20 in plan. Straight up 20, then sqrt(20^2 + 27^2) = 33.60060. On no side by its
       // letter; the stacked die's nearest edge is that at y = 15, whose normal is (0, 1).
-      "'S' '' 'stacked' '2' 'POWER' 20 53.6006 53.1301 7 27 0 12",
+      "'S' '' '2' 'POWER' 20 53.6006 53.1301 7 27 0 12",
       // The stitch goes by its first pad: 25 along x from there, at right angles to its edge's normal; up 20
       // and
       // over to (25, -22), 33.30165 away.
-      "'S' 'A' 'stitch' '2' 'POWER' 25 53.30165 90 7 27 5 13"};
+      "'S' 'A' '2' 'POWER' 25 53.30165 90 7 27 5 13"};
   ASSERT_EQ(wires.rows.size(), std::size(rows));
   for (std::size_t i = 0; i < std::size(rows); ++i) {
     const analysis::WireRow& row = wires.rows[i];
-    EXPECT_EQ(model::Fields(row.Name, row.OtherName, row.Table, row.Tier, row.NetType, row.PlanLength,
-                            row.Length, row.Angle, row.StartHeight, row.TopHeight, row.EndHeight, row.Line),
+    EXPECT_EQ(model::Fields(row.Name, row.OtherName, row.Tier, row.NetType, row.PlanLength, row.Length,
+                            row.Angle, row.StartHeight, row.TopHeight, row.EndHeight, wires.lines[i]),
               rows[i]);
   }
   ASSERT_EQ(wires.groups.size(), 2U);
@@ -102,11 +103,11 @@ TEST(WireRows, GiveATierItsOwnLoops) {
   EXPECT_DOUBLE_EQ(wires.rows[1].TopHeight, 10.0) << "3 above the pad, which is at 7";
 }
 
-TEST(WireMeasures, NearestEdgeIsThatOfTheTurnedDie) {
+TEST(DieEdges, NearestEdgeIsThatOfTheTurnedDie) {
   const analysis::DieOutline die{{10.0, 0.0}, 8.0, 2.0, 0.0};
   const struct {
     analysis::DieOutline die;
-    analysis::PlanVector point, normal;
+    glm::dvec2 point, normal;
   } cases[] = {
       {die, {9.0, 0.9}, {0, 1}},
       {die, {13.9, 0.5}, {1, 0}},
@@ -120,13 +121,13 @@ TEST(WireMeasures, NearestEdgeIsThatOfTheTurnedDie) {
       {{{10.0, 0.0}, 8.0, 2.0, 45.0}, {13.0, 3.0}, {0.70710678, 0.70710678}},
   };
   for (const auto& [outline, point, normal] : cases) {
-    const analysis::PlanVector found = NormalOfNearestEdge(outline, point);
-    EXPECT_NEAR(found.X, normal.X, 1e-8) << point.X << " " << point.Y;
-    EXPECT_NEAR(found.Y, normal.Y, 1e-8) << point.X << " " << point.Y;
+    const glm::dvec2 found = analysis::NormalOfNearestEdge(outline, point);
+    EXPECT_NEAR(found.x, normal.x, 1e-8) << point.x << " " << point.y;
+    EXPECT_NEAR(found.y, normal.y, 1e-8) << point.x << " " << point.y;
   }
 }
 
-TEST(WireMeasures, AnglesRunFromZeroToAHalfTurn) {
+TEST(DieEdges, AnglesRunFromZeroToAHalfTurn) {
   EXPECT_DOUBLE_EQ(analysis::AngleBetween({2, 0}, {5, 0}), 0.0);
   EXPECT_DOUBLE_EQ(analysis::AngleBetween({1, 0}, {0, -3}), 90.0);
   EXPECT_DOUBLE_EQ(analysis::AngleBetween({1, 0}, {-1, 1}), 135.0);
@@ -136,8 +137,11 @@ TEST(WireMeasures, AnglesRunFromZeroToAHalfTurn) {
 TEST(WireTable, QuotesWhatNeedsIt) {
   EXPECT_EQ(formats::CsvField("mprj_io[32]"), "mprj_io[32]");
   EXPECT_EQ(formats::CsvField("a,\"b\""), "\"a,\"\"b\"\"\"");
-  const analysis::WireRow row{
-      .Name = "A,1", .OtherName = "B", .Table = "stitch", .PlanLength = 2.5, .Angle = 16.40564, .Line = 1};
+  const analysis::WireRow row{.Place = {model::RecordTable::Stitches, 0},
+                              .Name = "A,1",
+                              .OtherName = "B",
+                              .PlanLength = 2.5,
+                              .Angle = 16.40564};
   EXPECT_EQ(formats::WiresCsv({row}, "mm"),
             "name,other_name,table,tier,net_type,plan_length_mm,length_mm,angle_deg,start_height_mm,"
             "top_height_mm,end_height_mm\n\"A,1\",B,stitch,,,2.5,0,16.40564,0,0,0\n");

@@ -94,13 +94,14 @@ struct Exported {
   explicit Exported(model::Package package, const std::string& netPattern = {}) {
     LoopOptions loops;
     loops.Values.BaseLoopHeight = loops.Values.BaseExtension = 0.0F;
-    NetOptions nets;
+    analysis::NetRule nets;
     if (!netPattern.empty()) nets.Pattern = std::regex(netPattern);
     scale = double(package.UnitScale);
     const model::WireBondSettings settings = SettingsOf(loops, package);
     const render::Appearance appearance;
     const model::WireSelection selection;
-    render::MeshPen pen(package, 1.0 / scale, [&](const std::string& name) { return NetOf(nets, name); });
+    render::MeshPen pen(package, 1.0 / scale,
+                        [&](const std::string& name) { return analysis::NetOf(nets, name); });
     render::Scene({package, settings, appearance, selection}, pen).DrawPackage();
     groups = pen.Groups();
   }

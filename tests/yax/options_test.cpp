@@ -35,8 +35,8 @@ Options Parsed(void (*add)(CLI::App&, Options&), Arguments arguments) {
 }
 
 TEST(Message, NamesFileLineWhatAndWhatToDo) {
-  EXPECT_EQ(MessageText({"a.yax", 12}, "odd", "mend it"), "a.yax:12: odd; mend it");
-  EXPECT_EQ(MessageText({"a.yax", 0}, "odd", ""), "a.yax: odd");
+  EXPECT_EQ(model::MessageText({"a.yax", 12}, "odd", "mend it"), "a.yax:12: odd; mend it");
+  EXPECT_EQ(model::MessageText({"a.yax", 0}, "odd", ""), "a.yax: odd");
 }
 
 TEST(OptionText, TakesWholeValuesOnly) {
@@ -153,11 +153,11 @@ TEST(NetOptions, RefuseAPatternAndPassOverANameWithoutEnd) {
   // The library would run out of stack.
   for (const std::string& pattern :
        {"(" + std::string(100'000, 'a') + ")", std::string(50'000, '(') + std::string(50'000, ')')})
-    EXPECT_NE(Refusal([&] { Parsed<NetOptions>(AddNetOptions, {"--net-pattern", pattern}); }), "");
-  const NetOptions nets = Parsed(AddNetOptions, {"--net-pattern", "(V..)_.*"});
-  EXPECT_EQ(NetOf(nets, "VDD_1"), "VDD");
+    EXPECT_NE(Refusal([&] { Parsed<analysis::NetRule>(AddNetOptions, {"--net-pattern", pattern}); }), "");
+  const analysis::NetRule nets = Parsed(AddNetOptions, {"--net-pattern", "(V..)_.*"});
+  EXPECT_EQ(analysis::NetOf(nets, "VDD_1"), "VDD");
   const std::string endless = "VDD_" + std::string(1'000'000, 'a');
-  EXPECT_EQ(NetOf(nets, endless), endless);
+  EXPECT_EQ(analysis::NetOf(nets, endless), endless);
 }
 
 model::Package ThreeWiresAndAStitch() {

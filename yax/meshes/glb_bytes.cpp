@@ -9,7 +9,7 @@
 #include <sstream>
 #include <utility>
 
-#include "formats/json_text.h"
+#include "formats/json.h"
 #include "model/version.h"
 #include "yax/meshes/mesh_files.h"
 

@@ -1,9 +1,7 @@
-/// Which wires belong to one net.
+/// The option that says which wires belong to one net.
 #pragma once
 
-#include <optional>
-#include <regex>
-#include <string>
+#include "analysis/nets.h"
 
 namespace CLI {
 class App;
@@ -11,14 +9,7 @@ class App;
 
 namespace yax {
 
-struct NetOptions {
-  std::optional<std::regex> Pattern;
-};
-
 /// Adds --net-pattern.
-void AddNetOptions(CLI::App& command, NetOptions& options);
-
-/// The net of a wire or pad: what the first group of the pattern matches in its name, else the whole name.
-std::string NetOf(const NetOptions& options, const std::string& name);
+void AddNetOptions(CLI::App& command, analysis::NetRule& rule);
 
 }  // namespace yax

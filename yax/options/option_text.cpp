@@ -6,6 +6,7 @@
 #include <optional>
 #include <system_error>
 
+#include "model/text.h"
 #include "yax/messages.h"
 
 namespace yax {
@@ -25,7 +26,7 @@ std::optional<Value> Exactly(std::string_view text) {
 [[noreturn]] void Refuse(std::string_view option, std::string_view text, std::string_view wanted,
                          std::string_view advice) {
   std::string what(option);
-  (((what += " '") += text) += "' is not ") += wanted;
+  what.append(" ").append(model::Quoted(text)).append(" is not ").append(wanted);
   throw Unusable(CommandLine(), what, advice);
 }
 

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <cstddef>
 
+#include "model/text.h"
 #include "model/wire_list_entry.h"
 #include "yax/messages.h"
 #include "yax/options/option_text.h"
@@ -19,7 +20,7 @@ void Add(CLI::App& command, const char* name, const char* description, Measure m
     for (const std::string& text : texts) {
       const std::size_t equals = text.find('=');
       if (equals == std::string::npos)
-        throw Unusable(CommandLine(), std::string(name) + " '" + text + "' is not TIER=UNITS",
+        throw Unusable(CommandLine(), std::string(name) + " " + model::Quoted(text) + " is not TIER=UNITS",
                        "give a tier and a length, such as 2=12.5");
       TierLoop loop{.Tier = text.substr(0, equals), .Shape = {}};
       loop.Shape.*measure = NumberOf(name, text.substr(equals + 1));

@@ -1,21 +1,11 @@
 #include "yax/options/unit.h"
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <vector>
 
 #include "yax/messages.h"
 
 namespace yax {
-
-namespace {
-
-constexpr double kMetresPerMil = 25.4e-6;
-constexpr LengthUnit kMil{"mil", 1.0, kMetresPerMil, 4};
-constexpr LengthUnit kUnits[] = {
-    kMil, {"mm", 1e-3 / kMetresPerMil, 1e-3, 6}, {"um", 1e-6 / kMetresPerMil, 1e-6, 3}};
-
-}  // namespace
 
 void AddUnitOption(CLI::App& command, UnitOptions& options) {
   command
@@ -24,18 +14,13 @@ void AddUnitOption(CLI::App& command, UnitOptions& options) {
       ->check(CLI::IsMember(std::vector<std::string>{"mil", "mm", "um"}));
 }
 
-LengthUnit UnitOf(const UnitOptions& options, const model::Package& package) {
-  for (const LengthUnit& unit : kUnits)
-    if (options.Name == unit.Name) return unit;
-  // No die is only 20 mils long, and hardly one 20 mm.
-  constexpr double kShortestInMils = 20.0;
-  const double longer = double(std::max(package.CompL, package.CompW)) * double(package.UnitScale);
-  if (longer < kShortestInMils)
-    throw Unusable({.File = package.PackagePath}, "this looks like mm", "pass --unit");
-  return kMil;
+analysis::LengthUnit UnitOf(const UnitOptions& options, const model::Package& package) {
+  if (const auto named = analysis::UnitNamed(options.Name)) return *named;
+  if (const auto likely = analysis::LikelyUnitOf(package)) return *likely;
+  throw Unusable({.File = package.PackagePath}, "this looks like mm", "pass --unit");
 }
 
-double WireDiameterIn(const LengthUnit& unit, const model::WireBondSettings& settings) {
+double WireDiameterIn(const analysis::LengthUnit& unit, const model::WireBondSettings& settings) {
   if (!(settings.WireDiameter > 0.0F))
     throw Unusable(CommandLine(), "the wire diameter is not above 0", "give one with --wire-diameter");
   return double(settings.WireDiameter) / unit.Mils;

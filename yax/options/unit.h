@@ -1,9 +1,9 @@
-/// What a unit of the package file is.
+/// The option that names the unit of the package file.
 #pragma once
 
-#include <optional>
 #include <string>
 
+#include "analysis/units.h"
 #include "model/package.h"
 #include "model/wire_bond_settings.h"
 
@@ -12,14 +12,6 @@ class App;
 }
 
 namespace yax {
-
-/// A unit of length that package files are written in.
-struct LengthUnit {
-  const char* Name;
-  double Mils;    ///< a unit in mils
-  double Metres;  ///< a unit in metres
-  int Decimals;   ///< with which lengths are shown
-};
 
 struct UnitOptions {
   std::string Name;  ///< empty when none was given
@@ -30,10 +22,10 @@ void AddUnitOption(CLI::App& command, UnitOptions& options);
 
 /// The unit given, else mils.
 /// Faults  Unusable when none was given and the base die is so small that it must be in millimetres
-LengthUnit UnitOf(const UnitOptions& options, const model::Package& package);
+analysis::LengthUnit UnitOf(const UnitOptions& options, const model::Package& package);
 
 /// The wires' diameter in file units.
 /// Faults  Unusable unless it is above 0
-double WireDiameterIn(const LengthUnit& unit, const model::WireBondSettings& settings);
+double WireDiameterIn(const analysis::LengthUnit& unit, const model::WireBondSettings& settings);
 
 }  // namespace yax

@@ -33,17 +33,15 @@ bool BeginsNumber(std::string_view text) {
   return !text.empty() && std::isdigit(static_cast<unsigned char>(text.front())) != 0;
 }
 
-std::string Quoted(std::string_view text) { return std::string(1, '\'').append(text).append(1, '\''); }
-
 std::string MaterialOf(const Place& place, std::string_view value) {
   for (const char* material : {"Au", "Al", "Cu"})
     if (model::UpperCase(value) == model::UpperCase(material)) return material;
-  throw Unusable(place, Quoted(value) + " is no wire material", "write Au, Al or Cu");
+  throw Unusable(place, model::Quoted(value) + " is not a wire material", "write Au, Al or Cu");
 }
 
 float NumberOf(const Place& place, std::string_view value) {
   if (!BeginsNumber(value))
-    throw Unusable(place, Quoted(value) + " is not a number", "write one such as 12.5");
+    throw Unusable(place, model::Quoted(value) + " is not a number", "write one such as 12.5");
   return model::ToNumber(value);
 }
 
@@ -70,7 +68,7 @@ LoopValues ReadParameterText(const std::string& name, std::string_view text) {
     if (line.Known) {
       Take(place, *line.Known, values);
     } else {
-      Complain(place, Quoted(line.Text) + " holds none of the nine keys and is ignored",
+      Complain(place, model::Quoted(line.Text) + " has none of the nine keys and is ignored",
                "correct or remove it");
     }
   }

@@ -5,7 +5,6 @@
 #include <cstdlib>
 #include <string>
 
-#include "analysis/fault_place.h"
 #include "model/faults.h"
 #include "render/bitmap.h"
 #include "render/gl/frame.h"
@@ -39,42 +38,38 @@ void Open(render::gl::OffscreenSurface& surface) {
   throw Unusable(CommandLine(), "there is not enough memory for --size " + text(size), "give a smaller one");
 }
 
-render::SceneInputs InputsOf(const PictureRequest& request) {
-  return {request.package, request.settings, request.picture.Appearance, request.selection, request.shapes};
-}
-
-/// Measures with a scene of its own: what a scene keeps from pad to pad must not reach the one that is drawn.
-render::Eye EyeOf(render::NamedView view, const PictureRequest& request) {
+/// Measures with another scene: what a scene keeps from pad to pad must not reach the one that is drawn.
+render::Eye EyeOf(render::NamedView view, const render::SceneInputs& inputs, const PixelSize& size) {
   render::FitPen pen;
-  render::Scene(InputsOf(request), pen).DrawPackage();
-  return pen.Fit(view, request.picture.Size);
+  render::Scene(inputs, pen).DrawPackage();
+  return pen.Fit(view, size);
 }
 
-void DrawFrame(const PictureRequest& request) {
+void DrawFrame(const render::SceneInputs& inputs, const CameraOptions& camera, const PixelSize& size) {
   render::gl::GlPen pen;
-  render::Scene scene(InputsOf(request), pen);
+  render::Scene scene(inputs, pen);
   // Drawn at once, without a list, the driver would light the same faces a little differently.
   render::gl::SceneList list;
   list.CompileCube(scene);
-  const CameraOptions& camera = request.camera;
   if (camera.View) {
-    render::gl::DrawFrame(EyeOf(*camera.View, request), request.picture.Size, list);
+    render::gl::DrawFrame(EyeOf(*camera.View, inputs, size), size, list);
   } else {
-    render::gl::DrawFrame(camera.Camera, camera.Rotation, request.package.CompW, list);
+    render::gl::DrawFrame(camera.Camera, camera.Rotation, inputs.Package.CompW, list);
   }
 }
 
 }  // namespace
 
-std::string PictureBytes(const PictureRequest& request, PictureFormat format) {
-  const PixelSize& size = request.picture.Size;
+std::string PictureBytes(const OpenedPackage& opened, const CameraOptions& camera,
+                         const PictureOptions& options, PictureFormat format) {
+  const PixelSize& size = options.Size;
   render::gl::OffscreenSurface surface(size);
   Open(surface);
-  render::gl::SetUpView(size, request.picture.Appearance);
+  render::gl::SetUpView(size, options.Appearance);
   try {
-    DrawFrame(request);
+    DrawFrame(opened.Inputs(options.Appearance), camera, size);
   } catch (const model::Fault& fault) {
-    throw analysis::NotDrawn(request.package.PackagePath, fault);
+    throw opened.NotDrawn(fault);
   }
   const auto read = [&surface](int first, int count, std::uint8_t* rgb) {
     surface.ReadRows(first, count, rgb);

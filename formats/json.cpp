@@ -1,4 +1,4 @@
-#include "formats/json_text.h"
+#include "formats/json.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,20 +1,25 @@
-#include "formats/wire_table.h"
+#include "formats/length_table.h"
 
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "formats/json_text.h"
+#include "formats/json.h"
 #include "model/numbers.h"
 
 namespace formats {
 
 namespace {
 
+const char* TableOf(const model::RecordPlace& place) {
+  if (place.Table == model::RecordTable::Stitches) return "stitch";
+  return place.Table == model::RecordTable::SDBonds ? "stacked" : "base";
+}
+
 /// A row as named values: the one place that names the columns, for both formats.
 Json ValuesOf(const analysis::WireRow& row, const std::string& unit) {
   return {{"name", row.Name},
           {"other_name", row.OtherName},
-          {"table", row.Table},
+          {"table", TableOf(row.Place)},
           {"tier", row.Tier},
           {"net_type", row.NetType},
           {"plan_length_" + unit, row.PlanLength},

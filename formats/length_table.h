@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "analysis/wire_rows.h"
+#include "analysis/lengths.h"
 
 namespace formats {
 

@@ -1,0 +1,37 @@
+/// What a check reports of a package file.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "model/input_error.h"
+
+namespace analysis {
+
+enum class Severity {
+  Error,    ///< ends the viewer
+  Finding,  ///< the viewer ignores it, reads it as 0, overwrites it or does not draw it, and says nothing
+  Note      ///< may be intended
+};
+
+struct Diagnostic {
+  analysis::Severity Severity;
+  const char* Kind;  ///< a short name for programs
+  model::FilePlace Place;
+  std::string What;
+  std::string Advice;
+};
+
+struct Diagnostics {
+  std::string File;
+  std::vector<Diagnostic> List = {};
+  std::size_t Lines = 0;    ///< of the package file
+  std::size_t Ignored = 0;  ///< of these
+
+  std::size_t Count(Severity severity) const;
+  /// Puts the list into the order of the files and their lines.
+  void Sort();
+};
+
+}  // namespace analysis

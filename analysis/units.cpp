@@ -1,0 +1,24 @@
+#include "analysis/units.h"
+
+#include <algorithm>
+
+namespace analysis {
+
+std::optional<LengthUnit> UnitNamed(std::string_view name) {
+  constexpr double kMetresPerMil = 25.4e-6;
+  constexpr LengthUnit kUnits[] = {{"mil", 1.0, kMetresPerMil, 4},
+                                   {"mm", 1e-3 / kMetresPerMil, 1e-3, 6},
+                                   {"um", 1e-6 / kMetresPerMil, 1e-6, 3}};
+  for (const LengthUnit& unit : kUnits)
+    if (name == unit.Name) return unit;
+  return std::nullopt;
+}
+
+std::optional<LengthUnit> LikelyUnitOf(const model::Package& package) {
+  // No die is only 20 mils long, and hardly one 20 mm.
+  constexpr double kShortestInMils = 20.0;
+  const double longer = double(std::max(package.CompL, package.CompW)) * double(package.UnitScale);
+  return longer < kShortestInMils ? std::nullopt : UnitNamed("mil");
+}
+
+}  // namespace analysis

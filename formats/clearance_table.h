@@ -1,0 +1,16 @@
+/// Clearances as columns and as JSON.
+#pragma once
+
+#include <string>
+
+#include "analysis/clearance.h"
+#include "analysis/units.h"
+
+namespace formats {
+
+/// A line for each pair; the last line, which begins with "#", counts.
+std::string ColumnsOf(const analysis::Clearances& clearances, const analysis::LengthUnit& unit);
+
+std::string JsonOf(const analysis::Clearances& clearances, const analysis::LengthUnit& unit);
+
+}  // namespace formats

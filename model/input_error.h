@@ -1,0 +1,32 @@
+/// The error for input that cannot be used: where it is, what is wrong, and what to do.
+#pragma once
+
+#include <cstddef>
+#include <exception>
+#include <string>
+#include <string_view>
+
+namespace model {
+
+/// What a message is about: a file, or one of its lines.
+struct FilePlace {
+  std::string File;
+  std::size_t Line = 0;  ///< counted from 1; 0 for the whole file
+};
+
+/// "file:line: what; advice". The advice says what to do and may be empty.
+std::string MessageText(const FilePlace& place, std::string_view what, std::string_view advice);
+
+/// what() is that text.
+class InputError : public std::exception {
+ public:
+  InputError(const FilePlace& place, std::string_view what, std::string_view advice)
+      : text_(MessageText(place, what, advice)) {}
+
+  const char* what() const noexcept override { return text_.c_str(); }
+
+ private:
+  std::string text_;
+};
+
+}  // namespace model

@@ -1,0 +1,17 @@
+#include "yax/options/opened_package.h"
+
+#include "analysis/fault_advice.h"
+
+namespace yax {
+
+OpenedPackage::OpenedPackage(const PackageOptions& file, const LoopOptions& loops, const WireOptions& wires)
+    : Package(LoadPackage(file, &Lines)),
+      Settings(SettingsOf(loops, Package)),
+      Shapes(ShapesOf(loops.Tiers, Package)),
+      Selection(SelectionOf(wires, Package)) {}
+
+Unusable OpenedPackage::NotDrawn(const model::Fault& fault) const {
+  return analysis::NotDrawn(Package.PackagePath, fault, Lines);
+}
+
+}  // namespace yax

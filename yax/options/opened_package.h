@@ -1,0 +1,32 @@
+/// A package as commands open it: read, with the settings, loops and wires that the options ask for.
+#pragma once
+
+#include "analysis/record_lines.h"
+#include "model/for_each_wire.h"
+#include "render/scene.h"
+#include "yax/messages.h"
+#include "yax/options/loops.h"
+#include "yax/options/package.h"
+#include "yax/options/wires.h"
+
+namespace yax {
+
+struct OpenedPackage {
+  /// Faults  Unusable when the package cannot be read, or the options do not suit it
+  OpenedPackage(const PackageOptions& file, const LoopOptions& loops, const WireOptions& wires = {});
+
+  model::WireInputs Wires() const { return {Package, Settings, Selection, &Shapes}; }
+  render::SceneInputs Inputs(const render::Appearance& appearance) const {
+    return {Package, Settings, appearance, Selection, &Shapes};
+  }
+  /// What the command ends with when the package cannot be drawn.
+  Unusable NotDrawn(const model::Fault& fault) const;
+
+  analysis::RecordLines Lines;
+  const model::Package Package;
+  const model::WireBondSettings Settings;
+  const model::WireShapes Shapes;  ///< wires with loops of their own
+  model::WireSelection Selection;
+};
+
+}  // namespace yax
