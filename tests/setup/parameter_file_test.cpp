@@ -129,11 +129,11 @@ TEST_F(SetupFormTest, DialogsAskAsToldAndCancellingChangesNothing) {
     form.Cmd_Click(button);
     const FileDialogRequest& r = dialog.asked.back();
     return dialog.shown + ": " + r.DialogTitle + ", " + r.FileName + ", " + r.Filter + ", " +
-           std::to_string(r.Flags) + ", " + r.DefaultExt;
+           (r.OverwritePrompt ? "asks, " : "") + r.DefaultExt;
   };
   EXPECT_EQ(asked(6),
-            "save: Save ZU file, " + package.PackagePath + ", zu files|*.zu|all files|*.*, 8206, .zu");
-  EXPECT_EQ(asked(5), "open: Load ZU File, *.zu, zu files|*.zu|All files|*.*, 16396, .zu");
+            "save: Save ZU file, " + package.PackagePath + ", zu files|*.zu|all files|*.*, asks, .zu");
+  EXPECT_EQ(asked(5), "open: Load ZU File, *.zu, zu files|*.zu|All files|*.*, .zu");
   dialog.answer = folder / "missing.zu";
   form.Cmd_Click(5);
   EXPECT_EQ(rebuilds, 0);
@@ -141,14 +141,12 @@ TEST_F(SetupFormTest, DialogsAskAsToldAndCancellingChangesNothing) {
 }
 
 TEST_F(SetupFormTest, TheOverwriteQuestionKnowsThePackageByAnyName) {
-  const FileDialogRequest request{.Flags = 8206, .PackagePath = package.PackagePath};
   std::filesystem::create_symlink(package.PackagePath, folder / "link.zu");
   PutFile(folder / "other.zu", "");
-  EXPECT_EQ(OverwriteQuestion(folder / "new.zu", request), "");
-  EXPECT_EQ(OverwriteQuestion(folder / "other.zu", {.Flags = 16396}), "");
-  EXPECT_NE(OverwriteQuestion(folder / "other.zu", request).find("already exists"), std::string::npos);
+  EXPECT_EQ(OverwriteQuestion(folder / "new.zu", package.PackagePath), "");
+  EXPECT_NE(OverwriteQuestion(folder / "other.zu", package.PackagePath).find("already exists"), std::string::npos);
   for (const std::string& same : {folder / "board.yax", folder / "./board.yax", folder / "link.zu"})
-    EXPECT_NE(OverwriteQuestion(same, request).find("package file itself"), std::string::npos) << same;
+    EXPECT_NE(OverwriteQuestion(same, package.PackagePath).find("package file itself"), std::string::npos) << same;
 }
 
 TEST(ParameterFile, ItsNameReplacesThreeCharacters) {

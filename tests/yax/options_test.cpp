@@ -140,12 +140,12 @@ TEST(ParameterFile, TellsTheLineThatIsWrong) {
   EXPECT_EQ(Refusal([] { ReadParameterText("a.zu", "YAXFile=b.yax\nBaseExtension=wide\n"); }),
             "a.zu:2: 'wide' is not a number; write one such as 12.5");
   EXPECT_EQ(Refusal([] { ReadParameterText("a.zu", "\r\nmaterial=Ag"); }),
-            "a.zu:2: 'Ag' is no wire material; write Au, Al or Cu");
+            "a.zu:2: 'Ag' is not a wire material; write Au, Al or Cu");
 
   testing::internal::CaptureStderr();
   const LoopValues values = ReadParameterText("a.zu", "BASEEXTENSTON=3\nbaseextension=,5\n");
   EXPECT_EQ(testing::internal::GetCapturedStderr(),
-            "a.zu:1: 'BASEEXTENSTON=3' holds none of the nine keys and is ignored; correct or remove it\n");
+            "a.zu:1: 'BASEEXTENSTON=3' has none of the nine keys and is ignored; correct or remove it\n");
   EXPECT_EQ(values.BaseExtension, 0.5F);
 }
 
