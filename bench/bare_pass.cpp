@@ -15,7 +15,7 @@ namespace bench {
 
 namespace {
 
-/// A file's bytes in memory that nothing has filled before.
+/// A file's bytes, in memory that was not zeroed first.
 struct Bytes {
   std::unique_ptr<char[]> data;
   std::size_t size = 0;

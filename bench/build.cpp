@@ -1,6 +1,6 @@
-// What building the scene's list takes, beside the bare emission of the same calls:
-// bench_build PACKAGE ROUNDS, or bench_build PACKAGE ours|bare for the memory that one of them takes.
-// bench_build_silent is the same with GL names that do nothing.
+// Measures the build of the scene's list and the bare emission of the same calls:
+// bench_build PACKAGE ROUNDS, or bench_build PACKAGE ours|bare for the memory of one of them.
+// bench_build_silent is the same program with GL routines that do nothing.
 #include <cstdio>
 #include <cstdlib>
 #include <memory>

@@ -1,5 +1,5 @@
-// The least that a program needs to draw without a display and write a picture as PNG: bench_clear_png BITMAP
-// FILE. It clears, reads back, and writes the picture that BITMAP holds.
+// The least work to draw without a display and write a PNG file: bench_clear_png BITMAP FILE
+// It clears a frame, reads it back, and writes the picture of BITMAP.
 #include <EGL/egl.h>
 #include <EGL/eglext.h>
 #include <GL/gl.h>

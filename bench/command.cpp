@@ -1,5 +1,5 @@
-// Time and peak memory of one command: bench_command PROGRAM ARGUMENTS... A small program of its own, because
-// a process starts with the peak of the one that starts it.
+// Time and peak memory of one command: bench_command PROGRAM ARGUMENTS...
+// A small program starts it, because a process inherits the peak of its parent.
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -22,6 +22,6 @@ int main(int argc, char** argv) {
   if (child < 0 || wait4(child, &status, 0, &use) != child) return 1;
   bench::Report("time", bench::Seconds() - start);
   bench::Report("memory", double(use.ru_maxrss));
-  // Status 1 says that a check has findings.
+  // Status 1: the check has findings.
   return WIFEXITED(status) && WEXITSTATUS(status) <= 1 ? 0 : 1;
 }

@@ -86,7 +86,7 @@ void Emission::BuildList() {
   const GLuint fresh = glGenLists(1);
   glNewList(fresh, GL_COMPILE_AND_EXECUTE);
   Emit();
-  glEnd();  // alone, as the viewer has it
+  glEnd();  // without a begin, as in the viewer
   glEndList();
   if (list_ != 0) {
     glNewList(list_, GL_COMPILE);

@@ -1,4 +1,4 @@
-/// The GL calls of a scene, recorded beforehand, as the yardstick for building its list.
+/// The GL calls of a scene, recorded in advance, as the yardstick for building its list.
 #pragma once
 
 #include <array>
@@ -9,14 +9,14 @@
 
 namespace bench {
 
-/// Takes the scene's shapes down and makes the same calls as the viewer's pen, with nothing to work out.
+/// Records the scene's shapes, then makes the same calls as the viewer's pen without computing anything.
 class Emission final : public model::Pen {
  public:
   explicit Emission(const render::SceneInputs& inputs);
 
-  /// The calls alone. Needs   a current context
+  /// Makes the calls. Needs   a current context
   void Emit() const;
-  /// The calls, compiled into a fresh list and drawn; the list before it is emptied.
+  /// Compiles and draws the calls as a fresh list, and empties the previous one.
   void BuildList();
   void Forget() { list_ = 0; }
   unsigned List() const { return list_; }

@@ -1,6 +1,6 @@
-// The yardstick for the program's start: bench_empty_window, an empty window of the toolkit, of the same size
-// and with the same context in a window of its own, cleared once it is shown. bench_empty_window PACKAGE also
-// does what no start with a package can do without: the bare pass, the bare emission and one frame.
+// The yardstick for the program's start: bench_empty_window shows an empty Qt window of the viewer's size,
+// with the same context in a child window, and clears it. bench_empty_window PACKAGE adds what every start
+// with a package has to do: the bare pass, the bare emission and one frame.
 #include <GL/gl.h>
 
 #include <QApplication>
@@ -17,7 +17,7 @@
 
 namespace {
 
-// About what the view has in the program's first window.
+// About the size of the view in the viewer's first window.
 constexpr int kWidth = 1008;
 constexpr int kHeight = 744;
 
@@ -60,8 +60,8 @@ class GlWindow final : public QWindow {
   }
 
  private:
-  /// The recording needs the package read; what that takes beyond the bare pass only makes the yardstick
-  /// slower.
+  /// To record the calls the package must be read, which makes the yardstick a little slower than it could
+  /// be.
   void Build(const char* path) {
     bench::PackageScene opened(path);
     emission_.emplace(opened.Inputs());

@@ -1,5 +1,5 @@
-// Seconds from a program's start until its window is mapped and its picture stands in it: bench_first_picture
-// PROGRAM ARGUMENTS... The picture is there when a pixel of its middle is no longer black.
+// Seconds from a program's start until its window is mapped and shows a picture: bench_first_picture PROGRAM
+// ARGUMENTS... The picture is there when a pixel of its middle column is not black.
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <signal.h>
@@ -17,7 +17,7 @@ constexpr double kPatience = 30.0;
 
 int Ignore(Display*, XErrorEvent*) { return 0; }
 
-/// The window that has just been mapped, or none.
+/// The window that was mapped last, or None.
 Window NewlyMapped(Display* display) {
   while (XPending(display) > 0) {
     XEvent event{};
@@ -30,7 +30,7 @@ Window NewlyMapped(Display* display) {
   return None;
 }
 
-/// Looks at a column through the middle: little to fetch, and every package crosses it.
+/// Reads the middle column only: it is quick to fetch, and every package crosses it.
 bool ShowsPicture(Display* display, Window window) {
   constexpr int kHeight = 300;
   XImage* const image = XGetImage(display, window, 500, 200, 8, kHeight, AllPlanes, ZPixmap);

@@ -125,7 +125,7 @@ def build(table):
                     kept.setdefault(key, []).extend(values)
         seconds[name] = mesa["ours"]
         table.add("build: time / bare emission", name, mesa["ours"], mesa["bare"], memory_of("bench_build", path), 1.1)
-        # What the emission itself takes without a GL behind it is not Mesa's.
+        # The emission's own time, measured with silent GL, is not Mesa's.
         in_mesa = [all_of - loop for all_of, loop in zip(mesa["bare"], silent["bare"])]
         table.add("build: our own share / Mesa's time", name, silent["ours"], in_mesa, target=0.4)
     bond = per_bond(seconds)
@@ -152,7 +152,7 @@ def window(table):
         count = max(3, int(0.3 / (bare.do("frames", 3) / 3)))
         taken = ([], [])
         for turn in range(max(10, ROUNDS)):
-            # Who begins changes from round to round: what the machine does besides grows and shrinks over a round.
+            # Who begins alternates: other load on the machine changes within a round.
             sides = ((ours, taken[0]), (bare, taken[1]))
             for side, kept in sides if turn % 2 == 0 else reversed(sides):
                 kept.append(side.do("frames", count) / count)
@@ -180,7 +180,7 @@ def window(table):
 
 
 def in_turn(rounds, first, *others):
-    """Time and memory of commands that take turns, after one turn that only warms up."""
+    """Time and memory of commands that take turns, after one turn to warm up."""
     commands = (first, *others)
     taken = [{"time": [], "memory": []} for _ in commands]
     for turn in range(rounds + 1):
@@ -193,20 +193,20 @@ def in_turn(rounds, first, *others):
 
 
 def start(table):
-    """Until the window is mapped and its picture stands in it."""
+    """Until the window is mapped and shows its picture."""
     watch = program("bench_first_picture")
     for name, path in PACKAGES.items():
         ours, empty, least = in_turn(ROUNDS, (watch, program("yaxview"), path), (watch, program("bench_empty_window")),
                                      (watch, program("bench_empty_window"), path))
         memory = statistics.median(ours["memory"]) / statistics.median(empty["memory"])
-        table.add("start / empty toolkit window", name, ours["time"], empty["time"], memory,
+        table.add("start / empty Qt window", name, ours["time"], empty["time"], memory,
                   1.2 if name == MAIN else None)
         table.add("start / such a window + pass + list + frame", name, ours["time"], least["time"],
                   statistics.median(ours["memory"]) / statistics.median(least["memory"]))
 
 
 def yax(table):
-    # In memory: a disk that has other work would be measured otherwise.
+    # In memory: writing to a busy disk would spoil the figure.
     with tempfile.TemporaryDirectory(dir="/dev/shm") as folder:
         yax_render(table, pathlib.Path(folder))
         yax_reports(table, pathlib.Path(folder))

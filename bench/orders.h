@@ -6,7 +6,7 @@
 
 namespace bench {
 
-/// Says "ready", then reads lines "order number" from standard input and answers each with one line, until
+/// Prints "ready", then reads lines "order number" from standard input and answers each with one line, until
 /// the input ends.
 template <class Obey>
 void ObeyOrders(Obey&& obey) {

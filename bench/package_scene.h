@@ -1,4 +1,4 @@
-/// A package with all that its scene asks for, as the window has it after a load.
+/// A package with the inputs of its scene, as the window has them after a load.
 #pragma once
 
 #include <optional>

@@ -1,4 +1,4 @@
-// What reading a package takes, beside the least that any reader must do:
+// Measures the reader, and the bare pass that any reader must make:
 // bench_read PACKAGE ROUNDS, or bench_read PACKAGE ours|bare for the memory of one of them.
 #include <cstdio>
 #include <cstdlib>

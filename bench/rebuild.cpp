@@ -1,4 +1,4 @@
-// Resident memory over many rebuilds: bench_rebuild PACKAGE keep|delete. "keep" empties the list before, as
+// Resident memory over many rebuilds: bench_rebuild PACKAGE keep|delete. "keep" empties the previous list, as
 // the viewer does; "delete" deletes it.
 #include <GL/gl.h>
 

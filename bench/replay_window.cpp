@@ -1,7 +1,7 @@
 // The yardstick for the window: the same list replayed in plain Xlib and GLX. bench_replay_window PACKAGE,
-// then orders: "frames N" draws and swaps N frames, "step N" does once more what a new size cannot do
-// without, "build N" compiles the recorded calls and draws a frame, "picture N" sums up what the window
-// shows.
+// then orders: "frames N" draws and swaps N frames, "step N" repeats the work that a new size
+// requires, "build N" compiles the recorded calls and draws a frame, "picture N" answers with a checksum of
+// the window's pixels.
 #include <cstdlib>
 #include <string>
 
@@ -14,7 +14,7 @@
 #include "bench/x_window.h"
 #include "render/gl/frame.h"
 
-// Last: they define words such as None.
+// Last: they define macros such as None.
 #include <GL/gl.h>
 #include <GL/glx.h>
 #include <X11/Xlib.h>
@@ -42,7 +42,7 @@ class ReplayWindow {
   double Do(const std::string& order, int count) {
     if (order == "picture") return bench::PictureSum(display_, window_, size_.Width, size_.Height);
     if (order == "memory") return double(bench::Memory("VmRSS"));
-    // One step of the edge: the toolkit's window is resized outside the yardstick too.
+    // The resize itself is not part of the yardstick.
     if (order == "step") {
       size_.Width = count;
       bench::ResizeWindow(display_, window_, size_.Width, size_.Height);

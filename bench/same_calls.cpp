@@ -1,5 +1,5 @@
-// Checks the yardstick: the bare emission makes the very calls that the scene makes. bench_same_calls
-// PACKAGE...
+// Checks the yardstick: bench_same_calls PACKAGE... fails unless the bare emission and the scene make the
+// same calls.
 #include <cstdio>
 #include <vector>
 

@@ -1,4 +1,4 @@
-// The GL names that building a list calls, doing nothing: what is left is our own share.
+// The GL routines that a build of the list calls, as empty ones: the time that remains is the viewer's share.
 #include <GL/gl.h>
 
 #include "bench/drawing_place.h"

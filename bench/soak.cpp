@@ -1,7 +1,7 @@
 // A long day with the viewer: soak PACKAGE [SHARE]
-// Does everything SHARE times (default 1.0) as often as kUses says, one kind of use after the other, with the wire
-// list open. Resident memory must stay as it was after the first tenth of each kind, and the last picture must be
-// that of a fresh start in the same state.
+// Does everything SHARE times (default 1.0) as often as kUses says, one kind of use after the other, with the
+// wire list open. Resident memory must stay as it was after the first tenth of each kind, and the last
+// picture must be that of a fresh start in the same state.
 #include <unistd.h>
 #include <QAction>
 #include <QApplication>
@@ -75,7 +75,7 @@ class Viewer {
     Settle();
   }
 
-  /// By the menu and by Home in turn. The menu closes the list of the old package.
+  /// From the menu and with Home in turn. The menu closes the wire list of the old package.
   void Load(int count) {
     for (int i = 0; i < count; ++i) {
       i % 2 == 0 ? Choose("DoLoadYAX") : QTest::keyClick(window_.windowHandle(), Qt::Key_Home);
@@ -84,7 +84,7 @@ class Viewer {
     OpenWireList();
   }
 
-  /// Some wires on white from one side, wherever the viewer was.
+  /// Shows some wires on white from one side, whatever was shown before.
   render::Picture KnownState() {
     QTest::keyClick(window_.windowHandle(), Qt::Key_Home);
     Choose("DoWhite");

@@ -6,15 +6,16 @@
 
 namespace bench {
 
-/// Seconds on the wall.
+/// Seconds of wall time.
 double Seconds();
-/// Seconds that this thread was given a processor: other programs' work does not count.
+/// Seconds of processor time of this thread, which other programs do not add to.
 double ThreadSeconds();
 
-/// A line of /proc/self/status: "VmRSS" is resident now, "VmHWM" at most so far. Returns kilobytes
+/// A line of /proc/self/status: "VmRSS" is resident memory now, "VmHWM" its peak so far.
+/// Returns kilobytes
 long Memory(const char* field);
 
-/// Writes "name value", at once.
+/// Prints "name value" and flushes.
 void Report(const std::string& name, double value);
 
 template <class Work>
@@ -24,7 +25,7 @@ double ThreadSecondsOf(Work&& work) {
   return ThreadSeconds() - start;
 }
 
-/// Times both in turn, `rounds` times, each as often as fills a few milliseconds; reports seconds per run.
+/// Times both in turn for `rounds` rounds, repeats each for a few milliseconds; reports seconds per run.
 template <class Ours, class Bare>
 void InTurn(int rounds, const char* oursName, Ours&& ours, const char* bareName, Bare&& bare) {
   constexpr double kEnough = 4e-3;

@@ -1,8 +1,8 @@
-// The viewer's own window under orders: bench_view_window PACKAGE, then "frames N" paints N frames as
-// uncovering the view does, "step N" gives the view N pixels of width as the window's edge does, "select N"
-// selects all wires in the wire list, "lists N" tells how many lists the last load has built, "wires N" how
-// many wires there are, "uncovered N" how often the last order has painted because a part of the view was
-// uncovered, "picture N" sums up what the view shows.
+// The viewer's window under orders: bench_view_window PACKAGE, then "frames N" paints N frames as an exposure
+// of the view does, "step N" makes the view N pixels wide as a drag of the window's edge does, "select N"
+// selects all wires in the wire list. Counts: "lists N" of lists that the last load built, "wires N" of
+// wires, "uncovered N" of frames that the last order painted because of an exposure. "picture N" answers with
+// a checksum of the view's pixels.
 #include <GL/gl.h>
 
 #include <QAction>
@@ -62,7 +62,7 @@ class ViewWindow {
   }
 
  private:
-  /// Until nothing is left to do here or at the X server.
+  /// Runs until neither this program nor the X server has anything left to do.
   void Settle() {
     for (int i = 0; i < 2; ++i) {
       QApplication::processEvents();
@@ -73,14 +73,14 @@ class ViewWindow {
     QApplication::processEvents();
   }
 
-  /// Another client changes the size, as a window manager does.
+  /// Changes the size from another client, as a window manager does.
   void StepTo(int viewWidth) {
     const int width = window_.width() - view_.width() + viewWidth;
     bench::ResizeWindow(outside_, window_.winId(), width, window_.height());
     while (view_.width() != viewWidth) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
   }
 
-  /// Names count from 1 in every context.
+  /// List numbers start at 1 in every context.
   static double Lists() {
     GLuint name = 1;
     while (glIsList(name)) ++name;

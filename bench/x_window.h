@@ -1,20 +1,19 @@
-/// What the measuring programs ask of the X server, without its headers: their names clash with the
-/// toolkit's.
+/// What the measuring programs ask of the X server, without Xlib's headers: their macros clash with Qt.
 #pragma once
 
 struct _XDisplay;
 
 namespace bench {
 
-/// A connection of its own to the server, as another client has it.
+/// A separate connection to the server, as another client has.
 _XDisplay* OpenDisplay();
 
-/// Returns once the server has done all that was asked of it.
+/// Returns once the server has finished all requests.
 void Sync(_XDisplay* display);
 
 void ResizeWindow(_XDisplay* display, unsigned long window, int width, int height);
 
-/// A checksum of what a window shows, to see that two windows show the same.
+/// A checksum of a window's pixels, to compare two windows.
 unsigned PictureSum(_XDisplay* display, unsigned long window, int width, int height);
 
 }  // namespace bench

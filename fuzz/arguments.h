@@ -1,4 +1,4 @@
-/// Arguments of a program out of one run of bytes.
+/// Splits an input into a program's arguments.
 #pragma once
 
 #include <cstddef>
@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-/// The pieces that end with a NUL byte, or with the last byte: no argument holds a NUL.
+/// The pieces between NUL bytes, since no argument can hold one.
 inline std::vector<std::string> ArgumentsOf(std::string_view bytes) {
   std::vector<std::string> arguments;
   while (!bytes.empty()) {

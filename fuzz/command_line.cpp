@@ -1,6 +1,6 @@
-// Command lines: which file the start-up routine takes, and how the program then goes on or ends.
+// Command lines: which file the start-up routine opens, and how the program then runs or ends.
 //
-// The first byte says what the system grants; the rest are the arguments, each ended by a NUL byte.
+// The first byte says whether there is GL; the rest are the arguments, each ended by a NUL byte.
 #include <unistd.h>
 
 #include <algorithm>
@@ -23,8 +23,8 @@ namespace {
 
 constexpr char kPackage[] = "COMPL 4\nCOMPW 4\nCOMPZ 1\nCBP A 1 1 0 1 1 0 L ROUND\nWB A 1 1 F 9 9 1 0\n";
 
-/// The program's folder, which is the current one as well, with what a path can lead to: a package that is
-/// drawn, one that faults while it is, and a folder.
+/// The program's folder, which is also the current one, with targets for a path: a good package, one whose
+/// drawing faults, and a folder.
 class ProgramFolder {
  public:
   ProgramFolder() {
@@ -65,7 +65,7 @@ class Surface final : public render::gl::GlSurface {
   bool has_ = false;
 };
 
-/// What the user means: the sample without arguments, else all of them as one path.
+/// The path that the user means: the sample without arguments, else all of them as one path.
 std::string PathMeant(const std::vector<std::string>& arguments, const std::string& programFolder) {
   if (arguments.empty()) return programFolder + "/AAAc.yax";
   std::string path = arguments[0];

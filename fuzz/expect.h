@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-/// Stops the run, so that the input is kept, and says what was broken.
+/// Prints the broken rule and aborts, so that the input is kept.
 inline void Expect(bool holds, const char* rule) {
   if (holds) return;
   std::fprintf(stderr, "broken: %s\n", rule);

@@ -1,4 +1,4 @@
-/// A file that lives in memory and has a path, for readers that take one.
+/// A file in memory with a path, for readers that take a path.
 #pragma once
 
 #include <sys/mman.h>
@@ -17,7 +17,7 @@ class MemoryFile {
 
   const std::string& Path() const { return path_; }
 
-  /// False when the bytes cannot be put there.
+  /// Returns false when the bytes cannot be written.
   bool Put(std::string_view bytes) const {
     return ftruncate(number_, 0) == 0 &&
            pwrite(number_, bytes.data(), bytes.size(), 0) == static_cast<ssize_t>(bytes.size());

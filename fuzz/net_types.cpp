@@ -1,4 +1,4 @@
-// Side files, told apart from what a few plain lines make of them.
+// Side files, compared with what a few plain lines make of them.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -12,8 +12,8 @@
 
 namespace {
 
-// Tiers from 0 are renumbered, those from 1 stay; names stand twice, in a stitch, without a wire, and
-// nowhere.
+// Tiers that start at 0 are renumbered, those from 1 stay; a name appears twice, in a stitch, without a wire,
+// or nowhere.
 constexpr char kPackage[] =
     "COMPZ 1\nCBP A\nCBP B\nCBP C\nCBP N\nSD_CBP S\nSD_CBP A\n"
     "SBP A 1 2 0 3 4 5 ROUND 0 2\nSBP B 1 2 0 3 4 5 ROUND 0 1\nSBP S 1 2 0 3 4 5 ROUND 0 3\n"
@@ -32,7 +32,7 @@ std::vector<std::string> FieldsOf(std::string_view line) {
   return fields;
 }
 
-/// The last type that each name is given.
+/// The last type that the file gives to each name.
 std::map<std::string, std::string> TypesOf(const std::string& text) {
   std::map<std::string, std::string> types;
   for (std::size_t start = 0; start < text.size();) {

@@ -1,4 +1,4 @@
-// Arguments of yax: all groups of options on one command line, up to the settings that follow from them.
+// Arguments of yax: all groups of options on one command line, and the settings that follow from them.
 // Nothing is read, written or drawn.
 //
 // The input is the arguments, each ended by a NUL byte.
@@ -68,7 +68,8 @@ void Use(Options& options, const model::Package& package) {
              std::isfinite(options.camera.Camera.CamYaw),
          "angles are numbers");
   yax::CheckCamera(options.camera);
-  model::Add16(options.camera.Camera.CamY, options.camera.Camera.CamLook);  // must not fault any more
+  model::Add16(options.camera.Camera.CamY,
+               options.camera.Camera.CamLook);  // must not fault: CheckCamera has refused what would
   yax::PictureFormatOf(options.package.File);
   options.loops.ParameterFile.clear();
   const model::WireBondSettings settings = yax::SettingsOf(options.loops, package);

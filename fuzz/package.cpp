@@ -11,7 +11,7 @@
 
 namespace {
 
-/// Draws nothing, and wants to be given real places only.
+/// Draws nothing, and requires finite coordinates.
 class NoPen final : public model::Pen {
  public:
   void Quad(const model::Face& face) override { ExpectPlaces(face.Corners); }
@@ -27,7 +27,7 @@ class NoPen final : public model::Pen {
   }
 };
 
-/// Hears of every line with fields, in their order, and of records that are there.
+/// Requires each line with fields to be reported once, in order, and with a record that exists.
 class Listener final : public model::reader::ReadObserver {
  public:
   void OnPackageLine(const model::reader::LineNote& note) override {
@@ -54,7 +54,7 @@ void Draw(const model::Package& package) {
     model::SetUnsetDefaults(settings, package);
     render::Scene({package, settings, appearance, selection}, pen).DrawPackage();
   } catch (const model::Fault&) {
-    // Ends the load with a message.
+    // A load may end with a message.
   }
 }
 

@@ -1,5 +1,4 @@
-// Parameter files, loaded by the button of the wire bond setup, with the picture that follows from them, and
-// by yax.
+// Parameter files, loaded by the wire bond setup, whose picture is drawn, and by yax.
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -14,7 +13,7 @@
 #include "yax/messages.h"
 #include "yax/options/zu_file.h"
 
-// Checks what yax complains of instead of printing it.
+// In place of the routine that prints: checks what yax reports.
 namespace yax {
 
 void Complain(const Place& place, std::string_view what, std::string_view) {
@@ -63,7 +62,7 @@ void ReadByYax(const std::string& path) {
           values.BaseExtension, values.StackExtension, values.StitchExtension})
       Expect(std::isfinite(value.value_or(0.0F)), "values are numbers");
   } catch (const yax::Unusable&) {
-    // Ends the command with a message.
+    // A command may end with a message.
   }
 }
 

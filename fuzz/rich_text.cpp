@@ -1,4 +1,4 @@
-// Rich text, and that nothing but text comes out of it.
+// Rich text, of which nothing but text may remain.
 #include <cstddef>
 #include <cstdint>
 #include <string>

@@ -1,5 +1,5 @@
-// Every name of OpenGL and GLU that the program calls: this file is the inventory. A new one fails to link
-// until it is added here.
+// The inventory of all OpenGL and GLU routines that the program calls: the unit tests do not link with one
+// that is missing here.
 
 #include <GL/gl.h>
 #include <GL/glu.h>
@@ -24,8 +24,7 @@ Argument Mask(GLbitfield mask) {
 
 }  // namespace
 
-// A routine that is recorded as it stands, between the ends of a primitive or not: name, parameters,
-// arguments.
+// A routine that is only recorded, inside glBegin and glEnd or outside: name, parameters, arguments.
 #define OUTSIDE(name, parameters, ...) \
   void name parameters { Current().Take(Place::Outside, #name, {__VA_ARGS__}); }
 #define INSIDE(name, parameters, ...) \
@@ -36,7 +35,7 @@ Argument Mask(GLbitfield mask) {
 
 extern "C" {
 
-// Primitives and what stands in them.
+// Primitives and their contents.
 void glBegin(GLenum mode) { Current().Begin(mode); }
 void glEnd() { Current().End(); }
 INSIDE(glVertex3f, (GLfloat x, GLfloat y, GLfloat z), x, y, z)

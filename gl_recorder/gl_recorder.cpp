@@ -9,7 +9,7 @@
 
 namespace gl_recorder {
 
-// GL's own names have no object to hang on, so neither has the recorder that they write to.
+// GL routines are free functions, so they find their recorder through a global pointer.
 static Recorder*& Slot() {
   static Recorder* current = nullptr;
   return current;
@@ -25,7 +25,7 @@ Recorder& Current() {
 
 Argument::Argument(double number) : Number(number) {
   char text[32];
-  // Without the sign of a zero, which no picture shows.
+  // Without the sign of zero, which changes no picture.
   std::snprintf(text, sizeof text, "%.6g", number == 0.0 ? 0.0 : number);
   Text = text;
 }
@@ -89,7 +89,7 @@ void Recorder::Take(Place place, const std::string& name, const std::vector<Argu
 }
 
 void Recorder::Begin(unsigned mode) {
-  // Small numbers mean different things elsewhere, so primitives have names of their own.
+  // Primitives have small numbers that mean other things elsewhere, hence this separate table.
   static const std::map<unsigned, std::string> kPrimitives = {{GL_LINES, "GL_LINES"},
                                                               {GL_LINE_STRIP, "GL_LINE_STRIP"},
                                                               {GL_TRIANGLE_FAN, "GL_TRIANGLE_FAN"},
@@ -129,7 +129,7 @@ void Recorder::EndList() {
 
 void Recorder::CallList(unsigned name) {
   Take(Place::Outside, "glCallList", {double(name)});
-  // List 0 is the one that is never there, and drawing it does nothing.
+  // List 0 never exists, and calling it does nothing.
   if (name != 0 && !lists_.contains(name)) Error("glCallList of no list: " + std::to_string(name));
 }
 

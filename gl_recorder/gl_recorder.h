@@ -1,4 +1,4 @@
-/// A strict stand-in for OpenGL: unit tests link it instead, and it writes down and judges every call.
+/// A strict stand-in for OpenGL that unit tests link: it records and checks every call.
 #pragma once
 
 #include <cstdint>
@@ -22,12 +22,12 @@ struct Argument {
   Argument(double number, std::string text) : Number(number), Text(std::move(text)) {}
 };
 
-/// Takes the calls of the program's gl and glu names as long as it lives; there is one at a time.
+/// Receives the program's gl and glu calls during its lifetime; there is one at a time.
 ///
 /// It notes an error for: a vertex or normal outside begin and end; anything but vertices, normals,
 /// colours and materials inside; a begin inside a begin; an end without one, except the one that
-/// BuildCube puts right before the end of its compile-and-execute list; lists inside lists, of no name, or
-/// called without being there; calls without a context; stacks that do not balance.
+/// BuildCube puts right before the end of its compile-and-execute list; lists inside lists, without a number,
+/// or called but missing; calls without a context; stacks that do not balance.
 class Recorder {
  public:
   Recorder();
@@ -47,14 +47,14 @@ class Recorder {
   void NewContext();
   void DropContext();
 
-  /// Notes what is still open or unbalanced.
+  /// Notes an error for each list, primitive or stack that is still open.
   void Finish();
 
-  /// Writes a line of the test's own into the log, such as a swap of buffers.
+  /// Adds a line of the test to the log, such as a swap of buffers.
   void Note(const std::string& name);
 
-  // What the gl names do.
-  enum class Place { Anywhere, Outside, Inside };  ///< of the ends of a primitive
+  // For the gl routines.
+  enum class Place { Anywhere, Outside, Inside };  ///< relative to glBegin and glEnd
   void Take(Place place, const std::string& name, const std::vector<Argument>& arguments);
   void Begin(unsigned mode);
   void End();
@@ -77,20 +77,20 @@ class Recorder {
   bool hasContext_ = true;
   struct {
     unsigned Name = 0, Mode = 0;  ///< of the list being compiled
-    std::vector<Call> List;       ///< what it holds so far
+    std::vector<Call> List;       ///< its calls so far
     std::map<std::string, int> Depths;
     bool Primitive = false;
-    bool LoneEnd = false;  ///< an end without a begin came; only the list's end may follow
+    bool LoneEnd = false;  ///< a glEnd without glBegin came; only glEndList may follow
   } open_;
 };
 
-/// The recorder at work. Needs  one to live
+/// The current recorder. Needs  one to exist
 Recorder& Current();
 
-/// A GL value as its name; the number for one that the program does not use.
+/// The name of a GL value, or its number when the program does not use it.
 std::string NameOf(unsigned value);
 
-/// Calls as readable text, one a line, indented by what encloses them.
+/// Calls as text, one per line, indented inside primitives and lists.
 std::string TextOf(const std::vector<Call>& calls);
 
 }  // namespace gl_recorder

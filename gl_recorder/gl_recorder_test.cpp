@@ -31,7 +31,7 @@ TEST(GlRecorder, NotesWhatGlForbidsOrLeavesOpen) {
       {"glPop of an empty stack: Attrib", [] { glPopAttrib(); }},
       {"glPush without a glPop: Attrib", [] { glPushAttrib(1); }},
       {"glLoadIdentity() without a context", [] { gl_recorder::Current().DropContext(), glLoadIdentity(); }},
-      // A lone end is taken right before the end of a drawing list, and nowhere else.
+      // A glEnd without glBegin is accepted right before the end of a drawing list, and nowhere else.
       {"", [] { NewList(GL_COMPILE_AND_EXECUTE), glEnd(), glEndList(), glCallList(1); }},
       {"glEnd() without a glBegin", [] { NewList(GL_COMPILE), glEnd(), glEndList(); }},
       {"glEnd() without a glBegin, and then glEnd()",

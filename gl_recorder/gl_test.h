@@ -1,4 +1,4 @@
-/// The fixture of tests that look at GL calls: an error that the recorder notes fails the test.
+/// The fixture of tests that check GL calls: every error that the recorder notes fails the test.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -12,7 +12,7 @@ class GlTest : public testing::Test {
     for (const std::string& error : gl.Errors()) ADD_FAILURE() << error;
   }
 
-  /// What was called since the last look, one call a line.
+  /// The calls since the last use of this routine, one per line.
   std::string Calls() {
     const std::string text = gl_recorder::TextOf(gl.Log());
     gl.ClearLog();

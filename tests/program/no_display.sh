@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# What the program says where there is no display.
+# What the programs do without a display.
 . "$(dirname "$0")/checks.sh"
 
 for answer in --help --version; do
@@ -21,7 +21,7 @@ done
 
 "$root/run" "$folder/missing.yax" >"$folder/out" 2>&1
 expect "run: status" $? 1
-expect "run: words" "$(cat "$folder/out")" "run: there is no file '$folder/missing.yax'"
+expect "run: words" "$(cat "$folder/out")" "run: no such file: '$folder/missing.yax'"
 
 "$root/run" --help >"$folder/out" 2>&1
 expect "run --help: status" $? 0
