@@ -1,6 +1,7 @@
 #include "shell/ui/gl_view.h"
 
 #include <QEvent>
+#include <QScreen>
 #include <QSurfaceFormat>
 #include <QWindow>
 #include <cmath>
@@ -48,6 +49,10 @@ GlView::GlView(QWidget* parent) : QWidget(parent) {
   surface_->create();
   surface_->setVisible(true);
   exposures_ = std::make_unique<ExposureWatch>(*surface_);
+  // A screen of another scale gives other pixels, though the size in Qt's units may stay. The layout follows
+  // the screen only after this signal.
+  connect(
+      windowHandle(), &QWindow::screenChanged, this, [this] { SizeChanged(); }, Qt::QueuedConnection);
 }
 
 GlView::~GlView() { GlView::DeleteContext(); }
@@ -94,10 +99,14 @@ bool GlView::eventFilter(QObject* watched, QEvent* event) {
 
 void GlView::FitSurface() { surface_->setGeometry(QRect(QPoint(0, 0), size())); }
 
-void GlView::resizeEvent(QResizeEvent* event) {
-  QWidget::resizeEvent(event);
+void GlView::SizeChanged() {
   FitSurface();
   if (resized) resized();
+}
+
+void GlView::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  SizeChanged();
 }
 
 }  // namespace shell::ui

@@ -21,7 +21,7 @@ class GlView final : public QWidget, public render::gl::GlSurface {
 
   /// The view must be drawn again: it was uncovered.
   std::function<void()> exposed;
-  /// The view has a new size.
+  /// The view may have a new size in pixels.
   std::function<void()> resized;
 
   /// Assistive technology asks for the command menu.
@@ -42,6 +42,7 @@ class GlView final : public QWidget, public render::gl::GlSurface {
 
  private:
   void FitSurface();
+  void SizeChanged();
 
   QWindow* surface_;  // owned by the widget's own window
   std::unique_ptr<ExposureWatch> exposures_;

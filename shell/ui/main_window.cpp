@@ -160,12 +160,22 @@ void MainWindow::OpenMenu(const QPoint& at) { DoMnu_->popup(at); }
 void MainWindow::Load() {
   winId();
   input_.WatchKeysOf(windowHandle());
+  connect(
+      windowHandle(), &QWindow::screenChanged, this, [this] { FitNativeChildren(); }, Qt::QueuedConnection);
   layout()->activate();
   end_.Run([this] { form_.Form_Load(); });
   view_->resized = [this] {
     if (!isMinimized()) end_.Run([this] { form_.Form_Resize(); });
   };
   view_->setFocus();
+}
+
+/// Moved to a screen of another scale, a window may keep its size in Qt's units. Qt then leaves the native
+/// windows of its controls at the pixels of the screen before.
+void MainWindow::FitNativeChildren() {
+  for (const QWidget* const child : findChildren<QWidget*>())
+    if (QWindow* const native = child->windowHandle(); native != nullptr && !child->isWindow())
+      native->setGeometry(child->geometry());
 }
 
 bool MainWindow::event(QEvent* event) {

@@ -47,6 +47,7 @@ class MainWindow final : public QWidget {
   void WireNavigation();
   void WireForm();
   void WireCommands();
+  void FitNativeChildren();
   void OpenMenu(const QPoint& at);
   void PlaceFirst(QWidget& window, const QWidget* other);
 
