@@ -227,7 +227,7 @@ glm::dvec2 Assigner::DownFrom(std::size_t number) const {
     throw ArgumentError("bond", what, advice);
   };
   if (!frame_.DiePaddle) refuse("the package has no paddle", "bond it to a lead");
-  const std::optional<glm::dvec2> end = LandingOnPaddle(pad, die_.Size, *frame_.DiePaddle);
+  const std::optional<glm::dvec2> end = LandingOnPaddle(pad, die_, *frame_.DiePaddle);
   if (!end)
     refuse("there the paddle does not reach out of the die", "bond it to a lead, or give a larger paddle");
   return *end;
@@ -302,12 +302,10 @@ glm::dvec2 LandingOn(const Lead& lead, const std::optional<double>& land) {
   return lead.Inner + along * (distance / length);
 }
 
-std::optional<glm::dvec2> LandingOnPaddle(const DiePad& pad, const glm::dvec2& dieSize,
-                                          const Paddle& paddle) {
-  constexpr double kFarthest = 0.2;
+std::optional<glm::dvec2> LandingOnPaddle(const DiePad& pad, const Die& die, const Paddle& paddle) {
   constexpr double kNearest = 1e-3;
   const glm::dvec2 out = NormalOfSide(pad.Side);
-  const double toDie = glm::dot(glm::abs(out), dieSize / 2.0) - glm::dot(out, pad.Middle);
+  const double toDie = glm::dot(glm::abs(out), die.Size / 2.0) - glm::dot(out, pad.Middle);
   // From the pad to where the ray leaves the paddle, in the paddle's own axes.
   const glm::dvec2 from = Turned(pad.Middle - paddle.Middle, -paddle.Degrees);
   const glm::dvec2 along = Turned(out, -paddle.Degrees);
@@ -322,7 +320,7 @@ std::optional<glm::dvec2> LandingOnPaddle(const DiePad& pad, const glm::dvec2& d
   }
   const double edge = std::max(toDie, 0.0);
   if (toEdge - edge < kNearest) return std::nullopt;
-  return pad.Middle + out * (edge + std::min((toEdge - edge) / 2.0, kFarthest));
+  return pad.Middle + out * (edge + std::min((toEdge - edge) / 2.0, 2.0 * die.Height));
 }
 
 Assignment Assigned(const Die& die, const LeadFrame& frame, const BondRequest& request) {

@@ -50,8 +50,9 @@ Assignment Assigned(const Die& die, const LeadFrame& frame, const BondRequest& r
 glm::dvec2 LandingOn(const Lead& lead, const std::optional<double>& land);
 
 /// Where a wire straight out from the pad lands on the paddle, outside the die; nothing when there is no
-/// room.
-std::optional<glm::dvec2> LandingOnPaddle(const DiePad& pad, const glm::dvec2& dieSize, const Paddle& paddle);
+/// room. That is halfway to the paddle's edge or two die heights from the die, whichever is nearer: a loop
+/// needs the room.
+std::optional<glm::dvec2> LandingOnPaddle(const DiePad& pad, const Die& die, const Paddle& paddle);
 
 /// The outward normal of a die's edge.
 glm::dvec2 NormalOfSide(char side);

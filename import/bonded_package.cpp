@@ -65,10 +65,10 @@ void Maker::MakeHeader() {
   model::Package& package = made_.Package;
   const glm::dvec2 size = chip_.Chip.Size / unit_;
   package.Technology = "WIRE_BOND";
-  package.UnitScale = model::UnitScaleOf(static_cast<float>(size.x), static_cast<float>(size.y));
+  package.UnitScale = model::reader::UnitScaleOf(static_cast<float>(size.x), static_cast<float>(size.y));
   package.CompW = Length(chip_.Chip.Size.x);
   package.CompL = Length(chip_.Chip.Size.y);
-  package.CompZ = Length(chip_.Height);
+  package.CompZ = Length(chip_.Chip.Height);
 }
 
 /// The pad, once for each of its wires, and once without any.

@@ -18,12 +18,11 @@ struct NetPatterns {
 /// The usual names of supplies.
 NetPatterns UsualNets();
 
-/// What the package is made from. Lengths in millimetres.
+/// What the package is made from.
 struct BondedChip {
   const Die& Chip;
   const LeadFrame& Frame;
   const Assignment& Bonds;
-  double Height = 0.0;
   const NetPatterns& Nets;
 };
 

@@ -54,13 +54,13 @@ LeadFrame FrameOf(const std::string& package, double unit, const glm::dvec2& die
 
 Imported ImportChip(const ImportRequest& request) {
   Die die = ReadDie(request.Chip);
+  die.Height = request.Height;
   const std::vector<std::string> renamed = NamePads(die.Pads);
   FindSides(die);
   LeadFrame frame = FrameOf(request.Package, request.Unit, die.Size);
   PlaceDie(frame, request.Degrees, request.Offset);
   const Assignment bonds = Assigned(die, frame, request.Bonds);
-  Imported imported{
-      BondedPackage({die, frame, bonds, request.Height, request.Nets}, request.Unit, request.UnitName), {}};
+  Imported imported{BondedPackage({die, frame, bonds, request.Nets}, request.Unit, request.UnitName), {}};
   imported.Made.Findings.insert(imported.Made.Findings.begin(), renamed.begin(), renamed.end());
   for (const std::string& note : die.Notes) imported.Notes.push_back({die.File, note});
   for (const std::string& note : frame.Notes) imported.Notes.push_back({frame.File, note});

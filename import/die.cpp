@@ -90,7 +90,7 @@ std::vector<std::string> NamePads(std::vector<DiePad>& pads) {
   std::vector<std::string> renamed;
   std::unordered_set<std::string> given;
   for (DiePad& pad : pads) {
-    std::string name = model::FieldName(pad.Name);
+    std::string name = model::reader::FieldName(pad.Name);
     if (name != pad.Name) cleaned.push_back(name);
     if (pad.Pin.empty()) pad.Pin = pad.Name;
     pad.Name = name;

@@ -25,15 +25,15 @@ struct DiePad {
 struct Die {
   std::string File;
   std::vector<DiePad> Pads;
+  glm::dvec2 Size{0.0};  ///< along x and y
   double Height = 0.0;
-  glm::dvec2 Size{0.0};                                        ///< along x and y
   std::vector<std::string> Notes = {};                         ///< what was taken because nothing was given
   std::unordered_map<std::size_t, std::size_t> PadOfRow = {};  ///< in a table: the pad of each row
 };
 
 /// Makes the names fit for a package: blanks and control bytes become "_", and of pads with one name the
-/// second becomes NAME_2 and so on, past all names that other pads have. Returns what had to be changed, one
-/// text for each of the two reasons, in the words of a finding
+/// second becomes NAME_2 and so on, past all names that other pads have.
+/// Returns a finding for names with such bytes, and one for names that were not unique
 std::vector<std::string> NamePads(std::vector<DiePad>& pads);
 
 /// A name that no other has: `name`, or `name` with the first free number from 2 on behind it.

@@ -105,7 +105,7 @@ std::size_t KnownNames(const std::vector<TableRow>& rows) {
   std::size_t known = 0;
   for (const std::string& field : rows.front().Fields) {
     if (NumberIn(field)) return 0;
-    known += IsKnownName(PlainName(field)) ? 1 : 0;
+    if (IsKnownName(PlainName(field))) ++known;
   }
   return known < 2 ? 0 : known;
 }

@@ -187,12 +187,12 @@ importer::ImportRequest RequestOf(const ImportOptions& options) {
 
 /// Writes the package with its net types beside it, both or neither. A stream has no place beside it.
 void Write(const std::string& output, const model::Package& package) {
-  const std::string text = model::PackageText(package);
+  const std::string text = model::reader::PackageText(package);
   if (IsStream(output)) return WriteOutput(output, text);
   const std::string netTypes = output + ".vu";
   std::error_code ignored;
   const bool isNew = !std::filesystem::exists(netTypes, ignored);
-  WriteOutput(netTypes, model::NetTypesText(package));
+  WriteOutput(netTypes, model::reader::NetTypesText(package));
   try {
     WriteOutput(output, text);
   } catch (...) {

@@ -8,7 +8,7 @@
 #include "model/numbers.h"
 #include "model/reader/package_header.h"
 
-namespace model {
+namespace model::reader {
 
 namespace {
 
@@ -110,7 +110,7 @@ void PackageWriter::WritePads(const Table<BondRec>& bonds, bool stacked) {
     // The reader exchanges the sizes by these rules.
     const bool exchanged = stacked || bond.DieSide == "T" || bond.DieSide == "B";
     Line(stacked ? "SD_CBP" : "CBP",
-         {bond.Name, Length(bond.DieX), Length(bond.DieY), std::to_string(++number),
+         {bond.Name, Length(bond.DieX), Length(bond.DieY), bond.Name.empty() ? "0" : std::to_string(++number),
           Length(exchanged ? bond.DieSizeY : bond.DieSizeX),
           Length(exchanged ? bond.DieSizeX : bond.DieSizeY), "0", bond.DieSide, bond.DieShape});
   }
@@ -207,4 +207,4 @@ float UnitScaleOf(float width, float length) {
   return scalars.UnitScale;
 }
 
-}  // namespace model
+}  // namespace model::reader

@@ -6,7 +6,7 @@
 
 #include "model/package.h"
 
-namespace model {
+namespace model::reader {
 
 /// The package file. Read again, it gives the same package: each value at least to its sixth digit, and
 /// exactly where seven to nine digits in the file's units can say so. Needs   lengths divided by UnitScaleOf
@@ -24,4 +24,4 @@ std::string FieldName(std::string_view name);
 /// What the reader divides all lengths by when the base die is this wide and long in file units.
 float UnitScaleOf(float width, float length);
 
-}  // namespace model
+}  // namespace model::reader
