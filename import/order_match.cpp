@@ -97,6 +97,12 @@ class CyclicMatch {
   CyclicMatch(const std::vector<GridPoint>& few, const std::vector<GridPoint>& many)
       : few_(few), many_(many), turn_(many.size()), spare_(many.size() - few.size()) {
     many_.insert(many_.end(), many.begin(), many.end());
+    for (std::size_t j = 0; j < many_.size(); ++j) {
+      if (j % kBlock == 0) blocks_.push_back({many_[j], many_[j]});
+      GridBox& box = blocks_.back();
+      box.Low = {std::min(box.Low.X, many_[j].X), std::min(box.Low.Y, many_[j].Y)};
+      box.High = {std::max(box.High.X, many_[j].X), std::max(box.High.Y, many_[j].Y)};
+    }
   }
 
   /// For each of the few the number of its partner.
@@ -113,7 +119,13 @@ class CyclicMatch {
   /// Partners of the few, rising; the first one is the start.
   using Path = std::vector<std::size_t>;
 
+  struct GridBox {
+    GridPoint Low, High;
+  };
+  static constexpr std::size_t kBlock = 32;
+
   Path BestPath(std::size_t start, const Path* low, const Path* high);
+  bool MayBeBetter(const Path& low, const Path& high) const;
   void Halve(std::size_t low, const Path& lowPath, std::size_t high, const Path& highPath);
   Cost CostOf(std::size_t i, std::size_t j) const {
     const Cost dx = few_[i].X - many_[j].X;
@@ -124,7 +136,8 @@ class CyclicMatch {
   const std::vector<GridPoint>& few_;
   std::vector<GridPoint> many_;
   std::size_t turn_;
-  std::size_t spare_;  ///< so many of the many stay free
+  std::size_t spare_;            ///< so many of the many stay free
+  std::vector<GridBox> blocks_;  ///< around each kBlock of the many
   Path best_;
   std::size_t bestStart_ = 0;
   Cost bestCost_ = std::numeric_limits<Cost>::max();
@@ -174,9 +187,27 @@ CyclicMatch::Path CyclicMatch::BestPath(std::size_t start, const Path* low, cons
   return path;
 }
 
+/// False when no path between two others can be as cheap as the best one so far: even if each of the few
+/// could choose the nearest partner for itself. Distances to boxes around partners keep that short. Most
+/// starts are ruled out here, since they lead to the other side of the die.
+bool CyclicMatch::MayBeBetter(const Path& low, const Path& high) const {
+  Cost sum = 0;
+  for (std::size_t i = 0; i < few_.size(); ++i) {
+    Cost nearest = std::numeric_limits<Cost>::max();
+    for (std::size_t block = low[i] / kBlock; block <= high[i] / kBlock && block < blocks_.size(); ++block) {
+      const GridBox& box = blocks_[block];
+      const Cost dx = std::max({box.Low.X - few_[i].X, few_[i].X - box.High.X, Cost{0}});
+      const Cost dy = std::max({box.Low.Y - few_[i].Y, few_[i].Y - box.High.Y, Cost{0}});
+      nearest = std::min(nearest, dx * dx + dy * dy);
+    }
+    sum += nearest;
+  }
+  return sum <= bestCost_;
+}
+
 /// Tries every start between two whose best paths are known.
 void CyclicMatch::Halve(std::size_t low, const Path& lowPath, std::size_t high, const Path& highPath) {
-  if (high - low < 2) return;
+  if (high - low < 2 || !MayBeBetter(lowPath, highPath)) return;
   const std::size_t middle = low + (high - low) / 2;
   const Path path = BestPath(middle, &lowPath, &highPath);
   Halve(low, lowPath, middle, path);
