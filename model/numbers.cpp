@@ -120,7 +120,9 @@ float ToNumber(std::string_view text) {
   return negative ? -value : value;
 }
 
-std::string GeneralText(float value) { return Layout(ToDecimal(value, 7), 0); }
+std::string GeneralText(float value) { return GeneralText(value, 7); }
+
+std::string GeneralText(float value, int digits) { return Layout(ToDecimal(value, digits), 0); }
 
 double SevenDigits(double value) {
   const std::string text = GeneralText(Single(value));

@@ -19,6 +19,9 @@ std::string GeneralText(float value);
 /// Faults  Overflow beyond the range of a single
 double SevenDigits(double value);
 
+/// The same with this many significant digits.
+std::string GeneralText(float value, int digits);
+
 /// A fixed number of decimals; decimal halves round away from zero ("0.0": 1.25 gives "1.3").
 std::string FixedText(float value, int decimals);
 

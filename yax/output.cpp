@@ -15,12 +15,6 @@ namespace yax {
 
 namespace {
 
-/// What is no file on a disk has no whole to keep: a device, a pipe with a name.
-bool IsStream(const std::string& output) {
-  struct stat found {};
-  return stat(output.c_str(), &found) == 0 && (S_ISCHR(found.st_mode) || S_ISFIFO(found.st_mode));
-}
-
 void Send(std::FILE* stream, const std::string& name, std::string_view bytes) {
   const bool sent = stream != nullptr && std::fwrite(bytes.data(), 1, bytes.size(), stream) == bytes.size() &&
                     std::fflush(stream) == 0;
@@ -30,6 +24,12 @@ void Send(std::FILE* stream, const std::string& name, std::string_view bytes) {
 }
 
 }  // namespace
+
+bool IsStream(const std::string& output) {
+  struct stat found {};
+  return output == "-" ||
+         (stat(output.c_str(), &found) == 0 && (S_ISCHR(found.st_mode) || S_ISFIFO(found.st_mode)));
+}
 
 void WriteOutput(const std::string& output, std::string_view bytes) {
   if (output == "-") return Send(stdout, "standard output", bytes);

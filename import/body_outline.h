@@ -1,0 +1,29 @@
+/// The outline of a package's body, from the lines of a footprint's fabrication layer.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "import/plan.h"
+
+namespace importer {
+
+/// Collects lines and finds the largest closed one. A corner that is cut off, as a mark at lead 1, counts as
+/// whole: what is known of the outline is its box.
+class BodyOutline {
+ public:
+  void AddLine(const glm::dvec2& from, const glm::dvec2& to) { lines_.push_back({from, to}); }
+  void AddClosed(const Box& box) { closed_.push_back(box); }
+
+  /// The largest closed outline; where nothing is closed all lines together; nothing without any.
+  std::optional<Box> Bounds() const;
+
+ private:
+  struct Line {
+    glm::dvec2 From, To;
+  };
+  std::vector<Line> lines_;
+  std::vector<Box> closed_;
+};
+
+}  // namespace importer

@@ -1,0 +1,41 @@
+/// From die, leads and wires to a package, and what is to be said of it.
+#pragma once
+
+#include <regex>
+#include <string>
+#include <vector>
+
+#include "import/assignment.h"
+#include "model/package.h"
+
+namespace importer {
+
+/// How net types are found by name where the chip's file does not give them. Ground comes first.
+struct NetPatterns {
+  std::regex Power, Ground;
+};
+
+/// The usual names of supplies.
+NetPatterns UsualNets();
+
+/// What the package is made from.
+struct BondedChip {
+  const Die& Chip;
+  const LeadFrame& Frame;
+  const Assignment& Bonds;
+  const NetPatterns& Nets;
+};
+
+/// What an import makes.
+struct Bonded {
+  model::Package Package;
+  std::vector<std::string> Findings;
+  std::string Summary;  ///< one line, without its end
+};
+
+/// Makes the package, with lengths in units of `unit` millimetres, which messages call `unitName`. A second
+/// wire from a pad repeats the pad as NAME_2. Wires without length, or from the origin, are left out. Faults
+/// ImportError when there are more pads than a package can show
+Bonded BondedPackage(const BondedChip& chip, double unit, const std::string& unitName);
+
+}  // namespace importer

@@ -1,0 +1,54 @@
+/// A chip as an import sees it: its size and its pads, as values.
+#pragma once
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "import/import_error.h"
+#include "import/plan.h"
+
+namespace importer {
+
+enum class NetType { Unknown, Power, Ground, Signal };
+
+/// One bond pad. Lengths in millimetres, places from the die's middle.
+struct DiePad {
+  std::string Name;                   ///< unique on the die once NamePads has run
+  std::string Pin = {};               ///< the name before it was made unique
+  std::string Number = {};            ///< in a table of pads
+  glm::dvec2 Middle{0.0}, Size{0.0};  ///< sizes along x and y
+  NetType Type = NetType::Unknown;
+  char Side = 0;  ///< the die's edge, 'L', 'R', 'T' or 'B'; 0 until it is known
+};
+
+struct Die {
+  std::string File;
+  std::vector<DiePad> Pads;
+  glm::dvec2 Size{0.0};  ///< along x and y
+  double Height = 0.0;
+  std::vector<std::string> Notes = {};                         ///< what was taken because nothing was given
+  std::unordered_map<std::size_t, std::size_t> PadOfRow = {};  ///< in a table: the pad of each row
+};
+
+/// Makes the names fit for a package: blanks and control bytes become "_", and of pads with one name the
+/// second becomes NAME_2 and so on, past all names that other pads have.
+/// Returns a finding for names with such bytes, and one for names that were not unique
+std::vector<std::string> NamePads(std::vector<DiePad>& pads);
+
+/// A name that no other has: `name`, or `name` with the first free number from 2 on behind it.
+template <class Taken>
+std::string FreeName(const std::string& name, const Taken& taken, std::size_t number = 2) {
+  std::string free = name;
+  for (; taken.contains(free); ++number) free = name + "_" + std::to_string(number);
+  return free;
+}
+
+/// Gives each pad without an edge the nearest one. A pad in a corner, as far from one edge as from the other,
+/// joins the edge on which the row goes on.
+void FindSides(Die& die);
+
+/// Names of things in a message: the first ones, and how many more there are.
+std::string Listed(const std::vector<std::string>& names);
+
+}  // namespace importer

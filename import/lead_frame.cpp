@@ -1,0 +1,64 @@
+#include "import/lead_frame.h"
+
+#include <glm/geometric.hpp>
+#include <unordered_map>
+#include <utility>
+
+#include "import/import_error.h"
+
+namespace importer {
+
+namespace {
+
+/// Lets the inner end be the one nearer the die.
+void SortEnds(Lead& lead) {
+  if (glm::length(lead.Outer) < glm::length(lead.Inner)) std::swap(lead.Inner, lead.Outer);
+}
+
+}  // namespace
+
+std::string Lead::PlainNet() const {
+  if (Net.starts_with("unconnected-(")) return {};
+  return Net.starts_with('/') ? Net.substr(1) : Net;
+}
+
+void LayLead(Lead& lead, const glm::dvec2& middle, double length, double degrees) {
+  const glm::dvec2 half = Turned({length / 2.0, 0.0}, degrees);
+  lead.Inner = middle - half;
+  lead.Outer = middle + half;
+  SortEnds(lead);
+}
+
+void PlaceDie(LeadFrame& frame, double degrees, const glm::dvec2& offset) {
+  const auto seen = [&](const glm::dvec2& point) { return Turned(point - offset, -degrees); };
+  for (Lead& lead : frame.Leads) {
+    lead.Inner = seen(lead.Inner);
+    lead.Outer = seen(lead.Outer);
+    SortEnds(lead);
+  }
+  if (!frame.DiePaddle) return;
+  frame.DiePaddle->Middle = seen(frame.DiePaddle->Middle);
+  frame.DiePaddle->Degrees -= degrees;
+}
+
+void Mirror(LeadFrame& frame) {
+  for (Lead& lead : frame.Leads) {
+    lead.Inner.x = -lead.Inner.x;
+    lead.Outer.x = -lead.Outer.x;
+  }
+  if (!frame.DiePaddle) return;
+  frame.DiePaddle->Middle.x = -frame.DiePaddle->Middle.x;
+  frame.DiePaddle->Degrees = -frame.DiePaddle->Degrees;
+}
+
+void RefuseTwins(const LeadFrame& frame) {
+  std::unordered_map<std::string, const Lead*> seen;
+  for (const Lead& lead : frame.Leads) {
+    const auto [before, isNew] = seen.try_emplace(lead.Label(), &lead);
+    if (!isNew)
+      throw ImportError({frame.File, lead.Row}, "there is a second lead " + Quoted(lead.Label()),
+                        "give each lead a number of its own");
+  }
+}
+
+}  // namespace importer

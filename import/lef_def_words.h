@@ -1,0 +1,83 @@
+/// The words of a LEF or DEF text, each with its line.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "import/import_error.h"
+#include "import/plan.h"
+
+namespace importer {
+
+/// Goes through the words that blanks and line ends separate. "#" begins a comment where a word could begin,
+/// a text in double quotes is one word, and a ";" or bracket that sticks to its neighbour counts as a word by
+/// itself.
+class LefDefWords {
+ public:
+  /// The text must outlive this; `file` stands in messages.
+  LefDefWords(std::string_view text, std::string file) : rest_(text), file_(std::move(file)) {}
+
+  /// Goes to the next word; false at the end.
+  bool Next();
+  /// Lets Next come to the present word once more.
+  void Again() { again_ = true; }
+  std::string_view Word() const { return word_; }
+  std::size_t Line() const { return line_; }
+  /// True when the word is this keyword, given in upper case and written in any case.
+  bool Is(std::string_view keyword) const;
+
+  // Each goes on from the present word.
+  // Faults  ImportError with the line, when what follows is something else, or the text ends
+
+  /// Goes to the next word, which has to be there.
+  std::string_view Take();
+  /// The present word as a number, and the next one.
+  double Number() const;
+  double TakeNumber() {
+    Take();
+    return Number();
+  }
+  /// The next word, which has to be this one.
+  void TakeKeyword(std::string_view keyword);
+  /// The next word as a name, without the backslashes that escape its characters.
+  std::string TakeName();
+  /// Goes to the ";" that ends the statement, from any word of it.
+  void SkipStatement();
+  /// Goes behind "END" and this name.
+  void SkipSection(std::string_view name);
+
+  [[noreturn]] void Fail(const std::string& what, const std::string& advice) const;
+
+ private:
+  void SkipBlanks();
+  std::size_t LengthOfWord() const;
+
+  std::string_view rest_;
+  std::string_view word_;
+  std::string file_;
+  std::size_t nextLine_ = 1;  ///< of the first byte of rest_
+  std::size_t line_ = 1;      ///< of word_
+  bool again_ = false;
+};
+
+/// A name without the backslashes that escape its characters.
+std::string Unescaped(std::string_view word);
+
+/// The points of an outline: its box, and the area that it encloses.
+class Outline {
+ public:
+  void Add(const glm::dvec2& point);
+  std::size_t Count() const { return count_; }
+  const Box& Bounds() const { return bounds_; }
+  /// True when the outline fills most of its box, as rectangles and octagons do, and bent straps do not.
+  bool FillsItsBox() const;
+
+ private:
+  std::size_t count_ = 0;
+  glm::dvec2 first_{0.0}, last_{0.0};
+  Box bounds_;
+  double twiceArea_ = 0.0;
+};
+
+}  // namespace importer

@@ -1,0 +1,28 @@
+/// The macros of a LEF file: their pins' rectangles.
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "import/terminals.h"
+
+namespace importer {
+
+/// One cell. Lengths in micrometres, places from the lower left corner of the cell.
+struct LefMacro {
+  std::string Name;
+  std::size_t Line = 0;
+  glm::dvec2 Size{0.0};
+  std::vector<Terminal> Pins = {};
+};
+
+using LefLibrary = std::map<std::string, LefMacro, std::less<>>;
+
+/// Adds the macros of a LEF text. Of macros with one name the last counts, as in the programs that read these
+/// files. Reads   MACRO with ORIGIN, SIZE, PIN, USE, PORT, LAYER, RECT and POLYGON; passes over everything
+/// else Faults  ImportError with the line when a number is none, or the text ends within a macro
+void ReadLef(std::string_view text, const std::string& file, LefLibrary& library);
+
+}  // namespace importer

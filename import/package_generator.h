@@ -1,0 +1,25 @@
+/// Leads and paddle of the common outlines QFN and QFP from a few numbers.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "import/lead_frame.h"
+
+namespace importer {
+
+/// True when the text begins like one that the generator takes: "qfn:" or "qfp:".
+bool IsOutline(std::string_view text);
+
+/// The outline, as seen from above. Lead 1 is the uppermost of the left side; numbers run counter-clockwise.
+/// Outer ends lie on the body's edge. Inner tips lie a lead's length from the edge, or, with `tip=`, on the
+/// square or rectangle that far from the centre, towards which the leads then fan in. Needs   `unit`, the
+/// unit of all lengths in the text, in millimetres Faults  ImportError when a part is missing, unknown, no
+/// number, or does not fit
+LeadFrame Outlined(const std::string& text, double unit);
+
+/// "WxL" as two lengths above 0; nothing for any other text.
+std::optional<glm::dvec2> SizeIn(std::string_view text);
+
+}  // namespace importer

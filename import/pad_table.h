@@ -1,0 +1,40 @@
+/// Tables of pads, of bond fingers, and of who meets whom.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "import/die.h"
+#include "import/die_reader.h"
+#include "import/lead_frame.h"
+#include "import/text_table.h"
+
+namespace importer {
+
+/// The pads of a table.
+/// Faults  ImportError with the row
+Die DieFromTable(const DieRequest& request);
+
+/// The fingers of a table, of which `unit` is in millimetres. Places from a corner need the die's size.
+/// Faults  ImportError with the row
+LeadFrame FingersFromTable(const std::string& file, double unit, const glm::dvec2& dieSize);
+
+/// One row of a table of bonds, as its words.
+struct BondRow {
+  std::string PadName, PadNumber;  ///< either may be empty
+  std::vector<std::string> Leads;  ///< numbers or names; none for a pad that stays free
+  bool OnPaddle = false;           ///< a down bond
+  std::size_t Row = 0;
+};
+
+/// Faults  ImportError with the row
+std::vector<BondRow> BondsFromTable(const std::string& file);
+
+/// The words of a field that holds leads: several between commas; none for "0", "NC" or an empty field.
+std::vector<std::string> LeadWords(std::string_view field);
+
+/// True for the words that stand for the paddle.
+bool IsPaddleWord(std::string_view word);
+
+}  // namespace importer

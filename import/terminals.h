@@ -1,0 +1,48 @@
+/// From the shapes of pins and cells to bond pads.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <regex>
+#include <string>
+#include <vector>
+
+#include "import/die.h"
+
+namespace importer {
+
+/// A rectangle of a pin on one layer. Lengths in millimetres, places from the die's middle.
+struct PinShape {
+  std::string Layer;
+  Box Place;
+};
+
+/// A pin of the chip, or one that comes with a cell.
+struct Terminal {
+  std::string Name;        ///< of the pin or of the cell's instance
+  std::string Macro = {};  ///< the cell's kind; empty for a pin of the chip
+  NetType Type = NetType::Unknown;
+  std::vector<PinShape> Shapes = {};
+
+  bool IsCell() const { return !Macro.empty(); }
+};
+
+/// Which shapes are bond pads.
+struct PadRule {
+  double Least = 0.02;  ///< of both sides, in millimetres
+  double Aspect = 2.0;  ///< most of the longer side over the shorter one
+  std::optional<std::regex> Names = std::nullopt;
+};
+
+/// The bond pads: the shapes that the rule lets pass, on the one layer that has most of them. A pin on a
+/// cell's pad gives it its name and type; other pads of cells have the instance's name. Shapes of one pin
+/// that overlap are one pad.
+std::vector<DiePad> PadsOf(const std::vector<Terminal>& terminals, const PadRule& rule);
+
+/// How many shapes the terminals have together.
+std::size_t ShapeCount(const std::vector<Terminal>& terminals);
+
+/// POWER, GROUND and SIGNAL in any case; anything else is unknown.
+NetType NetTypeOf(std::string_view word);
+
+}  // namespace importer

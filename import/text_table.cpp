@@ -1,0 +1,215 @@
+#include "import/text_table.h"
+
+#include <csv.h>
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <new>
+#include <utility>
+
+#include "import/source_file.h"
+#include "model/text.h"
+
+namespace importer {
+
+namespace {
+
+/// Runs of blanks and tabs.
+constexpr char kBlanks = ' ';
+
+constexpr std::string_view kAdviceOnHeader =
+    "begin with a header line of names such as name,x,y or pad,lead; without one a table has the columns "
+    "pad, lead "
+    "or number, net, lead, x, y";
+
+/// The parser of the library, with one table's rows.
+class RowParser {
+ public:
+  explicit RowParser(char separator) : separator_(separator) {
+    if (csv_init(&parser_, 0) != 0) throw std::bad_alloc();
+    csv_set_delim(&parser_, static_cast<unsigned char>(separator));
+  }
+  RowParser(const RowParser&) = delete;
+  RowParser& operator=(const RowParser&) = delete;
+  ~RowParser() { csv_free(&parser_); }
+
+  /// Takes one line of the file, which is a row unless a quoted text goes on.
+  void Line(std::string line, std::size_t number) {
+    if (!open_) {
+      const std::size_t start = line.find_first_not_of(" \t");
+      if (start == std::string::npos || line[start] == '#' || line[start] == ';') return;
+      if (separator_ == kBlanks || separator_ == '\t') CutComment(line);
+      if (separator_ == kBlanks) std::replace(line.begin(), line.end(), '\t', ' ');
+      row_.Line = number;
+      open_ = true;
+    }
+    line += '\n';
+    if (csv_parse(&parser_, line.data(), line.size(), &OnField, &OnRow, this) != line.size())
+      throw std::bad_alloc();
+  }
+
+  bool Open() const { return open_; }
+  std::size_t OpenSince() const { return row_.Line; }
+  std::vector<TableRow>& Rows() { return rows_; }
+
+ private:
+  /// A comment stands behind a blank, outside of quotes.
+  static void CutComment(std::string& line) {
+    bool quoted = false;
+    for (std::size_t at = 0; at < line.size(); ++at) {
+      if (line[at] == '"') quoted = !quoted;
+      const bool mark = line[at] == '#' || line[at] == ';';
+      if (mark && !quoted && at > 0 && (line[at - 1] == ' ' || line[at - 1] == '\t')) return line.resize(at);
+    }
+  }
+  static void OnField(void* bytes, std::size_t size, void* self) {
+    auto& parser = *static_cast<RowParser*>(self);
+    if (parser.separator_ == kBlanks && size == 0) return;
+    parser.row_.Fields.emplace_back(static_cast<const char*>(bytes), size);
+  }
+  static void OnRow(int, void* self) {
+    auto& parser = *static_cast<RowParser*>(self);
+    if (!parser.row_.Fields.empty()) parser.rows_.push_back(std::exchange(parser.row_, {}));
+    parser.open_ = false;
+  }
+
+  char separator_;
+  csv_parser parser_{};
+  bool open_ = false;
+  TableRow row_;
+  std::vector<TableRow> rows_;
+};
+
+/// What a header calls a column, without letter case, blanks, underscores and units in brackets.
+std::string PlainName(std::string_view text) {
+  std::string plain;
+  for (const char letter : text.substr(0, text.find_first_of("(["))) {
+    if (letter == ' ' || letter == '_' || letter == '\t' || letter == '\n') continue;
+    plain += letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+  }
+  return plain;
+}
+
+bool IsKnownName(const std::string& plain) {
+  static constexpr std::string_view kNames[] = {
+      "pad", "net",  "pin",  "ball",  "lead",  "number", "finger", "side", "layer", "tier", "x",
+      "y",   "diex", "diey", "subsx", "subsy", "width",  "height", "type", "angle", "die#", "subs#"};
+  return plain.ends_with("name") ||
+         std::find(std::begin(kNames), std::end(kNames), plain) != std::end(kNames);
+}
+
+/// How many columns the first row names; 0 when it is no header.
+std::size_t KnownNames(const std::vector<TableRow>& rows) {
+  if (rows.empty()) return 0;
+  std::size_t known = 0;
+  for (const std::string& field : rows.front().Fields) {
+    if (NumberIn(field)) return 0;
+    if (IsKnownName(PlainName(field))) ++known;
+  }
+  return known < 2 ? 0 : known;
+}
+
+/// Two or five when all rows have so many columns, else 0. With a comma as separator the second of two
+/// columns may hold several leads.
+std::size_t PlainColumns(std::vector<TableRow>& rows, char separator) {
+  const auto all = [&rows](std::size_t count) {
+    return std::all_of(rows.begin(), rows.end(),
+                       [count](const TableRow& row) { return row.Fields.size() == count; });
+  };
+  if (rows.empty()) return 0;
+  if (all(5)) return 5;
+  if (all(2)) return 2;
+  const auto least = std::min_element(rows.begin(), rows.end(), [](const TableRow& a, const TableRow& b) {
+    return a.Fields.size() < b.Fields.size();
+  });
+  if (separator != ',' || least->Fields.size() != 2) return 0;
+  for (TableRow& row : rows) {
+    for (std::size_t i = 2; i < row.Fields.size(); ++i) row.Fields[1] += "," + row.Fields[i];
+    row.Fields.resize(2);
+  }
+  return 2;
+}
+
+void Parse(std::string_view text, RowParser& parser) {
+  model::Lines lines(text);
+  std::string_view line;
+  for (std::size_t number = 1; lines.Next(line); ++number) {
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    parser.Line(std::string(line), number);
+  }
+}
+
+}  // namespace
+
+TextTable::TextTable(std::string_view text, std::string file) : file_(std::move(file)) {
+  if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
+  if (text.find('\0') != std::string_view::npos)
+    throw ImportError({file_}, "it is not plain text", "save the table as CSV in UTF-8");
+  std::size_t best = 0;
+  std::size_t openSince = 0;
+  for (const char separator : {'\t', ';', ',', kBlanks}) {
+    RowParser parser(separator);
+    Parse(text, parser);
+    if (parser.Open()) {
+      openSince = parser.OpenSince();
+      continue;
+    }
+    // A header is worth more than columns that happen to be as many as expected.
+    const std::size_t names = KnownNames(parser.Rows());
+    const std::size_t plain = names != 0 ? 0 : PlainColumns(parser.Rows(), separator);
+    const std::size_t worth = names != 0 ? names + 1 : plain != 0 ? 1 : 0;
+    if (worth <= best) continue;
+    best = worth;
+    separator_ = separator;
+    rows_ = std::move(parser.Rows());
+    columns_ = plain;
+    header_.clear();
+    if (names == 0) continue;
+    for (const std::string& field : rows_.front().Fields) header_.push_back(PlainName(field));
+    columns_ = header_.size();
+    rows_.erase(rows_.begin());
+  }
+  if (best == 0 && openSince != 0)
+    throw ImportError({file_, openSince}, "a quote is not closed", "close it, or remove it");
+  if (best == 0) throw ImportError({file_}, "its columns cannot be told apart", std::string(kAdviceOnHeader));
+}
+
+std::optional<std::size_t> TextTable::Column(std::initializer_list<std::string_view> names) const {
+  for (const std::string_view name : names) {
+    const auto found = std::find(header_.begin(), header_.end(), name);
+    if (found != header_.end()) return static_cast<std::size_t>(found - header_.begin());
+  }
+  return std::nullopt;
+}
+
+std::optional<std::size_t> TextTable::ColumnEnding(std::string_view ending) const {
+  for (std::size_t i = 0; i < header_.size(); ++i)
+    if (header_[i].ends_with(ending)) return i;
+  return std::nullopt;
+}
+
+const std::string& TextTable::Field(const TableRow& row, std::optional<std::size_t> column) const {
+  static const std::string kNone;
+  return column && *column < row.Fields.size() ? row.Fields[*column] : kNone;
+}
+
+double TextTable::Number(const TableRow& row, std::size_t column) const {
+  std::string text = Field(row, column);
+  // Only where a comma cannot end the field.
+  if (separator_ != ',') std::replace(text.begin(), text.end(), ',', '.');
+  const std::optional<double> number = NumberIn(text);
+  if (!number) Fail(row, Quoted(text) + " is not a number", "correct it");
+  return *number;
+}
+
+std::optional<double> TextTable::NumberIfAny(const TableRow& row, std::optional<std::size_t> column) const {
+  if (Field(row, column).empty()) return std::nullopt;
+  return Number(row, *column);
+}
+
+void TextTable::Fail(const TableRow& row, const std::string& what, const std::string& advice) const {
+  throw ImportError({file_, row.Line}, what, advice);
+}
+
+}  // namespace importer

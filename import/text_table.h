@@ -1,0 +1,55 @@
+/// A table as a spreadsheet or a script writes it: separators, comments and header are found out.
+#pragma once
+
+#include <cstddef>
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "import/import_error.h"
+
+namespace importer {
+
+struct TableRow {
+  std::size_t Line = 0;  ///< of the file, on which the row begins
+  std::vector<std::string> Fields = {};
+};
+
+/// The rows of a table below its header. Without a header it has two or five columns.
+class TextTable {
+ public:
+  /// Faults  ImportError with the row, when a quote is not closed, or there is neither a header nor two or
+  /// five columns
+  TextTable(std::string_view text, std::string file);
+
+  const std::string& File() const { return file_; }
+  const std::vector<TableRow>& Rows() const { return rows_; }
+  bool HasHeader() const { return !header_.empty(); }
+  std::size_t Columns() const { return columns_; }
+
+  /// The first column with one of these names, the earlier names first. Names are in lower case without
+  /// blanks and underscores.
+  std::optional<std::size_t> Column(std::initializer_list<std::string_view> names) const;
+  /// The first column whose name ends so.
+  std::optional<std::size_t> ColumnEnding(std::string_view ending) const;
+
+  /// The field, empty where the row ends before it or there is no such column.
+  const std::string& Field(const TableRow& row, std::optional<std::size_t> column) const;
+  /// Faults  ImportError with the row when the field is not a number
+  double Number(const TableRow& row, std::size_t column) const;
+  /// The same, or nothing for an empty field.
+  std::optional<double> NumberIfAny(const TableRow& row, std::optional<std::size_t> column) const;
+
+  [[noreturn]] void Fail(const TableRow& row, const std::string& what, const std::string& advice) const;
+
+ private:
+  std::string file_;
+  char separator_ = ',';
+  std::size_t columns_ = 0;
+  std::vector<std::string> header_;
+  std::vector<TableRow> rows_;
+};
+
+}  // namespace importer

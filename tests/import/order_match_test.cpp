@@ -1,0 +1,166 @@
+#include "import/order_match.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <functional>
+#include <numeric>
+#include <random>
+
+namespace importer {
+namespace {
+
+using Places = std::vector<glm::dvec2>;
+using Partners = std::vector<std::optional<std::size_t>>;
+
+double Square(const glm::dvec2& a, const glm::dvec2& b) {
+  return (a.x - b.x) * (a.x - b.x) + (a.y - b.y) * (a.y - b.y);
+}
+
+double SumOf(const Places& pads, const Places& leads, const Partners& partners) {
+  double sum = 0.0;
+  for (std::size_t i = 0; i < pads.size(); ++i)
+    if (partners[i]) sum += Square(pads[i], leads[*partners[i]]);
+  return sum;
+}
+
+std::vector<std::size_t> ByAngle(const Places& places) {
+  std::vector<std::size_t> order(places.size());
+  std::iota(order.begin(), order.end(), std::size_t{0});
+  std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
+    return std::atan2(places[a].y, places[a].x) < std::atan2(places[b].y, places[b].x);
+  });
+  return order;
+}
+
+/// Tries every choice of partners for the few, and every turn of it.
+double LeastSum(const Places& pads, const Places& leads) {
+  const Places& few = pads.size() <= leads.size() ? pads : leads;
+  const Places& many = pads.size() <= leads.size() ? leads : pads;
+  const std::vector<std::size_t> fewOrder = ByAngle(few);
+  const std::vector<std::size_t> manyOrder = ByAngle(many);
+  double least = INFINITY;
+  for (unsigned chosen = 0; chosen < 1U << many.size(); ++chosen) {
+    std::vector<std::size_t> partners;
+    for (std::size_t j = 0; j < many.size(); ++j)
+      if (chosen >> j & 1U) partners.push_back(manyOrder[j]);
+    if (partners.size() != few.size()) continue;
+    for (std::size_t turn = 0; turn < few.size(); ++turn) {
+      double sum = 0.0;
+      for (std::size_t i = 0; i < few.size(); ++i)
+        sum += Square(few[fewOrder[i]], many[partners[(i + turn) % few.size()]]);
+      least = std::min(least, sum);
+    }
+  }
+  return least;
+}
+
+/// True when going around by the pads' angles comes to the leads in their order, over the start once at most.
+bool KeepsOrder(const Places& pads, const Places& leads, const Partners& partners) {
+  const std::vector<std::size_t> leadOrder = ByAngle(leads);
+  std::vector<std::size_t> places;
+  for (const std::size_t pad : ByAngle(pads)) {
+    if (!partners[pad]) continue;
+    const auto at = std::find(leadOrder.begin(), leadOrder.end(), *partners[pad]);
+    places.push_back(static_cast<std::size_t>(at - leadOrder.begin()));
+  }
+  std::size_t falls = 0;
+  for (std::size_t i = 0; i < places.size(); ++i)
+    if (places[(i + 1) % places.size()] <= places[i]) ++falls;
+  return falls <= 1;
+}
+
+std::size_t Matched(const Partners& partners) {
+  return static_cast<std::size_t>(
+      std::count_if(partners.begin(), partners.end(), [](const auto& p) { return p.has_value(); }));
+}
+
+void ExpectBest(const Places& pads, const Places& leads, const std::string& what) {
+  const Partners partners = MatchInOrder(pads, leads);
+  EXPECT_EQ(Matched(partners), std::min(pads.size(), leads.size())) << what;
+  EXPECT_TRUE(KeepsOrder(pads, leads, partners)) << what;
+  // Places of random cases lie between the nanometres in which the match counts.
+  EXPECT_NEAR(SumOf(pads, leads, partners), LeastSum(pads, leads), 1e-4) << what;
+}
+
+/// Places on a ring that is wider than high, at random angles and depths.
+Places Ring(std::mt19937& random, std::size_t count, double radius) {
+  std::uniform_real_distribution<double> angle(-M_PI, M_PI);
+  std::uniform_real_distribution<double> depth(0.8, 1.2);
+  Places places;
+  for (std::size_t i = 0; i < count; ++i) {
+    const double a = angle(random);
+    const double r = radius * depth(random);
+    places.emplace_back(1.5 * r * std::cos(a), r * std::sin(a));
+  }
+  return places;
+}
+
+TEST(OrderMatch, IsBestInEveryCaseUpToEightPadsAndTenLeads) {
+  std::mt19937 random(1);
+  for (std::size_t pads = 1; pads <= 8; ++pads)
+    for (std::size_t leads = 1; leads <= 10; ++leads)
+      ExpectBest(Ring(random, pads, 1.0), Ring(random, leads, 3.0),
+                 std::to_string(pads) + " pads, " + std::to_string(leads) + " leads");
+}
+
+TEST(OrderMatch, IsBestInRandomCases) {
+  std::mt19937 random(2);
+  std::uniform_int_distribution<std::size_t> count(1, 8);
+  for (int i = 0; i < 500; ++i)
+    ExpectBest(Ring(random, count(random), 1.0), Ring(random, count(random) + 2, 3.0),
+               "case " + std::to_string(i));
+}
+
+/// Places on a square, evenly, on each side `count` of them.
+Places Square(std::size_t count, double half, double pitch) {
+  Places places;
+  for (int side = 0; side < 4; ++side) {
+    for (std::size_t i = 0; i < count; ++i) {
+      const double along = (static_cast<double>(i) - static_cast<double>(count - 1) / 2.0) * pitch;
+      const glm::dvec2 right(half, along);
+      places.push_back(side == 0   ? right
+                       : side == 1 ? glm::dvec2(-right.y, right.x)
+                       : side == 2 ? -right
+                                   : glm::dvec2(right.y, -right.x));
+    }
+  }
+  return places;
+}
+
+TEST(OrderMatch, MeetsOppositeLeadsInAnyOrderOfTheLists) {
+  // Each pad's own lead is the nearest one, 1 away, so that no other match has so small a sum.
+  const Places pads = Square(5, 1.0, 0.2);
+  const Places leads = Square(5, 2.0, 0.2);
+  std::vector<std::size_t> shuffled(leads.size());
+  std::iota(shuffled.begin(), shuffled.end(), std::size_t{0});
+  std::shuffle(shuffled.begin(), shuffled.end(), std::mt19937(3));
+  Places mixed;
+  for (const std::size_t i : shuffled) mixed.push_back(leads[i]);
+  const Partners partners = MatchInOrder(pads, mixed);
+  for (std::size_t i = 0; i < pads.size(); ++i) EXPECT_EQ(shuffled[partners[i].value()], i);
+}
+
+TEST(OrderMatch, DecidesTiesTheSameWayEveryTime) {
+  // One pad amid four leads that are equally near: the first one counter-clockwise from the left is below.
+  const Places leads = {{1, 0}, {0, 1}, {-1, 0}, {0, -1}};
+  EXPECT_EQ(MatchInOrder({{0, 0}}, leads)[0], 3U);
+  // Turned leads of a turned list of pads: sums are equal for a turn to either side.
+  const Places pads = Square(3, 1.0, 0.3);
+  const Places between = Square(2, 2.0, 0.3);
+  EXPECT_EQ(MatchInOrder(pads, between), MatchInOrder(pads, between));
+}
+
+TEST(OrderMatch, LeavesOverWhatHasNoPartner) {
+  EXPECT_EQ(Matched(MatchInOrder({}, {{1, 0}})), 0U);
+  EXPECT_EQ(Matched(MatchInOrder({{1, 0}}, {})), 0U);
+  // The far pad stays over: the sum of the other two is 1 + 1.
+  const Places pads = {{1, 0}, {0, 1}, {-9, -9}};
+  const Partners partners = MatchInOrder(pads, {{2, 0}, {0, 2}});
+  EXPECT_EQ(partners, (Partners{0, 1, std::nullopt}));
+}
+
+}  // namespace
+}  // namespace importer

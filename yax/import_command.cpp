@@ -1,0 +1,286 @@
+#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <regex>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "import/chip_import.h"
+#include "import/package_generator.h"
+#include "import/source_file.h"
+#include "model/faults.h"
+#include "model/files.h"
+#include "model/reader/package_writer.h"
+#include "yax/commands.h"
+#include "yax/options/recipe.h"
+#include "yax/output.h"
+
+namespace yax {
+
+namespace {
+
+/// The options as they are given; which of them a recipe gave.
+struct ImportOptions {
+  std::string Output, Recipe;
+  std::string Die, DieHeight, Package, Macro, Pads, PadMin = "20", PadAspect = "2", PadSize, DieSize;
+  std::vector<std::string> Lefs, Exceptions, Unused;
+  std::string Rotate = "0", Offset, Bonds = "order", Land, Power, Ground, Unit = "mm";
+  std::set<std::string> FromRecipe;
+};
+
+/// Ends the command for the value of an option.
+[[noreturn]] void Refuse(const ImportOptions& options, const std::string& option, const std::string& what,
+                         const std::string& advice) {
+  if (options.FromRecipe.contains(option)) throw Unusable({options.Recipe}, option + ": " + what, advice);
+  throw Unusable(CommandLine(), "--" + option + ": " + what, advice);
+}
+
+/// The names of options whose values are paths.
+bool IsPath(const std::string& key) { return key == "output" || key == "die" || key == "lef"; }
+
+std::string FromFolder(const std::filesystem::path& folder, const std::string& path) {
+  return path == "-" ? path : (folder / path).string();
+}
+
+/// A path of a recipe counts from the recipe's folder, and so do files in values that may be something else.
+std::string Located(const std::string& key, const std::string& value, const std::filesystem::path& folder) {
+  if (IsPath(key)) return FromFolder(folder, value);
+  if (key == "package" && !importer::IsOutline(value)) return FromFolder(folder, value);
+  if (key == "bonds" && value != "order" && value != "names" && value != "none")
+    return FromFolder(folder, value);
+  return value;
+}
+
+void TakeItem(CLI::App& command, const RecipeItem& item, ImportOptions& options) {
+  const std::string& file = options.Recipe;
+  CLI::Option* const option = command.get_option_no_throw("--" + item.Key);
+  if (option == nullptr || item.Key == "recipe" || item.Key == "help" || item.Key == "version")
+    throw Unusable({file}, "there is no key '" + item.Key + "'",
+                   "see yax import --help for the options' names");
+  // The command line comes over the recipe.
+  if (option->count() > 0) return;
+  if (item.Values.size() != 1 && option->get_items_expected_max() == 1)
+    throw Unusable({file}, item.Key + ": it takes one value", "put a text with commas or blanks in quotes");
+  const std::filesystem::path folder = std::filesystem::path(file).parent_path();
+  for (const std::string& value : item.Values) option->add_result(Located(item.Key, value, folder));
+  try {
+    option->run_callback();
+  } catch (const CLI::ParseError& error) {
+    throw Unusable({file}, item.Key + ": " + error.what(), "see yax import --help");
+  }
+  options.FromRecipe.insert(item.Key);
+}
+
+void TakeRecipe(CLI::App& command, ImportOptions& options) {
+  if (options.Recipe.empty()) return;
+  if (!model::FileExists(options.Recipe))
+    throw Unusable({options.Recipe}, "there is no such file", "correct its path");
+  std::string text;
+  try {
+    text = model::ReadWholeFile(options.Recipe);
+  } catch (const model::FileFault& fault) {
+    throw Unusable({options.Recipe}, fault.Kind(), "give a file that can be read");
+  }
+  for (const RecipeItem& item : ReadRecipe(text, options.Recipe)) TakeItem(command, item, options);
+}
+
+/// Turns texts into values, each with its option's name for messages.
+class Values {
+ public:
+  explicit Values(const ImportOptions& options) : options_(options) {}
+
+  double Number(const std::string& option, const std::string& text) const {
+    const std::optional<double> number = importer::NumberIn(text);
+    if (!number)
+      Refuse(options_, option, importer::Quoted(text) + " is not a number", "give one such as 0.28");
+    return *number;
+  }
+  double Above0(const std::string& option, const std::string& text) const {
+    const double number = Number(option, text);
+    if (!(number > 0.0))
+      Refuse(options_, option, importer::Quoted(text) + " is not above 0", "give one such as 0.28");
+    return number;
+  }
+  glm::dvec2 Size(const std::string& option, const std::string& text) const {
+    const std::optional<glm::dvec2> size = importer::SizeIn(text);
+    if (!size)
+      Refuse(options_, option, importer::Quoted(text) + " is not a size", "give two lengths such as 3.6x5.2");
+    return *size;
+  }
+  glm::dvec2 Place(const std::string& option, const std::string& text) const {
+    const std::size_t comma = text.find(',');
+    if (comma == std::string::npos)
+      Refuse(options_, option, importer::Quoted(text) + " is not X,Y", "give two lengths such as 0.1,-0.2");
+    return {Number(option, text.substr(0, comma)), Number(option, text.substr(comma + 1))};
+  }
+  std::regex Pattern(const std::string& option, const std::string& text, std::regex::flag_type flags) const {
+    // Without a limit the library's compiler runs out of stack on long nested patterns.
+    constexpr std::size_t kLongest = 1000;
+    try {
+      if (text.size() <= kLongest) return std::regex(text, flags);
+    } catch (const std::regex_error&) {
+    }
+    Refuse(options_, option, importer::Quoted(text) + " is not a regular expression", "correct it");
+  }
+
+ private:
+  const ImportOptions& options_;
+};
+
+double MillimetresOf(const std::string& unit) { return unit == "mil" ? 0.0254 : unit == "um" ? 1e-3 : 1.0; }
+
+importer::BondRequest BondsOf(const ImportOptions& options, const Values& values, double unit) {
+  importer::BondRequest bonds{.Exceptions = options.Exceptions, .Unused = options.Unused};
+  if (options.Bonds == "order") {
+    bonds.Plan = importer::BondPlan::Order;
+  } else if (options.Bonds == "names") {
+    bonds.Plan = importer::BondPlan::Names;
+  } else if (options.Bonds == "none") {
+    bonds.Plan = importer::BondPlan::None;
+  } else {
+    bonds.Plan = importer::BondPlan::Table;
+    bonds.TableFile = options.Bonds;
+  }
+  if (!options.Land.empty()) {
+    bonds.Land = values.Number("land", options.Land) * unit;
+    if (*bonds.Land < 0.0) Refuse(options, "land", "it is negative", "give a length from 0 on");
+  }
+  return bonds;
+}
+
+importer::ImportRequest RequestOf(const ImportOptions& options) {
+  const Values values(options);
+  for (const auto& [option, text] :
+       {std::pair("output", &options.Output), std::pair("die", &options.Die),
+        std::pair("die-height", &options.DieHeight), std::pair("package", &options.Package)})
+    if (text->empty())
+      throw Unusable(CommandLine(), std::string("--") + option + " is missing",
+                     "give it, or a recipe that does");
+  constexpr auto kRules = std::regex::ECMAScript;
+  importer::ImportRequest request;
+  request.Unit = MillimetresOf(options.Unit);
+  request.UnitName = options.Unit;
+  request.Chip.File = options.Die;
+  request.Chip.LefFiles = options.Lefs;
+  request.Chip.Macro = options.Macro;
+  request.Chip.TableUnit = request.Unit;
+  request.Chip.Rule.Least = values.Number("pad-min", options.PadMin) / 1000.0;
+  request.Chip.Rule.Aspect = values.Above0("pad-aspect", options.PadAspect);
+  if (!options.Pads.empty()) request.Chip.Rule.Names = values.Pattern("pads", options.Pads, kRules);
+  if (!options.PadSize.empty())
+    request.Chip.PadSize = values.Size("pad-size", options.PadSize) * request.Unit;
+  if (!options.DieSize.empty())
+    request.Chip.DieSize = values.Size("die-size", options.DieSize) * request.Unit;
+  request.Height = values.Above0("die-height", options.DieHeight) * request.Unit;
+  request.Package = options.Package;
+  request.Degrees = values.Number("rotate", options.Rotate);
+  if (!options.Offset.empty()) request.Offset = values.Place("offset", options.Offset) * request.Unit;
+  request.Bonds = BondsOf(options, values, request.Unit);
+  if (!options.Power.empty())
+    request.Nets.Power = values.Pattern("power", options.Power, kRules | std::regex::icase);
+  if (!options.Ground.empty())
+    request.Nets.Ground = values.Pattern("ground", options.Ground, kRules | std::regex::icase);
+  return request;
+}
+
+/// Writes the package with its net types beside it, both or neither. A stream has no place beside it.
+void Write(const std::string& output, const model::Package& package) {
+  const std::string text = model::reader::PackageText(package);
+  if (IsStream(output)) return WriteOutput(output, text);
+  const std::string netTypes = output + ".vu";
+  std::error_code ignored;
+  const bool isNew = !std::filesystem::exists(netTypes, ignored);
+  WriteOutput(netTypes, model::reader::NetTypesText(package));
+  try {
+    WriteOutput(output, text);
+  } catch (...) {
+    if (isNew) std::filesystem::remove(netTypes, ignored);
+    throw;
+  }
+}
+
+Status Import(CLI::App& command, ImportOptions& options) {
+  TakeRecipe(command, options);
+  const importer::ImportRequest request = RequestOf(options);
+  importer::Imported imported;
+  try {
+    imported = importer::ImportChip(request);
+  } catch (const importer::ArgumentError& error) {
+    Refuse(options, error.Option, error.What, error.Advice);
+  } catch (const importer::ImportError& error) {
+    throw Unusable({error.Place.File, error.Place.Line}, error.What, error.Advice);
+  }
+  Write(options.Output, imported.Made.Package);
+  const std::string output = options.Output == "-" ? "standard output" : options.Output;
+  for (const importer::SourceNote& note : imported.Notes) Complain({note.File}, "note: " + note.Text, "");
+  for (const std::string& finding : imported.Made.Findings) Complain({output}, "finding: " + finding, "");
+  if (IsStream(options.Output)) {
+    std::fprintf(stderr, "%s\n", imported.Made.Summary.c_str());
+  } else {
+    WriteOutput("-", imported.Made.Summary + "\n");
+  }
+  return imported.Made.Findings.empty() ? Status::Done : Status::Findings;
+}
+
+void AddDieOptions(CLI::App& command, ImportOptions& options) {
+  const auto add = [&command](const char* name, auto& value, const char* type, const char* description) {
+    return command.add_option(name, value, description)->type_name(type);
+  };
+  add("--die", options.Die, "FILE", "The chip: .def, .def.gz, .lef, or a table of pads (.csv, .tsv, .txt)");
+  add("--die-height", options.DieHeight, "H", "The die's height");
+  add("--die-size", options.DieSize, "WxL", "The cut die (default: DIEAREA, or the macro's SIZE)");
+  add("--lef", options.Lefs, "FILE", "LEF of the pad cells that a DEF places; may be given several times");
+  add("--macro", options.Macro, "NAME", "The macro of a .lef that is the die");
+  add("--pads", options.Pads, "REGEX", "Only pins or cells with these names are pads");
+  add("--pad-min", options.PadMin, "UM", "Least length of a pad's sides in micrometres (default: 20)");
+  add("--pad-aspect", options.PadAspect, "R", "A pad is at most so much longer than wide (default: 2)");
+  add("--pad-size", options.PadSize, "WxH", "The opening, where the drawn shape is only a mark");
+  add("--rotate", options.Rotate, "", "Turns the die in the package, counter-clockwise (default: 0)")
+      ->check(CLI::IsMember(std::vector<std::string>{"0", "90", "180", "270"}));
+  add("--offset", options.Offset, "X,Y", "Moves the die in the package, once it is turned");
+}
+
+void AddBondOptions(CLI::App& command, ImportOptions& options) {
+  const auto add = [&command](const char* name, auto& value, const char* type, const char* description) {
+    return command.add_option(name, value, description)->type_name(type);
+  };
+  add("--package", options.Package, "FILE",
+      "The leads: qfn:N,body=WxL,pitch=P,lead=LENGTHxWIDTH,paddle=WxL or qfp: (tip= in place of the length), "
+      "a "
+      ".kicad_mod, BOARD.kicad_pcb:REFERENCE, or a table of fingers");
+  add("--bonds", options.Bonds, "FILE",
+      "Which pad meets which lead: order (the default), names, none, or a table");
+  add("--bond", options.Exceptions, "PAD=LEAD",
+      "One bond, over all others; PAD=PADDLE bonds down, PAD= leaves it free; may be given several times");
+  add("--unused", options.Unused, "LIST", "Leads that stay free, separated by commas")->delimiter(',');
+  add("--land", options.Land, "D",
+      "Where wires land, from the leads' inner ends (default: half the lead, at most 0.2 mm)");
+  add("--power", options.Power, "REGEX", "Names of power nets, where the chip's file does not say");
+  add("--ground", options.Ground, "REGEX", "Names of ground nets, which come before power nets");
+  add("--unit", options.Unit, "",
+      "The unit of lengths given here and in tables, and of the package (default: mm)")
+      ->check(CLI::IsMember(std::vector<std::string>{"mm", "um", "mil"}));
+}
+
+}  // namespace
+
+Command AddImport(CLI::App& program) {
+  CLI::App* const command =
+      program.add_subcommand("import", "Make a package from a chip's files and a package's leads");
+  const auto options = std::make_shared<ImportOptions>();
+  command
+      ->add_option("-o,--output", options->Output,
+                   "The package, with its net types in FILE.vu; - for standard output")
+      ->type_name("FILE");
+  command
+      ->add_option("--recipe", options->Recipe,
+                   "A file with these options, one a line; the command line comes over it")
+      ->type_name("FILE");
+  AddDieOptions(*command, *options);
+  AddBondOptions(*command, *options);
+  return {command, [options, command] { return Import(*command, *options); }};
+}
+
+}  // namespace yax
