@@ -84,7 +84,7 @@ Status ParseAndRun(const std::vector<std::string>& arguments) {
 
 std::vector<Command> AddCommands(CLI::App& program) {
   return {AddRender(program),    AddCheck(program),  AddWires(program),
-          AddClearance(program), AddExport(program), AddCompletion(program)};
+          AddClearance(program), AddExport(program), AddDiagram(program), AddCompletion(program)};
 }
 
 Status RunProgram(const std::vector<std::string>& arguments) {
