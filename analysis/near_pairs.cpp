@@ -37,7 +37,8 @@ class Grid {
 
   void Visit(double reach, const std::function<void(std::size_t, std::size_t)>& visit) const {
     for (auto begin = entries_.begin(); begin != entries_.end();) {
-      const auto end = std::find_if(begin, entries_.end(), [&](const Entry& e) { return e.Cell() != begin->Cell(); });
+      const auto end =
+          std::find_if(begin, entries_.end(), [&](const Entry& e) { return e.Cell() != begin->Cell(); });
       for (auto a = begin; a != end; ++a)
         for (auto b = a + 1; b != end; ++b)
           if (AreNear(a->Box, b->Box, reach) && IsFirstCell(*a, b->Box)) visit(a->Box, b->Box);

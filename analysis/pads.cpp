@@ -26,7 +26,8 @@ std::optional<Pad> DiePadOf(const BondRec& bond, double unit) {
   const bool rectangle = IsRectangle(bond.DieShape);
   if (!rectangle && bond.DieShape != "ROUND") return std::nullopt;
   if (bond.DieSizeX == 0.0F || (rectangle && bond.DieSizeY == 0.0F)) return std::nullopt;
-  const glm::dvec2 half = glm::abs(glm::dvec2(bond.DieSizeX, rectangle ? bond.DieSizeY : bond.DieSizeX)) * unit / 2.0;
+  const glm::dvec2 half =
+      glm::abs(glm::dvec2(bond.DieSizeX, rectangle ? bond.DieSizeY : bond.DieSizeX)) * unit / 2.0;
   return Pad{{}, !rectangle, {.Centre = glm::dvec2(bond.DieX, bond.DieY) * unit, .Half = half}};
 }
 
@@ -49,7 +50,8 @@ Pad SubstratePadOf(const BondRec& bond, const glm::dvec2& axis, double unit) {
            .Half = {round ? length / 4.0 + width / 2.0 : length / 2.0, width / 2.0}}};
 }
 
-void AddSubstratePads(const model::Table<BondRec>& bonds, RecordTable table, double unit, std::vector<Pad>& pads) {
+void AddSubstratePads(const model::Table<BondRec>& bonds, RecordTable table, double unit,
+                      std::vector<Pad>& pads) {
   for (std::size_t k = 0; k < bonds.Count(); ++k) {
     const BondRec& bond = bonds[k];
     if (bond.SubX == 0.0F && bond.SubY == 0.0F) continue;

@@ -33,7 +33,8 @@ std::vector<Pad> SubstratePads(const model::Package& package);
 /// The bond that a pad is part of.
 const model::BondRec& BondOf(const model::Package& package, const Pad& pad);
 
-/// The smallest distance between the centres of two die pads of one die and edge; nothing without such a pair.
+/// The smallest distance between the centres of two die pads of one die and edge; nothing without such a
+/// pair.
 std::optional<double> SmallestPitch(const model::Package& package, const std::vector<Pad>& diePads);
 
 }  // namespace analysis

@@ -56,8 +56,10 @@ double DistanceBetween(const PlanRectangle& first, const PlanRectangle& second) 
   // Convex outlines that are apart are nearest at a corner of one of them.
   double least = std::numeric_limits<double>::infinity();
   for (std::size_t k = 0; k < a.size(); ++k) {
-    for (const glm::dvec2& corner : a) least = std::min(least, DistanceTo(corner, b[k], b[(k + 1) % b.size()]));
-    for (const glm::dvec2& corner : b) least = std::min(least, DistanceTo(corner, a[k], a[(k + 1) % a.size()]));
+    for (const glm::dvec2& corner : a)
+      least = std::min(least, DistanceTo(corner, b[k], b[(k + 1) % b.size()]));
+    for (const glm::dvec2& corner : b)
+      least = std::min(least, DistanceTo(corner, a[k], a[(k + 1) % a.size()]));
   }
   return least;
 }

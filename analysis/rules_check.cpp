@@ -33,7 +33,8 @@ struct Thing {
 };
 
 bool IsMeant(const Rule& rule, const Thing& thing) {
-  return (rule.Tier.empty() || thing.Tier == rule.Tier) && (rule.NetType.empty() || thing.NetType == rule.NetType);
+  return (rule.Tier.empty() || thing.Tier == rule.Tier) &&
+         (rule.NetType.empty() || thing.NetType == rule.NetType);
 }
 
 /// A substrate pad that one record has, or several with the same place, size and angle.
@@ -67,13 +68,17 @@ PlanBox BoxOf(const PlanRectangle& shape) {
 /// The limit in file units; degrees and numbers of wires stay.
 double LimitOf(const Rule& rule, const RuleInputs& inputs) {
   switch (rule.Unit) {
-    case LimitUnit::Millimetre: return rule.Limit / inputs.Millimetres;
-    case LimitUnit::Micrometre: return rule.Limit * 1e-3 / inputs.Millimetres;
-    case LimitUnit::Mil: return rule.Limit * 25.4e-3 / inputs.Millimetres;
+    case LimitUnit::Millimetre:
+      return rule.Limit / inputs.Millimetres;
+    case LimitUnit::Micrometre:
+      return rule.Limit * 1e-3 / inputs.Millimetres;
+    case LimitUnit::Mil:
+      return rule.Limit * 25.4e-3 / inputs.Millimetres;
     case LimitUnit::DieHeight:
       return rule.Limit * std::fabs(double(inputs.Package.CompZ)) * double(inputs.Package.UnitScale);
     case LimitUnit::None:
-    case LimitUnit::Degree: break;
+    case LimitUnit::Degree:
+      break;
   }
   return rule.Limit;
 }
@@ -132,7 +137,8 @@ class RulesCheck {
   const std::vector<WirePair>& WirePairs();
   double Slack() const { return kSlackMillimetres / in_.Millimetres; }
   void Report(const Thing& thing, std::optional<double> value, std::vector<std::string> wires = {});
-  void ReportPair(const Thing& a, const Thing& b, std::optional<double> value, std::vector<std::string> wires = {});
+  void ReportPair(const Thing& a, const Thing& b, std::optional<double> value,
+                  std::vector<std::string> wires = {});
 
   const RuleSet& set_;
   const RuleInputs& in_;
@@ -151,8 +157,12 @@ class RulesCheck {
 };
 
 void RulesCheck::Report(const Thing& thing, std::optional<double> value, std::vector<std::string> wires) {
-  report_.Remarks.push_back({.Rule = rule_, .Place = thing.Place, .Line = thing.Line, .Value = value,
-                             .Limit = value ? std::optional(limit_) : std::nullopt, .Wires = std::move(wires)});
+  report_.Remarks.push_back({.Rule = rule_,
+                             .Place = thing.Place,
+                             .Line = thing.Line,
+                             .Value = value,
+                             .Limit = value ? std::optional(limit_) : std::nullopt,
+                             .Wires = std::move(wires)});
 }
 
 void RulesCheck::ReportPair(const Thing& a, const Thing& b, std::optional<double> value,
@@ -166,12 +176,14 @@ void RulesCheck::ReportPair(const Thing& a, const Thing& b, std::optional<double
 Thing RulesCheck::ThingOf(const Pad& pad) const {
   Thing thing{pad.Place, in_.Lines.Of(pad.Place), {}, {}};
   const auto entry = entries_.find(BondOf(in_.Package, pad).Name);
-  if (entry != entries_.end()) std::tie(thing.Tier, thing.NetType) = std::tie(entry->second->Tier, entry->second->NetType);
+  if (entry != entries_.end())
+    std::tie(thing.Tier, thing.NetType) = std::tie(entry->second->Tier, entry->second->NetType);
   return thing;
 }
 
 void RulesCheck::CollectWires() {
-  for (const WireRow& row : rows_) wires_.push_back({row.Place, in_.Lines.Of(row.Place), row.Tier, row.NetType});
+  for (const WireRow& row : rows_)
+    wires_.push_back({row.Place, in_.Lines.Of(row.Place), row.Tier, row.NetType});
 }
 
 void RulesCheck::CollectLeads() {
@@ -204,23 +216,35 @@ void RulesCheck::CollectDiePads() {
 void RulesCheck::Check(const Rule& rule) {
   switch (rule.Name) {
     case RuleName::MaxLength:
-    case RuleName::MinLength: return CheckWires(rule, [&](std::size_t wire) { return LengthOf(wire, rule.Plan); });
-    case RuleName::MaxAngle: return CheckWires(rule, [&](std::size_t wire) { return rows_[wire].Angle; });
-    case RuleName::MaxLoopHeight: return CheckWires(rule, [&](std::size_t wire) { return HeightOf(wire); });
-    case RuleName::NoCrossing: return CheckCrossings(rule);
-    case RuleName::WireGap: return CheckWireGaps(rule);
+    case RuleName::MinLength:
+      return CheckWires(rule, [&](std::size_t wire) { return LengthOf(wire, rule.Plan); });
+    case RuleName::MaxAngle:
+      return CheckWires(rule, [&](std::size_t wire) { return rows_[wire].Angle; });
+    case RuleName::MaxLoopHeight:
+      return CheckWires(rule, [&](std::size_t wire) { return HeightOf(wire); });
+    case RuleName::NoCrossing:
+      return CheckCrossings(rule);
+    case RuleName::WireGap:
+      return CheckWireGaps(rule);
     case RuleName::DieToLead: {
       const PlanRectangle die = RectangleOf(BaseDieOf(in_.Package));
       return CheckLeads(rule, [&](const PlanRectangle& lead) { return DistanceBetween(die, lead); });
     }
-    case RuleName::LeadWidth: return CheckLeads(rule, [](const PlanRectangle& lead) { return lead.ShorterSide(); });
-    case RuleName::LeadLength: return CheckLeads(rule, [](const PlanRectangle& lead) { return lead.LongerSide(); });
-    case RuleName::LeadGap: return CheckLeadGaps(rule);
-    case RuleName::PadSize: return CheckPadSizes(rule);
+    case RuleName::LeadWidth:
+      return CheckLeads(rule, [](const PlanRectangle& lead) { return lead.ShorterSide(); });
+    case RuleName::LeadLength:
+      return CheckLeads(rule, [](const PlanRectangle& lead) { return lead.LongerSide(); });
+    case RuleName::LeadGap:
+      return CheckLeadGaps(rule);
+    case RuleName::PadSize:
+      return CheckPadSizes(rule);
     case RuleName::PadGap:
-    case RuleName::PadPitch: return CheckPadPairs(rule);
-    case RuleName::PadToEdge: return CheckPadsToEdge(rule);
-    case RuleName::MaxWires: return CheckWiresOnLeads(rule);
+    case RuleName::PadPitch:
+      return CheckPadPairs(rule);
+    case RuleName::PadToEdge:
+      return CheckPadsToEdge(rule);
+    case RuleName::MaxWires:
+      return CheckWiresOnLeads(rule);
   }
 }
 

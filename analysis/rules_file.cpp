@@ -11,21 +11,22 @@ namespace analysis {
 
 namespace {
 
-constexpr std::array<RuleKind, 15> kKinds{{{RuleName::MaxLength, "max-length", Quantity::Length, true},
-                                           {RuleName::MinLength, "min-length", Quantity::Length, true},
-                                           {RuleName::MaxAngle, "max-angle", Quantity::Angle, false},
-                                           {RuleName::NoCrossing, "no-crossing", Quantity::None, false},
-                                           {RuleName::WireGap, "wire-gap", Quantity::Length, false},
-                                           {RuleName::MaxLoopHeight, "max-loop-height", Quantity::Length, false},
-                                           {RuleName::DieToLead, "die-to-lead", Quantity::Length, false},
-                                           {RuleName::LeadWidth, "lead-width", Quantity::Length, false},
-                                           {RuleName::LeadLength, "lead-length", Quantity::Length, false},
-                                           {RuleName::LeadGap, "lead-gap", Quantity::Length, false},
-                                           {RuleName::PadSize, "pad-size", Quantity::Length, false},
-                                           {RuleName::PadGap, "pad-gap", Quantity::Length, false},
-                                           {RuleName::PadPitch, "pad-pitch", Quantity::Length, false},
-                                           {RuleName::PadToEdge, "pad-to-edge", Quantity::Length, false},
-                                           {RuleName::MaxWires, "max-wires", Quantity::Count, false}}};
+constexpr std::array<RuleKind, 15> kKinds{
+    {{RuleName::MaxLength, "max-length", Quantity::Length, true},
+     {RuleName::MinLength, "min-length", Quantity::Length, true},
+     {RuleName::MaxAngle, "max-angle", Quantity::Angle, false},
+     {RuleName::NoCrossing, "no-crossing", Quantity::None, false},
+     {RuleName::WireGap, "wire-gap", Quantity::Length, false},
+     {RuleName::MaxLoopHeight, "max-loop-height", Quantity::Length, false},
+     {RuleName::DieToLead, "die-to-lead", Quantity::Length, false},
+     {RuleName::LeadWidth, "lead-width", Quantity::Length, false},
+     {RuleName::LeadLength, "lead-length", Quantity::Length, false},
+     {RuleName::LeadGap, "lead-gap", Quantity::Length, false},
+     {RuleName::PadSize, "pad-size", Quantity::Length, false},
+     {RuleName::PadGap, "pad-gap", Quantity::Length, false},
+     {RuleName::PadPitch, "pad-pitch", Quantity::Length, false},
+     {RuleName::PadToEdge, "pad-to-edge", Quantity::Length, false},
+     {RuleName::MaxWires, "max-wires", Quantity::Count, false}}};
 
 struct UnitWord {
   LimitUnit Unit;
@@ -138,14 +139,17 @@ void TakeUnit(const RuleKind& kind, Words& words, Rule& rule) {
 
 void TakeLimit(const RuleKind& kind, Words& words, Rule& rule) {
   if (kind.Limit == Quantity::None) return;
-  const std::string_view word = words.Need(std::string(kind.Word) + " has no limit", "write a number after it");
+  const std::string_view word =
+      words.Need(std::string(kind.Word) + " has no limit", "write a number after it");
   const std::optional<double> value = NumberOf(word);
-  if (!value) words.Fail("the limit " + model::Quoted(word) + " is not a number", "write a number such as 0.5");
+  if (!value)
+    words.Fail("the limit " + model::Quoted(word) + " is not a number", "write a number such as 0.5");
   if (*value < 0.0) words.Fail("the limit " + model::Quoted(word) + " is negative", "write 0 or more");
   rule.Limit = *value;
   if (kind.Limit != Quantity::Count) return TakeUnit(kind, words, rule);
   if (*value < 1.0 || *value != std::floor(*value) || *value > 1e9)
-    words.Fail("the limit " + model::Quoted(word) + " is not a whole number from 1", "write a number such as 2");
+    words.Fail("the limit " + model::Quoted(word) + " is not a whole number from 1",
+               "write a number such as 2");
 }
 
 void TakeFilter(Words& words, Rule& rule) {
@@ -173,11 +177,15 @@ void TakeLevel(Words& words, Rule& rule) {
 [[noreturn]] void FailAtRest(const RuleKind& kind, Words& words) {
   constexpr std::array<std::string_view, 6> kWords{"plan", "tier", "net", "note", "finding", "error"};
   const std::string_view word = words.Take();
-  if (kind.Limit == Quantity::None && NumberOf(word)) words.Fail(std::string(kind.Word) + " has no limit", "leave it out");
-  if (word == "plan" && !kind.HasPlan) words.Fail("plan does not go with " + std::string(kind.Word), "leave it out");
+  if (kind.Limit == Quantity::None && NumberOf(word))
+    words.Fail(std::string(kind.Word) + " has no limit", "leave it out");
+  if (word == "plan" && !kind.HasPlan)
+    words.Fail("plan does not go with " + std::string(kind.Word), "leave it out");
   if (std::find(kWords.begin(), kWords.end(), word) != kWords.end())
-    words.Fail(model::Quoted(word) + " stands in the wrong place", "write [plan] [tier N | net TYPE] [note|finding|error]");
-  words.Fail("unknown word " + model::Quoted(word), "write " + std::string(Nearest(word, kWords)) + ", or leave it out");
+    words.Fail(model::Quoted(word) + " stands in the wrong place",
+               "write [plan] [tier N | net TYPE] [note|finding|error]");
+  words.Fail("unknown word " + model::Quoted(word),
+             "write " + std::string(Nearest(word, kWords)) + ", or leave it out");
 }
 
 Rule RuleOf(Words& words, std::size_t line) {

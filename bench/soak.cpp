@@ -1,7 +1,7 @@
 // A long day with the viewer: soak PACKAGE [SHARE]
-// Does everything SHARE times (default 1.0) as often as kUses says, one kind of use after the other, with the wire
-// list open. Resident memory must stay as it was after the first tenth of each kind, and the last picture must be
-// that of a fresh start in the same state.
+// Does everything SHARE times (default 1.0) as often as kUses says, one kind of use after the other, with the
+// wire list open. Resident memory must stay as it was after the first tenth of each kind, and the last
+// picture must be that of a fresh start in the same state.
 #include <unistd.h>
 #include <QAction>
 #include <QApplication>

@@ -1,7 +1,6 @@
 #include "formats/bond_list.h"
 
-#include <algorithm>
-
+#include "analysis/wire_numbers.h"
 #include "formats/length_table.h"
 #include "model/numbers.h"
 
@@ -19,41 +18,35 @@ const model::BondRec* BondOf(const model::Package& package, const model::RecordP
 
 std::string Joined(const std::vector<std::string>& fields) {
   std::string line;
-  for (const std::string& field : fields) line += (line.empty() ? "" : ",") + CsvField(field);
-  return line + "\n";
-}
-
-std::vector<std::size_t> InFileOrder(const BondListInputs& inputs) {
-  std::vector<std::size_t> order(inputs.Loops.size());
-  for (std::size_t k = 0; k < order.size(); ++k) order[k] = k;
-  const auto line = [&](std::size_t k) { return inputs.Lines.Of(inputs.Loops[k].Place); };
-  std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) { return line(a) < line(b); });
-  return order;
+  for (const std::string& field : fields) line += CsvField(field) + ",";
+  line.back() = '\n';
+  return line;
 }
 
 }  // namespace
 
 std::string BondList(const BondListInputs& inputs) {
-  std::string text =
-      Joined({"Net Name", "Pad Name", "Side", "Layer", "Length", "Bond Angle", "Die X", "Die Y", "Subs X", "Subs Y"});
-  for (const std::size_t k : InFileOrder(inputs)) {
+  std::string text = Joined({"Net Name", "Pad Name", "Side", "Layer", "Length", "Bond Angle", "Die X",
+                             "Die Y", "Subs X", "Subs Y"});
+  for (const std::size_t k : analysis::InFileOrder(WireNumbers(inputs.Package, inputs.Loops, inputs.Lines))) {
     const analysis::WireLoop& loop = inputs.Loops[k];
     const analysis::WireRow& row = inputs.Rows[k];
     const model::BondRec* const bond = BondOf(inputs.Package, loop.Place);
-    text += Joined({loop.Name, bond == nullptr ? "" : bond->Lead, bond == nullptr ? "" : bond->DieSide, row.Tier,
-                    Number(row.Length), Number(row.Angle), Number(loop.Points.front().x), Number(loop.Points.front().y),
-                    Number(loop.Points.back().x), Number(loop.Points.back().y)});
+    text +=
+        Joined({loop.Name, bond == nullptr ? "" : bond->Lead, bond == nullptr ? "" : bond->DieSide, row.Tier,
+                Number(row.Length), Number(row.Angle), Number(loop.Points.front().x),
+                Number(loop.Points.front().y), Number(loop.Points.back().x), Number(loop.Points.back().y)});
   }
   return text;
 }
 
 std::string NetList(const BondListInputs& inputs) {
   std::string text;
-  std::size_t number = 0;
-  for (const std::size_t k : InFileOrder(inputs)) {
+  const std::vector<std::size_t> numbers = WireNumbers(inputs.Package, inputs.Loops, inputs.Lines);
+  for (const std::size_t k : analysis::InFileOrder(numbers)) {
     const analysis::WireLoop& loop = inputs.Loops[k];
     const model::BondRec* const bond = BondOf(inputs.Package, loop.Place);
-    text += Joined({std::to_string(++number), loop.Name, bond == nullptr ? "" : bond->Lead,
+    text += Joined({std::to_string(numbers[k]), loop.Name, bond == nullptr ? "" : bond->Lead,
                     Number(loop.Points.front().x), Number(loop.Points.front().y)});
   }
   return text;

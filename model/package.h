@@ -54,6 +54,7 @@ struct BondRec {
   std::string SubShape;                         ///< "RECTANGLE"; any other word gives round ends
   float WireStartX = 0.0F, WireStartY = 0.0F, WireStartZ = 0.0F;  ///< die end; x = y = 0 means no wire
   float WireEndX = 0.0F, WireEndY = 0.0F, WireEndZ = 0.0F;        ///< substrate end
+  std::string Lead;  ///< number or name of the lead where the wire ends; for people, no drawing reads it
 };
 
 /// Deliberate: a wire that starts at the origin is indistinguishable from no wire.

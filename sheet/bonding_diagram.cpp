@@ -68,7 +68,10 @@ std::vector<View> ViewsOf(const DiagramInputs& inputs) {
 class Composer {
  public:
   explicit Composer(const DiagramInputs& inputs)
-      : in_(inputs), layout_(inputs.Paper), plan_(PlanOf(inputs.Package, inputs.Millimetres)), labels_(LabelsOf(inputs)) {
+      : in_(inputs),
+        layout_(inputs.Paper),
+        plan_(PlanOf(inputs.Package, inputs.Millimetres)),
+        labels_(LabelsOf(inputs)) {
     if (plan_.empty() && inputs.Wires.empty()) return;
     extent_ = {glm::dvec2(1e300), glm::dvec2(-1e300)};
     for (const PlanShape& shape : plan_) IncludeShape(shape);
@@ -123,7 +126,8 @@ class Composer {
 
   void AddLayers() {
     // Leaders run under leads and pads, but over a die, whose face is white.
-    drawing_.Layers = {layer::kPaddle, layer::kRings, layer::kDie, layer::kNames, layer::kLeads, layer::kDiePads};
+    drawing_.Layers = {layer::kPaddle, layer::kRings, layer::kDie,
+                       layer::kNames,  layer::kLeads, layer::kDiePads};
     for (const DiagramWire& wire : in_.Wires) wireLayers_.insert(LayerOf(wire));
     drawing_.Layers.insert(drawing_.Layers.end(), wireLayers_.begin(), wireLayers_.end());
     for (const char* name : {layer::kNumbers, layer::kFrame, layer::kTable, layer::kFindings})
@@ -134,9 +138,10 @@ class Composer {
   const Label* LeadOne() const {
     const Label* found = nullptr;
     for (const Label& label : labels_) {
-      const std::size_t letters = static_cast<std::size_t>(
-          std::find_if(label.Lead.begin(), label.Lead.end(), [](unsigned char c) { return std::isalpha(c) == 0; }) -
-          label.Lead.begin());
+      const std::size_t letters =
+          static_cast<std::size_t>(std::find_if(label.Lead.begin(), label.Lead.end(),
+                                                [](unsigned char c) { return std::isalpha(c) == 0; }) -
+                                   label.Lead.begin());
       if (label.Lead.substr(letters) != "1") continue;
       if (found != nullptr) return nullptr;
       found = &label;
@@ -210,7 +215,8 @@ class Composer {
       const Ink ink = view.Shows(wire) ? InkOf(wireLayer) : Grey(0.78);
       pencil.Add(wireLayer, Line{line.From, line.To, {.Width = width, .Colour = ink}});
       if (wire.Offends)
-        pencil.Add(layer::kFindings, Line{line.From, line.To, {.Width = 2.0 * width, .Colour = {0.85, 0.0, 0.0}}});
+        pencil.Add(layer::kFindings,
+                   Line{line.From, line.To, {.Width = 2.0 * width, .Colour = {0.85, 0.0, 0.0}}});
     }
   }
 
@@ -226,7 +232,8 @@ class Composer {
       for (const std::string& name : wireLayers_)
         lines.push_back({.Before = Sign::Wire, .Colour = InkOf(name), .Words = MeaningOf(name)});
     if (in_.Into != Split::None)
-      lines.push_back({.Before = Sign::OtherWire, .Colour = Grey(0.78), .Words = "wires of the other sheets"});
+      lines.push_back(
+          {.Before = Sign::OtherWire, .Colour = Grey(0.78), .Words = "wires of the other sheets"});
     if (std::any_of(in_.Wires.begin(), in_.Wires.end(), [](const DiagramWire& wire) { return wire.Offends; }))
       lines.push_back({.Before = Sign::Offender, .Colour = {0.85, 0.0, 0.0}, .Words = "wire with a finding"});
     const double width = layout_.Side.Size().x;
@@ -251,7 +258,8 @@ class Composer {
                               Pencil& pencil) const {
     const Box inside = room.Inset(6.0);
     const double width = layout_.Side.Size().x;
-    for (double left = inside.Low.x; left + width <= inside.High.x && next < lines.size(); left += width + 10.0)
+    for (double left = inside.Low.x; left + width <= inside.High.x && next < lines.size();
+         left += width + 10.0)
       next = DrawSideText(lines, next, {{left, inside.Low.y}, {left + width, inside.High.y}}, pencil);
     return next;
   }

@@ -70,7 +70,8 @@ class Writer {
 
   void operator()(const Area& area) {
     // A mark is a filled area without a stroke, and small; the pale fills of pads are for paper alone.
-    if (!area.Pen && area.Fill && area.Outlines.size() == 1 && area.Outlines[0].size() <= 4) Solid(area.Outlines[0]);
+    if (!area.Pen && area.Fill && area.Outlines.size() == 1 && area.Outlines[0].size() <= 4)
+      Solid(area.Outlines[0]);
     if (!area.Pen) return;
     for (const std::vector<glm::dvec2>& outline : area.Outlines) {
       Entity("POLYLINE", &*area.Pen);
@@ -108,7 +109,9 @@ class Writer {
  private:
   static std::string Number(double value) { return Decimal(value, 9); }
 
-  void Pair(int code, std::string_view value) { ((dxf_ += std::to_string(code)) += '\n').append(value) += '\n'; }
+  void Pair(int code, std::string_view value) {
+    ((dxf_ += std::to_string(code)) += '\n').append(value) += '\n';
+  }
   void Start(const char* section) {
     Pair(0, "SECTION");
     Pair(2, section);

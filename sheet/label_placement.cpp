@@ -10,7 +10,8 @@ namespace sheet {
 
 namespace {
 
-/// In this order two neighbours meet at a corner: left and top, top and right, right and bottom, bottom and left.
+/// In this order two neighbours meet at a corner: left and top, top and right, right and bottom, bottom and
+/// left.
 constexpr std::array<Edge, 4> kAround{Edge::Left, Edge::Top, Edge::Right, Edge::Bottom};
 
 bool IsUpright(Edge edge) { return edge == Edge::Top || edge == Edge::Bottom; }
@@ -137,7 +138,9 @@ class Placement {
     }
   }
 
-  double Spare(Edge edge) { return static_cast<double>(CapacityOf(edge, room_)) - static_cast<double>(Row(edge).size()); }
+  double Spare(Edge edge) {
+    return static_cast<double>(CapacityOf(edge, room_)) - static_cast<double>(Row(edge).size());
+  }
 
   /// The label nearest to the common corner of two edges becomes the other one's nearest.
   void Move(Edge from, Edge to) {

@@ -35,7 +35,8 @@ using PadOfBond = std::map<std::pair<model::RecordTable, std::size_t>, analysis:
 
 PadOfBond PadsByBond(const model::Package& package) {
   PadOfBond pads;
-  for (const analysis::Pad& pad : analysis::SubstratePads(package)) pads[{pad.Place.Table, pad.Place.Number}] = pad.Shape;
+  for (const analysis::Pad& pad : analysis::SubstratePads(package))
+    pads[{pad.Place.Table, pad.Place.Number}] = pad.Shape;
   return pads;
 }
 
@@ -71,10 +72,12 @@ std::vector<Label> PadLabels(const DiagramInputs& inputs) {
                     {.Number = number,
                      .Lead = {},
                      .Name = CleanText(analysis::BondOf(inputs.Package, pad).Name),
-                     .Anchor = (pad.Shape.Centre + out * std::max(pad.Shape.Half.x, pad.Shape.Half.y)) * inputs.Millimetres,
+                     .Anchor = (pad.Shape.Centre + out * std::max(pad.Shape.Half.x, pad.Shape.Half.y)) *
+                               inputs.Millimetres,
                      .Towards = out}});
   }
-  std::stable_sort(pads.begin(), pads.end(), [](const Outer& a, const Outer& b) { return a.Depth < b.Depth; });
+  std::stable_sort(pads.begin(), pads.end(),
+                   [](const Outer& a, const Outer& b) { return a.Depth < b.Depth; });
   std::vector<Label> labels;
   for (Outer& pad : pads) labels.push_back(std::move(pad.What));
   return labels;
@@ -106,11 +109,12 @@ void DrawLabel(const Label& label, const LabelPlace& place, const PlanFit& fit, 
     if (cell.Words.empty()) continue;
     const double along = outwards ? (cell.AtFarEnd ? cell.Start + cell.Width : cell.Start) : -cell.Start;
     const Align align = outwards != cell.AtFarEnd ? Align::Start : Align::End;
-    pencil.Add(cell.Layer, Text{.At = upright ? knee + glm::dvec2(base, along) : knee + glm::dvec2(along, -base),
-                                .Words = cell.Words,
-                                .Size = columns.Size,
-                                .Alignment = outwards ? align : Align::End,
-                                .Upright = upright});
+    pencil.Add(cell.Layer,
+               Text{.At = upright ? knee + glm::dvec2(base, along) : knee + glm::dvec2(along, -base),
+                    .Words = cell.Words,
+                    .Size = columns.Size,
+                    .Alignment = outwards ? align : Align::End,
+                    .Upright = upright});
   }
 }
 
@@ -146,7 +150,8 @@ std::size_t DrawLabels(const std::vector<Label>& labels, const PlanFit& fit, Pen
     const glm::dvec2 knee = KneeOf(place, fit.Room);
     const bool upright = place.At == Edge::Top || place.At == Edge::Bottom;
     const double out = place.At == Edge::Left || place.At == Edge::Bottom ? -1.0 : 1.0;
-    const glm::dvec2 end = knee + (kStub - 0.5) * out * (upright ? glm::dvec2(0.0, 1.0) : glm::dvec2(1.0, 0.0));
+    const glm::dvec2 end =
+        knee + (kStub - 0.5) * out * (upright ? glm::dvec2(0.0, 1.0) : glm::dvec2(1.0, 0.0));
     pencil.Add(layer::kNames, Line{wishes[place.Wish].Anchor, knee, kLeader});
     // The dot tells a leader that begins here from one that passes under a lead.
     pencil.Add(layer::kNames, Circle{.Centre = wishes[place.Wish].Anchor, .Radius = 0.3, .Fill = Grey(0.25)});

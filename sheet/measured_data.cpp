@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "analysis/pads.h"
+#include "model/side.h"
 #include "model/text.h"
 #include "sheet/paint_order.h"
 
@@ -41,7 +42,8 @@ class Collector {
     };
     add("Base die", double(in_.Package.CompW), double(in_.Package.CompL), double(in_.Package.CompZ));
     if (in_.Package.SDCompW != 0.0F)
-      add("Stacked die", double(in_.Package.SDCompW), double(in_.Package.SDCompL), double(in_.Package.SDCompZ));
+      add("Stacked die", double(in_.Package.SDCompW), double(in_.Package.SDCompL),
+          double(in_.Package.SDCompZ));
   }
 
   void AddPads() {
@@ -52,8 +54,9 @@ class Collector {
       if (pad.IsStacked()) ++stacked;
       opening = std::min(opening, pad.Shape.ShorterSide());
     }
-    Add("Die pads", std::to_string(pads.size()) +
-                        (stacked == 0 ? "" : ", of these " + std::to_string(stacked) + " on the stacked die"));
+    Add("Die pads",
+        std::to_string(pads.size()) +
+            (stacked == 0 ? "" : ", of these " + std::to_string(stacked) + " on the stacked die"));
     if (!pads.empty()) Add("Smallest opening", Length(opening));
     if (const std::optional<double> pitch = analysis::SmallestPitch(in_.Package, pads))
       Add("Smallest pitch", Length(*pitch));
@@ -62,9 +65,8 @@ class Collector {
   std::string EdgeOf(const DiagramWire& wire) const {
     if (wire.IsStitch()) return "stitch";
     const bool stacked = wire.Place.Table == model::RecordTable::SDBonds;
-    const std::string side =
-        model::UpperCase((stacked ? in_.Package.SDBonds : in_.Package.Bonds)[wire.Place.Number].DieSide);
-    return side == "L" || side == "R" || side == "T" || side == "B" ? side : "none";
+    const std::string& side = (stacked ? in_.Package.SDBonds : in_.Package.Bonds)[wire.Place.Number].DieSide;
+    return model::SideOf(side) ? model::UpperCase(side) : "none";
   }
 
   template <class KeyOf>
@@ -73,7 +75,8 @@ class Collector {
     for (const DiagramWire& wire : in_.Wires) ++counts[keyOf(wire)];
     std::string text;
     for (const auto& [key, count] : counts)
-      text += (text.empty() ? "" : ", ") + (key.empty() ? "none" : CleanText(key)) + ": " + std::to_string(count);
+      text +=
+          (text.empty() ? "" : ", ") + (key.empty() ? "none" : CleanText(key)) + ": " + std::to_string(count);
     Add(label, text);
   }
 
@@ -95,8 +98,9 @@ class Collector {
     Add("All loops", Length(total));
     Add("Wire", in_.Settings.Material + ", " + Decimal(double(in_.Settings.WireDiameter), 3) + " mil (" +
                     Decimal(double(in_.Settings.WireDiameter) * 25.4, 1) + " um)");
-    const bool stack = std::any_of(in_.Wires.begin(), in_.Wires.end(),
-                                   [](const DiagramWire& wire) { return wire.Place.Table != model::RecordTable::Bonds; });
+    const bool stack = std::any_of(in_.Wires.begin(), in_.Wires.end(), [](const DiagramWire& wire) {
+      return wire.Place.Table != model::RecordTable::Bonds;
+    });
     Add("Loop height", Length(double(in_.Settings.BaseLoopHeight)) +
                            (stack ? ", stacked die " + Length(double(in_.Settings.StackLoopHeight)) : ""));
   }

@@ -22,7 +22,8 @@ std::vector<double> DashLengths(Dash pattern) {
 
 std::string Decimal(double value, int decimals) {
   char digits[400];
-  const auto end = std::to_chars(std::begin(digits), std::end(digits), value, std::chars_format::fixed, decimals);
+  const auto end =
+      std::to_chars(std::begin(digits), std::end(digits), value, std::chars_format::fixed, decimals);
   std::string text(digits, end.ptr);
   if (decimals > 0) {
     text.erase(text.find_last_not_of('0') + 1);

@@ -6,8 +6,8 @@
 #include <numbers>
 #include <stdexcept>
 
-#include "sheet/paint_order.h"
 #include "sheet/drawing.h"
+#include "sheet/paint_order.h"
 #include "sheet/typesetter.h"
 
 namespace sheet {
@@ -95,7 +95,8 @@ class PagePainter {
   double height_;
 };
 
-void PaintPage(cairo_t* page, Typesetter& typesetter, const Drawing& drawing, const std::vector<Item>& items) {
+void PaintPage(cairo_t* page, Typesetter& typesetter, const Drawing& drawing,
+               const std::vector<Item>& items) {
   const PagePainter painter(page, typesetter, drawing.Height);
   for (const Item* item : InPaintOrder(drawing, items)) std::visit(painter, item->What);
   cairo_show_page(page);

@@ -53,7 +53,8 @@ void AddPads(const std::vector<analysis::Pad>& pads, const char* layer, const In
       shapes.push_back({layer, Circle{shape.Centre * unit, shape.Half.x * unit, edge, fill}});
     } else {
       shapes.push_back(
-          {layer, Area{{pad.Round ? RoundOutline(pad, unit) : OutlineOf(shape.Corners(), unit)}, edge, fill}});
+          {layer,
+           Area{{pad.Round ? RoundOutline(pad, unit) : OutlineOf(shape.Corners(), unit)}, edge, fill}});
     }
   }
 }
@@ -75,8 +76,10 @@ void AddBands(const model::Package& package, double millimetres, std::vector<Pla
     const glm::dvec2 axis = from == to ? glm::dvec2(1.0, 0.0) : glm::normalize(to - from);
     const glm::dvec2 along = axis * (std::fabs(double(dap.D5)) * unit / 2.0);
     const glm::dvec2 across(-along.y, along.x);
-    const Outline outline{from - along - across, to + along - across, to + along + across, from - along + across};
-    shapes.push_back({layer::kPaddle, Area{.Outlines = {outline}, .Pen = Stroke{.Width = 0.36, .Colour = Grey(0.3)}}});
+    const Outline outline{from - along - across, to + along - across, to + along + across,
+                          from - along + across};
+    shapes.push_back(
+        {layer::kPaddle, Area{.Outlines = {outline}, .Pen = Stroke{.Width = 0.36, .Colour = Grey(0.3)}}});
     fills.push_back({layer::kPaddle, Area{.Outlines = {outline}, .Fill = kPaddleFill}});
   }
   shapes.insert(shapes.end(), fills.begin(), fills.end());
@@ -94,7 +97,8 @@ std::vector<PlanShape> PlanOf(const model::Package& package, double millimetresP
   }
   AddDie(analysis::BaseDieOf(package), millimetresPerUnit, shapes);
   std::vector<analysis::Pad> base, stacked;
-  for (const analysis::Pad& pad : analysis::DiePads(package)) (pad.IsStacked() ? stacked : base).push_back(pad);
+  for (const analysis::Pad& pad : analysis::DiePads(package))
+    (pad.IsStacked() ? stacked : base).push_back(pad);
   AddPads(base, layer::kDiePads, kPadFill, millimetresPerUnit, shapes);
   if (package.SDCompW != 0.0F) AddDie(analysis::StackedDieOf(package), millimetresPerUnit, shapes);
   AddPads(stacked, layer::kDiePads, kPadFill, millimetresPerUnit, shapes);

@@ -16,13 +16,14 @@ LabelColumns Scaled(const LabelColumns& unit, double size) {
 }
 
 /// Labels close to the plan where they have room there, else as far out as the paper goes.
-std::optional<PlanFit> TryFit(std::size_t count, const LabelColumns& columns, const Box& extent, const Box& room,
-                              double scale) {
+std::optional<PlanFit> TryFit(std::size_t count, const LabelColumns& columns, const Box& extent,
+                              const Box& room, double scale) {
   const Box inside = room.Inset(columns.Depth());
   const glm::dvec2 half = extent.Size() * scale / 2.0 + kGather;
   if (inside.Size().x < 2.0 * half.x || inside.Size().y < 2.0 * half.y) return std::nullopt;
   const glm::dvec2 middle = room.Middle();
-  PlanFit fit{scale, columns, {middle - half, middle + half, columns.Pitch()}, middle - extent.Middle() * scale};
+  PlanFit fit{
+      scale, columns, {middle - half, middle + half, columns.Pitch()}, middle - extent.Middle() * scale};
   if (count > fit.Room.Capacity()) fit.Room = {inside.Low, inside.High, columns.Pitch()};
   return fit;
 }

@@ -22,9 +22,11 @@ class Obstacles {
       const double half = std::max(pad.Shape.Half.x, pad.Shape.Half.y) * unit * pencil.On().Scale;
       boxes_.push_back({at - half, at + half});
     }
-    for (const DiagramWire& wire : inputs.Wires) AddLine(pencil.OnPaper(wire.From * unit), pencil.OnPaper(wire.To * unit));
+    for (const DiagramWire& wire : inputs.Wires)
+      AddLine(pencil.OnPaper(wire.From * unit), pencil.OnPaper(wire.To * unit));
     if (inputs.Package.SDCompW == 0.0F) return;
-    const std::array<glm::dvec2, 4> corners = analysis::RectangleOf(analysis::StackedDieOf(inputs.Package)).Corners();
+    const std::array<glm::dvec2, 4> corners =
+        analysis::RectangleOf(analysis::StackedDieOf(inputs.Package)).Corners();
     for (std::size_t k = 0; k < 4; ++k)
       AddLine(pencil.OnPaper(corners[k] * unit), pencil.OnPaper(corners[(k + 1) % 4] * unit));
   }
@@ -32,10 +34,11 @@ class Obstacles {
   bool Meet(const Box& box) const {
     return std::any_of(boxes_.begin(), boxes_.end(),
                        [&](const Box& other) {
-                         return box.Low.x < other.High.x && other.Low.x < box.High.x && box.Low.y < other.High.y &&
-                                other.Low.y < box.High.y;
+                         return box.Low.x < other.High.x && other.Low.x < box.High.x &&
+                                box.Low.y < other.High.y && other.Low.y < box.High.y;
                        }) ||
-           std::any_of(lines_.begin(), lines_.end(), [&](const Box& line) { return Cuts(line.Low, line.High, box); });
+           std::any_of(lines_.begin(), lines_.end(),
+                       [&](const Box& line) { return Cuts(line.Low, line.High, box); });
   }
 
  private:
@@ -70,8 +73,8 @@ void WriteLetter(const char* letter, const glm::dvec2& middle, double size, Penc
 }
 
 /// Writes the letter of an edge inside the die, near the edge's middle, where it covers nothing.
-void DrawEdgeLetter(const char* letter, const glm::dvec2& normal, const glm::dvec2& half, const Obstacles& obstacles,
-                    Pencil& pencil) {
+void DrawEdgeLetter(const char* letter, const glm::dvec2& normal, const glm::dvec2& half,
+                    const Obstacles& obstacles, Pencil& pencil) {
   const double largest = std::min(4.0, 0.35 * std::min(half.x, half.y));
   const glm::dvec2 edge = pencil.On().Origin + normal * half;
   const glm::dvec2 along(-normal.y, normal.x);
@@ -85,13 +88,16 @@ void DrawEdgeLetter(const char* letter, const glm::dvec2& normal, const glm::dve
   WriteLetter(letter, edge - largest * normal, largest, pencil);
 }
 
-void DrawArrow(const glm::dvec2& from, const glm::dvec2& direction, double length, const char* name, Pencil& pencil) {
+void DrawArrow(const glm::dvec2& from, const glm::dvec2& direction, double length, const char* name,
+               Pencil& pencil) {
   const glm::dvec2 tip = from + direction * length;
   const glm::dvec2 across(-direction.y, direction.x);
   const Stroke thin{.Width = 0.18};
   pencil.Add(layer::kDie, Line{from, tip, thin});
-  pencil.Add(layer::kDie, Area{.Outlines = {{tip, tip - direction * 2.0 + across * 0.5, tip - direction * 2.0 - across * 0.5}},
-                               .Fill = kBlack});
+  pencil.Add(
+      layer::kDie,
+      Area{.Outlines = {{tip, tip - direction * 2.0 + across * 0.5, tip - direction * 2.0 - across * 0.5}},
+           .Fill = kBlack});
   pencil.Add(layer::kDie, Text{.At = tip + direction * 1.8 - glm::dvec2(0.0, 0.8),
                                .Words = name,
                                .Size = 2.3,
@@ -101,11 +107,14 @@ void DrawArrow(const glm::dvec2& from, const glm::dvec2& direction, double lengt
 }  // namespace
 
 void DrawDieMarks(const DiagramInputs& inputs, Pencil& pencil) {
-  const glm::dvec2 half = analysis::RectangleOf(analysis::BaseDieOf(inputs.Package)).Half * inputs.Millimetres * pencil.On().Scale;
+  const glm::dvec2 half = analysis::RectangleOf(analysis::BaseDieOf(inputs.Package)).Half *
+                          inputs.Millimetres * pencil.On().Scale;
   const glm::dvec2 origin = pencil.On().Origin;
   const double corner = std::min(3.0, 0.25 * std::min(half.x, half.y));
   const glm::dvec2 low = origin - half;
-  pencil.Add(layer::kDie, Area{.Outlines = {{low, low + glm::dvec2(corner, 0.0), low + glm::dvec2(0.0, corner)}}, .Fill = kBlack});
+  pencil.Add(layer::kDie,
+             Area{.Outlines = {{low, low + glm::dvec2(corner, 0.0), low + glm::dvec2(0.0, corner)}},
+                  .Fill = kBlack});
 
   const Stroke centre{.Width = 0.13, .Colour = Grey(0.4), .Pattern = Dash::Centre};
   // They end before the edges' letters.

@@ -70,7 +70,8 @@ Outline Around(const Sides& sides, double out) {
     const int steps = sides.Bowed() ? kSteps : 1;
     for (int k = 0; k <= steps; ++k) {
       const double share = static_cast<double>(k) / steps;
-      outline.push_back(sides.At(side, forwards ? low + share * (high - low) : high - share * (high - low), out));
+      outline.push_back(
+          sides.At(side, forwards ? low + share * (high - low) : high - share * (high - low), out));
     }
   }
   return outline;
@@ -105,8 +106,9 @@ void AddRings(const model::Package& package, double millimetresPerUnit, std::vec
   };
   for (std::size_t k = 0; k < package.Rings.Count(); ++k) {
     const Sides sides(package.Rings[k], unit);
-    model::AtRecord(package, {model::RecordTable::Rings, k},
-                    [&] { add({Around(sides, sides.Half()), Around(sides, -sides.Half())}); });
+    model::AtRecord(package, {model::RecordTable::Rings, k}, [&] {
+      add({Around(sides, sides.Half()), Around(sides, -sides.Half())});
+    });
   }
   for (std::size_t k = 0; k < package.SRings.Count(); ++k) {
     const model::SRingRec& ring = package.SRings[k];

@@ -22,15 +22,28 @@ void DrawSign(const SideLine& line, const glm::dvec2& at, Pencil& pencil) {
   };
   const auto stroke = [&](double width) {
     pencil.Add(line.Before == Sign::Offender ? layer::kFindings : layer::kFrame,
-               Line{middle - glm::dvec2(4.0, 0.0), middle + glm::dvec2(4.0, 0.0), {.Width = width, .Colour = line.Colour}});
+               Line{middle - glm::dvec2(4.0, 0.0),
+                    middle + glm::dvec2(4.0, 0.0),
+                    {.Width = width, .Colour = line.Colour}});
   };
   switch (line.Before) {
-    case Sign::None: break;
-    case Sign::Lead1: fill({{-1.2, 0.0}, {1.2, 1.05}, {1.2, -1.05}}); break;
-    case Sign::DieCorner: fill({{-1.2, -1.2}, {1.2, -1.2}, {-1.2, 1.2}}); break;
-    case Sign::Wire: stroke(0.35); break;
-    case Sign::Offender: stroke(0.5); break;
-    case Sign::OtherWire: stroke(0.18); break;
+    case Sign::None:
+      break;
+    case Sign::Lead1:
+      fill({{-1.2, 0.0}, {1.2, 1.05}, {1.2, -1.05}});
+      break;
+    case Sign::DieCorner:
+      fill({{-1.2, -1.2}, {1.2, -1.2}, {-1.2, 1.2}});
+      break;
+    case Sign::Wire:
+      stroke(0.35);
+      break;
+    case Sign::Offender:
+      stroke(0.5);
+      break;
+    case Sign::OtherWire:
+      stroke(0.18);
+      break;
   }
 }
 
@@ -43,10 +56,11 @@ void DrawLine(const SideLine& line, const glm::dvec2& at, double width, Pencil& 
   DrawSign(line, at, pencil);
   const double indent = line.Before == Sign::None ? 0.0 : kSignWidth;
   const double valueAt = kValueShare * width;
-  pencil.Add(layer::kFrame, Text{.At = at + glm::dvec2(indent, 0.0),
-                                 .Words = Fitted(line.Words, kSize, (line.Value.empty() ? width : valueAt) - indent),
-                                 .Size = kSize,
-                                 .Colour = line.Value.empty() ? kBlack : Grey(0.25)});
+  pencil.Add(layer::kFrame,
+             Text{.At = at + glm::dvec2(indent, 0.0),
+                  .Words = Fitted(line.Words, kSize, (line.Value.empty() ? width : valueAt) - indent),
+                  .Size = kSize,
+                  .Colour = line.Value.empty() ? kBlack : Grey(0.25)});
   if (line.Value.empty()) return;
   pencil.Add(layer::kFrame, Text{.At = at + glm::dvec2(valueAt, 0.0),
                                  .Words = Fitted(line.Value, kSize, width - valueAt),
@@ -81,7 +95,8 @@ void AddParagraphs(const char* heading, const std::vector<std::string>& texts, d
   for (const std::string& text : texts) Wrap(CleanText(text), width, lines);
 }
 
-std::size_t DrawSideText(const std::vector<SideLine>& lines, std::size_t first, const Box& box, Pencil& pencil) {
+std::size_t DrawSideText(const std::vector<SideLine>& lines, std::size_t first, const Box& box,
+                         Pencil& pencil) {
   double y = box.High.y;
   for (std::size_t k = first; k < lines.size(); ++k) {
     const bool heading = lines[k].Heading;

@@ -17,7 +17,7 @@ enum class Sign { None, Lead1, DieCorner, Wire, Offender, OtherWire };
 struct SideLine {
   bool Heading = false;
   Sign Before = Sign::None;
-  Ink Colour = kBlack;  ///< of the sign
+  Ink Colour = kBlack;     ///< of the sign
   std::string Words = {};  ///< a heading, a label of the measured data, a line
   std::string Value = {};  ///< stands in a second column when there is one
 };
@@ -28,6 +28,7 @@ void AddParagraphs(const char* heading, const std::vector<std::string>& texts, d
 
 /// Writes lines from the top of `box` down, from number `first` on.
 /// Returns  the number of the first line that found no room
-std::size_t DrawSideText(const std::vector<SideLine>& lines, std::size_t first, const Box& box, Pencil& pencil);
+std::size_t DrawSideText(const std::vector<SideLine>& lines, std::size_t first, const Box& box,
+                         Pencil& pencil);
 
 }  // namespace sheet

@@ -12,11 +12,20 @@ std::string Escaped(std::string_view text) {
   std::string escaped;
   for (const char c : text) {
     switch (c) {
-      case '&': escaped += "&amp;"; break;
-      case '<': escaped += "&lt;"; break;
-      case '>': escaped += "&gt;"; break;
-      case '"': escaped += "&quot;"; break;
-      default: escaped += c;
+      case '&':
+        escaped += "&amp;";
+        break;
+      case '<':
+        escaped += "&lt;";
+        break;
+      case '>':
+        escaped += "&gt;";
+        break;
+      case '"':
+        escaped += "&quot;";
+        break;
+      default:
+        escaped += c;
     }
   }
   return escaped;
@@ -90,7 +99,8 @@ class ShapeWriter {
     if (stroke) {
       svg_ += Attribute("stroke", Hex(stroke->Colour)) + Attribute("stroke-width", Number(stroke->Width));
       std::string dashes;
-      for (const double length : DashLengths(stroke->Pattern)) dashes += (dashes.empty() ? "" : " ") + Number(length);
+      for (const double length : DashLengths(stroke->Pattern))
+        dashes += (dashes.empty() ? "" : " ") + Number(length);
       if (!dashes.empty()) svg_ += Attribute("stroke-dasharray", dashes);
     }
     svg_ += "/>\n";
@@ -120,13 +130,15 @@ std::string SvgOf(const Drawing& drawing) {
   std::string svg = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\"";
   svg += Attribute("width", width + "mm") + Attribute("height", height + "mm") +
          Attribute("viewBox", "0 0 " + width + ' ' + height) +
-         " font-family=\"'DejaVu Sans', Verdana, sans-serif\" stroke-linecap=\"round\" stroke-linejoin=\"round\">\n";
+         " font-family=\"'DejaVu Sans', Verdana, sans-serif\" stroke-linecap=\"round\" "
+         "stroke-linejoin=\"round\">\n";
   svg += "<title>" + Escaped(drawing.Title) + "</title>\n";
   svg += "<rect width=\"100%\" height=\"100%\" fill=\"#ffffff\"/>\n";
   std::vector<std::vector<const Item*>> pages;
   for (const Page& page : drawing.Pages) pages.push_back(InPaintOrder(drawing, page.Items));
   std::vector<std::size_t> next(pages.size());
-  for (std::size_t layer = 0; layer < drawing.Layers.size(); ++layer) WriteLayer(svg, drawing, layer, pages, next);
+  for (std::size_t layer = 0; layer < drawing.Layers.size(); ++layer)
+    WriteLayer(svg, drawing, layer, pages, next);
   return svg + "</svg>\n";
 }
 

@@ -29,11 +29,14 @@ std::string SheetText(const SheetNumber& sheet) {
 
 std::vector<Row> RowsOf(const DiagramInputs& inputs, const Drawing& drawing, const SheetNumber& sheet) {
   const TitleFields& title = inputs.Title;
-  return {{{"Part", title.Part, 0.5}, {"Package", title.Package, 0.5}},
-          {{"Drawn", title.Drawn, 0.34}, {"Checked", title.Checked, 0.33}, {"Approved", title.Approved, 0.33}},
-          {{"Date", title.Date, 0.34}, {"Revision", title.Revision, 0.22}, {"Scale", ScaleText(drawing.Scale), 0.22},
-           {"Unit", inputs.Unit, 0.22}},
-          {{"File", inputs.FileName, 0.45}, {"SHA-256", inputs.Digest, 0.35}, {"Sheet", SheetText(sheet), 0.2}}};
+  return {
+      {{"Part", title.Part, 0.5}, {"Package", title.Package, 0.5}},
+      {{"Drawn", title.Drawn, 0.34}, {"Checked", title.Checked, 0.33}, {"Approved", title.Approved, 0.33}},
+      {{"Date", title.Date, 0.34},
+       {"Revision", title.Revision, 0.22},
+       {"Scale", ScaleText(drawing.Scale), 0.22},
+       {"Unit", inputs.Unit, 0.22}},
+      {{"File", inputs.FileName, 0.45}, {"SHA-256", inputs.Digest, 0.35}, {"Sheet", SheetText(sheet), 0.2}}};
 }
 
 /// A field: its caption small in the upper corner, what it says below.
@@ -78,8 +81,8 @@ Box FrameOf(const Paper& paper) { return Box{{0.0, 0.0}, {paper.Width, paper.Hei
 
 double TitleBlockHeight() { return kTitleRow + 4.0 * kRow; }
 
-void DrawTitleBlock(const DiagramInputs& inputs, const Drawing& drawing, const SheetNumber& sheet, const Box& frame,
-                    double width, Pencil& pencil) {
+void DrawTitleBlock(const DiagramInputs& inputs, const Drawing& drawing, const SheetNumber& sheet,
+                    const Box& frame, double width, Pencil& pencil) {
   const Box block{{frame.High.x - width, frame.Low.y}, {frame.High.x, frame.Low.y + TitleBlockHeight()}};
   pencil.Frame(layer::kFrame, block, 0.5);
   double top = block.High.y;

@@ -21,8 +21,8 @@ Box FrameOf(const Paper& paper);
 double TitleBlockHeight();
 
 /// Draws the block into the lower right corner of `frame`, `width` wide.
-void DrawTitleBlock(const DiagramInputs& inputs, const Drawing& drawing, const SheetNumber& sheet, const Box& frame,
-                    double width, Pencil& pencil);
+void DrawTitleBlock(const DiagramInputs& inputs, const Drawing& drawing, const SheetNumber& sheet,
+                    const Box& frame, double width, Pencil& pencil);
 
 /// Draws the frame and, along its lower edge, the one line that further sheets have.
 /// Returns  what is left inside

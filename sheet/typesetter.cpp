@@ -74,9 +74,7 @@ double Typesetter::Width() const {
   return logical.width / (PANGO_SCALE * kSetSize);
 }
 
-int Typesetter::MissingGlyphs() const {
-  return pango_layout_get_unknown_glyphs_count(parts_->Layout.get());
-}
+int Typesetter::MissingGlyphs() const { return pango_layout_get_unknown_glyphs_count(parts_->Layout.get()); }
 
 void Typesetter::Show(cairo_t* page) const {
   cairo_save(page);
@@ -96,7 +94,9 @@ Typesetter& Measure(std::string_view words, bool bold) {
 
 }  // namespace
 
-double TextWidth(std::string_view words, double size, bool bold) { return Measure(words, bold).Width() * size; }
+double TextWidth(std::string_view words, double size, bool bold) {
+  return Measure(words, bold).Width() * size;
+}
 
 std::size_t MissingGlyphs(std::string_view words) {
   return static_cast<std::size_t>(Measure(words, false).MissingGlyphs());

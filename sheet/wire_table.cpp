@@ -9,7 +9,7 @@ namespace sheet {
 
 namespace {
 
-constexpr double kInset = 6.0;   ///< between the frame and the table
+constexpr double kInset = 6.0;      ///< between the frame and the table
 constexpr double kColumnGap = 1.4;  ///< em between columns
 constexpr double kBlockGap = 10.0;
 constexpr double kSmallest = 1.5, kUsual = 2.3, kLargest = 3.0;
@@ -43,7 +43,9 @@ WireTable::WireTable(const DiagramInputs& inputs, const Box& room) : rows_(input
     columns_.push_back(std::move(column));
   };
   const auto length = [&](auto&& value) {
-    return [&inputs, decimals, value](const DiagramWire& wire) { return Fixed(value(wire) * inputs.NumberScale, decimals); };
+    return [&inputs, decimals, value](const DiagramWire& wire) {
+      return Fixed(value(wire) * inputs.NumberScale, decimals);
+    };
   };
   add("No.", true, [](const DiagramWire& wire) { return std::to_string(wire.Number); });
   add("Name", false, [](const DiagramWire& wire) { return CleanText(wire.Name); });
@@ -68,7 +70,8 @@ void WireTable::LayOut(const glm::dvec2& room) {
   while (size_ > kSmallest && WidthOfRow(size_) > room.x) size_ -= 0.1;
   if (Capacity(room) == 0)
     throw DoesNotFit("the table does not fit on the sheet; it needs " +
-                     Decimal(std::ceil(WidthOfRow(size_) + 2.0 * kInset + 20.0), 0) + " mm in width and 100 in height");
+                     Decimal(std::ceil(WidthOfRow(size_) + 2.0 * kInset + 20.0), 0) +
+                     " mm in width and 100 in height");
   blocks_ = BlocksIn(room);
   rowsPerBlock_ = Capacity(room) / blocks_;
   // Blocks of one page are of one height.
@@ -101,13 +104,15 @@ std::size_t WireTable::Pages() const {
 void WireTable::Draw(std::size_t page, const Box& room, Pencil& pencil) const {
   const Box inside = room.Inset(kInset);
   glm::dvec2 corner(inside.Low.x, inside.High.y - kHeading);
-  pencil.Add(layer::kTable, Text{.At = {corner.x, inside.High.y - 3.0}, .Words = "Wires", .Size = 3.5, .Bold = true});
-  pencil.Add(layer::kTable, Text{.At = {corner.x + 16.0, inside.High.y - 3.0},
-                                 .Words = "Places and lengths in " + unit_ +
-                                          ", from the middle of the base die; angles in degrees, from the normal of "
-                                          "the pad's edge",
-                                 .Size = 2.3,
-                                 .Colour = Grey(0.25)});
+  pencil.Add(layer::kTable,
+             Text{.At = {corner.x, inside.High.y - 3.0}, .Words = "Wires", .Size = 3.5, .Bold = true});
+  pencil.Add(layer::kTable,
+             Text{.At = {corner.x + 16.0, inside.High.y - 3.0},
+                  .Words = "Places and lengths in " + unit_ +
+                           ", from the middle of the base die; angles in degrees, from the normal of "
+                           "the pad's edge",
+                  .Size = 2.3,
+                  .Colour = Grey(0.25)});
   for (std::size_t block = 0; block < blocks_; ++block) {
     const std::size_t first = (page * blocks_ + block) * rowsPerBlock_;
     if (first >= rows_) break;
@@ -137,7 +142,8 @@ void WireTable::DrawBlock(std::size_t first, const glm::dvec2& corner, Pencil& p
     const Align align = column.AtRight ? Align::End : Align::Start;
     const auto write = [&](double y, const std::string& words, bool bold) {
       if (!words.empty())
-        pencil.Add(layer::kTable, Text{.At = {at, y}, .Words = words, .Size = size_, .Alignment = align, .Bold = bold});
+        pencil.Add(layer::kTable,
+                   Text{.At = {at, y}, .Words = words, .Size = size_, .Alignment = align, .Bold = bold});
     };
     write(corner.y - height, column.Caption, true);
     for (std::size_t row = first; row < last; ++row)

@@ -150,6 +150,7 @@ void PackageReader::ReadWire() {
   bond->WireStartX = Scaled(2);
   bond->WireStartY = Scaled(3);
   bond->WireStartZ = Scaled(7);
+  bond->Lead = tokens_[4];
   bond->WireEndX = Scaled(5);
   bond->WireEndY = Scaled(6);
   bond->WireEndZ = Scaled(8);

@@ -33,7 +33,8 @@ std::string FaultOf(const std::string& text) {
 
 TEST(RulesFile, TakesEveryRuleWithItsWordsInOrder) {
   const RuleSet set = ReadRules(
-      "f", "# a house\n\n  rules  A house, 2026  # its name\n"
+      "f",
+      "# a house\n\n  rules  A house, 2026  # its name\n"
       "max-length 5 mm\nmin-length .5 mm plan\tnet POWER note\r\nmax-angle 45.5 deg tier 2 error # wide\n"
       "no-crossing\nwire-gap 1e-2 mil\nmax-wires 2 tier 1 finding\nlead-gap 1.5 die-height");
   EXPECT_EQ(set.Name, "A house, 2026");
@@ -46,8 +47,10 @@ TEST(RulesFile, TakesEveryRuleWithItsWordsInOrder) {
 
 TEST(RulesFile, TheLastOfTheSameRuleCounts) {
   // Another unit of length, limit or level is the same rule; plan, tier, net and die heights are others.
-  EXPECT_EQ(Texts(ReadRules("f", "max-length 5 mm\nmax-length 4 mm plan\nmax-length 2 die-height\nmax-length 3 mm tier 1\n"
-                            "max-length 3 mm net GROUND\nmax-length 100 mil error\n")),
+  EXPECT_EQ(Texts(ReadRules(
+                "f",
+                "max-length 5 mm\nmax-length 4 mm plan\nmax-length 2 die-height\nmax-length 3 mm tier 1\n"
+                "max-length 3 mm net GROUND\nmax-length 100 mil error\n")),
             (Lines{"max-length 4 mm plan", "max-length 2 die-height", "max-length 3 mm tier 1",
                    "max-length 3 mm net GROUND", "max-length 100 mil error"}));
 }

@@ -22,9 +22,10 @@ Drawing Sample(const std::string& words) {
   const std::size_t under = drawing.LayerOf("UNDER");
   const std::size_t wires = drawing.LayerOf("WIRES_1");
   drawing.Pages.resize(2);
-  drawing.Pages[0].Items = {{wires, Line{{40.0, 20.0}, {55.0, 12.5}}},
-                            {under, Area{.Outlines = {{{10.0, 10.0}, {20.0, 10.0}, {10.0, 20.0}}}, .Fill = kBlack}},
-                            {wires, Text{.At = {60.0, 40.0}, .Words = words}}};
+  drawing.Pages[0].Items = {
+      {wires, Line{{40.0, 20.0}, {55.0, 12.5}}},
+      {under, Area{.Outlines = {{{10.0, 10.0}, {20.0, 10.0}, {10.0, 20.0}}}, .Fill = kBlack}},
+      {wires, Text{.At = {60.0, 40.0}, .Words = words}}};
   drawing.Pages[1].Items = {{wires, Circle{.Centre = {50.0, 25.0}, .Radius = 5.0, .Pen = Stroke{}}}};
   return drawing;
 }
@@ -33,7 +34,9 @@ TEST(Drawing, CleansTextForEveryFormat) {
   const std::pair<std::string, std::string> rows[] = {
       {"VDD_1[3]", "VDD_1[3]"},
       {"tab\there\r\n", "tab here  "},
-      {std::string("a\0b", 3), "a\xef\xbf\xbd" "b"},
+      {std::string("a\0b", 3),
+       "a\xef\xbf\xbd"
+       "b"},
       {"\xe4\xb8\xad\xd0\xa4", "\xe4\xb8\xad\xd0\xa4"},
       {"bad\xff\xc3", "bad\xef\xbf\xbd\xef\xbf\xbd"},
       {"\xe2\x80\xa8\xef\xbf\xbe", "  "}};  // U+2028 ends a line, U+FFFE is not allowed in XML
@@ -41,8 +44,11 @@ TEST(Drawing, CleansTextForEveryFormat) {
 }
 
 TEST(Drawing, WritesDecimalsShortAndWithoutMinusZero) {
-  const std::tuple<double, int, const char*> rows[] = {
-      {1.5, 4, "1.5"}, {-0.00001, 3, "0"}, {100.0, 2, "100"}, {1e20, 1, "100000000000000000000"}, {2.5, 0, "2"}};
+  const std::tuple<double, int, const char*> rows[] = {{1.5, 4, "1.5"},
+                                                       {-0.00001, 3, "0"},
+                                                       {100.0, 2, "100"},
+                                                       {1e20, 1, "100000000000000000000"},
+                                                       {2.5, 0, "2"}};
   for (const auto& [value, decimals, text] : rows) EXPECT_EQ(Decimal(value, decimals), text);
 }
 
@@ -68,7 +74,8 @@ TEST(Svg, HoldsThePagesOneBelowTheOtherInOneGroupForEachLayer) {
 TEST(Dxf, IsTrueToSizeWithFurtherPagesAtTheRight) {
   const std::string dxf = DxfOf(Sample("A"));
   // (55 - 40) / 10 and (12.5 - 20) / 10.
-  EXPECT_NE(dxf.find("0\nLINE\n8\nWIRES_1\n10\n0\n20\n0\n30\n0\n11\n1.5\n21\n-0.75\n31\n0\n"), std::string::npos);
+  EXPECT_NE(dxf.find("0\nLINE\n8\nWIRES_1\n10\n0\n20\n0\n30\n0\n11\n1.5\n21\n-0.75\n31\n0\n"),
+            std::string::npos);
   EXPECT_NE(dxf.find("0\nSOLID\n8\nUNDER\n10\n-3\n20\n-1\n"), std::string::npos);
   // The second page begins 100 + 20 further right: (50 + 120 - 40) / 10.
   EXPECT_NE(dxf.find("0\nCIRCLE\n8\nWIRES_1\n10\n13\n20\n0.5\n30\n0\n40\n0.5\n"), std::string::npos);

@@ -64,8 +64,9 @@ TEST(LabelPlacement, AFullEdgeHandsLabelsAroundItsCorners) {
   for (int k = 0; k < 26; ++k) wishes.push_back({{20.0, 20.0 + 0.5 * k}, {-1.0, 0.0}});
   const std::vector<LabelPlace> places = PlaceLabels(wishes, kRoom);
   EXPECT_EQ(places.size(), 26U);
-  EXPECT_EQ(std::count_if(places.begin(), places.end(), [](const auto& place) { return place.At == Edge::Left; }),
-            20);
+  EXPECT_EQ(
+      std::count_if(places.begin(), places.end(), [](const auto& place) { return place.At == Edge::Left; }),
+      20);
   ExpectClear(places, kRoom);
 }
 
@@ -76,7 +77,8 @@ TEST(LabelPlacement, NoneOverlapsAnyAndFewerShowWhereNotAllFit) {
   std::uniform_real_distribution<double> x(0.0, 100.0), y(0.0, 60.0), way(-1.0, 1.0);
   for (const std::size_t count : {1U, 30U, 90U, 106U, 107U, 2250U, 32000U}) {
     std::vector<LabelWish> wishes;
-    for (std::size_t k = 0; k < count; ++k) wishes.push_back({{x(random), y(random)}, {way(random), way(random)}});
+    for (std::size_t k = 0; k < count; ++k)
+      wishes.push_back({{x(random), y(random)}, {way(random), way(random)}});
     const std::vector<LabelPlace> places = PlaceLabels(wishes, kRoom);
     EXPECT_EQ(places.size(), std::min<std::size_t>(count, 106));
     ExpectClear(places, kRoom);
