@@ -4,8 +4,6 @@
 #include <cstdint>
 #include <unordered_map>
 
-#include "analysis/near_loops.h"
-
 namespace analysis {
 
 namespace {
@@ -21,18 +19,6 @@ class Numbers {
   std::unordered_map<std::string, std::uint32_t> numbers_;
 };
 
-std::vector<LoopOfNet> LoopsByNumber(const std::vector<WireLoop>& loops, const NetRule& rule) {
-  Numbers nets;
-  Numbers pads;
-  std::vector<LoopOfNet> numbered;
-  numbered.reserve(loops.size());
-  for (const WireLoop& loop : loops)
-    numbered.push_back({.Points = loop.Points,
-                        .Net = nets.Of(NetOf(rule, loop.Name)),
-                        .Pads = {pads.Of(loop.Pads[0]), pads.Of(loop.Pads[1])}});
-  return numbered;
-}
-
 Finding KindOf(double clearance, const std::optional<double>& limit) {
   if (clearance <= 0.0) return Finding::Touching;
   return limit && clearance < *limit ? Finding::BelowLimit : Finding::None;
@@ -43,6 +29,18 @@ Finding KindOf(double clearance, const std::optional<double>& limit) {
 std::size_t Clearances::Count(Finding kind) const {
   return static_cast<std::size_t>(
       std::count_if(Rows.begin(), Rows.end(), [kind](const ClearanceRow& row) { return row.Kind == kind; }));
+}
+
+std::vector<LoopOfNet> LoopsByNumber(const std::vector<WireLoop>& loops, const NetRule& rule) {
+  Numbers nets;
+  Numbers pads;
+  std::vector<LoopOfNet> numbered;
+  numbered.reserve(loops.size());
+  for (const WireLoop& loop : loops)
+    numbered.push_back({.Points = loop.Points,
+                        .Net = nets.Of(NetOf(rule, loop.Name)),
+                        .Pads = {pads.Of(loop.Pads[0]), pads.Of(loop.Pads[1])}});
+  return numbered;
 }
 
 Clearances MeasureClearances(const std::vector<WireLoop>& loops, const ClearanceRules& rules) {

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "analysis/near_loops.h"
 #include "analysis/nets.h"
 #include "analysis/wire_loops.h"
 
@@ -39,6 +40,9 @@ struct ClearanceRules {
   std::optional<double> Limit = {};  ///< wires with less room are findings too
   bool All = false;                  ///< every finding, not only each wire's nearest other one
 };
+
+/// The loops as they are compared: with numbers for the names of their nets and pads.
+std::vector<LoopOfNet> LoopsByNumber(const std::vector<WireLoop>& loops, const NetRule& rule);
 
 /// For every wire the pair with its nearest other one; with `All` every other finding too.
 Clearances MeasureClearances(const std::vector<WireLoop>& loops, const ClearanceRules& rules);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,12 +16,21 @@ enum class Severity {
   Note      ///< may be intended
 };
 
+/// What a rule measured.
+struct RuleValue {
+  std::string Rule;
+  std::optional<double> Value, Limit;  ///< none where the rule has no limit
+  std::string Unit;
+  std::size_t OtherLine = 0;  ///< of the other record of a pair, else 0
+};
+
 struct Diagnostic {
   analysis::Severity Severity;
   const char* Kind;  ///< a short name for programs
   model::FilePlace Place;
   std::string What;
   std::string Advice;
+  std::optional<RuleValue> Measured = {};  ///< of a rule
 };
 
 struct Diagnostics {

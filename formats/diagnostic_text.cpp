@@ -24,6 +24,7 @@ std::map<std::string, std::size_t> NoteCounts(const Diagnostics& diagnostics) {
 
 // The kind in words, "pads without wire"; of one thing without the plural's letter.
 std::string Counted(std::string kind, std::size_t count) {
+  if (kind == "rule") return count == 1 ? "value beyond its limit" : "values beyond their limits";
   std::replace(kind.begin(), kind.end(), '-', ' ');
   const std::size_t plural = kind.find("s without");
   if (count == 1 && plural != std::string::npos) kind.erase(plural, 1);
@@ -42,6 +43,14 @@ const char* PrefixOf(Severity severity) {
   return "note: ";
 }
 
+void AddMeasured(const analysis::RuleValue& measured, Json& item) {
+  item["rule"] = measured.Rule;
+  if (measured.Value) item["value"] = *measured.Value;
+  if (measured.Limit) item["limit"] = *measured.Limit;
+  item["unit"] = measured.Unit;
+  if (measured.OtherLine != 0) item["other_line"] = measured.OtherLine;
+}
+
 Json ListOf(const Diagnostics& diagnostics, Severity severity) {
   Json list = Json::array();
   for (const Diagnostic& one : diagnostics.List) {
@@ -50,9 +59,23 @@ Json ListOf(const Diagnostics& diagnostics, Severity severity) {
     if (one.Place.Line == 0) item["line"] = nullptr;
     item["what"] = one.What;
     item["advice"] = one.Advice;
+    if (one.Measured) AddMeasured(*one.Measured, item);
     list.push_back(std::move(item));
   }
   return list;
+}
+
+Json ObjectOf(const Diagnostics& diagnostics, bool listNotes) {
+  Json counts = Json::object();
+  for (const auto& [kind, count] : NoteCounts(diagnostics)) counts[kind] = count;
+  Json json{{"file", diagnostics.File},
+            {"lines", diagnostics.Lines},
+            {"ignored", diagnostics.Ignored},
+            {"errors", ListOf(diagnostics, Severity::Error)},
+            {"findings", ListOf(diagnostics, Severity::Finding)},
+            {"note_counts", counts}};
+  if (listNotes) json["notes"] = ListOf(diagnostics, Severity::Note);
+  return json;
 }
 
 }  // namespace
@@ -78,16 +101,13 @@ std::string SummaryOf(const Diagnostics& diagnostics) {
 }
 
 std::string JsonOf(const Diagnostics& diagnostics, bool listNotes) {
-  Json counts = Json::object();
-  for (const auto& [kind, count] : NoteCounts(diagnostics)) counts[kind] = count;
-  Json json{{"file", diagnostics.File},
-            {"lines", diagnostics.Lines},
-            {"ignored", diagnostics.Ignored},
-            {"errors", ListOf(diagnostics, Severity::Error)},
-            {"findings", ListOf(diagnostics, Severity::Finding)},
-            {"note_counts", counts}};
-  if (listNotes) json["notes"] = ListOf(diagnostics, Severity::Note);
-  return JsonText(json);
+  return JsonText(ObjectOf(diagnostics, listNotes));
+}
+
+std::string JsonOf(const std::vector<Diagnostics>& files, bool listNotes) {
+  Json list = Json::array();
+  for (const Diagnostics& file : files) list.push_back(ObjectOf(file, listNotes));
+  return JsonText(list);
 }
 
 }  // namespace formats

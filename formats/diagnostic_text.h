@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "analysis/diagnostics.h"
 
@@ -16,5 +17,7 @@ std::string SummaryOf(const analysis::Diagnostics& diagnostics);
 
 /// All of it as one JSON object.
 std::string JsonOf(const analysis::Diagnostics& diagnostics, bool listNotes);
+/// A list of these objects.
+std::string JsonOf(const std::vector<analysis::Diagnostics>& files, bool listNotes);
 
 }  // namespace formats

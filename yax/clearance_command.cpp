@@ -41,24 +41,16 @@ model::WireSelection OffendersOf(const analysis::Clearances& clearances) {
   return selection;
 }
 
-analysis::Clearances ClearancesOf(const OpenedPackage& opened, const analysis::ClearanceRules& rules) {
-  try {
-    return analysis::MeasureClearances(analysis::WireLoopsOf(opened.Wires()), rules);
-  } catch (const model::Fault& fault) {
-    throw opened.NotDrawn(fault);
-  }
-}
-
 Status Clearance(const ClearanceOptions& options) {
   if (!options.pictureFile.empty()) PictureFormatOf(options.pictureFile);
   CheckCamera(options.camera);
   OpenedPackage opened(options.package, options.loops);
   const analysis::LengthUnit unit = UnitOf(options.unit, opened.Package);
   const analysis::Clearances clearances =
-      ClearancesOf(opened, {.Nets = options.nets,
-                            .WireDiameter = WireDiameterIn(unit, opened.Settings),
-                            .Limit = options.limit,
-                            .All = options.all});
+      analysis::MeasureClearances(opened.Loops(), {.Nets = options.nets,
+                                                   .WireDiameter = WireDiameterIn(unit, opened.Settings),
+                                                   .Limit = options.limit,
+                                                   .All = options.all});
   if (!options.pictureFile.empty()) {
     opened.Selection = OffendersOf(clearances);
     WriteOutput(options.pictureFile,

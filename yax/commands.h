@@ -26,6 +26,7 @@ Command AddWires(CLI::App& program);
 Command AddClearance(CLI::App& program);
 Command AddExport(CLI::App& program);
 Command AddImport(CLI::App& program);
+Command AddDiagram(CLI::App& program);
 Command AddCompletion(CLI::App& program);
 
 /// Every command, in the order in which the help lists them.

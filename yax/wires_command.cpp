@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "analysis/lengths.h"
+#include "formats/bond_list.h"
 #include "formats/length_table.h"
 #include "model/numbers.h"
 #include "model/text.h"
@@ -20,6 +21,7 @@ namespace {
 struct WiresOptions {
   PackageOptions package;
   std::string output = "-";
+  std::string format = "csv";
   bool json = false;
   bool summary = false;
   std::string unit = "units";
@@ -51,24 +53,23 @@ Status Judge(const std::vector<analysis::WireRow>& rows, const analysis::RecordL
   return status;
 }
 
-std::vector<analysis::WireRow> RowsOf(const OpenedPackage& opened) {
-  try {
-    return analysis::MeasureLengths(opened.Package, analysis::WireLoopsOf(opened.Wires()));
-  } catch (const model::Fault& fault) {
-    throw opened.NotDrawn(fault);
-  }
+std::string TextOf(const OpenedPackage& opened, const std::vector<analysis::WireLoop>& loops,
+                   const std::vector<analysis::WireRow>& rows, const WiresOptions& options) {
+  if (options.format == "bond-list") return formats::BondList({opened.Package, opened.Lines, loops, rows});
+  if (options.format == "net-list") return formats::NetList({opened.Package, opened.Lines, loops, rows});
+  const std::vector<analysis::WireGroup> groups = analysis::GroupsOf(rows);
+  if (options.json) return formats::WiresJson(options.summary ? nullptr : &rows, groups, options.unit);
+  return options.summary ? formats::GroupsCsv(groups, options.unit) : formats::WiresCsv(rows, options.unit);
 }
 
 Status Wires(const WiresOptions& options) {
+  if (options.format != "csv" && (options.json || options.summary))
+    throw Unusable(CommandLine(), "--json and --summary do not go with --format " + options.format,
+                   "leave them out");
   const OpenedPackage opened(options.package, options.loops, options.wires);
-  const std::vector<analysis::WireRow> rows = RowsOf(opened);
-  const std::vector<analysis::WireGroup> groups = analysis::GroupsOf(rows);
-  if (options.json) {
-    WriteOutput(options.output, formats::WiresJson(options.summary ? nullptr : &rows, groups, options.unit));
-  } else {
-    WriteOutput(options.output, options.summary ? formats::GroupsCsv(groups, options.unit)
-                                                : formats::WiresCsv(rows, options.unit));
-  }
+  const std::vector<analysis::WireLoop> loops = opened.Loops();
+  const std::vector<analysis::WireRow> rows = analysis::MeasureLengths(opened.Package, loops);
+  WriteOutput(options.output, TextOf(opened, loops, rows, options));
   return Judge(rows, opened.Lines, options);
 }
 
@@ -86,6 +87,10 @@ Command AddWires(CLI::App& program) {
   AddPackageOption(*command, options->package);
   command->add_option("-o,--output", options->output, "Where to write; - for standard output (the default)")
       ->type_name("FILE");
+  command
+      ->add_option("--format", options->format,
+                   "csv (the default), or the tables of assembly houses: bond-list, net-list")
+      ->check(CLI::IsMember(std::vector<std::string>{"csv", "bond-list", "net-list"}));
   command->add_flag("--json", options->json, "JSON, wires and summary, in place of CSV");
   command->add_flag("--summary", options->summary, "Only a summary per tier and net type");
   command

@@ -10,6 +10,14 @@ OpenedPackage::OpenedPackage(const PackageOptions& file, const LoopOptions& loop
       Shapes(ShapesOf(loops.Tiers, Package)),
       Selection(SelectionOf(wires, Package)) {}
 
+std::vector<analysis::WireLoop> OpenedPackage::Loops() const {
+  try {
+    return analysis::WireLoopsOf(Wires());
+  } catch (const model::Fault& fault) {
+    throw NotDrawn(fault);
+  }
+}
+
 Unusable OpenedPackage::NotDrawn(const model::Fault& fault) const {
   return analysis::NotDrawn(Package.PackagePath, fault, Lines);
 }

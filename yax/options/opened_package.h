@@ -1,7 +1,10 @@
 /// A package as commands open it: read, with the settings, loops and wires that the options ask for.
 #pragma once
 
+#include <vector>
+
 #include "analysis/record_lines.h"
+#include "analysis/wire_loops.h"
 #include "model/for_each_wire.h"
 #include "render/scene.h"
 #include "yax/messages.h"
@@ -19,6 +22,9 @@ struct OpenedPackage {
   render::SceneInputs Inputs(const render::Appearance& appearance) const {
     return {Package, Settings, appearance, Selection, &Shapes};
   }
+  /// The loops of the wires chosen.
+  /// Faults  Unusable when one of them cannot be drawn
+  std::vector<analysis::WireLoop> Loops() const;
   /// What the command ends with when the package cannot be drawn.
   Unusable NotDrawn(const model::Fault& fault) const;
 

@@ -1,0 +1,20 @@
+/// Finds the pairs of boxes that come near each other without comparing all with all.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <glm/vec2.hpp>
+#include <vector>
+
+namespace analysis {
+
+struct PlanBox {
+  glm::dvec2 Low{}, High{};
+};
+
+/// Calls `visit` once for every pair, the smaller number first, whose boxes come as near as `reach` along
+/// both axes.
+void ForEachNearPair(const std::vector<PlanBox>& boxes, double reach,
+                     const std::function<void(std::size_t, std::size_t)>& visit);
+
+}  // namespace analysis

@@ -1,0 +1,421 @@
+#include "analysis/rules_check.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <functional>
+#include <glm/geometric.hpp>
+#include <map>
+#include <tuple>
+#include <utility>
+
+#include "analysis/clearance.h"
+#include "analysis/lengths.h"
+#include "analysis/near_loops.h"
+#include "analysis/near_pairs.h"
+#include "analysis/pads.h"
+#include "analysis/segment_tree.h"
+#include "model/side.h"
+
+namespace analysis {
+
+namespace {
+
+/// A value as near to its limit as this keeps it.
+constexpr double kSlackMillimetres = 1e-5;
+constexpr double kSlackDegrees = 1e-3;
+
+/// A record with what limits by tier and net type go by: those of the wire list's entry of its name.
+struct Thing {
+  model::RecordPlace Place;
+  std::size_t Line = 0;
+  std::string_view Tier, NetType;
+};
+
+bool IsMeant(const Rule& rule, const Thing& thing) {
+  return (rule.Tier.empty() || thing.Tier == rule.Tier) &&
+         (rule.NetType.empty() || thing.NetType == rule.NetType);
+}
+
+/// A substrate pad that one record has, or several with the same place, size and angle.
+struct Lead {
+  PlanRectangle Shape;
+  std::vector<Thing> Records;      ///< in the order of the file's lines
+  std::vector<std::size_t> Wires;  ///< that end here
+};
+
+bool IsMeant(const Rule& rule, const Lead& lead) {
+  return std::any_of(lead.Records.begin(), lead.Records.end(),
+                     [&](const Thing& record) { return IsMeant(rule, record); });
+}
+
+struct DiePad {
+  PlanRectangle Shape;
+  Thing Record;
+  std::optional<model::Side> Edge;
+};
+
+PlanBox BoxOf(const PlanRectangle& shape) {
+  const std::array<glm::dvec2, 4> corners = shape.Corners();
+  PlanBox box{corners[0], corners[0]};
+  for (const glm::dvec2& corner : corners) {
+    box.Low = glm::min(box.Low, corner);
+    box.High = glm::max(box.High, corner);
+  }
+  return box;
+}
+
+/// The limit in file units; degrees and numbers of wires stay.
+double LimitOf(const Rule& rule, const RuleInputs& inputs) {
+  switch (rule.Unit) {
+    case LimitUnit::Millimetre:
+      return rule.Limit / inputs.Millimetres;
+    case LimitUnit::Micrometre:
+      return rule.Limit * 1e-3 / inputs.Millimetres;
+    case LimitUnit::Mil:
+      return rule.Limit * 25.4e-3 / inputs.Millimetres;
+    case LimitUnit::DieHeight:
+      return rule.Limit * std::fabs(double(inputs.Package.CompZ)) * double(inputs.Package.UnitScale);
+    case LimitUnit::None:
+    case LimitUnit::Degree:
+      break;
+  }
+  return rule.Limit;
+}
+
+/// Two wires and the room between their surfaces.
+struct WirePair {
+  std::size_t First = 0, Second = 0;
+  double Gap = 0.0;
+};
+
+class RulesCheck {
+ public:
+  RulesCheck(const RuleSet& set, const RuleInputs& inputs)
+      : set_(set),
+        in_(inputs),
+        rows_(MeasureLengths(inputs.Package, inputs.Loops)),
+        numbered_(LoopsByNumber(inputs.Loops, inputs.Nets)) {
+    for (const model::WireNameRec& entry : inputs.Package.WireNames) entries_.emplace(entry.Name, &entry);
+    CollectWires();
+    CollectLeads();
+    CollectDiePads();
+  }
+
+  RulesReport Run() {
+    for (rule_ = 0; rule_ < set_.Rules.size(); ++rule_) {
+      measured_ = false;
+      limit_ = LimitOf(set_.Rules[rule_], in_);
+      Check(set_.Rules[rule_]);
+      if (!measured_) report_.Unmeasured.push_back(rule_);
+    }
+    return std::move(report_);
+  }
+
+ private:
+  Thing ThingOf(const Pad& pad) const;
+  void CollectWires();
+  void CollectLeads();
+  void CollectDiePads();
+
+  void Check(const Rule& rule);
+  void CheckWires(const Rule& rule, const std::function<double(std::size_t)>& valueOf);
+  void CheckLeads(const Rule& rule, const std::function<double(const PlanRectangle&)>& valueOf);
+  void CheckPadSizes(const Rule& rule);
+  void CheckPadsToEdge(const Rule& rule);
+  void CheckCrossings(const Rule& rule);
+  void CheckWireGaps(const Rule& rule);
+  void CheckLeadGaps(const Rule& rule);
+  void CheckPadPairs(const Rule& rule);
+  void CheckPadRow(const Rule& rule, const std::vector<std::size_t>& row);
+  void CheckWiresOnLeads(const Rule& rule);
+
+  double LengthOf(std::size_t wire, bool plan) const;
+  double HeightOf(std::size_t wire) const;
+  Segment InPlan(std::size_t wire) const;
+  bool AnyPairOfWires(const Rule& rule) const;
+  const std::vector<WirePair>& WirePairs();
+  double Slack() const { return kSlackMillimetres / in_.Millimetres; }
+  void Report(const Thing& thing, std::optional<double> value, std::vector<std::string> wires = {});
+  void ReportPair(const Thing& a, const Thing& b, std::optional<double> value,
+                  std::vector<std::string> wires = {});
+
+  const RuleSet& set_;
+  const RuleInputs& in_;
+  std::vector<WireRow> rows_;
+  std::vector<LoopOfNet> numbered_;
+  std::map<std::string_view, const model::WireNameRec*> entries_;
+  std::vector<Thing> wires_;
+  std::vector<Lead> leads_;
+  std::vector<DiePad> diePads_;
+  std::optional<std::vector<WirePair>> pairs_;  ///< as near as the widest limit for gaps
+  RulesReport report_;
+  // Of the rule being checked:
+  std::size_t rule_ = 0;
+  double limit_ = 0.0;
+  bool measured_ = false;
+};
+
+void RulesCheck::Report(const Thing& thing, std::optional<double> value, std::vector<std::string> wires) {
+  report_.Remarks.push_back({.Rule = rule_,
+                             .Place = thing.Place,
+                             .Line = thing.Line,
+                             .Value = value,
+                             .Limit = value ? std::optional(limit_) : std::nullopt,
+                             .Wires = std::move(wires)});
+}
+
+void RulesCheck::ReportPair(const Thing& a, const Thing& b, std::optional<double> value,
+                            std::vector<std::string> wires) {
+  const bool inOrder = a.Line <= b.Line;
+  Report(inOrder ? b : a, value, std::move(wires));
+  report_.Remarks.back().Other = (inOrder ? a : b).Place;
+  report_.Remarks.back().OtherLine = (inOrder ? a : b).Line;
+}
+
+Thing RulesCheck::ThingOf(const Pad& pad) const {
+  Thing thing{pad.Place, in_.Lines.Of(pad.Place), {}, {}};
+  const auto entry = entries_.find(BondOf(in_.Package, pad).Name);
+  if (entry != entries_.end())
+    std::tie(thing.Tier, thing.NetType) = std::tie(entry->second->Tier, entry->second->NetType);
+  return thing;
+}
+
+void RulesCheck::CollectWires() {
+  for (const WireRow& row : rows_)
+    wires_.push_back({row.Place, in_.Lines.Of(row.Place), row.Tier, row.NetType});
+}
+
+void RulesCheck::CollectLeads() {
+  using Key = std::array<double, 6>;
+  std::map<Key, std::size_t> numbers;
+  std::map<std::pair<model::RecordTable, std::size_t>, std::size_t> leadOfBond;
+  for (const Pad& pad : SubstratePads(in_.Package)) {
+    const PlanRectangle& at = pad.Shape;
+    const Key key{at.Centre.x, at.Centre.y, at.Axis.x, at.Axis.y, at.Half.x, at.Half.y};
+    const auto [found, isNew] = numbers.try_emplace(key, leads_.size());
+    if (isNew) leads_.push_back({at, {}, {}});
+    leads_[found->second].Records.push_back(ThingOf(pad));
+    leadOfBond[{pad.Place.Table, pad.Place.Number}] = found->second;
+  }
+  for (Lead& lead : leads_)
+    std::stable_sort(lead.Records.begin(), lead.Records.end(),
+                     [](const Thing& a, const Thing& b) { return a.Line < b.Line; });
+  // A wire ends on the substrate pad of its bond.
+  for (std::size_t wire = 0; wire < wires_.size(); ++wire) {
+    const auto lead = leadOfBond.find({wires_[wire].Place.Table, wires_[wire].Place.Number});
+    if (lead != leadOfBond.end()) leads_[lead->second].Wires.push_back(wire);
+  }
+}
+
+void RulesCheck::CollectDiePads() {
+  for (const Pad& pad : DiePads(in_.Package))
+    diePads_.push_back({pad.Shape, ThingOf(pad), model::SideOf(BondOf(in_.Package, pad).DieSide)});
+}
+
+void RulesCheck::Check(const Rule& rule) {
+  switch (rule.Name) {
+    case RuleName::MaxLength:
+    case RuleName::MinLength:
+      return CheckWires(rule, [&](std::size_t wire) { return LengthOf(wire, rule.Plan); });
+    case RuleName::MaxAngle:
+      return CheckWires(rule, [&](std::size_t wire) { return rows_[wire].Angle; });
+    case RuleName::MaxLoopHeight:
+      return CheckWires(rule, [&](std::size_t wire) { return HeightOf(wire); });
+    case RuleName::NoCrossing:
+      return CheckCrossings(rule);
+    case RuleName::WireGap:
+      return CheckWireGaps(rule);
+    case RuleName::DieToLead: {
+      const PlanRectangle die = RectangleOf(BaseDieOf(in_.Package));
+      return CheckLeads(rule, [&](const PlanRectangle& lead) { return DistanceBetween(die, lead); });
+    }
+    case RuleName::LeadWidth:
+      return CheckLeads(rule, [](const PlanRectangle& lead) { return lead.ShorterSide(); });
+    case RuleName::LeadLength:
+      return CheckLeads(rule, [](const PlanRectangle& lead) { return lead.LongerSide(); });
+    case RuleName::LeadGap:
+      return CheckLeadGaps(rule);
+    case RuleName::PadSize:
+      return CheckPadSizes(rule);
+    case RuleName::PadGap:
+    case RuleName::PadPitch:
+      return CheckPadPairs(rule);
+    case RuleName::PadToEdge:
+      return CheckPadsToEdge(rule);
+    case RuleName::MaxWires:
+      return CheckWiresOnLeads(rule);
+  }
+}
+
+double RulesCheck::LengthOf(std::size_t wire, bool plan) const {
+  const auto& points = in_.Loops[wire].Points;
+  if (plan) return glm::distance(glm::dvec2(points.front()), glm::dvec2(points.back()));
+  double length = 0.0;
+  for (std::size_t k = 1; k < points.size(); ++k) length += glm::distance(points[k - 1], points[k]);
+  return length;
+}
+
+/// Of the loop's highest point above the wire's start.
+double RulesCheck::HeightOf(std::size_t wire) const {
+  const auto& points = in_.Loops[wire].Points;
+  double top = points.front().z;
+  for (const glm::dvec3& point : points) top = std::max(top, point.z);
+  return top - points.front().z;
+}
+
+void RulesCheck::CheckWires(const Rule& rule, const std::function<double(std::size_t)>& valueOf) {
+  const double slack = rule.Unit == LimitUnit::Degree ? kSlackDegrees : Slack();
+  for (std::size_t wire = 0; wire < wires_.size(); ++wire) {
+    if (!IsMeant(rule, wires_[wire])) continue;
+    measured_ = true;
+    const double value = valueOf(wire);
+    const double beyond = rule.Name == RuleName::MinLength ? limit_ - value : value - limit_;
+    if (beyond > slack) Report(wires_[wire], value, {in_.Loops[wire].Name});
+  }
+}
+
+void RulesCheck::CheckLeads(const Rule& rule, const std::function<double(const PlanRectangle&)>& valueOf) {
+  for (const Lead& lead : leads_) {
+    if (!IsMeant(rule, lead)) continue;
+    measured_ = true;
+    const double value = valueOf(lead.Shape);
+    if (value < limit_ - Slack()) Report(lead.Records.front(), value);
+  }
+}
+
+void RulesCheck::CheckPadSizes(const Rule& rule) {
+  for (const DiePad& pad : diePads_) {
+    if (!IsMeant(rule, pad.Record)) continue;
+    measured_ = true;
+    if (pad.Shape.ShorterSide() < limit_ - Slack()) Report(pad.Record, pad.Shape.ShorterSide());
+  }
+}
+
+void RulesCheck::CheckPadsToEdge(const Rule& rule) {
+  const PlanRectangle base = RectangleOf(BaseDieOf(in_.Package));
+  const PlanRectangle stacked = RectangleOf(StackedDieOf(in_.Package));
+  for (const DiePad& pad : diePads_) {
+    const bool isStacked = pad.Record.Place.Table == model::RecordTable::SDBonds;
+    // Round pads show without the stacked die, too.
+    if (!IsMeant(rule, pad.Record) || (isStacked && in_.Package.SDCompW == 0.0F)) continue;
+    measured_ = true;
+    const double depth = DepthIn(isStacked ? stacked : base, pad.Shape);
+    if (depth < limit_ - Slack()) Report(pad.Record, depth);
+  }
+}
+
+/// Whether there are two wires to compare at all. Found at once unless nearly all are of one net.
+bool RulesCheck::AnyPairOfWires(const Rule& rule) const {
+  for (std::size_t a = 0; a < wires_.size(); ++a) {
+    if (!IsMeant(rule, wires_[a])) continue;
+    const auto isCompared = [&](const LoopOfNet& other) { return AreCompared(numbered_[a], other); };
+    if (std::any_of(numbered_.begin(), numbered_.end(), isCompared)) return true;
+  }
+  return false;
+}
+
+Segment RulesCheck::InPlan(std::size_t wire) const {
+  const auto& points = in_.Loops[wire].Points;
+  return {{points.front().x, points.front().y, 0.0}, {points.back().x, points.back().y, 0.0}};
+}
+
+void RulesCheck::CheckCrossings(const Rule& rule) {
+  measured_ = AnyPairOfWires(rule);
+  std::vector<WirePiece> pieces;
+  for (std::size_t wire = 0; wire < wires_.size(); ++wire)
+    pieces.push_back({InPlan(wire), static_cast<std::uint32_t>(wire), numbered_[wire].Net});
+  const SegmentTree tree(std::move(pieces));
+  const double reach = Slack();
+  for (std::size_t wire = 0; wire < wires_.size(); ++wire) {
+    const Segment line = InPlan(wire);
+    const std::array<glm::dvec3, 2> run{line.A, line.B};
+    tree.Search({run, numbered_[wire].Net}, reach, [&](const WirePiece& piece) {
+      if (piece.Wire <= wire || !AreCompared(numbered_[wire], numbered_[piece.Wire])) return;
+      if (!IsMeant(rule, wires_[wire]) && !IsMeant(rule, wires_[piece.Wire])) return;
+      if (NearestPoints(line, piece.Line).Distance > reach) return;
+      ReportPair(wires_[wire], wires_[piece.Wire], {}, {in_.Loops[wire].Name, in_.Loops[piece.Wire].Name});
+    });
+  }
+}
+
+/// Every pair as near as the widest limit of all rules for gaps, searched for once.
+const std::vector<WirePair>& RulesCheck::WirePairs() {
+  if (pairs_) return *pairs_;
+  double widest = 0.0;
+  for (const Rule& rule : set_.Rules)
+    if (rule.Name == RuleName::WireGap) widest = std::max(widest, LimitOf(rule, in_));
+  pairs_.emplace();
+  for (const LoopPair& pair : FindNearLoops(numbered_, widest + in_.WireDiameter))
+    pairs_->push_back({pair.First, pair.Second, pair.Distance - in_.WireDiameter});
+  return *pairs_;
+}
+
+void RulesCheck::CheckWireGaps(const Rule& rule) {
+  measured_ = AnyPairOfWires(rule);
+  for (const WirePair& pair : WirePairs()) {
+    if (pair.Gap >= limit_ - Slack()) continue;
+    if (!IsMeant(rule, wires_[pair.First]) && !IsMeant(rule, wires_[pair.Second])) continue;
+    ReportPair(wires_[pair.First], wires_[pair.Second], pair.Gap,
+               {in_.Loops[pair.First].Name, in_.Loops[pair.Second].Name});
+  }
+}
+
+void RulesCheck::CheckLeadGaps(const Rule& rule) {
+  std::vector<PlanBox> boxes;
+  for (const Lead& lead : leads_) {
+    boxes.push_back(BoxOf(lead.Shape));
+    measured_ = measured_ || (leads_.size() > 1 && IsMeant(rule, lead));
+  }
+  ForEachNearPair(boxes, limit_, [&](std::size_t first, std::size_t second) {
+    const Lead& a = leads_[first];
+    const Lead& b = leads_[second];
+    if (!IsMeant(rule, a) && !IsMeant(rule, b)) return;
+    const double gap = DistanceBetween(a.Shape, b.Shape);
+    if (gap < limit_ - Slack()) ReportPair(a.Records.front(), b.Records.front(), gap);
+  });
+}
+
+/// Only pads of one die and edge are neighbours.
+void RulesCheck::CheckPadPairs(const Rule& rule) {
+  std::map<std::pair<model::RecordTable, model::Side>, std::vector<std::size_t>> rows;
+  for (std::size_t k = 0; k < diePads_.size(); ++k)
+    if (diePads_[k].Edge) rows[{diePads_[k].Record.Place.Table, *diePads_[k].Edge}].push_back(k);
+  for (const auto& [key, row] : rows) CheckPadRow(rule, row);
+}
+
+void RulesCheck::CheckPadRow(const Rule& rule, const std::vector<std::size_t>& row) {
+  const bool pitch = rule.Name == RuleName::PadPitch;
+  std::vector<PlanBox> boxes;
+  for (const std::size_t k : row) {
+    const PlanRectangle& shape = diePads_[k].Shape;
+    boxes.push_back(pitch ? PlanBox{shape.Centre, shape.Centre} : BoxOf(shape));
+    measured_ = measured_ || (row.size() > 1 && IsMeant(rule, diePads_[k].Record));
+  }
+  ForEachNearPair(boxes, limit_, [&](std::size_t first, std::size_t second) {
+    const DiePad& a = diePads_[row[first]];
+    const DiePad& b = diePads_[row[second]];
+    if (!IsMeant(rule, a.Record) && !IsMeant(rule, b.Record)) return;
+    const double value =
+        pitch ? glm::distance(a.Shape.Centre, b.Shape.Centre) : DistanceBetween(a.Shape, b.Shape);
+    if (value < limit_ - Slack()) ReportPair(a.Record, b.Record, value);
+  });
+}
+
+void RulesCheck::CheckWiresOnLeads(const Rule& rule) {
+  for (const Lead& lead : leads_) {
+    std::vector<std::string> names;
+    for (const std::size_t wire : lead.Wires)
+      if (IsMeant(rule, wires_[wire])) names.push_back(in_.Loops[wire].Name);
+    if (names.empty()) continue;
+    measured_ = true;
+    const double count = static_cast<double>(names.size());
+    if (count > limit_) Report(lead.Records.front(), count, std::move(names));
+  }
+}
+
+}  // namespace
+
+RulesReport CheckRules(const RuleSet& set, const RuleInputs& inputs) { return RulesCheck(set, inputs).Run(); }
+
+}  // namespace analysis

@@ -1,0 +1,296 @@
+#include "sheet/bonding_diagram.h"
+
+#include <algorithm>
+#include <cctype>
+#include <functional>
+#include <set>
+
+#include "sheet/labels.h"
+#include "sheet/paint_order.h"
+#include "sheet/plan.h"
+#include "sheet/plan_fit.h"
+#include "sheet/plan_marks.h"
+#include "sheet/side_text.h"
+#include "sheet/title_block.h"
+#include "sheet/wire_table.h"
+
+namespace sheet {
+
+namespace {
+
+bool IsTierNumber(const std::string& tier) {
+  return !tier.empty() && tier.size() < 3 && tier != "0" &&
+         std::all_of(tier.begin(), tier.end(), [](unsigned char c) { return std::isdigit(c) != 0; });
+}
+
+std::string LayerOf(const DiagramWire& wire) {
+  if (wire.IsStitch()) return "WIRES_STITCH";
+  return "WIRES_" + (IsTierNumber(wire.Tier) ? wire.Tier : "0");
+}
+
+/// Dark enough to stay black when printed in grey.
+Ink InkOf(const std::string& wireLayer) {
+  if (wireLayer == "WIRES_2") return {0.0, 0.2, 0.65};
+  if (wireLayer == "WIRES_3") return {0.0, 0.38, 0.1};
+  if (wireLayer == "WIRES_4") return {0.5, 0.0, 0.5};
+  if (wireLayer == "WIRES_STITCH") return {0.5, 0.25, 0.0};
+  return kBlack;
+}
+
+std::string MeaningOf(const std::string& wireLayer) {
+  if (wireLayer == "WIRES_STITCH") return "stitch, pad to pad";
+  if (wireLayer == "WIRES_0") return "wire of no tier";
+  return "wire of tier " + wireLayer.substr(6);
+}
+
+/// A plan that shows all wires, or some with the others in grey.
+struct View {
+  std::string Heading;
+  std::function<bool(const DiagramWire&)> Shows;
+};
+
+std::vector<View> ViewsOf(const DiagramInputs& inputs) {
+  std::vector<View> views;
+  std::set<std::string> kinds;
+  const auto kindOf = [tier = inputs.Into == Split::Tier](const DiagramWire& wire) {
+    return tier ? wire.Tier : wire.NetType;
+  };
+  if (inputs.Into != Split::None)
+    for (const DiagramWire& wire : inputs.Wires) kinds.insert(kindOf(wire));
+  const std::string what = inputs.Into == Split::Tier ? "tier" : "net type";
+  for (const std::string& kind : kinds)
+    views.push_back({kind.empty() ? "Wires of no " + what : "Wires of " + what + " " + CleanText(kind),
+                     [kind, kindOf](const DiagramWire& wire) { return kindOf(wire) == kind; }});
+  if (views.empty()) views.push_back({"", [](const DiagramWire&) { return true; }});
+  return views;
+}
+
+class Composer {
+ public:
+  explicit Composer(const DiagramInputs& inputs)
+      : in_(inputs),
+        layout_(inputs.Paper),
+        plan_(PlanOf(inputs.Package, inputs.Millimetres)),
+        labels_(LabelsOf(inputs)) {
+    if (plan_.empty() && inputs.Wires.empty()) return;
+    extent_ = {glm::dvec2(1e300), glm::dvec2(-1e300)};
+    for (const PlanShape& shape : plan_) IncludeShape(shape);
+    for (const DiagramWire& wire : inputs.Wires)
+      for (const glm::dvec2& end : {wire.From, wire.To}) extent_.Include(end * inputs.Millimetres);
+  }
+
+  Drawing Run() {
+    fit_ = Fit();
+    drawing_.Title = in_.Title.Title.empty() ? CleanText(in_.FileName) : CleanText(in_.Title.Title);
+    drawing_.Width = in_.Paper.Width;
+    drawing_.Height = in_.Paper.Height;
+    drawing_.Scale = fit_.Scale;
+    drawing_.Origin = fit_.Origin;
+    AddLayers();
+    const std::vector<View> views = ViewsOf(in_);
+    const Box tableRoom{layout_.Frame.Low + glm::dvec2(0.0, 9.0), layout_.Frame.High};
+    std::optional<WireTable> table;
+    if (in_.Table && !in_.Wires.empty()) table.emplace(in_, tableRoom);
+    const std::vector<std::vector<SideLine>> texts = {SideLines()};
+    const std::size_t textPages = TextPages(texts[0], tableRoom);
+    SheetNumber number{1, views.size() + textPages + (table ? table->Pages() : 0)};
+    for (const View& view : views) DrawView(view, texts[0], number), ++number.This;
+    for (std::size_t k = 0; k < textPages; ++k, ++number.This) DrawTextPage(texts[0], tableRoom, number);
+    for (std::size_t k = 0; table && k < table->Pages(); ++k, ++number.This) {
+      Pencil pencil(drawing_, drawing_.Pages.emplace_back());
+      table->Draw(k, DrawStrip(in_, number, layout_.Frame, pencil), pencil);
+    }
+    return std::move(drawing_);
+  }
+
+ private:
+  static constexpr double kTextColumn = 120.0;
+
+  PlanFit Fit() const {
+    if (const std::optional<PlanFit> fit = FitOn(in_.Paper)) return *fit;
+    std::string what = "the plan does not fit on " +
+                       (in_.Paper.Name.empty() ? "this sheet" : "a sheet " + in_.Paper.Name) +
+                       (in_.Scale ? " at " + Decimal(*in_.Scale, 3) + " : 1" : "") + "; use --sheet ";
+    for (const Paper& paper : NamedPapers())
+      if (FitOn(paper)) throw DoesNotFit(what + paper.Name);
+    Paper large = NamedPapers().back();
+    while (!FitOn(large) && large.Width < 1e5) large.Width *= 1.25, large.Height *= 1.25;
+    throw DoesNotFit(what + Decimal(large.Width, 0) + "x" + Decimal(large.Height, 0));
+  }
+
+  std::optional<PlanFit> FitOn(const Paper& paper) const {
+    const SheetLayout layout(paper);
+    if (layout.Side.Size().y < 10.0) return std::nullopt;
+    return FitPlan(labels_, extent_, layout.Plan, in_.Scale);
+  }
+
+  void AddLayers() {
+    // Leaders run under leads and pads, but over a die, whose face is white.
+    drawing_.Layers = {layer::kPaddle, layer::kRings, layer::kDie,
+                       layer::kNames,  layer::kLeads, layer::kDiePads};
+    for (const DiagramWire& wire : in_.Wires) wireLayers_.insert(LayerOf(wire));
+    drawing_.Layers.insert(drawing_.Layers.end(), wireLayers_.begin(), wireLayers_.end());
+    for (const char* name : {layer::kNumbers, layer::kFrame, layer::kTable, layer::kFindings})
+      drawing_.Layers.emplace_back(name);
+  }
+
+  /// The label of the one wire that goes to lead 1, "1" or letters and "1".
+  const Label* LeadOne() const {
+    const Label* found = nullptr;
+    for (const Label& label : labels_) {
+      const std::size_t letters =
+          static_cast<std::size_t>(std::find_if(label.Lead.begin(), label.Lead.end(),
+                                                [](unsigned char c) { return std::isalpha(c) == 0; }) -
+                                   label.Lead.begin());
+      if (label.Lead.substr(letters) != "1") continue;
+      if (found != nullptr) return nullptr;
+      found = &label;
+    }
+    return found;
+  }
+
+  void IncludeShape(const PlanShape& shape) {
+    if (const auto* const circle = std::get_if<Circle>(&shape.What)) {
+      extent_.Include(circle->Centre - circle->Radius);
+      extent_.Include(circle->Centre + circle->Radius);
+    } else {
+      for (const std::vector<glm::dvec2>& outline : std::get<Area>(shape.What).Outlines)
+        for (const glm::dvec2& point : outline) extent_.Include(point);
+    }
+  }
+
+  static void DrawShape(const PlanShape& shape, Pencil& pencil) {
+    if (const auto* const circle = std::get_if<Circle>(&shape.What)) {
+      Circle onPaper = *circle;
+      onPaper.Centre = pencil.OnPaper(circle->Centre);
+      onPaper.Radius *= pencil.On().Scale;
+      return pencil.Add(shape.Layer, onPaper);
+    }
+    Area onPaper = std::get<Area>(shape.What);
+    for (std::vector<glm::dvec2>& outline : onPaper.Outlines)
+      for (glm::dvec2& point : outline) point = pencil.OnPaper(point);
+    pencil.Add(shape.Layer, std::move(onPaper));
+  }
+
+  void DrawView(const View& view, const std::vector<SideLine>& text, const SheetNumber& number) {
+    Pencil pencil(drawing_, drawing_.Pages.emplace_back());
+    pencil.Frame(layer::kFrame, layout_.Frame, 0.7);
+    for (const PlanShape& shape : plan_) DrawShape(shape, pencil);
+    std::vector<Label> shown;
+    DrawWires(view, pencil);
+    for (std::size_t k = 0; k < labels_.size(); ++k)
+      if (in_.Wires.empty() || view.Shows(in_.Wires[k])) shown.push_back(labels_[k]);
+    const std::size_t all = shown.size();
+    if (in_.Wires.empty()) shown.resize(std::min(all, fit_.Room.Capacity()));
+    const std::size_t labelled = DrawLabels(shown, fit_, pencil);
+    if (const Label* lead = LeadOne()) DrawLeadMark(*lead, pencil);
+    DrawDieMarks(in_, pencil);
+    DrawScaleBar(in_, layout_.ScaleBar.Low + glm::dvec2(1.0, 1.5), pencil);
+    if (labelled < all) TellFewerLabels(labelled, all, pencil);
+    if (!view.Heading.empty())
+      pencil.Add(layer::kFrame, Text{.At = {layout_.Frame.Low.x + 5.0, layout_.Frame.High.y - 7.5},
+                                     .Words = view.Heading,
+                                     .Size = 3.5,
+                                     .Bold = true});
+    continued_ = DrawSideText(text, 0, layout_.Side, pencil);
+    DrawTitleBlock(in_, drawing_, number, layout_.Frame, layout_.BlockWidth, pencil);
+  }
+
+  void TellFewerLabels(std::size_t labelled, std::size_t of, Pencil& pencil) const {
+    const std::string things = in_.Wires.empty() ? " die pads" : " wires";
+    const std::string words = std::to_string(labelled) + " of " + std::to_string(of) + things +
+                              " are labelled; there is no room for more" +
+                              (in_.Table && !in_.Wires.empty() ? ". The table lists all." : ".");
+    pencil.Add(layer::kFrame, Text{.At = {layout_.ScaleBar.High.x, layout_.ScaleBar.Low.y + 1.0},
+                                   .Words = words,
+                                   .Size = 2.3,
+                                   .Alignment = Align::End});
+  }
+
+  void DrawWires(const View& view, Pencil& pencil) const {
+    const double width = in_.Wires.size() < 150 ? 0.25 : in_.Wires.size() < 600 ? 0.18 : 0.1;
+    for (const DiagramWire& wire : in_.Wires) {
+      const Line line{pencil.OnPaper(wire.From * in_.Millimetres), pencil.OnPaper(wire.To * in_.Millimetres)};
+      const std::string wireLayer = LayerOf(wire);
+      const Ink ink = view.Shows(wire) ? InkOf(wireLayer) : Grey(0.78);
+      pencil.Add(wireLayer, Line{line.From, line.To, {.Width = width, .Colour = ink}});
+      if (wire.Offends)
+        pencil.Add(layer::kFindings,
+                   Line{line.From, line.To, {.Width = 2.0 * width, .Colour = {0.85, 0.0, 0.0}}});
+    }
+  }
+
+  std::vector<SideLine> SideLines() const {
+    std::vector<SideLine> lines;
+    lines.push_back({.Heading = true, .Words = "Measured"});
+    for (const Fact& fact : in_.Facts)
+      lines.push_back({.Words = CleanText(fact.Label), .Value = CleanText(fact.Value)});
+    lines.push_back({.Heading = true, .Words = "Legend"});
+    if (LeadOne() != nullptr) lines.push_back({.Before = Sign::Lead1, .Words = "lead 1"});
+    lines.push_back({.Before = Sign::DieCorner, .Words = "lower left corner of the base die"});
+    if (wireLayers_.size() > 1)
+      for (const std::string& name : wireLayers_)
+        lines.push_back({.Before = Sign::Wire, .Colour = InkOf(name), .Words = MeaningOf(name)});
+    if (in_.Into != Split::None)
+      lines.push_back(
+          {.Before = Sign::OtherWire, .Colour = Grey(0.78), .Words = "wires of the other sheets"});
+    if (std::any_of(in_.Wires.begin(), in_.Wires.end(), [](const DiagramWire& wire) { return wire.Offends; }))
+      lines.push_back({.Before = Sign::Offender, .Colour = {0.85, 0.0, 0.0}, .Words = "wire with a finding"});
+    const double width = layout_.Side.Size().x;
+    AddParagraphs("Findings", in_.Findings, width, lines);
+    AddParagraphs("Notes", in_.Notes, width, lines);
+    return lines;
+  }
+
+  /// How many sheets the lines take that have no room beside the plan.
+  std::size_t TextPages(const std::vector<SideLine>& lines, const Box& room) const {
+    Drawing drawing;
+    drawing.Layers = drawing_.Layers;
+    Page page;
+    Pencil pencil(drawing, page);
+    std::size_t next = DrawSideText(lines, 0, layout_.Side, pencil);
+    std::size_t pages = 0;
+    for (; next < lines.size(); ++pages) next = DrawTextColumns(lines, next, room, pencil);
+    return pages;
+  }
+
+  std::size_t DrawTextColumns(const std::vector<SideLine>& lines, std::size_t next, const Box& room,
+                              Pencil& pencil) const {
+    const Box inside = room.Inset(6.0);
+    const double width = layout_.Side.Size().x;
+    for (double left = inside.Low.x; left + width <= inside.High.x && next < lines.size();
+         left += width + 10.0)
+      next = DrawSideText(lines, next, {{left, inside.Low.y}, {left + width, inside.High.y}}, pencil);
+    return next;
+  }
+
+  void DrawTextPage(const std::vector<SideLine>& lines, const Box&, const SheetNumber& number) {
+    Pencil pencil(drawing_, drawing_.Pages.emplace_back());
+    continued_ = DrawTextColumns(lines, continued_, DrawStrip(in_, number, layout_.Frame, pencil), pencil);
+  }
+
+  const DiagramInputs& in_;
+  SheetLayout layout_;
+  std::vector<PlanShape> plan_;
+  std::vector<Label> labels_;
+  Box extent_;  ///< of the plan, millimetres in the package
+  PlanFit fit_;
+  std::set<std::string> wireLayers_;
+  std::size_t continued_ = 0;  ///< the first side line that found no room yet
+  Drawing drawing_;
+};
+
+}  // namespace
+
+const std::vector<Paper>& NamedPapers() {
+  static const std::vector<Paper> papers{{"letter", 279.4, 215.9},
+                                         {"a4", 297.0, 210.0},
+                                         {"tabloid", 431.8, 279.4},
+                                         {"a3", 420.0, 297.0},
+                                         {"a2", 594.0, 420.0}};
+  return papers;
+}
+
+Drawing BondingDiagram(const DiagramInputs& inputs) { return Composer(inputs).Run(); }
+
+}  // namespace sheet

@@ -1,0 +1,243 @@
+#include <glib.h>
+
+#include <cstdio>
+#include <limits>
+
+#include "sheet/drawing.h"
+#include "sheet/paint_order.h"
+
+namespace sheet {
+
+namespace {
+
+/// Height of a capital letter, by which this format gives the size of a text, for an em square of 1.
+constexpr double kCapital = 0.73;
+/// The plain font of a drawing program runs wider than the one that placed the texts.
+constexpr double kWidthFactor = 0.8;
+/// Room between pages, in millimetres on paper.
+constexpr double kBetweenPages = 20.0;
+
+/// Strings as this format takes them: no character outside ASCII, and nothing that reads as a control code.
+std::string Encoded(std::string_view words) {
+  std::string text;
+  const char* at = words.data();
+  for (const char* const end = at + words.size(); at < end; at = g_utf8_next_char(at)) {
+    const gunichar c = g_utf8_get_char(at);
+    const bool code = c > 0x7EU || (c == '\\' && end - at > 2 && at[1] == 'U' && at[2] == '+');
+    if (code) {
+      char hex[8];
+      // The code has four digits: what lies beyond shows as the replacement character.
+      std::snprintf(hex, sizeof hex, "\\U+%04X", c > 0xFFFFU ? 0xFFFDU : c);
+      text += hex;
+    } else if (c == '%' && end - at > 1 && at[1] == '%') {
+      text += "%%%";
+    } else if (c == '^') {
+      text += "^ ";
+    } else {
+      text += static_cast<char>(c);
+    }
+  }
+  return text;
+}
+
+class Writer {
+ public:
+  explicit Writer(const Drawing& drawing) : drawing_(drawing) {}
+
+  std::string Run() {
+    Header();
+    Tables();
+    Start("BLOCKS");
+    End();
+    Start("ENTITIES");
+    for (const Page& page : drawing_.Pages) {
+      for (const Item* item : InPaintOrder(drawing_, page.Items)) {
+        layer_ = drawing_.Layers[item->Layer];
+        std::visit(*this, item->What);
+      }
+      pageLeft_ += drawing_.Width + kBetweenPages;
+    }
+    End();
+    Pair(0, "EOF");
+    return std::move(dxf_);
+  }
+
+  void operator()(const Line& line) {
+    Entity("LINE", &line.Pen);
+    Point(10, line.From);
+    Point(11, line.To);
+  }
+
+  void operator()(const Area& area) {
+    // A mark is a filled area without a stroke, and small; the pale fills of pads are for paper alone.
+    if (!area.Pen && area.Fill && area.Outlines.size() == 1 && area.Outlines[0].size() <= 4)
+      Solid(area.Outlines[0]);
+    if (!area.Pen) return;
+    for (const std::vector<glm::dvec2>& outline : area.Outlines) {
+      Entity("POLYLINE", &*area.Pen);
+      Pair(66, "1");
+      Point(10, drawing_.Origin);
+      Pair(70, "1");
+      for (const glm::dvec2& point : outline) {
+        Entity("VERTEX", &*area.Pen);
+        Point(10, point);
+      }
+      Entity("SEQEND", &*area.Pen);
+    }
+  }
+
+  void operator()(const Circle& circle) {
+    Entity("CIRCLE", circle.Pen ? &*circle.Pen : nullptr);
+    Point(10, circle.Centre);
+    Pair(40, Number(circle.Radius / drawing_.Scale));
+  }
+
+  void operator()(const Text& text) {
+    const Stroke colour{.Colour = text.Colour};
+    Entity("TEXT", &colour);
+    Point(10, text.At);
+    Pair(40, Number(text.Size * kCapital / drawing_.Scale));
+    Pair(1, Encoded(text.Words));
+    Pair(50, text.Upright ? "90" : "0");
+    Pair(41, Number(kWidthFactor));
+    Pair(7, "STANDARD");
+    if (text.Alignment == Align::Start) return;
+    Pair(72, text.Alignment == Align::End ? "2" : "1");
+    Point(11, text.At);
+  }
+
+ private:
+  static std::string Number(double value) { return Decimal(value, 9); }
+
+  void Pair(int code, std::string_view value) {
+    ((dxf_ += std::to_string(code)) += '\n').append(value) += '\n';
+  }
+  void Start(const char* section) {
+    Pair(0, "SECTION");
+    Pair(2, section);
+  }
+  void End() { Pair(0, "ENDSEC"); }
+
+  void Point(int code, const glm::dvec2& onPaper) {
+    const glm::dvec2 place = InModel(onPaper + glm::dvec2(pageLeft_, 0.0));
+    Pair(code, Number(place.x));
+    Pair(code + 10, Number(place.y));
+    Pair(code + 20, "0");
+  }
+  glm::dvec2 InModel(const glm::dvec2& onPaper) const { return (onPaper - drawing_.Origin) / drawing_.Scale; }
+
+  void Entity(const char* kind, const Stroke* stroke) {
+    Pair(0, kind);
+    Pair(8, layer_);
+    if (stroke == nullptr) return;
+    if (stroke->Pattern != Dash::Solid) Pair(6, stroke->Pattern == Dash::Dashed ? "DASHED" : "CENTER");
+    // Numbers of the fixed palette: 1 is red, 8 grey. Black and the tiers' inks are the layers' own colours.
+    if (stroke->Colour.Red > 0.7 && stroke->Colour.Green < 0.3) Pair(62, "1");
+    if (stroke->Colour.Red > 0.3 && stroke->Colour == Grey(stroke->Colour.Red)) Pair(62, "8");
+  }
+
+  void Solid(const std::vector<glm::dvec2>& outline) {
+    Entity("SOLID", nullptr);
+    // The third and fourth corner change places; a triangle repeats its last.
+    const std::size_t last = outline.size() - 1;
+    Point(10, outline[0]);
+    Point(11, outline[1]);
+    Point(12, outline[last]);
+    Point(13, outline[last == 3 ? 2 : last]);
+  }
+
+  void Header() {
+    Start("HEADER");
+    Variable("$ACADVER");
+    Pair(1, "AC1009");
+    const glm::dvec2 low = InModel({0.0, 0.0});
+    const double pages = static_cast<double>(drawing_.Pages.size());
+    const glm::dvec2 high =
+        InModel({pages * (drawing_.Width + kBetweenPages) - kBetweenPages, drawing_.Height});
+    for (const auto& [name, corner] : {std::pair("$EXTMIN", low), std::pair("$EXTMAX", high)}) {
+      Variable(name);
+      Pair(10, Number(corner.x));
+      Pair(20, Number(corner.y));
+      Pair(30, "0");
+    }
+    Variable("$LTSCALE");
+    Pair(40, Number(1.0 / drawing_.Scale));
+    End();
+  }
+  void Variable(const char* name) { Pair(9, name); }
+
+  void Tables() {
+    Start("TABLES");
+    Table("LTYPE", 3);
+    LineType("CONTINUOUS", Dash::Solid);
+    LineType("DASHED", Dash::Dashed);
+    LineType("CENTER", Dash::Centre);
+    Pair(0, "ENDTAB");
+    Table("LAYER", drawing_.Layers.size());
+    for (const std::string& layer : drawing_.Layers) {
+      Pair(0, "LAYER");
+      Pair(2, layer);
+      Pair(70, "0");
+      Pair(62, ColourOf(layer));
+      Pair(6, "CONTINUOUS");
+    }
+    Pair(0, "ENDTAB");
+    Table("STYLE", 1);
+    TextStyle();
+    Pair(0, "ENDTAB");
+    End();
+  }
+
+  void Table(const char* kind, std::size_t count) {
+    Pair(0, "TABLE");
+    Pair(2, kind);
+    Pair(70, std::to_string(count));
+  }
+
+  void LineType(const char* name, Dash pattern) {
+    const std::vector<double> lengths = DashLengths(pattern);
+    double total = 0.0;
+    for (const double length : lengths) total += length;
+    Pair(0, "LTYPE");
+    Pair(2, name);
+    Pair(70, "0");
+    Pair(3, lengths.empty() ? "Solid line" : name);
+    Pair(72, "65");
+    Pair(73, std::to_string(lengths.size()));
+    Pair(40, Number(total));
+    for (std::size_t k = 0; k < lengths.size(); ++k) Pair(49, Number(k % 2 == 0 ? lengths[k] : -lengths[k]));
+  }
+
+  void TextStyle() {
+    Pair(0, "STYLE");
+    Pair(2, "STANDARD");
+    Pair(70, "0");
+    Pair(40, "0");
+    Pair(41, Number(kWidthFactor));
+    Pair(50, "0");
+    Pair(71, "0");
+    Pair(42, "2.5");
+    Pair(3, "txt");
+    Pair(4, "");
+  }
+
+  /// 7 is black on white and white on black; red, yellow, green, cyan, blue are 1 to 5.
+  static const char* ColourOf(std::string_view layer) {
+    if (layer == "FINDINGS") return "1";
+    if (layer == "WIRES_2") return "5";
+    if (layer == "WIRES_3") return "3";
+    if (layer == "WIRES_4") return "6";
+    return layer == "PADDLE" || layer == "RINGS" ? "8" : "7";
+  }
+
+  const Drawing& drawing_;
+  std::string dxf_;
+  std::string_view layer_;
+  double pageLeft_ = 0.0;
+};
+
+}  // namespace
+
+std::string DxfOf(const Drawing& drawing) { return Writer(drawing).Run(); }
+
+}  // namespace sheet

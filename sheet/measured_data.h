@@ -1,0 +1,25 @@
+/// The measured data of a package as lines for its bonding diagram.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "model/package.h"
+#include "model/wire_bond_settings.h"
+#include "sheet/bonding_diagram.h"
+
+namespace sheet {
+
+/// Units  `numberScale` is the unit of the numbers, named `unit`, in a file unit
+struct MeasuredInputs {
+  const model::Package& Package;
+  const std::vector<DiagramWire>& Wires;
+  const model::WireBondSettings& Settings;
+  std::string Unit;
+  double NumberScale = 1.0;
+  std::string Rules, Verdict;  ///< empty where none were asked for
+};
+
+std::vector<Fact> MeasuredData(const MeasuredInputs& inputs);
+
+}  // namespace sheet

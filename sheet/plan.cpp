@@ -1,0 +1,108 @@
+#include "sheet/plan.h"
+
+#include <array>
+#include <cmath>
+#include <glm/geometric.hpp>
+#include <numbers>
+
+#include "analysis/pads.h"
+
+namespace sheet {
+
+namespace {
+
+using Outline = std::vector<glm::dvec2>;
+
+constexpr Ink kPaddleFill = Grey(0.94);
+constexpr Ink kLeadFill = Grey(0.84);
+constexpr Ink kPadFill = Grey(0.55);
+
+Outline OutlineOf(const std::array<glm::dvec2, 4>& corners, double unit) {
+  Outline outline;
+  for (const glm::dvec2& corner : corners) outline.push_back(corner * unit);
+  return outline;
+}
+
+/// Half a circle, from the side across the axis over its end to the other side.
+void AddHalfCircle(const glm::dvec2& centre, const glm::dvec2& axis, double radius, Outline& outline) {
+  constexpr int kSteps = 12;
+  const glm::dvec2 across(-axis.y, axis.x);
+  for (int k = 0; k <= kSteps; ++k) {
+    const double angle = std::numbers::pi * (static_cast<double>(k) / kSteps - 0.5);
+    outline.push_back(centre + radius * (std::cos(angle) * axis + std::sin(angle) * across));
+  }
+}
+
+/// A pad with round ends is a straight part between two half circles.
+Outline RoundOutline(const analysis::Pad& pad, double unit) {
+  const analysis::PlanRectangle& shape = pad.Shape;
+  const glm::dvec2 reach = shape.Axis * (shape.Half.x - shape.Half.y);
+  Outline outline;
+  AddHalfCircle(shape.Centre + reach, shape.Axis, shape.Half.y, outline);
+  AddHalfCircle(shape.Centre - reach, -shape.Axis, shape.Half.y, outline);
+  for (glm::dvec2& point : outline) point *= unit;
+  return outline;
+}
+
+void AddPads(const std::vector<analysis::Pad>& pads, const char* layer, const Ink& fill, double unit,
+             std::vector<PlanShape>& shapes) {
+  const Stroke edge{.Width = 0.13};
+  for (const analysis::Pad& pad : pads) {
+    const analysis::PlanRectangle& shape = pad.Shape;
+    if (pad.Round && shape.Half.x == shape.Half.y) {
+      shapes.push_back({layer, Circle{shape.Centre * unit, shape.Half.x * unit, edge, fill}});
+    } else {
+      shapes.push_back(
+          {layer,
+           Area{{pad.Round ? RoundOutline(pad, unit) : OutlineOf(shape.Corners(), unit)}, edge, fill}});
+    }
+  }
+}
+
+void AddDie(const analysis::DieOutline& die, double unit, std::vector<PlanShape>& shapes) {
+  shapes.push_back({layer::kDie, Area{.Outlines = {OutlineOf(analysis::RectangleOf(die).Corners(), unit)},
+                                      .Pen = Stroke{.Width = 0.5},
+                                      .Fill = Grey(1.0)}});
+}
+
+/// Bands overlap. With all the edges first and the fills over them only the outline of the whole shows.
+void AddBands(const model::Package& package, double millimetres, std::vector<PlanShape>& shapes) {
+  const double unit = double(package.UnitScale) * millimetres;
+  std::vector<PlanShape> fills;
+  for (const model::DapRec& dap : package.Daps) {
+    // Bands count y downwards.
+    const glm::dvec2 from = glm::dvec2(dap.D1, -dap.D2) * unit;
+    const glm::dvec2 to = glm::dvec2(dap.D3, -dap.D4) * unit;
+    const glm::dvec2 axis = from == to ? glm::dvec2(1.0, 0.0) : glm::normalize(to - from);
+    const glm::dvec2 along = axis * (std::fabs(double(dap.D5)) * unit / 2.0);
+    const glm::dvec2 across(-along.y, along.x);
+    const Outline outline{from - along - across, to + along - across, to + along + across,
+                          from - along + across};
+    shapes.push_back(
+        {layer::kPaddle, Area{.Outlines = {outline}, .Pen = Stroke{.Width = 0.36, .Colour = Grey(0.3)}}});
+    fills.push_back({layer::kPaddle, Area{.Outlines = {outline}, .Fill = kPaddleFill}});
+  }
+  shapes.insert(shapes.end(), fills.begin(), fills.end());
+}
+
+}  // namespace
+
+std::vector<PlanShape> PlanOf(const model::Package& package, double millimetresPerUnit) {
+  std::vector<PlanShape> shapes;
+  const bool wireBond = package.Technology == "WIRE_BOND";
+  if (wireBond) {
+    AddBands(package, millimetresPerUnit, shapes);
+    AddRings(package, millimetresPerUnit, shapes);
+    AddPads(analysis::SubstratePads(package), layer::kLeads, kLeadFill, millimetresPerUnit, shapes);
+  }
+  AddDie(analysis::BaseDieOf(package), millimetresPerUnit, shapes);
+  std::vector<analysis::Pad> base, stacked;
+  for (const analysis::Pad& pad : analysis::DiePads(package))
+    (pad.IsStacked() ? stacked : base).push_back(pad);
+  AddPads(base, layer::kDiePads, kPadFill, millimetresPerUnit, shapes);
+  if (package.SDCompW != 0.0F) AddDie(analysis::StackedDieOf(package), millimetresPerUnit, shapes);
+  AddPads(stacked, layer::kDiePads, kPadFill, millimetresPerUnit, shapes);
+  return shapes;
+}
+
+}  // namespace sheet

@@ -1,0 +1,24 @@
+/// A package from above: dies, pads, rings and bands, without its wires.
+#pragma once
+
+#include "model/package.h"
+#include "sheet/pencil.h"
+
+namespace sheet {
+
+/// One thing of the plan.
+/// Units  millimetres in the package, y up
+struct PlanShape {
+  const char* Layer = "";
+  std::variant<Area, Circle> What;
+};
+
+/// Everything that the viewer shows of the package but its wires, bottom first.
+/// Faults  DivisionByZero for a bowed ring without bulge
+std::vector<PlanShape> PlanOf(const model::Package& package, double millimetresPerUnit);
+
+/// The bands of all rings, whole and in pieces; appended to `shapes`.
+/// Faults  DivisionByZero for a bowed ring without bulge
+void AddRings(const model::Package& package, double millimetresPerUnit, std::vector<PlanShape>& shapes);
+
+}  // namespace sheet

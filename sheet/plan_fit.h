@@ -1,0 +1,27 @@
+/// Finds the scale and the place of a plan on its paper.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "sheet/labels.h"
+#include "sheet/pencil.h"
+
+namespace sheet {
+
+/// Where a sheet has its plan and where its text.
+struct SheetLayout {
+  Box Frame, Plan, Side, ScaleBar;
+  double BlockWidth = 0.0;  ///< of the title block
+
+  explicit SheetLayout(const Paper& paper);
+};
+
+/// The largest of the usual scales (or `scale` alone) at which the plan fits with its labels. The labels are
+/// as large as leaves room for all of them.
+/// Units  `extent` in millimetres of the package
+/// Returns  nothing where no scale fits
+std::optional<PlanFit> FitPlan(const std::vector<Label>& labels, const Box& extent, const Box& room,
+                               const std::optional<double>& scale);
+
+}  // namespace sheet

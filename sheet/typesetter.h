@@ -1,0 +1,30 @@
+/// Lines of text set with Pango in the one font of the sheets.
+#pragma once
+
+#include <cairo.h>
+
+#include <memory>
+#include <string_view>
+
+namespace sheet {
+
+/// Sets one line at a time, at the size 1.
+class Typesetter {
+ public:
+  Typesetter();
+  ~Typesetter();
+  Typesetter(const Typesetter&) = delete;
+  Typesetter& operator=(const Typesetter&) = delete;
+
+  void Set(std::string_view words, bool bold);
+  double Width() const;
+  int MissingGlyphs() const;
+  /// Paints the line with its base line's start at the origin, x to the right and y down.
+  void Show(cairo_t* page) const;
+
+ private:
+  struct Parts;
+  std::unique_ptr<Parts> parts_;
+};
+
+}  // namespace sheet

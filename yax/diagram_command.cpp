@@ -1,0 +1,233 @@
+#include <glib.h>
+
+#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "analysis/rule_diagnostics.h"
+#include "analysis/wire_loops.h"
+#include "model/text.h"
+#include "sheet/bonding_diagram.h"
+#include "sheet/measured_data.h"
+#include "sheet/title_fields.h"
+#include "yax/commands.h"
+#include "yax/options/opened_package.h"
+#include "yax/options/option_text.h"
+#include "yax/options/rules.h"
+#include "yax/options/text_file.h"
+#include "yax/options/unit.h"
+#include "yax/output.h"
+
+namespace yax {
+
+namespace {
+
+struct DiagramOptions {
+  PackageOptions package;
+  std::string output;
+  std::string paper = "a3";
+  std::string scale = "fit";
+  std::string split = "none";
+  bool table = false;
+  std::string titleFile, notesFile;
+  std::vector<std::string> settings;
+  RulesOptions rules;
+  UnitOptions unit;
+  LoopOptions loops;
+  WireOptions wires;
+};
+
+enum class Format { Pdf, Svg, Dxf };
+
+Format FormatOf(const std::string& output) {
+  const std::string ending = model::UpperCase(std::filesystem::path(output).extension().string());
+  if (output == "-" || ending == ".PDF") return Format::Pdf;
+  if (ending == ".SVG") return Format::Svg;
+  if (ending == ".DXF") return Format::Dxf;
+  throw Unusable({.File = output}, "unknown format of a diagram", "use .pdf, .svg or .dxf");
+}
+
+sheet::Paper PaperOf(const std::string& text) {
+  for (const sheet::Paper& paper : sheet::NamedPapers())
+    if (paper.Name == text) return paper;
+  const std::size_t by = text.find('x');
+  if (by == std::string::npos)
+    throw Unusable(CommandLine(), "--sheet '" + text + "' is no sheet",
+                   "use a4, a3, a2, letter, tabloid, or WxH in millimetres");
+  const sheet::Paper paper{"", DoubleOf("--sheet", text.substr(0, by)),
+                           DoubleOf("--sheet", text.substr(by + 1))};
+  // A PDF page ends at 200 inches.
+  if (!(paper.Width >= 20.0 && paper.Height >= 20.0 && paper.Width <= 5080.0 && paper.Height <= 5080.0))
+    throw Unusable(CommandLine(), "--sheet '" + text + "' is out of range",
+                   "give 20 to 5080 mm for each side");
+  return paper;
+}
+
+sheet::Split SplitOf(const std::string& text) {
+  if (text == "tier") return sheet::Split::Tier;
+  return text == "net-type" ? sheet::Split::NetType : sheet::Split::None;
+}
+
+std::optional<double> ScaleOf(const std::string& text) {
+  if (text == "fit") return std::nullopt;
+  const double scale = DoubleOf("--scale", text);
+  if (!(scale > 0.0))
+    throw Unusable(CommandLine(), "--scale is not above 0", "give fit, or a number such as 20");
+  return scale;
+}
+
+sheet::TitleFields TitleOf(const DiagramOptions& options) {
+  sheet::TitleFields fields;
+  if (!options.titleFile.empty())
+    sheet::ReadTitleFields(options.titleFile, TextOf(options.titleFile), fields);
+  for (const std::string& setting : options.settings)
+    sheet::SetTitleField({.File = "--set"}, setting, fields);
+  return fields;
+}
+
+std::vector<std::string> LinesOf(const std::string& text) {
+  std::vector<std::string> list;
+  model::Lines lines(text);
+  for (std::string_view line; lines.Next(line);)
+    list.emplace_back(line.substr(0, line.find_last_not_of("\r\n \t") + 1));
+  return list;
+}
+
+/// The first 12 digits of the file's SHA-256.
+std::string DigestOf(const std::string& file) {
+  const std::string bytes = TextOf(file);
+  gchar* const digest = g_compute_checksum_for_data(
+      G_CHECKSUM_SHA256, reinterpret_cast<const guchar*>(bytes.data()), bytes.size());
+  const std::string text(digest, 12);
+  g_free(digest);
+  return text;
+}
+
+/// What the rules say on the sheet.
+struct Judgement {
+  std::string Rules, Verdict;
+  std::vector<std::string> Lines;  ///< a line for each rule that is not kept
+  bool Keeps = true;
+};
+
+Judgement Judge(const DiagramOptions& options, const MeasuredPackage& measured,
+                std::vector<sheet::DiagramWire>& wires) {
+  Judgement judgement;
+  if (options.rules.File.empty()) return judgement;
+  const RulesFound found = MeasureRules(options.rules, ReadRulesFile(options.rules), measured);
+  judgement.Rules = found.Name;
+  std::set<std::string> offenders;
+  std::vector<std::size_t> counts(found.Set.Rules.size());
+  for (const analysis::RuleRemark& remark : found.Report.Remarks) {
+    if (!analysis::Offends(found.Set, remark)) continue;
+    judgement.Keeps = false;
+    ++counts[remark.Rule];
+    offenders.insert(remark.Wires.begin(), remark.Wires.end());
+  }
+  for (std::size_t k = 0; k < counts.size(); ++k)
+    if (counts[k] > 0)
+      judgement.Lines.push_back(std::to_string(counts[k]) + " beyond " +
+                                analysis::RuleText(found.Set.Rules[k]));
+  for (sheet::DiagramWire& wire : wires) wire.Offends = offenders.contains(wire.Name);
+  judgement.Verdict = judgement.Keeps ? "keeps all rules" : "does not keep all rules";
+  return judgement;
+}
+
+sheet::Drawing DrawingOf(const OpenedPackage& opened, const sheet::DiagramInputs& inputs) {
+  try {
+    return sheet::BondingDiagram(inputs);
+  } catch (const model::Fault& fault) {
+    throw opened.NotDrawn(fault);
+  } catch (const sheet::DoesNotFit& fault) {
+    throw Unusable({.File = opened.Package.PackagePath}, fault.what(), "");
+  }
+}
+
+std::string BytesOf(const sheet::Drawing& drawing, Format format) {
+  if (format == Format::Pdf) return sheet::PdfOf(drawing);
+  return format == Format::Svg ? sheet::SvgOf(drawing) : sheet::DxfOf(drawing);
+}
+
+Status Diagram(const DiagramOptions& options) {
+  const Format format = FormatOf(options.output);
+  const sheet::Paper paper = PaperOf(options.paper);
+  const std::optional<double> scale = ScaleOf(options.scale);
+  const sheet::TitleFields title = TitleOf(options);
+  std::vector<std::string> notes;
+  if (!options.notesFile.empty()) notes = LinesOf(TextOf(options.notesFile));
+  const OpenedPackage opened(options.package, options.loops, options.wires);
+  const analysis::LengthUnit unit = UnitOf(options.unit, opened.Package);
+  const std::vector<analysis::WireLoop> loops = opened.Loops();
+  std::vector<sheet::DiagramWire> wires = sheet::DiagramWiresOf(opened.Package, loops, opened.Lines);
+  const Judgement judgement =
+      Judge(options, {opened.Package, opened.Lines, loops, opened.Settings, unit}, wires);
+  // A drawing that is true to size has its numbers in the drawing's unit, and the plan once.
+  const bool trueToSize = format == Format::Dxf;
+  const double millimetres = unit.Metres * 1e3;
+  const std::string shown = trueToSize ? "mm" : unit.Name;
+  const double numberScale = trueToSize ? millimetres : 1.0;
+  const std::vector<sheet::Fact> facts = sheet::MeasuredData(
+      {opened.Package, wires, opened.Settings, shown, numberScale, judgement.Rules, judgement.Verdict});
+  const sheet::Drawing drawing =
+      DrawingOf(opened, {.Package = opened.Package,
+                         .Wires = wires,
+                         .Facts = facts,
+                         .Notes = notes,
+                         .Findings = judgement.Lines,
+                         .Title = title,
+                         .FileName = std::string(model::FileNameOf(options.package.File)),
+                         .Digest = DigestOf(options.package.File),
+                         .Millimetres = millimetres,
+                         .Unit = shown,
+                         .NumberScale = numberScale,
+                         .Paper = paper,
+                         .Scale = scale,
+                         .Into = trueToSize ? sheet::Split::None : SplitOf(options.split),
+                         .Table = options.table});
+  WriteOutput(options.output, BytesOf(drawing, format));
+  return judgement.Keeps ? Status::Done : Status::Findings;
+}
+
+}  // namespace
+
+Command AddDiagram(CLI::App& program) {
+  CLI::App* const command =
+      program.add_subcommand("diagram", "Draw the bonding diagram for the assembly house");
+  const auto options = std::make_shared<DiagramOptions>();
+  AddPackageOption(*command, options->package);
+  command
+      ->add_option("-o,--output", options->output,
+                   "The sheets, as .pdf, .svg or .dxf; - for a PDF on standard output")
+      ->type_name("FILE")
+      ->required();
+  command
+      ->add_option("--sheet", options->paper,
+                   "Size of the sheets: a4, a3 (the default), a2, letter, tabloid, or WxH in mm")
+      ->type_name("SIZE");
+  command
+      ->add_option("--scale", options->scale,
+                   "fit (the default): the largest of 50 20 10 5 2 1 : 1 that fits; or N for N : 1")
+      ->type_name("fit|N");
+  command->add_option("--split", options->split, "A sheet for each tier or net type, the other wires in grey")
+      ->check(CLI::IsMember(std::vector<std::string>{"none", "tier", "net-type"}));
+  command->add_flag("--table", options->table, "Further sheets with a table of all wires");
+  command->add_option("--title", options->titleFile, "What the title block says, as KEY = value lines")
+      ->type_name("FILE");
+  command
+      ->add_option("--set", options->settings,
+                   "One field of the title block: title part package drawn checked approved date revision")
+      ->type_name("KEY=TEXT")
+      ->allow_extra_args(false);
+  command->add_option("--notes", options->notesFile, "Text that goes onto the sheet")->type_name("FILE");
+  AddRulesOptions(*command, options->rules);
+  AddUnitOption(*command, options->unit);
+  AddLoopOptions(*command, options->loops);
+  AddWireOptions(*command, options->wires);
+  return {command, [options] { return Diagram(*options); }};
+}
+
+}  // namespace yax

@@ -1,0 +1,50 @@
+/// The options that measure a package against rules.
+#pragma once
+
+#include <string>
+
+#include "analysis/nets.h"
+#include "analysis/record_lines.h"
+#include "analysis/rules_check.h"
+#include "analysis/units.h"
+#include "analysis/wire_loops.h"
+#include "model/package.h"
+#include "model/wire_bond_settings.h"
+
+namespace CLI {
+class App;
+}
+
+namespace yax {
+
+struct RulesOptions {
+  std::string File;  ///< empty for none
+  analysis::NetRule Nets;
+};
+
+/// Adds --rules and --net-pattern.
+void AddRulesOptions(CLI::App& command, RulesOptions& options);
+
+/// Rules and what they find.
+struct RulesFound {
+  analysis::RuleSet Set;
+  analysis::RulesReport Report;
+
+  /// What the set calls itself, else its file's name.
+  std::string Name;
+};
+
+/// What rules measure: every wire of a package.
+struct MeasuredPackage {
+  const model::Package& Package;
+  const analysis::RecordLines& Lines;
+  const std::vector<analysis::WireLoop>& Loops;
+  const model::WireBondSettings& Settings;
+  const analysis::LengthUnit& Unit;
+};
+
+/// Faults  Unusable when the file is not there or holds what is not a rule
+analysis::RuleSet ReadRulesFile(const RulesOptions& options);
+RulesFound MeasureRules(const RulesOptions& options, analysis::RuleSet set, const MeasuredPackage& measured);
+
+}  // namespace yax

@@ -1,0 +1,12 @@
+/// Text files that options name.
+#pragma once
+
+#include <string>
+
+namespace yax {
+
+/// The whole file.
+/// Faults  Unusable when there is no such file or it cannot be read
+std::string TextOf(const std::string& file);
+
+}  // namespace yax
