@@ -5,9 +5,9 @@ import subprocess
 import sys
 import time
 
-from bus import act, choose, named, start, until
+from bus import Viewer, act, choose, named, press, until
 
-PICTURES = sys.argv[3]
+YAXVIEW, PACKAGES, PICTURES = sys.argv[1:]
 
 
 def run(*command):
@@ -28,29 +28,18 @@ def grab(name, title=None):
     run("mogrify", "-trim", "+repage", "-strip", picture)
 
 
-class Viewer:
+class Shown(Viewer):
+    """The viewer with a package, at a place that leaves room for other windows."""
+
     def __init__(self, package):
-        self.program, self.app = start(package)
-        self.window = visible("^3D YAX Viewer - ")
-        run("xdotool", "windowsize", "--sync", self.window, "900", "680", "windowmove", self.window, "10", "30")
+        super().__init__(YAXVIEW, f"{PACKAGES}/{package}")
+        self.place = visible("^3D YAX Viewer - ")
+        run("xdotool", "windowsize", "--sync", self.place, "900", "680", "windowmove", self.place, "10", "30")
         time.sleep(1)
 
-    def press(self, *keys):
-        run("xdotool", "windowactivate", "--sync", self.window, "key", "--delay", "30", *keys)
+    def keys(self, *keys):
+        run("xdotool", "windowactivate", "--sync", self.place, "key", "--delay", "30", *keys)
         time.sleep(0.5)
-
-    def open(self, entry, title, role="frame"):
-        choose(self.app, named(self.app, "Package view"), entry)
-        visible(title)
-        return named(self.app, title, role)
-
-    def close(self):
-        self.program.kill()
-        self.program.wait()
-
-
-def push(window, name):
-    act(named(window, name, "push button"), "Press")
 
 
 def custom(window, frame, value):
@@ -63,52 +52,48 @@ TURNED = ["shift+Up"] * 5 + ["shift+Right"] * 3
 
 
 def looking():
-    viewer = Viewer("AAAc.yax")
-    grab("window-first")
-    viewer.press(*TURNED)
-    grab("window-turned")
-    act(named(viewer.app, "Package view"), "ShowMenu")
-    grab("window-menu")
-    viewer.close()
+    with Shown("AAAc.yax") as viewer:
+        grab("window-first")
+        viewer.keys(*TURNED)
+        grab("window-turned")
+        act(named(viewer.app, "Package view"), "ShowMenu")
+        grab("window-menu")
 
 
 def choosing_wires():
-    viewer = Viewer("bga332.yax")
-    viewer.press(*TURNED)
-    wires = viewer.open("Wire List ...", "Wire List")
-    push(wires, "Tier1")
-    grab("window-wires")
-    viewer.close()
+    with Shown("bga332.yax") as viewer:
+        viewer.keys(*TURNED)
+        wires = viewer.open("Wire List ...", "Wire List")
+        press(wires, "Tier1")
+        grab("window-wires")
 
 
 def shaping_loops():
-    viewer = Viewer("stacked-ram.yax")
-    viewer.press(*["shift+Up"] * 7, *["Up"] * 5, "shift+Right", "shift+Right", "plus", "plus")
-    grab("window-flat", "^3D YAX Viewer - ")
-    setup = viewer.open("Wire Bond Setup ...", "Wire Bond Setup")
-    custom(setup, "Base Loop Height", "7")
-    custom(setup, "Base Loop Extension", "12")
-    custom(setup, "Stack Loop Height", "6")
-    act(named(named(setup, "Stacked Loop Extension", "panel"), "Edge of Base Die", "radio button"), "Toggle")
-    custom(setup, "Stitch Loop Extension", "8")
-    push(setup, "Apply")
-    grab("window-setup", "Wire Bond Setup")
-    push(setup, "OK")
-    grab("window-loops", "^3D YAX Viewer - ")
-    viewer.close()
+    with Shown("stacked-ram.yax") as viewer:
+        viewer.keys(*["shift+Up"] * 7, *["Up"] * 5, "shift+Right", "shift+Right", "plus", "plus")
+        grab("window-flat", "^3D YAX Viewer - ")
+        setup = viewer.open("Wire Bond Setup ...", "Wire Bond Setup")
+        custom(setup, "Base Loop Height", "7")
+        custom(setup, "Base Loop Extension", "12")
+        custom(setup, "Stack Loop Height", "6")
+        act(named(named(setup, "Stacked Loop Extension", "panel"), "Edge of Base Die", "radio button"), "Toggle")
+        custom(setup, "Stitch Loop Extension", "8")
+        press(setup, "Apply")
+        grab("window-setup", "Wire Bond Setup")
+        press(setup, "OK")
+        grab("window-loops", "^3D YAX Viewer - ")
 
 
 def keeping():
-    viewer = Viewer("AAAc.yax")
-    viewer.press(*TURNED)
-    choose(viewer.app, named(viewer.app, "Package view"), "White")
-    # By keys: a dialog answers the accessibility bus only when it closes.
-    viewer.press("Menu", "Down", "Down", "Return")
-    grab("window-save")
-    run("xdotool", "key", "Escape")
-    viewer.press("Menu", "Down", "Down", "Down", "Return")
-    grab("window-printer", "Printer Setup")
-    viewer.close()
+    with Shown("AAAc.yax") as viewer:
+        viewer.keys(*TURNED)
+        choose(viewer.app, "White")
+        # By keys: a dialog answers the accessibility bus only when it closes.
+        viewer.keys("Menu", "Down", "Down", "Return")
+        grab("window-save")
+        run("xdotool", "key", "Escape")
+        viewer.keys("Menu", "Down", "Down", "Down", "Return")
+        grab("window-printer", "Printer Setup")
 
 
 manager = subprocess.Popen(["openbox"])
