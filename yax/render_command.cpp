@@ -1,6 +1,8 @@
 #include <CLI/CLI.hpp>
 #include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "yax/commands.h"
 #include "yax/options/camera.h"
@@ -16,6 +18,7 @@ namespace {
 struct RenderOptions {
   PackageOptions package;
   std::string output;
+  std::optional<PictureFormat> format;
   PictureOptions picture;
   CameraOptions camera;
   LoopOptions loops;
@@ -24,7 +27,7 @@ struct RenderOptions {
 
 Status Render(const RenderOptions& options) {
   // Refuse wrong options before the work starts.
-  const PictureFormat format = PictureFormatOf(options.output);
+  const PictureFormat format = options.format ? *options.format : PictureFormatOf(options.output);
   CheckCamera(options.camera);
   const OpenedPackage opened(options.package, options.loops, options.wires);
   WriteOutput(options.output, PictureBytes(opened, options.camera, options.picture, format));
@@ -40,9 +43,17 @@ Command AddRender(CLI::App& program) {
   AddPackageOption(*command, options->package);
   command
       ->add_option("-o,--output", options->output,
-                   "The picture, .png or .bmp; - for a PNG on standard output")
+                   "The picture, .png or .bmp; - for standard output, a PNG without --format")
       ->type_name("FILE")
       ->required();
+  command
+      ->add_option_function<std::string>(
+          "--format",
+          [options](const std::string& text) {
+            options->format = text == "bmp" ? PictureFormat::Bmp : PictureFormat::Png;
+          },
+          "Picture format (default: by the ending of the output's name)")
+      ->check(CLI::IsMember(std::vector<std::string>{"png", "bmp"}));
   AddPictureOptions(*command, options->picture);
   AddCameraOptions(*command, options->camera);
   AddLoopOptions(*command, options->loops);

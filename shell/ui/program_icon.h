@@ -1,11 +1,11 @@
-/// The program's icon, drawn by itself.
+/// The icon of the program in window managers and in its "About" window.
 #pragma once
 
 #include <QIcon>
 
 namespace shell::ui {
 
-/// A die with bond wires to the pads round it.
+/// The drawing that desktops show, in the sizes that window managers ask for.
 QIcon ProgramIcon();
 
 }  // namespace shell::ui

@@ -12,7 +12,7 @@ expect "help pages" "$(ls "$prefix/lib/yaxview"/*.rtf | wc -l)" 2
 expect "SIGXFSZ" $((0x$(sed -n 's/^SigIgn:\t//p' /proc/$pid/status) >> 24 & 1)) 1
 xdotool windowfocus --sync "$window" key Escape
 ends "the installed viewer" 0
-"$prefix/bin/yax" check "$prefix/share/doc/yaxview/samples/bga332.yax" >/dev/null
+"$prefix/bin/yax" check "$prefix/share/doc/yaxview/examples/bga332.yax" >/dev/null
 expect "yax check: status" $? 0
 for file in man/man1/yax-render.1 bash-completion/completions/yax zsh/site-functions/_yax fish/vendor_completions.d/yax.fish; do
   grep -q . "$prefix/share/$file"

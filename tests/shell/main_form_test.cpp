@@ -102,7 +102,7 @@ constexpr char kShown[] =
 
 TEST_F(MainFormTest, LoadReadsThenSetsUpThenBuildsThenPaints) {
   Load(kGood);
-  const std::string read = "enableHelp\ncaption 3D YAX Viewer - 1.00.0 - board.yax\nresetWireBondSetup\n";
+  const std::string read = "enableHelp\ncaption 3D YAX Viewer - 1.11.0 - board.yax\nresetWireBondSetup\n";
   EXPECT_EQ(Steps(), "hookWheel\n" + read + kShown);
   // Settings that were unset have their defaults: the die's height.
   EXPECT_EQ(form->Settings().BaseLoopHeight, 1.0F);

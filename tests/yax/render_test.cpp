@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "model/version.h"
 #include "render/bitmap.h"
 #include "render/gl/framebuffer.h"
 #include "render/gl/offscreen.h"
@@ -95,6 +96,23 @@ TEST_F(YaxTest, WritesPngToAFileAndToStandardOutput) {
   EXPECT_TRUE(render::BitmapBytes(picture) == Window(one, {61, 47}).SavedPicture());
 }
 
+TEST_F(YaxTest, TakesTheFormatFromTheOptionBeforeTheName) {
+  const std::string common = "render --size 31x17 " + OneWire() + " -o ";
+  const std::string png = Yax(common + "-").out;
+  const std::string bmp = PictureOf("render --size 31x17 " + OneWire() + " -o");
+  const struct {
+    const char* name;
+    const char* format;
+    const std::string& bytes;
+  } cases[] = {{"none", "png", png}, {"none", "bmp", bmp}, {"a.png", "bmp", bmp}, {"a.bmp", "png", png}};
+  for (const auto& [name, format, bytes] : cases) {
+    EXPECT_EQ(Yax(common + (folder / name) + " --format " + format).status, 0) << name;
+    EXPECT_TRUE(GetFile(folder / name) == bytes) << name << " " << format;
+  }
+  EXPECT_TRUE(Yax(common + "- --format bmp").out == bmp);
+  EXPECT_EQ(Yax(common + (folder / "b") + " --format gif").status, 2);
+}
+
 TEST_F(YaxTest, NeedsNoDisplay) {
   const std::string common = "render --size 80x60 " + OneWire() + " -o -";
   const std::string plain = Yax(common).out;
@@ -153,7 +171,7 @@ TEST_F(YaxTest, NamedViewsShowTheWholePackage) {
 
 TEST_F(YaxTest, AnswersHelpAndVersionOnEveryLevel) {
   for (const char* level : {"", "render ", "completion "}) {
-    EXPECT_EQ(Yax(level + std::string("--version")).out, "yax 1.0.0\n") << level;
+    EXPECT_EQ(Yax(level + std::string("--version")).out, std::string("yax ") + model::kVersionText + "\n") << level;
     const Ended help = Yax(level + std::string("--help"));
     EXPECT_EQ(help.status, 0);
     EXPECT_NE(help.out.find("Usage: yax " + std::string(level)), std::string::npos) << help.out;

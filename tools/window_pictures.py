@@ -1,0 +1,104 @@
+"""Opens the viewer's windows as a user would and grabs what the screen shows: VIEWER PACKAGES PICTURES"""
+
+import atexit
+import subprocess
+import sys
+import time
+
+from bus import Viewer, act, choose, named, press, until
+
+YAXVIEW, PACKAGES, PICTURES = sys.argv[1:]
+
+
+def run(*command):
+    return subprocess.run(command, check=True, stdout=subprocess.PIPE, text=True).stdout
+
+
+def visible(title):
+    """The X window with this title, once it is there."""
+    return until(lambda: run("xdotool", "search", "--onlyvisible", "--name", title).split()[-1], title)
+
+
+def grab(name, title=None):
+    """The window with this title in its frame, or all of the screen that is not empty."""
+    run("xdotool", "mousemove", "1490", "950")
+    time.sleep(1)
+    picture = f"{PICTURES}/{name}.png"
+    run("import", *(["-frame", "-window", visible(title)] if title else ["-window", "root"]), picture)
+    run("mogrify", "-trim", "+repage", "-strip", picture)
+
+
+class Shown(Viewer):
+    """The viewer with a package, at a place that leaves room for other windows."""
+
+    def __init__(self, package):
+        super().__init__(YAXVIEW, f"{PACKAGES}/{package}")
+        self.place = visible("^3D YAX Viewer - ")
+        run("xdotool", "windowsize", "--sync", self.place, "900", "680", "windowmove", self.place, "10", "30")
+        time.sleep(1)
+
+    def keys(self, *keys):
+        run("xdotool", "windowactivate", "--sync", self.place, "key", "--delay", "30", *keys)
+        time.sleep(0.5)
+
+
+def custom(window, frame, value):
+    panel = named(window, frame, "panel")
+    act(named(panel, "Custom", "radio button"), "Toggle")
+    named(panel, frame + " value", "text").queryEditableText().setTextContents(value)
+
+
+TURNED = ["shift+Up"] * 5 + ["shift+Right"] * 3
+
+
+def looking():
+    with Shown("AAAc.yax") as viewer:
+        grab("window-first")
+        viewer.keys(*TURNED)
+        grab("window-turned")
+        act(named(viewer.app, "Package view"), "ShowMenu")
+        grab("window-menu")
+
+
+def choosing_wires():
+    with Shown("bga332.yax") as viewer:
+        viewer.keys(*TURNED)
+        wires = viewer.open("Wire List ...", "Wire List")
+        press(wires, "Tier1")
+        grab("window-wires")
+
+
+def shaping_loops():
+    with Shown("stacked-ram.yax") as viewer:
+        viewer.keys(*["shift+Up"] * 7, *["Up"] * 5, "shift+Right", "shift+Right", "plus", "plus")
+        grab("window-flat", "^3D YAX Viewer - ")
+        setup = viewer.open("Wire Bond Setup ...", "Wire Bond Setup")
+        custom(setup, "Base Loop Height", "7")
+        custom(setup, "Base Loop Extension", "12")
+        custom(setup, "Stack Loop Height", "6")
+        act(named(named(setup, "Stacked Loop Extension", "panel"), "Edge of Base Die", "radio button"), "Toggle")
+        custom(setup, "Stitch Loop Extension", "8")
+        press(setup, "Apply")
+        grab("window-setup", "Wire Bond Setup")
+        press(setup, "OK")
+        grab("window-loops", "^3D YAX Viewer - ")
+
+
+def keeping():
+    with Shown("AAAc.yax") as viewer:
+        viewer.keys(*TURNED)
+        choose(viewer.app, "White")
+        # By keys: a dialog answers the accessibility bus only when it closes.
+        viewer.keys("Menu", "Down", "Down", "Return")
+        grab("window-save")
+        run("xdotool", "key", "Escape")
+        viewer.keys("Menu", "Down", "Down", "Down", "Return")
+        grab("window-printer", "Printer Setup")
+
+
+manager = subprocess.Popen(["openbox"])
+atexit.register(manager.kill)
+looking()
+choosing_wires()
+shaping_loops()
+keeping()
