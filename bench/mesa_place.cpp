@@ -7,7 +7,7 @@
 namespace bench {
 
 std::unique_ptr<render::gl::GlSurface> OpenDrawingPlace() {
-  auto surface = std::make_unique<render::gl::OffscreenSurface>(render::gl::PixelSize{1280, 960});
+  auto surface = std::make_unique<render::gl::OffscreenSurface>(render::PixelSize{1280, 960});
   if (!surface->CreateContext()) throw std::runtime_error("there is no usable GL");
   render::gl::SetUpView(surface->Size(), {});
   return surface;

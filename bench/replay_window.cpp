@@ -89,7 +89,7 @@ class ReplayWindow {
   XVisualInfo* visual_ = nullptr;
   Window window_ = 0;
   GLXContext context_ = nullptr;
-  render::gl::PixelSize size_{1280, 960};
+  render::PixelSize size_{1280, 960};
 };
 
 }  // namespace

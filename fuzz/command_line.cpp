@@ -56,9 +56,9 @@ class Surface final : public render::gl::GlSurface {
   bool IsShown() const override { return true; }
   void SwapBuffers() override {}
   void DeleteContext() override { has_ = false; }
-  render::gl::PixelSize Size() const override { return size; }
+  render::PixelSize Size() const override { return size; }
 
-  render::gl::PixelSize size{640, 480};
+  render::PixelSize size{640, 480};
 
  private:
   bool granted_;

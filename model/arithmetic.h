@@ -5,13 +5,14 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <numbers>
 
 #include "model/faults.h"
 
 namespace model {
 
-/// Pi as the program knows it: 4 * arctangent(1), kept as a single.
-inline constexpr float Pi = 3.14159265358979323846F;
+/// Deliberate: what is drawn is turned by pi as a single holds it, which is 9e-8 above std::numbers::pi.
+inline constexpr double kSinglePi = double(std::numbers::pi_v<float>);
 
 /// Rounds a result to single precision, which is what every stored length or angle is.
 /// Faults  Overflow beyond the range of a single (infinities and not-a-numbers included)

@@ -5,9 +5,12 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <climits>
+#include <cstdlib>
 #include <new>
 #include <stdexcept>
 #include <system_error>
+#include <utility>
 
 #include "model/faults.h"
 #include "model/text.h"
@@ -16,28 +19,28 @@ namespace model {
 
 namespace {
 
-// The largest packages have some megabytes. What is beyond this is none, and may be a hole without end.
+// The largest packages have some megabytes. A larger file is not a package, and may be a hole without end.
 constexpr std::size_t kMaxBytes = std::size_t{1} << 28;
 
-class OpenFile {
+[[noreturn]] void ThrowFault(int error, const std::string& path) {
+  throw FileFault(std::generic_category().message(error), std::string(FileNameOf(path)));
+}
+
+/// Owns a file descriptor; -1 for none.
+class Descriptor {
  public:
-  explicit OpenFile(const std::string& path)
-      // Without O_NONBLOCK a pipe that took the file's place would hold the program for ever.
-      : number_(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {}
-  OpenFile(const OpenFile&) = delete;
-  OpenFile& operator=(const OpenFile&) = delete;
-  ~OpenFile() {
+  explicit Descriptor(int number) : number_(number) {}
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  ~Descriptor() {
     if (number_ >= 0) close(number_);
   }
   int Number() const { return number_; }
+  bool Close() { return close(std::exchange(number_, -1)) == 0; }
 
  private:
   int number_;
 };
-
-[[noreturn]] void FaultOf(int error, const std::string& path) {
-  throw FileFault(std::generic_category().message(error), std::string(FileNameOf(path)));
-}
 
 /// All of an open file whose size was `size` a moment ago: it may grow or shrink while it is read.
 std::string ReadFrom(int file, std::size_t size, const std::string& path) {
@@ -45,16 +48,85 @@ std::string ReadFrom(int file, std::size_t size, const std::string& path) {
   std::string bytes(size + 1, '\0');
   std::size_t got = 0;
   for (;;) {
-    if (got > kMaxBytes) FaultOf(EFBIG, path);
+    if (got > kMaxBytes) ThrowFault(EFBIG, path);
     if (got == bytes.size()) bytes.resize(bytes.size() + 4096);
     const ssize_t part = read(file, bytes.data() + got, bytes.size() - got);
     if (part < 0 && errno == EINTR) continue;
-    if (part < 0) FaultOf(errno, path);
+    if (part < 0) ThrowFault(errno, path);
     if (part == 0) break;
     got += static_cast<std::size_t>(part);
   }
   bytes.resize(got);
   return bytes;
+}
+
+/// Follows links, also one whose target does not exist yet.
+std::string TargetOf(const std::string& path) {
+  std::string target = path;
+  for (int links = 0; links < 40; ++links) {
+    char text[PATH_MAX];
+    const ssize_t length = readlink(target.c_str(), text, sizeof text);
+    if (length < 0) return target;
+    const std::string next(text, static_cast<std::size_t>(length));
+    const std::size_t folder = target.rfind('/');
+    target =
+        next.starts_with('/') || folder == std::string::npos ? next : target.substr(0, folder + 1) + next;
+  }
+  ThrowFault(ELOOP, path);
+}
+
+/// The new content beside the target, deleted again unless it took the target's place.
+/// Its name does not grow out of the target's, which may be as long as the system allows.
+class Draft {
+ public:
+  explicit Draft(const std::string& target)
+      : name_(target.substr(0, target.rfind('/') + 1) + ".yaxview-XXXXXX"),
+        file_(mkostemp(name_.data(), O_CLOEXEC)) {}
+  Draft(const Draft&) = delete;
+  Draft& operator=(const Draft&) = delete;
+  ~Draft() {
+    if (opened_ && !placed_) unlink(name_.c_str());
+  }
+
+  bool Opened() const { return opened_; }
+
+  bool Write(std::string_view bytes) {
+    while (!bytes.empty()) {
+      const ssize_t part = write(file_.Number(), bytes.data(), bytes.size());
+      if (part < 0 && errno == EINTR) continue;
+      if (part < 0) return false;
+      bytes.remove_prefix(static_cast<std::size_t>(part));
+    }
+    return true;
+  }
+
+  bool Place(const std::string& target, mode_t mode, Durability durability) {
+    const bool settled =
+        fchmod(file_.Number(), mode) == 0 && (durability == Durability::Fast || fsync(file_.Number()) == 0);
+    // A network file system may report ENOSPC only at close().
+    placed_ = settled && file_.Close() && rename(name_.c_str(), target.c_str()) == 0;
+    return placed_;
+  }
+
+ private:
+  std::string name_;
+  Descriptor file_;
+  bool opened_ = file_.Number() >= 0;
+  bool placed_ = false;
+};
+
+/// The permissions that the new file takes: the old file's, or those of any new file.
+mode_t ModeFor(const std::string& target) {
+  struct stat old {};
+  if (stat(target.c_str(), &old) == 0) {
+    if (!S_ISREG(old.st_mode)) ThrowFault(S_ISDIR(old.st_mode) ? EISDIR : EINVAL, target);
+    // A rename would replace a file that may not be written; its permissions must hold here too.
+    if (access(target.c_str(), W_OK) != 0) ThrowFault(errno, target);
+    return old.st_mode & 07777;
+  }
+  const mode_t mask = umask(0);
+  umask(mask);
+  return 0666 & ~mask;
 }
 
 }  // namespace
@@ -65,21 +137,30 @@ bool FileExists(const std::string& path) {
 }
 
 std::string ReadWholeFile(const std::string& path) {
-  const OpenFile file(path);
-  if (file.Number() < 0) FaultOf(errno, path);
+  // Without O_NONBLOCK a pipe that took the file's place would block the program for ever.
+  const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  if (file.Number() < 0) ThrowFault(errno, path);
   struct stat status {};
-  if (fstat(file.Number(), &status) != 0) FaultOf(errno, path);
-  if (S_ISDIR(status.st_mode)) FaultOf(EISDIR, path);
+  if (fstat(file.Number(), &status) != 0) ThrowFault(errno, path);
+  if (S_ISDIR(status.st_mode)) ThrowFault(EISDIR, path);
   if (!S_ISREG(status.st_mode)) throw FileFault("Not a regular file", std::string(FileNameOf(path)));
 
-  if (static_cast<std::size_t>(status.st_size) > kMaxBytes) FaultOf(EFBIG, path);
+  if (static_cast<std::size_t>(status.st_size) > kMaxBytes) ThrowFault(EFBIG, path);
   try {
     return ReadFrom(file.Number(), static_cast<std::size_t>(status.st_size), path);
   } catch (const std::bad_alloc&) {
-    FaultOf(ENOMEM, path);
+    ThrowFault(ENOMEM, path);
   } catch (const std::length_error&) {
-    FaultOf(EFBIG, path);
+    ThrowFault(EFBIG, path);
   }
+}
+
+void WriteWholeFile(const std::string& path, std::string_view bytes, Durability durability) {
+  const std::string target = TargetOf(path);
+  const mode_t mode = ModeFor(target);
+  Draft draft(target);
+  if (!draft.Opened() || !draft.Write(bytes) || !draft.Place(target, mode, durability))
+    ThrowFault(errno, path);
 }
 
 }  // namespace model

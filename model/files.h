@@ -1,7 +1,8 @@
-/// Reading what lies on the disk.
+/// Reading and writing of files, each as a whole.
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace model {
 
@@ -12,5 +13,15 @@ bool FileExists(const std::string& path);
 /// Faults  FileFault when it is there but cannot be opened or read, is not a regular file, or is larger
 ///         than 256 megabytes
 std::string ReadWholeFile(const std::string& path);
+
+/// Whether to fsync before the rename. Output that can be regenerated skips it: the sync can cost more than
+/// all the rest.
+enum class Durability { Synced, Fast };
+
+/// Replaces (or creates) the file at `path` with `bytes`. The old file stays as it was until the new one is
+/// complete; an existing file keeps its permissions, and a link still points to it.
+/// Faults  FileFault with the system's reason; nothing is left behind then
+void WriteWholeFile(const std::string& path, std::string_view bytes,
+                    Durability durability = Durability::Synced);
 
 }  // namespace model

@@ -96,8 +96,8 @@ void WireWalk::StackedWires() const {
     if (!HasWire(bond)) continue;
     Visit({RecordTable::SDBonds, i, BondPart::Wire}, bond.Name, [&] {
       if (toEdge)
-        loop.Extension =
-            EdgeDistance(bond.DieSide, WireStart(bond), bond.SubX, bond.SubY, baseDie, loop.Extension);
+        loop.Extension = EdgeDistance(SideOf(bond.DieSide), WireStart(bond), bond.SubX, bond.SubY, baseDie,
+                                      loop.Extension);
       return PathOf(bond, loop);
     });
   }

@@ -3,7 +3,6 @@
 #include <cmath>
 
 #include "model/arithmetic.h"
-#include "model/text.h"
 
 namespace model {
 
@@ -42,7 +41,7 @@ WirePath SevenPoints(const PackagePoint& start, const PackagePoint& end, float l
           end};
 }
 
-float EdgeDistance(const std::string& side, const PackagePoint& start, float subX, float subY,
+float EdgeDistance(std::optional<Side> side, const PackagePoint& start, float subX, float subY,
                    const DiePlan& baseDie, float previous) {
   const float a = Single(double(start.X) - double(subX));
   const float b = Single(double(start.Y) - double(subY));
@@ -52,12 +51,19 @@ float EdgeDistance(const std::string& side, const PackagePoint& start, float sub
   const auto distance = [&](double toEdge, float run) {
     return Single(std::fabs(length * Divide(toEdge, double(run), "it runs along the base die's edge")));
   };
-  if (EqualsUpper(side, "T")) return distance(double(start.Y) - halfLength, b);
-  if (EqualsUpper(side, "B")) return distance(halfLength + double(start.Y), b);
-  if (EqualsUpper(side, "L")) return distance(halfWidth + double(start.X), a);
-  if (EqualsUpper(side, "R")) return distance(double(start.X) - halfWidth, a);
   // Deliberate: a pad on no edge takes the distance of the wire before it.
-  return previous;
+  if (!side) return previous;
+  switch (*side) {
+    case Side::Top:
+      return distance(double(start.Y) - halfLength, b);
+    case Side::Bottom:
+      return distance(halfLength + double(start.Y), b);
+    case Side::Left:
+      return distance(halfWidth + double(start.X), a);
+    case Side::Right:
+      break;
+  }
+  return distance(double(start.X) - halfWidth, a);
 }
 
 }  // namespace model

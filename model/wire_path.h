@@ -2,9 +2,10 @@
 #pragma once
 
 #include <array>
-#include <string>
+#include <optional>
 
 #include "model/package.h"
+#include "model/side.h"
 
 namespace model {
 
@@ -38,9 +39,9 @@ struct DiePlan {
 };
 
 /// Plan distance from a stacked-die pad, along the line to its substrate pad, to the base die's edge on
-/// the pad's side (a letter of any case). Any other `side` gives `previous`.
+/// the pad's side. A pad on no side gives `previous`.
 /// Faults  DivisionByZero when the line runs along the edge; Overflow
-float EdgeDistance(const std::string& side, const PackagePoint& start, float subX, float subY,
+float EdgeDistance(std::optional<Side> side, const PackagePoint& start, float subX, float subY,
                    const DiePlan& baseDie, float previous);
 
 }  // namespace model

@@ -1,6 +1,8 @@
 #include <cmath>
+#include <optional>
 
 #include "model/arithmetic.h"
+#include "model/side.h"
 #include "model/text.h"
 #include "render/scene.h"
 
@@ -34,13 +36,10 @@ void Scene::DrawSubstratePads(const model::Table<model::BondRec>& bonds, model::
 /// Turns the side letter and the pad's own angle into its corners. A bond on no edge leaves the slots as they
 /// are.
 void Scene::OrientPad(const model::BondRec& bond) {
-  double degrees = double(bond.SubAngle);
-  if (model::EqualsUpper(bond.DieSide, "L") || model::EqualsUpper(bond.DieSide, "R")) {
-    degrees += 90.0;
-  } else if (!model::EqualsUpper(bond.DieSide, "B") && !model::EqualsUpper(bond.DieSide, "T")) {
-    return;
-  }
-  SetPadCorners(bond, Single(degrees * double(model::Pi) / 180.0));
+  const std::optional<model::Side> side = model::SideOf(bond.DieSide);
+  if (!side) return;
+  const double degrees = double(bond.SubAngle) + (model::IsUpright(*side) ? 90.0 : 0.0);
+  SetPadCorners(bond, Single(degrees * model::kSinglePi / 180.0));
 }
 
 /// The corners of the pad (of the part between its round ends), turned about its centre:
@@ -56,7 +55,7 @@ void Scene::SetPadCorners(const model::BondRec& bond, float rotation) {
   const double theta1 = double(Single(double(rotation) + phi));
   const double theta2 = double(Single(double(rotation) - phi));
   const double r = double(Single(std::sqrt(a * a + b * b)));
-  const double pi = double(model::Pi);
+  const double pi = model::kSinglePi;
   const double x = double(bond.SubX);
   const double y = double(bond.SubY);
   padCorners_[0] = {Single(x - r * std::sin(theta1)), Single(y - r * std::cos(theta1))};

@@ -17,7 +17,7 @@ constexpr std::size_t kRimPoints = std::tuple_size_v<model::DiscRim>;
 std::array<Direction, kRimPoints> UnitRim() {
   std::array<Direction, kRimPoints> rim{};
   for (std::size_t step = 0; step < kRimPoints; ++step) {
-    const double t = double(model::Single(double(model::Pi) / 180.0 * (10.0 * double(step))));
+    const double t = double(model::Single(model::kSinglePi / 180.0 * (10.0 * double(step))));
     rim[step] = {std::sin(t), std::cos(t)};
   }
   return rim;

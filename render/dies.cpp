@@ -28,7 +28,7 @@ void Scene::DrawDie() {
 class Scene::Turn {
  public:
   explicit Turn(float degrees) {
-    const double a = double(Single(double(model::Pi) / 180.0 * double(degrees)));
+    const double a = double(Single(model::kSinglePi / 180.0 * double(degrees)));
     sine_ = std::sin(a);
     cosine_ = std::cos(a);
   }

@@ -1,31 +1,16 @@
-/// Views with a name, from an eye that stands so that everything drawn is seen.
+/// Named views, from an eye that sees everything drawn.
 #pragma once
 
-#include <array>
 #include <vector>
 
 #include "model/pen.h"
-#include "render/gl/gl_surface.h"
+#include "render/eye.h"
+#include "render/picture.h"
 
 namespace render {
 
-/// A point or direction of the scene (y is up) in double precision.
-using ScenePoint = std::array<double, 3>;
-
-/// Angle of view from the lower to the upper edge of every picture, degrees.
-inline constexpr double kFieldOfView = 60.0;
-
 /// Front is seen from the package's negative y, left from its negative x; top and front show x to the right.
 enum class NamedView { Top, Bottom, Front, Back, Left, Right, Iso };
-
-/// An eye that no whole numbers bind.
-struct Eye {
-  ScenePoint Position{};
-  ScenePoint Target{};
-  ScenePoint Up{};
-  double Near = 1.0;
-  double Far = 2000.0;
-};
 
 /// Draws nothing; keeps every point that would be drawn.
 class FitPen final : public model::Pen {
@@ -36,7 +21,7 @@ class FitPen final : public model::Pen {
 
   /// The nearest eye of a view that sees all of them with a small margin, in the middle of a picture of this
   /// size.
-  Eye Fit(NamedView view, const gl::PixelSize& size) const;
+  Eye Fit(NamedView view, const PixelSize& size) const;
 
  private:
   template <class Points>

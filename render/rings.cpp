@@ -1,12 +1,15 @@
 #include <cmath>
+#include <optional>
 #include <string>
 
 #include "model/arithmetic.h"
+#include "model/side.h"
 #include "model/text.h"
 #include "render/scene.h"
 
 namespace render {
 
+using model::Side;
 using model::Single;
 
 namespace {
@@ -14,11 +17,6 @@ namespace {
 constexpr std::size_t kSamples = 100;
 
 bool IsArc(const std::string& kind) { return model::EqualsUpper(kind, "ARC"); }
-
-// Deliberate: side letters count only in upper case.
-bool IsSide(std::string_view side) { return side == "B" || side == "T" || side == "L" || side == "R"; }
-
-bool IsUpright(std::string_view side) { return side == "L" || side == "R"; }
 
 /// Radius of the circle through a chord's ends whose arc stands out by h: (c^2 / (4 h) + h) / 2.
 float ArcRadius(float chord, float h) {
@@ -28,7 +26,7 @@ float ArcRadius(float chord, float h) {
 
 }  // namespace
 
-float Snap(std::string_view side, float centreX, float centreY, float radius, float h, float p) {
+float Snap(Side side, float centreX, float centreY, float radius, float h, float p) {
   const double d = double(Single(double(p) - double(IsUpright(side) ? centreY : centreX)));
   const double r = double(radius);
   const double s = double(Single(std::sqrt(std::fabs(r * r - d * d))));
@@ -43,9 +41,19 @@ struct Scene::RingOutline {
   explicit RingOutline(const Ring& ring)
       : X1(ring.X1), X2(ring.X2), Y1(ring.Y1), Y2(ring.Y2), Width(ring.Width), Param(ring.Param) {}
 
-  /// The coordinate at which a side lies: y for "B" and "T", x for "L" and "R".
-  float Line(std::string_view side) const {
-    return side == "B" ? Y1 : side == "T" ? Y2 : side == "L" ? X1 : X2;
+  /// The coordinate at which a side lies: x of an upright one, else y.
+  float Line(Side side) const {
+    switch (side) {
+      case Side::Bottom:
+        return Y1;
+      case Side::Top:
+        return Y2;
+      case Side::Left:
+        return X1;
+      case Side::Right:
+        break;
+    }
+    return X2;
   }
 };
 
@@ -66,7 +74,7 @@ struct Scene::Span {
 
 /// One bowed side, or a part of it, as 99 plates. Each is longer by half the width at both ends, so that
 /// neighbours overlap and the band has no gaps.
-void Scene::DrawArcSide(std::string_view side, const RingOutline& ring, const Span& span) {
+void Scene::DrawArcSide(Side side, const RingOutline& ring, const Span& span) {
   const bool upright = IsUpright(side);
   const double a = double(ring.Width) / 2.0;
   const float chord = upright ? Single(std::fabs(double(ring.Y1) - double(ring.Y2)))
@@ -75,8 +83,8 @@ void Scene::DrawArcSide(std::string_view side, const RingOutline& ring, const Sp
   const float centreX = Single((double(ring.X1) + double(ring.X2)) / 2.0);
   const float centreY = Single((double(ring.Y1) + double(ring.Y2)) / 2.0);
   const double line = double(ring.Line(side));
-  // All sides bow outwards: y counts downwards here, so "B" lies at the larger y.
-  const double outwards = side == "B" || side == "R" ? 1.0 : -1.0;
+  // All sides bow outwards: y counts downwards here, so the bottom side lies at the larger y.
+  const double outwards = side == Side::Bottom || side == Side::Right ? 1.0 : -1.0;
 
   const std::array<float, kSamples> positions = span.Positions();
   std::array<float, kSamples> bowed{};
@@ -108,10 +116,10 @@ void Scene::DrawArcRing(std::size_t ring) {
   const float width = Single(std::fabs(double(outline.X1) - double(outline.X2)));
   const float length = Single(std::fabs(double(outline.Y1) - double(outline.Y2)));
   // Deliberate: upright sides are sampled from Y2 upwards even when Y2 is the larger one.
-  DrawArcSide("B", outline, {outline.X1, width, 1.0});
-  DrawArcSide("T", outline, {outline.X1, width, 1.0});
-  DrawArcSide("L", outline, {outline.Y2, length, 1.0});
-  DrawArcSide("R", outline, {outline.Y2, length, 1.0});
+  DrawArcSide(Side::Bottom, outline, {outline.X1, width, 1.0});
+  DrawArcSide(Side::Top, outline, {outline.X1, width, 1.0});
+  DrawArcSide(Side::Left, outline, {outline.Y2, length, 1.0});
+  DrawArcSide(Side::Right, outline, {outline.Y2, length, 1.0});
 }
 
 void Scene::DrawRings() {
@@ -125,16 +133,16 @@ void Scene::DrawRings() {
 void Scene::DrawRing(std::size_t ring) {
   if (IsArc(in_.Package.Rings[ring].Kind)) return DrawArcRing(ring);
   const RingOutline outline(in_.Package.Rings[ring]);
-  DrawStraightSide("B", outline, outline.X1, outline.X2);
-  DrawStraightSide("T", outline, outline.X1, outline.X2);
-  DrawStraightSide("L", outline, outline.Y1, outline.Y2);
-  DrawStraightSide("R", outline, outline.Y1, outline.Y2);
+  DrawStraightSide(Side::Bottom, outline, outline.X1, outline.X2);
+  DrawStraightSide(Side::Top, outline, outline.X1, outline.X2);
+  DrawStraightSide(Side::Left, outline, outline.Y1, outline.Y2);
+  DrawStraightSide(Side::Right, outline, outline.Y1, outline.Y2);
 }
 
 /// A straight side, or a part of it, longer by half the width at both ends. On a well-formed ring the sides
 /// at Y1 and Y2 so take the corner squares, and those at X1 and X2, running from Y1 down to Y2, meet them
 /// edge to edge.
-void Scene::DrawStraightSide(std::string_view side, const RingOutline& ring, float start, float end) {
+void Scene::DrawStraightSide(Side side, const RingOutline& ring, float start, float end) {
   const double a = double(ring.Width) / 2.0;
   const double line = double(ring.Line(side));
   const float first = Single(double(start) - a);
@@ -148,10 +156,12 @@ void Scene::DrawStraightSide(std::string_view side, const RingOutline& ring, flo
 void Scene::DrawArcSRing(std::size_t ring) {
   const RingOutline outline(in_.Package.SRings[ring]);
   for (const model::SRSegRec& segment : in_.Package.SRings[ring].Segs) {
-    if (!IsSide(segment.Name)) continue;
+    // Deliberate: side letters count only in upper case.
+    const std::optional<Side> side = model::ExactSideOf(segment.Name);
+    if (!side) continue;
     const float length = Single(std::fabs(double(segment.A) - double(segment.B)));
     // Segments of the upright sides are given from their upper end downwards.
-    DrawArcSide(segment.Name, outline, {segment.A, length, IsUpright(segment.Name) ? -1.0 : 1.0});
+    DrawArcSide(*side, outline, {segment.A, length, IsUpright(*side) ? -1.0 : 1.0});
   }
 }
 
@@ -167,7 +177,8 @@ void Scene::DrawSRing(std::size_t ring) {
   if (IsArc(in_.Package.SRings[ring].Kind)) return DrawArcSRing(ring);
   const RingOutline outline(in_.Package.SRings[ring]);
   for (const model::SRSegRec& segment : in_.Package.SRings[ring].Segs)
-    if (IsSide(segment.Name)) DrawStraightSide(segment.Name, outline, segment.A, segment.B);
+    if (const auto side = model::ExactSideOf(segment.Name))
+      DrawStraightSide(*side, outline, segment.A, segment.B);
 }
 
 void Scene::RenderRingSide(float, float, float, float, float) {}

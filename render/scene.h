@@ -8,6 +8,7 @@
 #include "model/draw_quad.h"
 #include "model/package.h"
 #include "model/pen.h"
+#include "model/side.h"
 #include "model/wire_bond_settings.h"
 #include "model/wire_path.h"
 #include "model/wire_selection.h"
@@ -95,8 +96,8 @@ class Scene {
   void DrawRing(std::size_t ring);
   void DrawSRing(std::size_t ring);
   void DrawRoundPad(const model::BondRec& bond, double quadHeight, double upperDisc, double lowerDisc);
-  void DrawArcSide(std::string_view side, const RingOutline& ring, const Span& span);
-  void DrawStraightSide(std::string_view side, const RingOutline& ring, float start, float end);
+  void DrawArcSide(model::Side side, const RingOutline& ring, const Span& span);
+  void DrawStraightSide(model::Side side, const RingOutline& ring, float start, float end);
   void DrawBand(model::DapRec dap);
   void DrawSubstratePads(const model::Table<model::BondRec>& bonds, model::RecordTable table);
   void DrawSubstratePad(const model::BondRec& bond, const model::RecordPlace& place);
@@ -119,8 +120,8 @@ class Scene {
 };
 
 /// The bulge of a bowed side at position p along it: h at the side's middle, 0 at its corners.
-/// Units  `side` "L" or "R" measures from centreY, any other from centreX; radius of the side's circle
+/// Units  an upright side measures from centreY, any other from centreX; radius of the side's circle
 /// Deliberate: the root is of an absolute value, so that positions beyond the circle give a number too.
-float Snap(std::string_view side, float centreX, float centreY, float radius, float h, float p);
+float Snap(model::Side side, float centreX, float centreY, float radius, float h, float p);
 
 }  // namespace render

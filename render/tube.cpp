@@ -4,6 +4,9 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <glm/geometric.hpp>
+#include <glm/vec3.hpp>
+#include <numbers>
 #include <vector>
 
 #include "model/arithmetic.h"
@@ -12,76 +15,65 @@ namespace render {
 
 namespace {
 
-struct Vector {
-  double x, y, z;
-};
-
-Vector operator+(const Vector& a, const Vector& b) { return {a.x + b.x, a.y + b.y, a.z + b.z}; }
-Vector operator-(const Vector& a, const Vector& b) { return {a.x - b.x, a.y - b.y, a.z - b.z}; }
-Vector operator*(double f, const Vector& a) { return {f * a.x, f * a.y, f * a.z}; }
-double Dot(const Vector& a, const Vector& b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
-Vector Cross(const Vector& a, const Vector& b) {
-  return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
-double Length(const Vector& a) { return std::sqrt(Dot(a, a)); }
-Vector Unit(const Vector& a) { return (1.0 / Length(a)) * a; }
-
 constexpr std::size_t kSides = kTubeSides;
-using Ring = std::array<Vector, kSides>;
+using Ring = std::array<glm::dvec3, kSides>;
 
-std::vector<Vector> DifferentPoints(const model::WireStrip& strip) {
-  std::vector<Vector> points;
+std::vector<glm::dvec3> DifferentPoints(const model::WireStrip& strip) {
+  std::vector<glm::dvec3> points;
   for (const model::SceneVector& p : strip) {
-    const Vector point{double(p.X), double(p.Y), double(p.Z)};
-    if (points.empty() || Length(point - points.back()) > 0.0) points.push_back(point);
+    const glm::dvec3 point{double(p.X), double(p.Y), double(p.Z)};
+    if (points.empty() || glm::length(point - points.back()) > 0.0) points.push_back(point);
   }
   return points;
 }
 
 /// From the line to the tube's edges, across a direction.
-Ring FirstSpokes(const Vector& direction, double radius) {
-  const Vector away = std::fabs(direction.y) < 0.9 ? Vector{0.0, 1.0, 0.0} : Vector{1.0, 0.0, 0.0};
-  const Vector u = Unit(Cross(away, direction));
-  const Vector v = Cross(direction, u);
-  const double step = 2.0 * std::acos(-1.0) / double(kSides);
+Ring FirstSpokes(const glm::dvec3& direction, double radius) {
+  const glm::dvec3 away =
+      std::fabs(direction.y) < 0.9 ? glm::dvec3{0.0, 1.0, 0.0} : glm::dvec3{1.0, 0.0, 0.0};
+  const glm::dvec3 u = glm::normalize(glm::cross(away, direction));
+  const glm::dvec3 v = glm::cross(direction, u);
+  const double step = 2.0 * std::numbers::pi / double(kSides);
   Ring spokes{};
   for (std::size_t k = 0; k < kSides; ++k)
     spokes[k] = (radius * std::cos(step * double(k))) * u + (radius * std::sin(step * double(k))) * v;
   return spokes;
 }
 
-/// Turns a vector as one direction turns into another, the short way round.
-Vector Turned(const Vector& v, const Vector& from, const Vector& to, const Vector& anyAcross) {
-  const Vector axis = Cross(from, to);
-  const double squared = Dot(axis, axis);
-  const double cosine = Dot(from, to);
-  if (squared > 1e-24) return v + Cross(axis, v) + ((1.0 - cosine) / squared) * Cross(axis, Cross(axis, v));
-  return cosine > 0.0 ? v : (2.0 * Dot(anyAcross, v)) * anyAcross - v;
+/// Turns a vector as one direction turns into another, the shorter way.
+glm::dvec3 Turned(const glm::dvec3& v, const glm::dvec3& from, const glm::dvec3& to,
+                  const glm::dvec3& anyAcross) {
+  const glm::dvec3 axis = glm::cross(from, to);
+  const double squared = glm::dot(axis, axis);
+  const double cosine = glm::dot(from, to);
+  if (squared > 1e-24)
+    return v + glm::cross(axis, v) + ((1.0 - cosine) / squared) * glm::cross(axis, glm::cross(axis, v));
+  return cosine > 0.0 ? v : (2.0 * glm::dot(anyAcross, v)) * anyAcross - v;
 }
 
 /// The ring where a tube bends: the edges of both halves meet in the plane halfway between them. Turns
 /// `spokes` across the new direction.
-Ring Mitre(const Vector& from, const Vector& to, Ring& spokes) {
+Ring Mitre(const glm::dvec3& from, const glm::dvec3& to, Ring& spokes) {
   // A wire that turns back sharply would stand out in a long spike; its tube is cut off square there.
   constexpr double kSharpest = 0.5;
-  const Vector middle = from + to;
-  const bool square = Length(middle) < kSharpest;
-  const Vector anyAcross = Unit(spokes[0]);
+  const glm::dvec3 middle = from + to;
+  const bool square = glm::length(middle) < kSharpest;
+  const glm::dvec3 anyAcross = glm::normalize(spokes[0]);
   Ring ring{};
   for (std::size_t k = 0; k < kSides; ++k) {
-    ring[k] = square ? spokes[k] : spokes[k] - (Dot(spokes[k], middle) / Dot(from, middle)) * from;
+    ring[k] = square ? spokes[k] : spokes[k] - (glm::dot(spokes[k], middle) / glm::dot(from, middle)) * from;
     spokes[k] = Turned(spokes[k], from, to, anyAcross);
   }
   return ring;
 }
 
-std::vector<Ring> RingsAlong(const std::vector<Vector>& points, double radius) {
+std::vector<Ring> RingsAlong(const std::vector<glm::dvec3>& points, double radius) {
   std::vector<Ring> rings;
-  Vector direction = Unit(points[1] - points[0]);
+  glm::dvec3 direction = glm::normalize(points[1] - points[0]);
   Ring spokes = FirstSpokes(direction, radius);
   rings.push_back(spokes);
   for (std::size_t k = 1; k + 1 < points.size(); ++k) {
-    const Vector next = Unit(points[k + 1] - points[k]);
+    const glm::dvec3 next = glm::normalize(points[k + 1] - points[k]);
     rings.push_back(Mitre(direction, next, spokes));
     direction = next;
   }
@@ -89,9 +81,9 @@ std::vector<Ring> RingsAlong(const std::vector<Vector>& points, double radius) {
   return rings;
 }
 
-void AddRing(const Vector& centre, const Ring& ring, Mesh& mesh) {
-  for (const Vector& spoke : ring) {
-    const Vector point = centre + spoke;
+void AddRing(const glm::dvec3& centre, const Ring& ring, Mesh& mesh) {
+  for (const glm::dvec3& spoke : ring) {
+    const glm::dvec3 point = centre + spoke;
     mesh.Points.push_back({model::Single(point.x), model::Single(point.y), model::Single(point.z)});
   }
 }
@@ -100,7 +92,7 @@ void AddRing(const Vector& centre, const Ring& ring, Mesh& mesh) {
 
 void AddTube(const model::WireStrip& strip, double radius, Mesh& mesh) {
   constexpr std::uint32_t kRound = kTubeSides;
-  const std::vector<Vector> points = DifferentPoints(strip);
+  const std::vector<glm::dvec3> points = DifferentPoints(strip);
   if (points.size() < 2) return;
   const std::vector<Ring> rings = RingsAlong(points, radius);
   const auto first = static_cast<std::uint32_t>(mesh.Points.size());

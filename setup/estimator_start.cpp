@@ -11,7 +11,6 @@
 
 #include "model/faults.h"
 #include "model/files.h"
-#include "model/whole_file.h"
 #include "setup/parameter_file.h"
 
 namespace setup {

@@ -6,7 +6,6 @@
 #include "model/files.h"
 #include "model/numbers.h"
 #include "model/text.h"
-#include "model/whole_file.h"
 
 namespace setup {
 

@@ -66,7 +66,7 @@ StitchRec PlaceholderStitch(const Package& package) {
 /// there.
 double ToEdge(const Package& package, const BondRec& bond) {
   try {
-    return double(model::EdgeDistance(bond.DieSide, WireStart(bond), bond.SubX, bond.SubY,
+    return double(model::EdgeDistance(model::SideOf(bond.DieSide), WireStart(bond), bond.SubX, bond.SubY,
                                       {package.CompW, package.CompL}, 0.0F));
   } catch (const model::Fault&) {
     return 0.0;

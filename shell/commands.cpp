@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "model/whole_file.h"
+#include "model/files.h"
 #include "render/bitmap.h"
 #include "shell/main_form.h"
 #include "shell/program_end.h"

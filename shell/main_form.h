@@ -95,7 +95,7 @@ class MainForm {
   render::gl::GlPen pen_;
   render::Scene scene_{{package_, settings_, appearance_, selection_}, pen_};
   render::gl::SceneList sceneList_;
-  render::gl::PixelSize loadedSize_;
+  render::PixelSize loadedSize_;
   bool loading_ = false;
 };
 

@@ -8,7 +8,7 @@
 #include <system_error>
 
 #include "model/faults.h"
-#include "model/whole_file.h"
+#include "model/files.h"
 #include "yax/messages.h"
 
 namespace yax {
@@ -39,7 +39,7 @@ void WriteOutput(const std::string& output, std::string_view bytes) {
     return Send(stream.get(), output, bytes);
   }
   try {
-    model::WriteWholeFile(output, bytes, model::Content::MadeAgain);
+    model::WriteWholeFile(output, bytes, model::Durability::Fast);
   } catch (const model::FileFault& fault) {
     throw Unusable({.File = output}, fault.Kind(), "give a file in a folder that can be written");
   }

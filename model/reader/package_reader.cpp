@@ -6,6 +6,7 @@
 
 #include "model/files.h"
 #include "model/reader/package_reader.h"
+#include "model/side.h"
 
 namespace model::reader {
 
@@ -91,8 +92,9 @@ void PackageReader::ReadDiePad(bool stacked) {
   bond.DieY = Scaled(3);
   // Deliberate: pads of the stacked die take the base die's height too.
   bond.DieZ = package_.CompZ;
-  // Deliberate: on the base die the sizes change places by side, on the stacked die always.
-  const bool exchanged = stacked || tokens_[8] == "T" || tokens_[8] == "B";
+  // Deliberate: on the base die the sizes change places by side, in upper case only; on the stacked die always.
+  const std::optional<Side> side = ExactSideOf(tokens_[8]);
+  const bool exchanged = stacked || (side && !IsUpright(*side));
   bond.DieSizeX = Scaled(exchanged ? 6 : 5);
   bond.DieSizeY = Scaled(exchanged ? 5 : 6);
   bond.DieSide = tokens_[8];

@@ -3,9 +3,9 @@
 
 #include "render/appearance.h"
 #include "render/camera.h"
+#include "render/eye.h"
 #include "render/gl/gl_surface.h"
 #include "render/gl/scene_list.h"
-#include "render/named_view.h"
 
 namespace render::gl {
 
@@ -25,8 +25,8 @@ void SetViewport(const PixelSize& size);
 /// Faults  Overflow when CamY + CamLook leaves 16 bits
 void DrawFrame(const Camera& camera, const ModelRotation& rotation, float depth, const SceneList& list);
 
-/// Draws one frame from an eye of its own instead of the walking camera; the model stands unturned at the
-/// origin, and only near and far plane of the projection differ.
+/// Draws one frame from this eye instead of the walking camera; the model stands unturned at the origin, and
+/// only near and far plane of the projection differ.
 /// Needs   current context that SetUpView prepared for `size`
 void DrawFrame(const Eye& eye, const PixelSize& size, const SceneList& list);
 

@@ -1,14 +1,9 @@
 /// What the view needs of the thing it is drawn on: a window, or memory.
 #pragma once
 
-namespace render::gl {
+#include "render/picture.h"
 
-/// Pixels of the device.
-struct PixelSize {
-  int Width = 0;
-  int Height = 0;
-  bool operator==(const PixelSize&) const = default;
-};
+namespace render::gl {
 
 class GlSurface {
  public:

@@ -87,7 +87,7 @@ void GlView::DeleteContext() {
   context_.reset();
 }
 
-render::gl::PixelSize GlView::Size() const {
+render::PixelSize GlView::Size() const {
   const double scale = devicePixelRatioF();
   return {static_cast<int>(std::lround(width() * scale)), static_cast<int>(std::lround(height() * scale))};
 }

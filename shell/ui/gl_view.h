@@ -32,7 +32,7 @@ class GlView final : public QWidget, public render::gl::GlSurface {
   bool IsShown() const override;
   void SwapBuffers() override;
   void DeleteContext() override;
-  render::gl::PixelSize Size() const override;
+  render::PixelSize Size() const override;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -13,7 +13,7 @@
 #include <QPushButton>
 
 #include "model/faults.h"
-#include "model/whole_file.h"
+#include "model/files.h"
 #include "shell/print_layout.h"
 
 namespace shell::ui {

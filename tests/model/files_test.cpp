@@ -5,12 +5,22 @@
 
 #include "model/text.h"
 #include "tests/fault_of.h"
+#include "tests/full_disk.h"
 #include "tests/temporary_folder.h"
 
 namespace model {
 namespace {
 
 namespace fs = std::filesystem;
+
+unsigned ModeOf(const std::string& path) {
+  struct stat status {};
+  return stat(path.c_str(), &status) == 0 ? status.st_mode & 07777U : 0U;
+}
+
+std::string WriteFault(const std::string& path, std::string_view bytes) {
+  return ::FaultOf([&] { WriteWholeFile(path, bytes); });
+}
 
 TEST(Files, OnlyRegularFilesAndLinksToThemExist) {
   const TemporaryFolder folder;
@@ -41,9 +51,14 @@ TEST(Files, ThatAreNoneFaultWithTheSystemsReason) {
   const TemporaryFolder folder;
   fs::create_directory(folder / "sub");
   mkfifo((folder / "pipe").c_str(), 0600);
-  PutFile(folder / "hole", "COMPZ 1\n");
-  fs::resize_file(folder / "hole", std::uintmax_t{1} << 40);  // takes no room on the disk
+  // Holes take no room on the disk.
+  for (const char* name : {"largest", "larger", "hole"}) PutFile(folder / name, "COMPZ 1\n");
+  fs::resize_file(folder / "largest", std::uintmax_t{1} << 28);
+  fs::resize_file(folder / "larger", (std::uintmax_t{1} << 28) + 1);
+  fs::resize_file(folder / "hole", std::uintmax_t{1} << 40);
+  EXPECT_EQ(ReadWholeFile(folder / "largest").size(), std::size_t{1} << 28);
   const std::pair<const char*, const char*> cases[] = {
+      {"larger", "Run-time error: File too large (larger)"},
       {"hole", "Run-time error: File too large (hole)"},
       {"gone", "Run-time error: No such file or directory (gone)"},
       {"sub", "Run-time error: Is a directory (sub)"},
@@ -51,6 +66,64 @@ TEST(Files, ThatAreNoneFaultWithTheSystemsReason) {
   };
   for (const auto& [name, message] : cases)
     EXPECT_EQ(FaultOf([&, file = name] { ReadWholeFile(folder / file); }), message);
+}
+
+TEST(WholeFile, CreatesAndReplacesAndKeepsThePermissions) {
+  const TemporaryFolder folder;
+  const std::string path = folder / std::string(255, 'n');  // the longest name
+  const std::string bytes("\0\r\n\xff", 4);
+  WriteWholeFile(path, bytes);
+  EXPECT_EQ(GetFile(path), bytes);
+  const mode_t mask = umask(0);
+  umask(mask);
+  EXPECT_EQ(ModeOf(path), 0666U & ~mask);
+  chmod(path.c_str(), 0640);
+  WriteWholeFile(path, "");
+  EXPECT_EQ(GetFile(path), "");
+  EXPECT_EQ(ModeOf(path), 0640U);
+  EXPECT_EQ(folder.FileCount(), 1U);
+}
+
+TEST(WholeFile, LeavesTheOldFileWhenTheDiskIsFull) {
+  const TemporaryFolder folder;
+  const std::string path = PutFile(folder / "a.zu", "old");
+  {
+    const FullDisk disk(1000);
+    EXPECT_EQ(WriteFault(path, std::string(5000, 'x')), "Run-time error: File too large (a.zu)");
+    EXPECT_EQ(WriteFault(folder / "new.zu", std::string(5000, 'x')),
+              "Run-time error: File too large (new.zu)");
+  }
+  EXPECT_EQ(GetFile(path), "old");
+  EXPECT_EQ(folder.FileCount(), 1U) << "nothing is left behind";
+}
+
+TEST(WholeFile, FollowsLinks) {
+  const TemporaryFolder folder;
+  fs::create_directory(folder / "sub");
+  PutFile(folder / "sub/target", "old");
+  fs::create_symlink("target", folder / "sub/inner");
+  fs::create_symlink("sub/inner", folder / "link");
+  fs::create_symlink("sub/new", folder / "dangling");
+  WriteWholeFile(folder / "link", "new");
+  WriteWholeFile(folder / "dangling", "made");
+  EXPECT_EQ(GetFile(folder / "sub/target"), "new");
+  EXPECT_EQ(GetFile(folder / "sub/new"), "made");
+  for (const char* link : {"link", "sub/inner", "dangling"})
+    EXPECT_TRUE(fs::is_symlink(folder / link)) << link;
+}
+
+TEST(WholeFile, FaultsWhereNoFileCanBe) {
+  const TemporaryFolder folder;
+  fs::create_directory(folder / "sub");
+  PutFile(folder / "sub/inside", "old");
+  mkfifo((folder / "pipe").c_str(), 0600);
+  fs::create_symlink("loop", folder / "loop");
+  EXPECT_EQ(WriteFault(folder / "sub", "x"), "Run-time error: Is a directory (sub)");
+  EXPECT_EQ(WriteFault(folder / "none/a.zu", "x"), "Run-time error: No such file or directory (a.zu)");
+  EXPECT_EQ(WriteFault(folder / "pipe", "x"), "Run-time error: Invalid argument (pipe)");
+  EXPECT_EQ(WriteFault(folder / "loop", "x"), "Run-time error: Too many levels of symbolic links (loop)");
+  EXPECT_EQ(folder.FileCount(), 3U);
+  EXPECT_EQ(GetFile(folder / "sub/inside"), "old");
 }
 
 TEST(Text, RaisesAsciiLettersOnly) {

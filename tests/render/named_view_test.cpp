@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <glm/geometric.hpp>
 #include <vector>
 
 namespace render {
@@ -12,32 +13,21 @@ namespace {
 constexpr NamedView kViews[] = {NamedView::Top,  NamedView::Bottom, NamedView::Front, NamedView::Back,
                                 NamedView::Left, NamedView::Right,  NamedView::Iso};
 
-double Dot(const ScenePoint& a, const ScenePoint& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
-
-ScenePoint Minus(const ScenePoint& a, const ScenePoint& b) { return {a[0] - b[0], a[1] - b[1], a[2] - b[2]}; }
-
-ScenePoint Unit(const ScenePoint& a) {
-  const double length = std::sqrt(Dot(a, a));
-  return {a[0] / length, a[1] / length, a[2] / length};
-}
-
 /// What a perspective picture shows of the points: -1 and 1 are its edges.
 struct Extent {
   double left = 9, right = -9, bottom = 9, top = -9, nearest = 1e9, farthest = -1e9;
 };
 
-Extent ExtentOf(const Eye& eye, const gl::PixelSize& size, const std::vector<model::SceneVector>& points) {
-  const ScenePoint forward = Unit(Minus(eye.Target, eye.Position));
-  const ScenePoint right =
-      Unit({forward[1] * eye.Up[2] - forward[2] * eye.Up[1], forward[2] * eye.Up[0] - forward[0] * eye.Up[2],
-            forward[0] * eye.Up[1] - forward[1] * eye.Up[0]});
+Extent ExtentOf(const Eye& eye, const PixelSize& size, const std::vector<model::SceneVector>& points) {
+  const glm::dvec3 forward = glm::normalize(eye.Target - eye.Position);
+  const glm::dvec3 right = glm::normalize(glm::cross(forward, eye.Up));
   const double slope = 1.0 / std::sqrt(3.0);  // tangent of 30 degrees
   Extent extent;
   for (const model::SceneVector& point : points) {
-    const ScenePoint ray = Minus({double(point.X), double(point.Y), double(point.Z)}, eye.Position);
-    const double depth = Dot(ray, forward);
-    const double x = Dot(ray, right) / (depth * slope * size.Width / size.Height);
-    const double y = Dot(ray, eye.Up) / (depth * slope);
+    const glm::dvec3 ray = glm::dvec3(double(point.X), double(point.Y), double(point.Z)) - eye.Position;
+    const double depth = glm::dot(ray, forward);
+    const double x = glm::dot(ray, right) / (depth * slope * size.Width / size.Height);
+    const double y = glm::dot(ray, eye.Up) / (depth * slope);
     extent = {std::min(extent.left, x), std::max(extent.right, x),       std::min(extent.bottom, y),
               std::max(extent.top, y),  std::min(extent.nearest, depth), std::max(extent.farthest, depth)};
   }
@@ -59,7 +49,7 @@ FitPen Drawn(const std::vector<model::SceneVector>& points) {
 TEST(NamedView, FillsThePictureUpToItsMarginAndStandsInItsMiddle) {
   const FitPen pen = Drawn(kPyramid);
   for (const NamedView view : kViews) {
-    for (const gl::PixelSize& size : {gl::PixelSize{1024, 768}, {300, 900}, {2000, 100}}) {
+    for (const PixelSize& size : {PixelSize{1024, 768}, {300, 900}, {2000, 100}}) {
       SCOPED_TRACE(testing::Message() << int(view) << " at " << size.Width << "x" << size.Height);
       const Eye eye = pen.Fit(view, size);
       const Extent extent = ExtentOf(eye, size, kPyramid);
@@ -77,15 +67,16 @@ TEST(NamedView, FillsThePictureUpToItsMarginAndStandsInItsMiddle) {
 TEST(NamedView, LooksFromTheSideThatItsNameSays) {
   const FitPen pen = Drawn(kPyramid);
   // Pads and wires put the package's positive y at the scene's negative z.
-  const std::pair<NamedView, ScenePoint> cases[] = {
+  const std::pair<NamedView, glm::dvec3> cases[] = {
       {NamedView::Top, {0, 1, 0}},   {NamedView::Bottom, {0, -1, 0}}, {NamedView::Front, {0, 0, 1}},
       {NamedView::Back, {0, 0, -1}}, {NamedView::Left, {-1, 0, 0}},   {NamedView::Right, {1, 0, 0}}};
   for (const auto& [view, from] : cases) {
     const Eye eye = pen.Fit(view, {100, 100});
-    EXPECT_NEAR(Dot(Unit(Minus(eye.Position, eye.Target)), from), 1.0, 1e-9) << int(view);
+    EXPECT_NEAR(glm::dot(glm::normalize(eye.Position - eye.Target), from), 1.0, 1e-9) << int(view);
   }
   const Eye iso = pen.Fit(NamedView::Iso, {100, 100});
-  for (const double part : Unit(Minus(iso.Position, iso.Target))) EXPECT_NEAR(part, 1 / std::sqrt(3.0), 1e-9);
+  const glm::dvec3 fromIso = glm::normalize(iso.Position - iso.Target);
+  for (int axis = 0; axis < 3; ++axis) EXPECT_NEAR(fromIso[axis], 1 / std::sqrt(3.0), 1e-9);
   // The package's y runs upwards from the top.
   EXPECT_NEAR(pen.Fit(NamedView::Top, {100, 100}).Up[2], -1.0, 1e-9);
 }

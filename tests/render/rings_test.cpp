@@ -121,12 +121,13 @@ TEST_F(SceneTest, SegmentsOfArcRingsLieOnTheRingsArcWithTheirTopsUp) {
 }
 
 TEST(Snap, MeasuresFromTheSidesMiddleAndGoesOnBeyondTheCircle) {
-  EXPECT_EQ(Snap("B", 1.0F, 50.0F, 5.0F, 1.0F, 1.0F), 1.0F);
-  EXPECT_EQ(Snap("B", 1.0F, 50.0F, 5.0F, 1.0F, 4.0F), 0.0F);  // 3 from the middle: sqrt(25 - 9) = 4
-  EXPECT_EQ(Snap("L", 50.0F, 1.0F, 5.0F, 1.0F, 4.0F), 0.0F);
-  EXPECT_EQ(Snap("R", 50.0F, 1.0F, 5.0F, 1.0F, -2.0F), 0.0F);
-  EXPECT_EQ(Snap("l", 1.0F, 50.0F, 5.0F, 1.0F, 4.0F), 0.0F);  // not the letter L: along x
-  EXPECT_EQ(Snap("T", 0.0F, 0.0F, 5.0F, 1.0F, 13.0F), 8.0F);  // sqrt(13^2 - 25) = 12, 1 - (5 - 12) = 8
+  EXPECT_EQ(Snap(model::Side::Bottom, 1.0F, 50.0F, 5.0F, 1.0F, 1.0F), 1.0F);
+  EXPECT_EQ(Snap(model::Side::Bottom, 1.0F, 50.0F, 5.0F, 1.0F, 4.0F),
+            0.0F);  // 3 from the middle: sqrt(25 - 9) = 4
+  EXPECT_EQ(Snap(model::Side::Left, 50.0F, 1.0F, 5.0F, 1.0F, 4.0F), 0.0F);
+  EXPECT_EQ(Snap(model::Side::Right, 50.0F, 1.0F, 5.0F, 1.0F, -2.0F), 0.0F);
+  EXPECT_EQ(Snap(model::Side::Top, 0.0F, 0.0F, 5.0F, 1.0F, 13.0F),
+            8.0F);  // sqrt(13^2 - 25) = 12, 1 - (5 - 12) = 8
 }
 
 TEST_F(SceneTest, AttachBandsAreLongerByHalfTheirWidthInEitherOrderOfTheirEnds) {

@@ -28,9 +28,9 @@ class FakeSurface final : public render::gl::GlSurface {
     recorder_.Note("DeleteContext");
     recorder_.DropContext();
   }
-  render::gl::PixelSize Size() const override { return size; }
+  render::PixelSize Size() const override { return size; }
 
-  render::gl::PixelSize size{300, 200};
+  render::PixelSize size{300, 200};
   bool usable = true;
   bool shown = true;
   std::function<void()> creating;

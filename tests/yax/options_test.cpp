@@ -40,7 +40,7 @@ TEST(Message, NamesFileLineWhatAndWhatToDo) {
 }
 
 TEST(OptionText, TakesWholeValuesOnly) {
-  EXPECT_EQ(SizeOf("--size", "1x20000"), (render::gl::PixelSize{1, 20000}));
+  EXPECT_EQ(SizeOf("--size", "1x20000"), (render::PixelSize{1, 20000}));
   EXPECT_EQ(NumberOf("--pitch", "-1.5e1"), -15.0F);
   EXPECT_EQ(Whole16Of("--look", "-32768"), -32768);
   EXPECT_EQ(Whole16TripleOf("--cam", "1,-2,32767"), (std::array<std::int16_t, 3>{1, -2, 32767}));
@@ -82,7 +82,7 @@ TEST(CameraOptions, KeepTheTargetIn16Bits) {
 }
 
 TEST(PictureOptions, NameSizeBackgroundAndFormat) {
-  EXPECT_EQ(Parsed(AddPictureOptions, {}).Size, (render::gl::PixelSize{1024, 768}));
+  EXPECT_EQ(Parsed(AddPictureOptions, {}).Size, (render::PixelSize{1024, 768}));
   EXPECT_TRUE(Parsed(AddPictureOptions, {}).Appearance.BlackBackground);
   const render::Appearance white = Parsed(AddPictureOptions, {"--background", "white"}).Appearance;
   EXPECT_FALSE(white.BlackBackground);

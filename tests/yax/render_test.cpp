@@ -21,7 +21,7 @@ namespace {
 /// The window's load with the setup form at its end, on a surface in memory.
 class Window {
  public:
-  Window(const std::string& path, const render::gl::PixelSize& size)
+  Window(const std::string& path, const render::PixelSize& size)
       : surface_(size), form_({".", '"' + path + '"'}, surface_, end_) {
     form_.actions.resetWireBondSetup = [this] { setup_.RunCommand3(); };
     setup_.upward.rebuildAndRepaint = [this] { form_.RebuildAndRepaint(); };
@@ -42,7 +42,7 @@ class Window {
 };
 
 TEST_F(YaxTest, RendersThePixelsOfTheWindow) {
-  const render::gl::PixelSize size{641, 479};
+  const render::PixelSize size{641, 479};
   for (const char* name : kSamples) {
     Window window(SamplePath(name), size);
     const render::Picture picture = window.Form().FramePicture();

@@ -63,7 +63,7 @@ std::array<std::int16_t, 3> Whole16TripleOf(std::string_view option, std::string
   return triple;
 }
 
-render::gl::PixelSize SizeOf(std::string_view option, std::string_view text) {
+render::PixelSize SizeOf(std::string_view option, std::string_view text) {
   const std::size_t cross = text.find('x');
   if (cross != std::string_view::npos) {
     const std::optional<int> width = Exactly<int>(text.substr(0, cross));

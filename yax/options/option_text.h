@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "render/gl/gl_surface.h"
+#include "render/picture.h"
 
 namespace yax {
 
@@ -26,6 +26,6 @@ std::int16_t Whole16Of(std::string_view option, std::string_view text);
 std::array<std::int16_t, 3> Whole16TripleOf(std::string_view option, std::string_view text);
 
 /// "WIDTHxHEIGHT" in pixels, each at least 1.
-render::gl::PixelSize SizeOf(std::string_view option, std::string_view text);
+render::PixelSize SizeOf(std::string_view option, std::string_view text);
 
 }  // namespace yax

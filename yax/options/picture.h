@@ -4,7 +4,7 @@
 #include <string>
 
 #include "render/appearance.h"
-#include "render/gl/gl_surface.h"
+#include "render/picture.h"
 
 namespace CLI {
 class App;
@@ -15,7 +15,7 @@ namespace yax {
 enum class PictureFormat { Png, Bmp };
 
 struct PictureOptions {
-  render::gl::PixelSize Size{1024, 768};
+  render::PixelSize Size{1024, 768};
   render::Appearance Appearance;
 };
 

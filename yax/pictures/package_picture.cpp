@@ -19,7 +19,7 @@ namespace yax {
 
 namespace {
 
-using render::gl::PixelSize;
+using render::PixelSize;
 
 void Open(render::gl::OffscreenSurface& surface) {
   // Its own warnings would only repeat, in several lines, what the message says.

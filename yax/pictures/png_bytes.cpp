@@ -35,7 +35,7 @@ void Flush(png_structp) noexcept {}
 
 constexpr int kBand = 64;
 
-bool Write(png_structp png, png_infop info, const render::gl::PixelSize& size, const RowReader& read,
+bool Write(png_structp png, png_infop info, const render::PixelSize& size, const RowReader& read,
            std::vector<std::uint8_t>& band, Target& target) {
   if (setjmp(png_jmpbuf(png)) != 0) return false;
   png_set_write_fn(png, &target, Append, Flush);
@@ -57,7 +57,7 @@ bool Write(png_structp png, png_infop info, const render::gl::PixelSize& size, c
 
 }  // namespace
 
-std::string PngBytes(const render::gl::PixelSize& size, const RowReader& read) {
+std::string PngBytes(const render::PixelSize& size, const RowReader& read) {
   std::vector<std::uint8_t> band(static_cast<std::size_t>(size.Width) * 3 * kBand);
   png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
   png_infop info = png == nullptr ? nullptr : png_create_info_struct(png);

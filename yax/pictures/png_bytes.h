@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-#include "render/gl/gl_surface.h"
+#include "render/picture.h"
 
 namespace yax {
 
@@ -14,6 +14,6 @@ using RowReader = std::function<void(int first, int count, std::uint8_t* rgb)>;
 
 /// The whole file: 8 bits a component, no alpha. The picture is read in bands, so it never is in memory as a
 /// whole.
-std::string PngBytes(const render::gl::PixelSize& size, const RowReader& read);
+std::string PngBytes(const render::PixelSize& size, const RowReader& read);
 
 }  // namespace yax

@@ -35,7 +35,7 @@ bool IsBlack(const Pixel& p) { return p.green < 20 && p.blue < 20; }
 
 class OffscreenTest : public testing::Test {
  protected:
-  void Load(const std::string& path, const render::gl::PixelSize& size) {
+  void Load(const std::string& path, const render::PixelSize& size) {
     form.reset();
     surface = std::make_unique<render::gl::OffscreenSurface>(size);
     form = std::make_unique<shell::MainForm>(shell::StartUp{".", '"' + path + '"'}, *surface, end);
@@ -120,7 +120,7 @@ TEST_F(OffscreenTest, PartsShowInTheirColoursAtTheirPlaces) {
 }
 
 TEST(ReadFrame, GivesTheTopRowFirstAtAnyWidth) {
-  for (const render::gl::PixelSize& size : {render::gl::PixelSize{1, 3}, {3, 2}, {5, 1}, {401, 301}}) {
+  for (const render::PixelSize& size : {render::PixelSize{1, 3}, {3, 2}, {5, 1}, {401, 301}}) {
     render::gl::OffscreenSurface surface(size);
     ASSERT_TRUE(surface.CreateContext());
     // Blue, but for a red row at the bottom with a green pixel at its right end.
