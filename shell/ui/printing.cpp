@@ -26,6 +26,8 @@ void SetPage(QPagedPaintDevice& device, const PrintSettings& settings) {
   device.setPageOrientation(settings.Orientation);
 }
 
+QString NoAnswer(const QString& printer) { return "The printer \"" + printer + "\" does not answer."; }
+
 QImage ImageOf(const render::Picture& picture) {
   return QImage(picture.Rgb.data(), picture.Width, picture.Height, picture.Width * 3, QImage::Format_RGB888);
 }
@@ -90,13 +92,15 @@ void Printing::PrintToFile(const render::Picture& picture, bool fit, const std::
 void Printing::PrintOnPaper(const render::Picture& picture, bool fit) {
   // A fresh one for each print: the print system may have changed.
   QPrinter printer(QPrinter::HighResolution);
-  if (!settings_.Printer.isEmpty()) printer.setPrinterName(settings_.Printer);
+  const QString& name = settings_.Printer;
+  // Qt would print on another printer in place of one that is gone.
+  if (!name.isEmpty() && QPrinterInfo::printerInfo(name).isNull()) return Complain(NoAnswer(name));
+  if (!name.isEmpty()) printer.setPrinterName(name);
   SetPage(printer, settings_);
   printer.setCopyCount(settings_.Copies);
   printer.setColorMode(settings_.Colour);
   printer.setDuplex(settings_.Duplex);
-  if (!PaintPage(printer, picture, fit))
-    Complain("The printer \"" + printer.printerName() + "\" does not answer.");
+  if (!PaintPage(printer, picture, fit)) Complain(NoAnswer(printer.printerName()));
 }
 
 void Printing::Complain(const QString& why) { QMessageBox::warning(parent_, kTitle, why); }
