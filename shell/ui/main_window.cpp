@@ -131,7 +131,9 @@ void MainWindow::WireCommands() {
     PinList_->DoWireList();
   };
   actions.setUpPrinter = [this] { printing_.SetUp(); };
-  actions.print = [this](const render::Picture& picture, bool fit) { printing_.Print(picture, fit); };
+  actions.print = [this](const render::Picture& picture, bool fit) {
+    printing_.Print(picture, fit, form_.Package().PackagePath);
+  };
   actions.showHelp = [this](const std::string& caption, const std::string& path) {
     if (Hlp_ == nullptr) Hlp_ = new HelpWindow(this);
     Hlp_->Open(QString::fromStdString(caption), path);

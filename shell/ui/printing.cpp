@@ -1,24 +1,32 @@
 #include "shell/ui/printing.h"
 
 #include <QBuffer>
-#include <QDialogButtonBox>
 #include <QFile>
+#include <QFileInfo>
 #include <QImage>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QPushButton>
 
 #include "model/faults.h"
 #include "model/files.h"
+#include "setup/file_dialog.h"
 #include "shell/print_layout.h"
 
 namespace shell::ui {
 
 namespace {
+
+constexpr char kTitle[] = "Print Picture";
+
+void SetPage(QPagedPaintDevice& device, const PrintSettings& settings) {
+  if (settings.Paper.isValid()) device.setPageSize(settings.Paper);
+  device.setPageOrientation(settings.Orientation);
+}
+
+QString NoAnswer(const QString& printer) { return "The printer \"" + printer + "\" does not answer."; }
 
 QImage ImageOf(const render::Picture& picture) {
   return QImage(picture.Rgb.data(), picture.Width, picture.Height, picture.Width * 3, QImage::Format_RGB888);
@@ -33,6 +41,7 @@ bool PaintPage(QPagedPaintDevice& device, const render::Picture& picture, bool f
   const PrintPlace place = fit ? PlaceFitPage(picture.Width, picture.Height, area)
                                : PlaceNoScale(picture.Width, picture.Height, area);
   painter.setRenderHint(QPainter::SmoothPixmapTransform, fit);
+  painter.setRenderHint(QPainter::LosslessImageRendering);
   painter.drawImage(QRectF(place.X, place.Y, place.Width, place.Height), ImageOf(picture),
                     QRectF(0.0, 0.0, place.SourceWidth, place.SourceHeight));
   return painter.end();
@@ -43,61 +52,57 @@ bool PaintPage(QPagedPaintDevice& device, const render::Picture& picture, bool f
 Printing::Printing(QWidget* parent) : parent_(parent) {}
 
 void Printing::SetUp() {
-  QPrinter printer(QPrinter::HighResolution);
-  if (!printer_.isEmpty()) printer.setPrinterName(printer_);
-  if (printer_.isEmpty() && (!pdfFile_.isEmpty() || QPrinterInfo::availablePrinterNames().isEmpty())) {
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(pdfFile_);
-  }
-  if (page_.isValid()) printer.setPageLayout(page_);
-
-  QPrintDialog dialog(&printer, parent_);
-  dialog.setWindowTitle("Printer Setup");
-  dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
-  // The dialog only chooses; nothing is printed by it.
-  if (const auto* const buttons = dialog.findChild<QDialogButtonBox*>()) {
-    if (QPushButton* const ok = buttons->button(QDialogButtonBox::Ok)) ok->setText("OK");
-  }
-  if (dialog.exec() != QDialog::Accepted) return;
-  const bool toFile = printer.outputFormat() == QPrinter::PdfFormat;
-  printer_ = toFile ? QString() : printer.printerName();
-  pdfFile_ = toFile ? printer.outputFileName() : QString();
-  page_ = printer.pageLayout();
+  PrinterSetup dialog(settings_, parent_);
+  if (dialog.exec() == QDialog::Accepted) settings_ = dialog.Settings();
 }
 
-void Printing::Print(const render::Picture& picture, bool fit) {
-  const bool toFile = !pdfFile_.isEmpty();
-  if (!toFile && printer_.isEmpty() && QPrinterInfo::defaultPrinter().isNull())
+void Printing::Print(const render::Picture& picture, bool fit, const std::string& packagePath) {
+  if (!QPrinterInfo::availablePrinterNames().isEmpty()) return PrintOnPaper(picture, fit);
+  if (settings_.PdfFile.isEmpty())
     return Complain("There is no printer. \"Printer Setup ...\" can choose a PDF file instead.");
-  toFile ? PrintToFile(picture, fit) : PrintOnPaper(picture, fit);
+  const std::string file = QFile::encodeName(settings_.PdfFile).toStdString();
+  if (MayReplace(file, packagePath)) PrintToFile(picture, fit, file);
 }
 
-void Printing::PrintToFile(const render::Picture& picture, bool fit) {
-  // Through memory, so that the file is there whole or not at all.
+bool Printing::MayReplace(const std::string& file, const std::string& packagePath) const {
+  const std::string question = setup::OverwriteQuestion(file, packagePath);
+  if (question.empty() || written_.contains(QFileInfo(settings_.PdfFile).absoluteFilePath())) return true;
+  return QMessageBox::warning(parent_, kTitle, QFile::decodeName(question.c_str()),
+                              QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+}
+
+void Printing::PrintToFile(const render::Picture& picture, bool fit, const std::string& file) {
+  // Through memory, so that the file is written whole or not at all.
   QBuffer pdf;
   pdf.open(QIODevice::WriteOnly);
   {
     QPdfWriter writer(&pdf);
-    if (page_.isValid()) writer.setPageLayout(page_);
+    SetPage(writer, settings_);
     if (!PaintPage(writer, picture, fit)) return Complain("The page cannot be drawn.");
   }
   try {
     const QByteArray& bytes = pdf.data();
-    model::WriteWholeFile(QFile::encodeName(pdfFile_).toStdString(),
-                          {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    model::WriteWholeFile(file, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    written_.insert(QFileInfo(settings_.PdfFile).absoluteFilePath());
   } catch (const model::FileFault& fault) {
     Complain(QFile::decodeName(fault.what()));
   }
 }
 
 void Printing::PrintOnPaper(const render::Picture& picture, bool fit) {
+  // A fresh one for each print: the print system may have changed.
   QPrinter printer(QPrinter::HighResolution);
-  if (!printer_.isEmpty()) printer.setPrinterName(printer_);
-  if (page_.isValid()) printer.setPageLayout(page_);
-  if (!PaintPage(printer, picture, fit))
-    Complain("The printer \"" + printer.printerName() + "\" does not answer.");
+  const QString& name = settings_.Printer;
+  // Qt would print on another printer in place of one that is gone.
+  if (!name.isEmpty() && QPrinterInfo::printerInfo(name).isNull()) return Complain(NoAnswer(name));
+  if (!name.isEmpty()) printer.setPrinterName(name);
+  SetPage(printer, settings_);
+  printer.setCopyCount(settings_.Copies);
+  printer.setColorMode(settings_.Colour);
+  printer.setDuplex(settings_.Duplex);
+  if (!PaintPage(printer, picture, fit)) Complain(NoAnswer(printer.printerName()));
 }
 
-void Printing::Complain(const QString& why) { QMessageBox::warning(parent_, "Print Picture", why); }
+void Printing::Complain(const QString& why) { QMessageBox::warning(parent_, kTitle, why); }
 
 }  // namespace shell::ui

@@ -1,12 +1,11 @@
-/// The chosen printer and page, and printing the picture on it.
+/// Prints the picture as Printer Setup says.
 #pragma once
 
-#include <QPageLayout>
-#include <QString>
+#include <QSet>
+#include <string>
 
 #include "render/picture.h"
-
-class QWidget;
+#include "shell/ui/printer_setup.h"
 
 namespace shell::ui {
 
@@ -15,22 +14,23 @@ class Printing {
   /// Dialogs stand over `parent`.
   explicit Printing(QWidget* parent);
 
-  /// The printer dialog: printer (or PDF file) and page layout, which hold while the program runs.
+  /// Shows the dialog; what it chooses holds while the program runs. Prints nothing.
   void SetUp();
 
-  /// Prints at the picture's own size, a pixel being 1/96 inch, or scaled to the page (`fit`).
-  /// A target that cannot be printed to is said in a box, and nothing is changed.
-  void Print(const render::Picture& picture, bool fit);
+  /// Prints at the picture's own size, a pixel being 1/96 inch, or scaled to the page (`fit`). Asks before it
+  /// replaces a PDF file that this run has not written; `packagePath` is for the question. A target that
+  /// cannot be printed to is reported in a box, and nothing is changed.
+  void Print(const render::Picture& picture, bool fit, const std::string& packagePath);
 
  private:
-  void PrintToFile(const render::Picture& picture, bool fit);
+  bool MayReplace(const std::string& file, const std::string& packagePath) const;
+  void PrintToFile(const render::Picture& picture, bool fit, const std::string& file);
   void PrintOnPaper(const render::Picture& picture, bool fit);
   void Complain(const QString& why);
 
   QWidget* parent_;
-  QString printer_;  ///< empty: into a PDF file
-  QString pdfFile_;
-  QPageLayout page_;
+  PrintSettings settings_;
+  QSet<QString> written_;  ///< PDF files of this run
 };
 
 }  // namespace shell::ui

@@ -144,9 +144,11 @@ TEST_F(SetupFormTest, TheOverwriteQuestionKnowsThePackageByAnyName) {
   std::filesystem::create_symlink(package.PackagePath, folder / "link.zu");
   PutFile(folder / "other.zu", "");
   EXPECT_EQ(OverwriteQuestion(folder / "new.zu", package.PackagePath), "");
-  EXPECT_NE(OverwriteQuestion(folder / "other.zu", package.PackagePath).find("already exists"), std::string::npos);
+  EXPECT_NE(OverwriteQuestion(folder / "other.zu", package.PackagePath).find("already exists"),
+            std::string::npos);
   for (const std::string& same : {folder / "board.yax", folder / "./board.yax", folder / "link.zu"})
-    EXPECT_NE(OverwriteQuestion(same, package.PackagePath).find("package file itself"), std::string::npos) << same;
+    EXPECT_NE(OverwriteQuestion(same, package.PackagePath).find("package file itself"), std::string::npos)
+        << same;
 }
 
 TEST(ParameterFile, ItsNameReplacesThreeCharacters) {

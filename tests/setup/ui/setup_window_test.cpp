@@ -13,6 +13,7 @@
 #include <QTimer>
 
 #include "setup/ui/qt_file_dialog.h"
+#include "tests/find_control.h"
 #include "tests/setup/setup_fixture.h"
 
 namespace setup {
@@ -25,22 +26,14 @@ class SetupShown : public SetupFormTest {
     window.DoBondWireSetup();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
   }
-  /// The control with this accessible name inside the frame of that caption ("" for any).
-  template <class Widget>
-  Widget* Find(const QString& frame, const QString& name) {
-    for (Widget* widget : window.findChildren<Widget*>()) {
-      const auto* parent = qobject_cast<QGroupBox*>(widget->parentWidget());
-      if (!frame.isEmpty() && (parent == nullptr || parent->accessibleName() != frame)) continue;
-      if (QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name) == name) return widget;
-    }
-    throw std::out_of_range((frame + ": " + name).toStdString());
+  QRadioButton* Option(const char* frame, const char* name) {
+    return &Find<QRadioButton>(window, name, frame);
   }
-  QRadioButton* Option(const char* frame, const char* name) { return Find<QRadioButton>(frame, name); }
-  QLineEdit* Value(const char* frame) { return Find<QLineEdit>(frame, QString(frame) + " value"); }
+  QLineEdit* Value(const char* frame) { return &Find<QLineEdit>(window, QString(frame) + " value"); }
   void Click(QAbstractButton* button) {
     QTest::mouseClick(button, Qt::LeftButton, {}, {8, button->height() / 2});
   }
-  void Press(const char* caption) { Click(Find<QPushButton>("", caption)); }
+  void Press(const char* caption) { Click(&Find<QPushButton>(window, caption)); }
 
   int faults = 0;
   ui::SetupWindow window{form, [this](const std::function<void()>& handler) {
@@ -152,7 +145,7 @@ TEST_F(SetupFormTest, SavingOverThePackageItselfIsAskedWithNoAsTheDefault) {
   const FileDialogRequest request{.FileName = package.PackagePath,
                                   .Filter = "zu files|*.zu|all files|*.*",
                                   .DefaultExt = ".zu",
-                                  .Flags = 8206,
+                                  .OverwritePrompt = true,
                                   .PackagePath = package.PackagePath};
   for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
     SaveDialogUser user;

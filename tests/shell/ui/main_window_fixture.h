@@ -1,4 +1,4 @@
-/// A real main window on a small package, with dialogs, boxes and the program's end under the test's hand.
+/// A real main window on a small package, with dialogs, boxes and the program's end in the test's control.
 #pragma once
 
 #include <QAction>
@@ -11,6 +11,7 @@
 
 #include "shell/ui/gl_view.h"
 #include "shell/ui/main_window.h"
+#include "tests/find_control.h"
 #include "tests/setup/answering_dialog.h"
 #include "tests/shell/navigation/navigation_fixture.h"
 #include "tests/temporary_folder.h"
@@ -49,12 +50,6 @@ class MainWindowTest : public testing::Test {
   QMenu& Menu() { return *window->findChild<QMenu*>("DoMnu"); }
   QAction& Entry(const char* name) { return *Menu().findChild<QAction*>(name); }
 
-  template <class Control>
-  Control& Named(const char* name) {
-    for (Control* control : window->findChildren<Control*>())
-      if (control->accessibleName() == name || control->property("text") == QString(name)) return *control;
-    throw std::out_of_range(name);
-  }
   /// The shown window of this title beside the main one, or null.
   static QWidget* Shown(const QString& title) {
     for (QWidget* widget : QApplication::topLevelWidgets())
@@ -62,7 +57,7 @@ class MainWindowTest : public testing::Test {
     return nullptr;
   }
 
-  // Input comes the way the toolkit's platform delivers it: to the native windows.
+  // Input goes to the native windows, where Qt's platform delivers it.
   void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
     QTest::keyClick(window->windowHandle(), key, modifiers);
   }
@@ -84,7 +79,7 @@ class MainWindowTest : public testing::Test {
   std::vector<std::string> boxes;
   std::optional<int> status;
   setup::AnsweringDialog dialog;
-  setup::FileDialog* asks = &dialog;  ///< null: the toolkit's own
+  setup::FileDialog* asks = &dialog;  ///< null: Qt's own
   std::unique_ptr<ui::MainWindow> window;
 };
 

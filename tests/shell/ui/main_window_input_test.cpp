@@ -110,7 +110,7 @@ TEST_F(MainWindowInput, TheWheelMovesOneStepFromEveryWindow) {
   ui::HelpWindow help(window.get());
   help.show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&help));
-  QWidget* const places[] = {&View(), window.get(), &Named<QScrollBar>("Pitch"), &Menu(), &help};
+  QWidget* const places[] = {&View(), window.get(), &Find<QScrollBar>(*window, "Pitch"), &Menu(), &help};
   for (QWidget* place : places) {
     Restart();
     Wheel(*place, {0, 240});
@@ -127,7 +127,7 @@ TEST_F(MainWindowInput, TheWheelMovesOneStepFromEveryWindow) {
 
 TEST_F(MainWindowInput, ScrollBarsTurnTheModelByLinePageAndDragAndShowItsTurns) {
   Open();
-  QScrollBar& yaw = Named<QScrollBar>("Yaw");
+  QScrollBar& yaw = Find<QScrollBar>(*window, "Yaw");
   yaw.triggerAction(QAbstractSlider::SliderSingleStepAdd);
   EXPECT_EQ(Changes(), "yaw 1");
   yaw.triggerAction(QAbstractSlider::SliderPageStepAdd);
@@ -139,7 +139,7 @@ TEST_F(MainWindowInput, ScrollBarsTurnTheModelByLinePageAndDragAndShowItsTurns) 
   Key(Qt::Key_Left);
   EXPECT_EQ(yaw.value(), -179);
   Nav().ScrollPitch.SetValue(1000);
-  EXPECT_EQ(Named<QScrollBar>("Pitch").value(), 270);
+  EXPECT_EQ(Find<QScrollBar>(*window, "Pitch").value(), 270);
 }
 
 TEST_F(MainWindowInput, ButtonsAndArrowsStepAndOnlyTheViewAndDummyTakeTheFocus) {
@@ -152,7 +152,7 @@ TEST_F(MainWindowInput, ButtonsAndArrowsStepAndOnlyTheViewAndDummyTakeTheFocus) 
         Case("Camera down", "y -1")}) {
     Restart();
     View().setFocus();
-    QTest::mouseClick(&Named<QPushButton>(name.c_str()), Qt::LeftButton);
+    QTest::mouseClick(&Find<QPushButton>(*window, name.c_str()), Qt::LeftButton);
     EXPECT_EQ(Changes(), changes) << name;
     EXPECT_EQ(Dummy().hasFocus(), name.starts_with("Camera")) << name;
     EXPECT_NE(View().hasFocus(), Dummy().hasFocus()) << name;

@@ -1,5 +1,4 @@
 // The setup and list windows within the program: what they share with the view and its loads.
-#include <QGroupBox>
 #include <QLineEdit>
 #include <QListView>
 #include <QMenu>
@@ -40,16 +39,9 @@ class SetupAndList : public MainWindowTest {
   QWidget& OpenSetup() { return OpenWindow("DoBondWireSetup", "Wire Bond Setup"); }
   QListView& OpenList() { return *OpenWindow("DoWireList", "Wire List").findChild<QListView*>(); }
 
-  static QGroupBox* Frame(QWidget& setup, const QString& caption) {
-    for (QGroupBox* frame : setup.findChildren<QGroupBox*>())
-      if (frame->title() == caption + " ") return frame;
-    throw std::out_of_range(caption.toStdString());
-  }
   template <class Control>
-  static void Press(QWidget& in, const QString& caption) {
-    for (Control* control : in.findChildren<Control*>())
-      if (control->text() == caption) return control->click();
-    throw std::out_of_range(caption.toStdString());
+  static void Press(const QWidget& in, const QString& caption, const QString& frame = {}) {
+    Find<Control>(in, caption, frame).click();
   }
 
   /// The names of the wires shown, or "all"; the view must show them already.
@@ -69,10 +61,10 @@ TEST_F(SetupAndList, SettingsReachTheViewAtApplyAndALoadResetsThem) {
   PutFile(package, Package({{"A", "1"}}));
   Open();
   QWidget& setup = OpenSetup();
-  QGroupBox* const height = Frame(setup, "Base Loop Height");
-  Press<QRadioButton>(*height, "Custom");
-  height->findChild<QLineEdit*>()->setText("0.75");
-  Press<QRadioButton>(*Frame(setup, "Material"), "Cu");
+  QLineEdit& height = Find<QLineEdit>(setup, "Base Loop Height value");
+  Press<QRadioButton>(setup, "Custom", "Base Loop Height");
+  height.setText("0.75");
+  Press<QRadioButton>(setup, "Cu");
   const render::Picture before = Form().FramePicture();
   Press<QPushButton>(setup, "Apply");
   EXPECT_EQ(Form().Settings().BaseLoopHeight, 0.75F);
@@ -83,8 +75,8 @@ TEST_F(SetupAndList, SettingsReachTheViewAtApplyAndALoadResetsThem) {
   Entry("DoLoadYAX").trigger();
   EXPECT_TRUE(setup.isVisible());
   EXPECT_EQ(Form().Settings().Material, "Au");
-  EXPECT_EQ(height->findChild<QLineEdit*>()->text(), "3");
-  EXPECT_FALSE(height->findChild<QLineEdit*>()->isEnabled());
+  EXPECT_EQ(height.text(), "3");
+  EXPECT_FALSE(height.isEnabled());
 }
 
 TEST_F(SetupAndList, TheListLimitsTheViewWhileItIsShown) {

@@ -9,6 +9,8 @@
 #include <ctime>
 #include <string>
 
+#include "tests/find_control.h"
+
 namespace shell {
 namespace {
 
@@ -33,12 +35,7 @@ class WireListShown : public testing::Test {
     QCoreApplication::processEvents();
     QCoreApplication::processEvents();
   }
-  QPushButton* Button(const char* caption) {
-    for (QPushButton* button : window.findChildren<QPushButton*>())
-      if (button->text() == caption) return button;
-    throw std::out_of_range(caption);
-  }
-  void Click(const char* caption) { QTest::mouseClick(Button(caption), Qt::LeftButton); }
+  void Click(const char* caption) { QTest::mouseClick(&Find<QPushButton>(window, caption), Qt::LeftButton); }
   void ClickRow(int row, Qt::KeyboardModifiers modifiers = {}) {
     QTest::mouseClick(list->viewport(), Qt::LeftButton, modifiers, Place(row));
     Settle();
@@ -176,15 +173,15 @@ TEST_F(WireListShown, ALongListIsQuick) {
   const std::clock_t fill = cost([&] { form.DoWireList(); });
   const std::clock_t shown = cost([&] {
     window.DoWireList();
-    Button("Tier2")->click();
+    Find<QPushButton>(window, "Tier2").click();
     EXPECT_EQ(selection.Names.size(), 16000U);
-    Button("Clear")->click();
+    Find<QPushButton>(window, "Clear").click();
   });
   EXPECT_TRUE(selection.Names.empty());
   EXPECT_LE(shown, 20 * fill);
 
   // From 16,000 ranges to one: as quick as a filter, not as the product of both.
-  Button("Tier1")->click();
+  Find<QPushButton>(window, "Tier1").click();
   EXPECT_LE(cost([&] { list->selectAll(); }), 40 * fill);
   EXPECT_EQ(list->selectionModel()->selection().size(), 1);
 }

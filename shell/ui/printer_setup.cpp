@@ -1,0 +1,158 @@
+#include "shell/ui/printer_setup.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPrinterInfo>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QVBoxLayout>
+
+namespace shell::ui {
+
+namespace {
+
+constexpr int kMostCopies = 99;
+
+constexpr std::pair<QPrinter::DuplexMode, const char*> kDuplexModes[] = {
+    {QPrinter::DuplexNone, "Off"},
+    {QPrinter::DuplexLongSide, "Long edge"},
+    {QPrinter::DuplexShortSide, "Short edge"},
+};
+constexpr std::pair<QPrinter::ColorMode, const char*> kColourModes[] = {
+    {QPrinter::Color, "Colour"},
+    {QPrinter::GrayScale, "Greyscale"},
+};
+
+/// A PDF file takes any paper; these are the usual ones.
+QList<QPageSize> UsualPapers() {
+  QList<QPageSize> papers;
+  for (const QPageSize::PageSizeId id :
+       {QPageSize::A3, QPageSize::A4, QPageSize::A5, QPageSize::Letter, QPageSize::Legal, QPageSize::Tabloid})
+    papers.append(QPageSize(id));
+  return papers;
+}
+
+QPageSize DefaultPaperOfPdf() {
+  QPrinter printer;
+  printer.setOutputFormat(QPrinter::PdfFormat);
+  return printer.pageLayout().pageSize();
+}
+
+void OfferPapers(QComboBox& box, const QList<QPageSize>& papers, const QPageSize& chosen,
+                 const QPageSize& fallback) {
+  box.clear();
+  for (const QPageSize& paper : papers) {
+    box.addItem(paper.name(), QVariant::fromValue(paper));
+    if (paper.isEquivalentTo(fallback) && !chosen.isValid()) box.setCurrentIndex(box.count() - 1);
+    if (paper.isEquivalentTo(chosen)) box.setCurrentIndex(box.count() - 1);
+  }
+}
+
+/// Offers the modes that the printer has; with a single one there is nothing to choose.
+template <class Mode, std::size_t kCount>
+void OfferModes(QComboBox& box, const std::pair<Mode, const char*> (&modes)[kCount],
+                const QList<Mode>& supported, Mode chosen) {
+  box.clear();
+  for (const auto& [mode, name] : modes)
+    if (supported.contains(mode)) box.addItem(name, static_cast<int>(mode));
+  box.setCurrentIndex(std::max(box.findData(static_cast<int>(chosen)), 0));
+  box.setEnabled(box.count() > 1);
+}
+
+}  // namespace
+
+PrinterSetup::PrinterSetup(const PrintSettings& settings, QWidget* parent)
+    : QDialog(parent), before_(settings), paper_(new QComboBox), orientation_(new QComboBox) {
+  setWindowTitle("Printer Setup");
+  auto* const rows = new QFormLayout;
+  const bool hasPrinters = !QPrinterInfo::availablePrinterNames().isEmpty();
+  hasPrinters ? AddPrinters(*rows) : AddPdfFile(*rows);
+  rows->addRow("Paper:", paper_);
+  rows->addRow("Orientation:", orientation_);
+  orientation_->addItem("Portrait", QPageLayout::Portrait);
+  orientation_->addItem("Landscape", QPageLayout::Landscape);
+  orientation_->setCurrentIndex(orientation_->findData(settings.Orientation));
+  if (hasPrinters) {
+    AddPrinterOptions(*rows);
+    OfferPrinterOptions(settings);
+  } else {
+    OfferPapers(*paper_, UsualPapers(), settings.Paper, DefaultPaperOfPdf());
+  }
+
+  auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  auto* const whole = new QVBoxLayout(this);
+  whole->addLayout(rows);
+  whole->addWidget(buttons);
+}
+
+void PrinterSetup::AddPdfFile(QFormLayout& rows) {
+  pdfFile_ = new QLineEdit(before_.PdfFile);
+  pdfFile_->setAccessibleName("PDF file");
+  pdfFile_->setMinimumWidth(pdfFile_->fontMetrics().averageCharWidth() * 40);
+  auto* const browse = new QPushButton("Browse ...");
+  browse->setAutoDefault(false);
+  connect(browse, &QPushButton::clicked, this, [this] { Browse(); });
+  auto* const file = new QHBoxLayout;
+  file->addWidget(pdfFile_);
+  file->addWidget(browse);
+  rows.addRow("PDF file:", file);
+}
+
+void PrinterSetup::AddPrinters(QFormLayout& rows) {
+  printer_ = new QComboBox;
+  printer_->addItems(QPrinterInfo::availablePrinterNames());
+  const int chosen = printer_->findText(before_.Printer);
+  const int usual = printer_->findText(QPrinterInfo::defaultPrinterName());
+  printer_->setCurrentIndex(chosen >= 0 ? chosen : std::max(usual, 0));
+  // What both printers have stays chosen.
+  connect(printer_, &QComboBox::currentIndexChanged, this, [this] { OfferPrinterOptions(Settings()); });
+  rows.addRow("Printer:", printer_);
+}
+
+void PrinterSetup::AddPrinterOptions(QFormLayout& rows) {
+  copies_ = new QSpinBox;
+  copies_->setRange(1, kMostCopies);
+  copies_->setValue(before_.Copies);
+  colour_ = new QComboBox;
+  duplex_ = new QComboBox;
+  rows.addRow("Copies:", copies_);
+  rows.addRow("Colour:", colour_);
+  rows.addRow("Two-sided:", duplex_);
+}
+
+void PrinterSetup::OfferPrinterOptions(const PrintSettings& settings) {
+  const QPrinterInfo printer = QPrinterInfo::printerInfo(printer_->currentText());
+  OfferPapers(*paper_, printer.supportedPageSizes(), settings.Paper, printer.defaultPageSize());
+  OfferModes(*colour_, kColourModes, printer.supportedColorModes(), settings.Colour);
+  OfferModes(*duplex_, kDuplexModes, printer.supportedDuplexModes(), settings.Duplex);
+}
+
+void PrinterSetup::Browse() {
+  const QString file =
+      QFileDialog::getSaveFileName(this, "PDF File", pdfFile_->text(), "PDF files (*.pdf);;All files (*)",
+                                   nullptr, QFileDialog::DontConfirmOverwrite);
+  if (!file.isEmpty()) pdfFile_->setText(file);
+}
+
+PrintSettings PrinterSetup::Settings() const {
+  PrintSettings settings = before_;
+  settings.Paper = paper_->currentData().value<QPageSize>();
+  settings.Orientation = orientation_->currentData().value<QPageLayout::Orientation>();
+  if (printer_ == nullptr) {
+    settings.PdfFile = pdfFile_->text();
+    return settings;
+  }
+  settings.Printer = printer_->currentText();
+  settings.Copies = copies_->value();
+  settings.Colour = static_cast<QPrinter::ColorMode>(colour_->currentData().toInt());
+  settings.Duplex = static_cast<QPrinter::DuplexMode>(duplex_->currentData().toInt());
+  return settings;
+}
+
+}  // namespace shell::ui
