@@ -152,7 +152,7 @@ TEST_F(SetupFormTest, SavingOverThePackageItselfIsAskedWithNoAsTheDefault) {
   const FileDialogRequest request{.FileName = package.PackagePath,
                                   .Filter = "zu files|*.zu|all files|*.*",
                                   .DefaultExt = ".zu",
-                                  .Flags = 8206,
+                                  .OverwritePrompt = true,
                                   .PackagePath = package.PackagePath};
   for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
     SaveDialogUser user;
