@@ -118,7 +118,7 @@ TEST_F(MainWindowCommands, LoadShowsTheChosenFileUntilHomeBringsTheFirstBack) {
   EXPECT_EQ(dialog.asked[1].DialogTitle, "Load YAX File");
   EXPECT_EQ(dialog.asked[1].FileName, "*.yax");
   EXPECT_EQ(dialog.asked[1].Filter, "YAX files|*.yax|All files|*.*");
-  EXPECT_EQ(dialog.asked[1].Flags, 16396);
+  EXPECT_FALSE(dialog.asked[1].OverwritePrompt);
   Key(Qt::Key_Home);
   EXPECT_EQ(Form().Package().CompW, 4.0F);
 }
@@ -180,7 +180,7 @@ TEST_F(MainWindowCommands, ThePictureIsTheFrameWhateverLiesOverIt) {
   EXPECT_EQ(saved.convertToFormat(frame.format()), frame);
   EXPECT_EQ(saved.pixelColor(saved.rect().center()), QColor(Qt::white)) << "the die's top";
   EXPECT_EQ(dialog.asked[0].DialogTitle, "Save Picture");
-  EXPECT_EQ(dialog.asked[0].Flags, 8206);
+  EXPECT_TRUE(dialog.asked[0].OverwritePrompt);
   EXPECT_EQ(dialog.asked[0].PackagePath, package);
 }
 
