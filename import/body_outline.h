@@ -4,7 +4,7 @@
 #include <optional>
 #include <vector>
 
-#include "import/plan.h"
+#include "import/box.h"
 
 namespace importer {
 

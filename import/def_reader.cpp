@@ -183,7 +183,8 @@ void DefReader::ReadShape(bool polygon) {
     words_.Again();
     outline.Add(TakePoint());
   }
-  words_.Again();
+  // The pin's own loop looks for the next "+".
+  if (words_.Word() == "+") words_.Again();
   if (polygon ? outline.FillsItsBox() : outline.Count() == 2) port_.push_back({layer, outline.Bounds()});
 }
 

@@ -5,8 +5,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "import/box.h"
 #include "import/import_error.h"
-#include "import/plan.h"
 
 namespace importer {
 

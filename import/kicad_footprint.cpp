@@ -193,8 +193,9 @@ std::optional<Paddle> Footprint::TakePaddleInParts() {
     parts.Area += pad.Size.x * pad.Size.y;
   }
   for (const auto& [number, parts] : numbers) {
-    constexpr double kFilled = 0.3;
-    if (parts.Count < 2 || parts.Area < kFilled * parts.Bounds.Area() || !Contains(parts.Bounds, Box{}))
+    constexpr double kFilled = 0.5;
+    if (numbers.size() < 2 || parts.Count < 2 || parts.Area < kFilled * parts.Bounds.Area() ||
+        !Contains(parts.Bounds, Box{}))
       continue;
     const Paddle paddle{parts.Bounds.Middle(), parts.Bounds.Size()};
     DropNumber(number);
@@ -240,8 +241,8 @@ void Footprint::Cut(Lead& lead, const Box& body) const {
 glm::dvec2 Footprint::Middle() const {
   const Box bounds = PadBounds();
   const glm::dvec2 middle = bounds.Middle();
-  const glm::dvec2 near = bounds.Size() / 4.0;
-  const bool aside = std::fabs(middle.x) > near.x || std::fabs(middle.y) > near.y;
+  const double near = std::max(bounds.Size().x, bounds.Size().y) / 4.0;
+  const bool aside = std::fabs(middle.x) > near || std::fabs(middle.y) > near;
   return aside ? middle : glm::dvec2(0.0);
 }
 

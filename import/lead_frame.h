@@ -6,7 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "import/plan.h"
+#include "import/box.h"
 
 namespace importer {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "import/box.h"
 #include "import/import_error.h"
-#include "import/plan.h"
 
 namespace importer {
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string_view>
 
-#include "import/plan.h"
+#include "import/box.h"
 
 namespace importer {
 

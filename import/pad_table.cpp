@@ -192,7 +192,7 @@ LeadFrame FingersFromTable(const std::string& file, double unit, const glm::dvec
   for (const TableRow& row : table.Rows()) {
     Lead lead{.Number = table.Field(row, roles.Lead), .Net = table.Field(row, roles.Net), .Row = row.Line};
     // In a list of wires the pads' names are not the leads'.
-    if (!list) lead.Name = table.Field(row, roles.PadName);
+    if (!list && roles.PadName != roles.Net) lead.Name = table.Field(row, roles.PadName);
     if (lead.Label().empty()) lead.Number = std::to_string(frame.Leads.size() + 1);
     lead.Tier = TierOf(table, row, roles.Tier);
     const glm::dvec2 place{table.Number(row, *roles.SubsX), table.Number(row, *roles.SubsY)};

@@ -14,13 +14,12 @@ float ToNumber(std::string_view text);
 /// The general number format: at most 7 significant digits, no exponent, no trailing zeros ("0.7",
 /// "1000000000").
 std::string GeneralText(float value);
+/// The same with this many significant digits.
+std::string GeneralText(float value, int digits);
 
 /// The number that GeneralText shows, again as a number.
 /// Faults  Overflow beyond the range of a single
 double SevenDigits(double value);
-
-/// The same with this many significant digits.
-std::string GeneralText(float value, int digits);
 
 /// A fixed number of decimals; decimal halves round away from zero ("0.0": 1.25 gives "1.3").
 std::string FixedText(float value, int decimals);

@@ -21,7 +21,9 @@ TEST(Samples, HaveTheirRecords) {
       {"bga332", "1 328 0 328 328 0 2 2 17 18 140 94 94"},
       {"stacked-ram", "100 63 40 91 103 12 1 1 6 2 79 11 13"},
       {"flipchip-bigblade", "100 2250 0 0 0 0 0 0 0 0 0 0 0"},
-      {"lqfp100", "1 112 0 112 112 0 0 0 0 6 84 8 20"}};
+      {"lqfp100", "1 112 0 112 112 0 0 0 0 6 84 8 20"},
+      {"cob32", "1000 32 0 31 32 0 0 0 0 1 28 2 2"},
+      {"stagger40", "1 40 0 40 40 0 0 0 0 1 36 2 2"}};
   for (const auto& [name, counts] : samples) {
     PackageScalars before;
     before.PackagePath = SamplePath(name);

@@ -1,4 +1,4 @@
-#include "import/plan.h"
+#include "import/box.h"
 
 #include <cmath>
 #include <glm/common.hpp>

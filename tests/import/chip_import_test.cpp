@@ -1,0 +1,173 @@
+#include "import/chip_import.h"
+
+#include "import/crossings.h"
+#include "model/numbers.h"
+#include "tests/import/import_fixture.h"
+
+namespace importer {
+namespace {
+
+/// A die of 2 x 1.6 with four pads on each side but the top one, in a package of 16 leads with a paddle.
+constexpr char kPads[] =
+    "name,number,x,y,width,height\n"
+    "A,1,-.9,.3,.07,.07\nB,2,-.9,.1,.07,.07\nC,3,-.9,-.1,.07,.07\nGND,4,-.9,-.3,.07,.07\n"
+    "E,5,.9,-.3,.07,.07\nF,6,.9,-.1,.07,.07\nVDD,7,.9,.1,.07,.07\nVDD,8,.9,.3,.07,.07\n";
+constexpr char kFrame[] = "qfn:16,body=5x5,pitch=0.65,lead=0.4x0.3,paddle=3.2x3.2";
+
+class ChipImportTest : public ImportTest {
+ protected:
+  ChipImportTest() {
+    request.Chip = {.File = Put("d.csv", kPads), .DieSize = glm::dvec2(2, 1.6)};
+    request.Height = 0.25;
+    request.Package = kFrame;
+  }
+
+  /// "PAD>LEAD" of each wire, and what stays.
+  std::string Wires() {
+    std::string wires;
+    made = ImportChip(request).Made;
+    for (const model::BondRec& bond : made.Package.Bonds)
+      if (!bond.Lead.empty()) wires += (wires.empty() ? "" : " ") + bond.Name + ">" + bond.Lead;
+    return wires;
+  }
+  void Table(const std::string& text) {
+    request.Bonds.Plan = BondPlan::Table;
+    request.Bonds.TableFile = Put("b.csv", text);
+  }
+  std::string Refused() const {
+    return RefusalOf([&] { ImportChip(request); });
+  }
+
+  ImportRequest request;
+  Bonded made;
+};
+
+TEST_F(ChipImportTest, MatchesInOrderAroundWhatIsDecided) {
+  // Leads 1 to 4 are on the left from the top, 9 to 12 on the right from the bottom.
+  EXPECT_EQ(Wires(), "A>1 B>2 C>3 GND>4 E>9 F>10 VDD>11 VDD_2>12");
+  request.Bonds.Exceptions = {"GND=PADDLE", "VDD_2=", "F=9,10"};
+  request.Bonds.Unused = {"3"};
+  // C finds 4 next. E and VDD find 11 and 12, with 2.4 + 2.7 mm2; 8 and 11 would be 4.0 + 2.0.
+  EXPECT_EQ(Wires(), "A>1 B>2 C>4 GND>PADDLE E>11 F>9 F_2>10 VDD>12");
+  EXPECT_EQ(made.Summary.substr(0, 70),
+            "8 pads, 16 leads, 8 wires; leads free: 3, 5, 6, 7, 8, 13, 14, 15, 16; ");
+  // From the pad at -0.9 straight to the left: the die ends at -1, the paddle at -1.6. Halfway is 0.3 from
+  // the die.
+  const model::BondRec& down = made.Package.Bonds[3];
+  EXPECT_FLOAT_EQ(down.WireEndX, -1.3F);
+  EXPECT_FLOAT_EQ(down.WireEndY, -0.3F);
+  EXPECT_EQ(down.SubShape, "");
+}
+
+TEST_F(ChipImportTest, TurnsAndMovesTheDie) {
+  // Turned by half a turn, the die's left side meets the leads of the right.
+  request.Degrees = 180.0;
+  EXPECT_EQ(Wires(), "A>9 B>10 C>11 GND>12 E>1 F>2 VDD>3 VDD_2>4");
+  // The lead's middle lay at (2.3, -0.975); a turn by half, after a move of the die by (0.1, 0.2), puts it
+  // here.
+  request.Offset = {0.1, 0.2};
+  Wires();
+  EXPECT_FLOAT_EQ(made.Package.Bonds[0].SubX, -2.2F);
+  EXPECT_FLOAT_EQ(made.Package.Bonds[0].SubY, 1.175F);
+}
+
+TEST_F(ChipImportTest, ReadsTablesOfBonds) {
+  Table("pad,lead\nA,16\nB,\"1,2\"\nC,0\nC,NC\n4,GND\nVDD_2,5\n");
+  EXPECT_EQ(Wires(), "A>16 B>1 B_2>2 GND>PADDLE VDD_2>5");
+  EXPECT_EQ(made.Findings.size(), 2U) << "a name made unique, pads without a row";
+  Table("8 VDD 4 0 0\n7 VDD 3 0 0\n1 A NC 0 0\n");
+  EXPECT_EQ(Wires(), "VDD>3 VDD_2>4") << "a name that several pads have gives way to the number";
+  Table("pad,lead\nA,1\nA,1\n");
+  EXPECT_EQ(Wires(), "A>1 A_2>1") << "a double bond";
+}
+
+TEST_F(ChipImportTest, MeetsLeadsByTheirNames) {
+  request.Bonds.Plan = BondPlan::Names;
+  request.Package =
+      Put("f.csv",
+          "lead,name,net,x,y,width,height\n1,A,,-2,.3,.4,.1\n2,,/B,-2,.1,.4,.1\nC,,,-2,-.1,.4,.1\n"
+          "11,,VDD,2,.1,.4,.1\n12,,VDD,2,.3,.4,.1\n13,,FREE,0,2,.4,.1\n");
+  EXPECT_EQ(Wires(), "A>1 B>2 C>C VDD>11 VDD_2>12");
+  ASSERT_EQ(made.Findings.size(), 3U);
+  EXPECT_EQ(made.Findings[1].substr(0, 37), "3 pads meet no lead: GND, E, F; bond ");
+  EXPECT_EQ(made.Findings[2].substr(0, 37), "1 lead with a net stays free: 13; nam");
+  request.Bonds.Plan = BondPlan::None;
+  EXPECT_EQ(Wires(), "");
+  EXPECT_EQ(made.Findings.size(), 1U) << "nothing was to be bonded";
+}
+
+TEST_F(ChipImportTest, RefusesWhatIsNotThere) {
+  const auto refused = [this](const std::string& exception) {
+    request.Bonds.Exceptions = {exception};
+    return Refused();
+  };
+  EXPECT_EQ(refused("A=17"),
+            "--bond: there is no lead '17'; give the number or name of one lead of the package");
+  EXPECT_EQ(refused("Z=1"), "--bond: there is no pad 'Z'; give the name or number of one pad of the die");
+  EXPECT_EQ(refused("A"), "--bond: 'A' has no '='; write PAD=LEAD, PAD=PADDLE or PAD=");
+  request.Bonds.Exceptions.clear();
+  Table("pad,lead\nA,1\nZ,1\n");
+  EXPECT_EQ(Refused(), "b.csv:3: there is no pad 'Z'; give the name or number of one pad of the die");
+  Table("pad,lead\nA,99\n");
+  EXPECT_EQ(Refused(), "b.csv:2: there is no lead '99'; give the number or name of one lead of the package");
+  Table("pad,lead\nA,PADDLE\n");
+  request.Package = "qfn:16,body=5x5,pitch=0.65,lead=0.4x0.3,paddle=2x2";
+  EXPECT_EQ(Refused().substr(0, 68), "b.csv:2: pad 'A' cannot be bonded down: there the paddle does not re");
+  request.Bonds = {.Unused = {"0"}};
+  EXPECT_EQ(Refused().substr(0, 29), "--unused: there is no lead '0");
+  request.Bonds = {.Land = 0.5};
+  EXPECT_EQ(Refused(), "--land: it is more than the length of lead '1'; give less");
+}
+
+TEST_F(ChipImportTest, MakesThePackage) {
+  request.Chip.File = Put("d.csv", "name,x,y,width,height,type\nV x,-900,0,70,60,ground\nT,0,700,70,60,\n");
+  request.Chip.TableUnit = request.Unit = 1e-3;
+  request.Chip.DieSize = glm::dvec2(2, 1.6);
+  request.Package = "qfn:4,body=5000x5000,lead=400x300";
+  request.UnitName = "um";
+  Wires();
+  const model::Package& package = made.Package;
+  // Micrometres: the longer side, 2000, comes to at most 10 at a scale of 1000.
+  EXPECT_EQ(package.UnitScale, 1000.0F);
+  const model::BondRec& left = package.Bonds[0];
+  const model::BondRec& top = package.Bonds[1];
+  EXPECT_EQ(left.Name + left.DieSide + top.DieSide + left.Tier, "V_xLT1");
+  EXPECT_FLOAT_EQ(left.DieSizeX, 0.07F);
+  EXPECT_FLOAT_EQ(left.WireStartZ, 0.25F);
+  // Lead 1 reaches from -2.5 to -2.1, lead 4 from 2.5 down to 2.1; wires land in the middle, at most 0.2 from
+  // the tip.
+  EXPECT_FLOAT_EQ(left.SubX, -2.3F);
+  EXPECT_FLOAT_EQ(left.WireEndX, -2.3F);
+  EXPECT_FLOAT_EQ(top.SubY, 2.3F);
+  // At angle 0 a pad lies along x on the left, along y at the top.
+  EXPECT_EQ(left.SubAngle, 0.0F);
+  EXPECT_EQ(top.SubAngle, 0.0F);
+  EXPECT_EQ(package.WireNames[0].NetType + package.WireNames[1].NetType, "GROUNDSIGNAL");
+  EXPECT_EQ(
+      made.Summary,
+      "2 pads, 4 leads, 2 wires; leads free: 2, 3; 0 crossings; longest 1600 um (T), widest angle 0.0 deg");
+  EXPECT_EQ(made.Findings.size(), 1U) << "a name with a blank";
+}
+
+TEST_F(ChipImportTest, FindsMarksAndWiresThatCannotBe) {
+  request.Chip.File = Put("d.csv", "name,x,y,width,height\nM,0,0,.03,.03\nN,-.9,0,.03,.03\nO,-3,0,.03,.03\n");
+  Wires();
+  ASSERT_EQ(made.Findings.size(), 3U);
+  EXPECT_EQ(made.Findings[0].substr(0, 12), "1 wire has n") << "from the die's middle";
+  EXPECT_EQ(made.Findings[1].substr(0, 29), "all pads are 30.0 x 30.0 um, ");
+  EXPECT_EQ(made.Findings[2].substr(0, 30), "pads lie outside the die: O; s");
+}
+
+TEST(Crossings, CountWiresThatMeetBetweenTheirEnds) {
+  const PlanWire across{{-1, 0}, {1, 0}};
+  const std::pair<PlanWire, std::size_t> cases[] = {
+      {{{0, -1}, {0, 1}}, 1},      {{{0, 1}, {0, 2}}, 0},        {{{0, 1}, {0, 0.000009}}, 1},
+      {{{0, 1}, {0, 0.00002}}, 0}, {{{-1, 0}, {0, 1}}, 0},       {{{0, 1}, {1, 0}}, 0},
+      {{{-0.5, 0}, {0.5, 0}}, 1},  {{{1.000009, 0}, {2, 0}}, 1}, {{{1.1, 0}, {2, 0}}, 0}};
+  for (const auto& [wire, count] : cases)
+    EXPECT_EQ(Crossings({across, wire}).size(), count)
+        << wire.Start.x << " " << wire.Start.y << " " << wire.End.y;
+}
+
+}  // namespace
+}  // namespace importer

@@ -1,0 +1,156 @@
+#include <sstream>
+
+#include "tests/yax/yax_program.h"
+
+namespace {
+
+/// "PAD,LEAD" of each wire of a package, in its order.
+std::string WiresOf(const std::string& package) {
+  std::istringstream lines(GetFile(package));
+  std::string wires;
+  for (std::string line; std::getline(lines, line);) {
+    std::istringstream fields(line);
+    std::string keyword, pad, x, y, lead;
+    if (fields >> keyword >> pad >> x >> y >> lead && keyword == "WB") wires += pad + "," + lead + "\n";
+  }
+  return wires;
+}
+
+const std::string kSources = YAX_SAMPLES "/sources/";
+
+class ImportProgram : public YaxTest {
+ protected:
+  /// What the import says on standard output; the package is at `a`.
+  std::string Import(const std::string& arguments, int status = 0) const {
+    const Ended ended = Yax("import -o " + (folder / "a.yax") + " " + arguments);
+    EXPECT_EQ(ended.status, status) << arguments << "\n" << ended.err;
+    return ended.out;
+  }
+  void ExpectSound() const {
+    const Ended check = Yax("check " + (folder / "a.yax"));
+    EXPECT_EQ(check.status, 0) << check.err;
+    EXPECT_NE(check.out.find(", 0 ignored"), std::string::npos) << check.out;
+  }
+};
+
+TEST_F(ImportProgram, MakesTheSamplesFromTheirRecipes) {
+  for (const std::string name : {"cob32", "stagger40"}) {
+    const std::string sample = YAX_SAMPLES "/" + name;
+    Import("--recipe " + sample + ".recipe");
+    EXPECT_EQ(GetFile(folder / "a.yax"), GetFile(sample + ".yax"));
+    EXPECT_EQ(GetFile(folder / "a.yax.vu"), GetFile(sample + ".yax.vu"));
+    ExpectSound();
+  }
+}
+
+TEST_F(ImportProgram, TakesTheCommandLineOverTheRecipe) {
+  PutFile(folder / "r.recipe",
+          "die = \"" + kSources +
+              "caravel-pads.def\"  # the frame\ndie-size = \"3.6x5.2\"\n"
+              "die-height = 9\npackage = 'qfn:64,body=9x9,pitch=0.5,lead=0.4x0.25,paddle=7x7'\n"
+              "unused = [19, 1]\nbond = [\"vssd2=9\",\n  \"vdda2=10\"]\n");
+  const std::string summary = Import("--die-height 0.28 --unused 19 --recipe " + (folder / "r.recipe"), 1);
+  EXPECT_EQ(summary.substr(0, 59), "63 pads, 64 leads, 63 wires; leads free: 19; 1 crossing; lo");
+  EXPECT_NE(GetFile(folder / "a.yax").find("\nCOMPZ 0.28\n"), std::string::npos);
+  ExpectSound();
+}
+
+TEST_F(ImportProgram, ReadsItsListsOfWiresBack) {
+  const std::string sample = YAX_SAMPLES "/cob32.yax";
+  const std::string list = folder / "list.csv";
+  ASSERT_EQ(Yax("wires --format bond-list -o " + list + " " + sample).status, 0);
+  const std::string summary =
+      Import("--unit um --die " + list + " --die-size 2200x1800 --die-height 280 --package " + list +
+             " --bonds " + list);
+  EXPECT_EQ(summary.substr(0, 27), "32 pads, 32 leads, 32 wires");
+  EXPECT_EQ(WiresOf(folder / "a.yax"), WiresOf(sample));
+  ExpectSound();
+}
+
+TEST_F(ImportProgram, WritesBothFilesOrNone) {
+  const std::string package =
+      "--die-height 0.28 --package qfn:4,body=9x9,lead=0.4x0.25 --die-size 1x1 --die " +
+      PutFile(folder / "d.csv", "name,x,y,width,height\nA,-.4,0,.06,.06\n");
+  const Ended piped = Yax("import -o - " + package);
+  EXPECT_EQ(piped.out.substr(0, 21), "TECHNOLOGY WIRE_BOND\n");
+  EXPECT_EQ(piped.err.substr(0, 24), "1 pad, 4 leads, 1 wire; ");
+  EXPECT_EQ(folder.FileCount(), 3U) << "the table, and what the program said";
+  ASSERT_EQ(std::system(("mkdir " + (folder / "b.yax")).c_str()), 0);
+  EXPECT_EQ(Yax("import -o " + (folder / "b.yax") + " " + package).status, 2);
+  EXPECT_EQ(folder.FileCount(), 4U) << "and the folder";
+  EXPECT_EQ(Import(package).substr(0, 24), "1 pad, 4 leads, 1 wire; ");
+  EXPECT_EQ(GetFile(folder / "a.yax.vu"), "A SIGNAL\n");
+}
+
+TEST_F(ImportProgram, RefusesWithOneLineAndWritesNothing) {
+  PutFile(folder / "d.csv", "name,x,y\nA,-.4,0\n");
+  PutFile(folder / "e.csv", "name,x,y\nA,-.4,zero\n");
+  PutFile(folder / "half.def", "DESIGN x ;\nPINS 1 ;\n- a + PORT\n");
+  PutFile(folder / "key.recipe", "die = \"d.csv\"\ncolour = 3\n");
+  PutFile(folder / "value.recipe", "die = \"d.csv\"\ndie-size = 5\n");
+  PutFile(folder / "comma.recipe", "package = qfn:4,body=9x9\n");
+  PutFile(folder / "twice.recipe", "die = a\nmacro = m\ndie = b\n");
+  PutFile(folder / "unit.recipe", "unit = inch\n");
+  const std::string most = "--die-height 1 --die-size 1x1 --package qfn:4,body=9x9,lead=0.4x0.25 ";
+  const std::string die = "--die " + (folder / "d.csv") + " ";
+  const std::pair<std::string, std::string> cases[] = {
+      {most, "yax: --die is missing; "},
+      {most + "--die " + (folder / "e.csv"), "e.csv:2: 'zero' is not a number; "},
+      {most + "--die " + (folder / "half.def"), "half.def:4: the file ends in the middle of a statement; "},
+      {most + "--die book.xlsx",
+       "book.xlsx: workbooks of spreadsheet programs cannot be read; save the sheet as CSV"},
+      {most + die + "--die-height 0", "given more than once"},
+      {most + die + "--pads '('", "yax: --pads: '(' is not a regular expression; "},
+      {most + die + "--offset 1", "yax: --offset: '1' is not X,Y; "},
+      {most + die + "--bond Z=1", "yax: --bond: there is no pad 'Z'; "},
+      {most + die + "--unused 9", "yax: --unused: there is no lead '9'; "},
+      {most + die + "--rotate 45", "--rotate: 45 not in {0,90,180,270}"},
+      {most + die + "--unit inch", "--unit: inch not in {mm,um,mil}"},
+      {most + "--recipe " + (folder / "key.recipe"), "key.recipe: there is no key 'colour'; "},
+      {"--die-height 1 --package qfn:4,body=9x9 --recipe " + (folder / "value.recipe"),
+       "value.recipe: die-size: '5' is not a size; "},
+      {"--recipe " + (folder / "comma.recipe"),
+       "comma.recipe: package: it takes one value; put a text with commas"},
+      {"--recipe " + (folder / "twice.recipe"), "twice.recipe: die is there twice; "},
+      {"--recipe " + (folder / "unit.recipe"), "unit.recipe: unit: "},
+      {"--recipe " + (folder / "none.recipe"), "none.recipe: there is no such file; "},
+      {"--die-height 1 --die-size 1x1 " + die + "--package a.kicad_pcb",
+       "yax: --package: a board has many footprints; "},
+      {"--die-height 1 --die-size 1x1 " + die + "--package a.kicad_mod",
+       "a.kicad_mod: there is no such file; "},
+  };
+  for (const auto& [arguments, message] : cases) {
+    const Ended ended = Yax("import -o " + (folder / "a.yax") + " " + arguments);
+    EXPECT_EQ(ended.status, 2) << arguments << "\n" << ended.err;
+    EXPECT_NE(ended.err.find(message), std::string::npos) << arguments << "\n" << ended.err;
+    EXPECT_EQ(ended.Lines(), 1U) << ended.err;
+    EXPECT_EQ(ended.out + GetFile(folder / "a.yax") + GetFile(folder / "a.yax.vu"), "") << arguments;
+  }
+}
+
+TEST_F(ImportProgram, DoesWhatItsGuideShows) {
+  // The commands stand in fenced blocks, the answer to the first one behind four blanks.
+  std::istringstream guide(GetFile(YAX_GUIDE_IMPORT));
+  std::string script = "set -e\n";
+  std::string answer;
+  bool inBlock = false;
+  for (std::string line; std::getline(guide, line);) {
+    if (line.starts_with("```")) {
+      inBlock = !inBlock;
+    } else if (inBlock && !line.starts_with("export PATH")) {
+      script += line + "\n";
+    } else if (line.starts_with("    ")) {
+      answer += line.substr(4) + "\n";
+    }
+  }
+  PutFile(folder / "guide.sh", script);
+  const std::string program = YAX_PROGRAM;
+  const std::string command = "cd " + (folder / "") + " && ln -s " YAX_SAMPLES " samples && PATH=" +
+                              program.substr(0, program.rfind('/')) + ":$PATH bash guide.sh >out 2>err";
+  EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 0) << GetFile(folder / "err");
+  EXPECT_EQ(GetFile(folder / "err"), "");
+  EXPECT_EQ(GetFile(folder / "out").substr(0, answer.size()), answer);
+  EXPECT_EQ(GetFile(folder / "caravel.png").substr(1, 3), "PNG");
+}
+
+}  // namespace
