@@ -130,8 +130,7 @@ Judgement Judge(const DiagramOptions& options, const MeasuredPackage& measured,
   }
   for (std::size_t k = 0; k < counts.size(); ++k)
     if (counts[k] > 0)
-      judgement.Lines.push_back(std::to_string(counts[k]) + " beyond " +
-                                analysis::RuleText(found.Set.Rules[k]));
+      judgement.Lines.push_back(analysis::RuleText(found.Set.Rules[k]) + ": " + std::to_string(counts[k]));
   for (sheet::DiagramWire& wire : wires) wire.Offends = offenders.contains(wire.Name);
   judgement.Verdict = judgement.Keeps ? "keeps all rules" : "does not keep all rules";
   return judgement;
