@@ -7,7 +7,6 @@
 #include <map>
 #include <random>
 #include <regex>
-#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -52,15 +51,16 @@ std::vector<RuleRemark> Check(const std::string& rules, const Measured& measured
 std::vector<std::string> Texts(const std::vector<RuleRemark>& remarks) {
   std::vector<std::string> texts;
   for (const RuleRemark& remark : remarks)
-    texts.push_back(std::to_string(remark.Line) + (remark.Other ? " " + std::to_string(remark.OtherLine) : "") +
+    texts.push_back(std::to_string(remark.Line) +
+                    (remark.Other ? " " + std::to_string(remark.OtherLine) : "") +
                     (remark.Value ? " " + std::to_string(std::lround(*remark.Value * 1e3)) : ""));
   return texts;
 }
 using Found = std::vector<std::string>;
 
-// A die of 4 x 4 x 0.5 with pads of 0.1 x 0.2 on its right edge. A and B run 3 to the right, C crosses both and
-// lands on B's lead. Lines 5 to 13; the loops rise 0.5, so a wire of 3 in plan has a loop of
-// 0.2 + ... more than 3.
+// A die of 4 x 4 x 0.5 with pads of 0.1 x 0.2 on its right edge. A and B run 3 to the right, C crosses both
+// and lands on B's lead. Lines 5 to 13; the loops rise 0.5, so a wire of 3 in plan has a loop of 0.2 + ...
+// more than 3.
 const std::string kPackage =
     "TECHNOLOGY WIRE_BOND\nCOMPL 4\nCOMPW 4\nCOMPZ 0.5\n"
     "CBP A 1.9 0.5 0 0.1 0.2 0 R RECTANGLE\nCBP B 1.9 0.25 0 0.1 0.2 0 R RECTANGLE\n"
@@ -109,13 +109,18 @@ TEST(Rules, ReportValuesBeyondTheirLimitWithTheLinesOfTheRecords) {
 TEST(Rules, ThatHaveNothingToMeasureAreNamed) {
   const TemporaryFolder folder;
   const Measured measured(PutFile(folder / "board.yax", kPackage));
-  const RuleSet set = ReadRules("rules", "max-length 1 mm tier 7\nno-crossing\nmax-wires 9 net POWER\nwire-gap 0 mm tier 8");
+  const RuleSet set =
+      ReadRules("rules", "max-length 1 mm tier 7\nno-crossing\nmax-wires 9 net POWER\nwire-gap 0 mm tier 8");
   const NetRule none;
-  const RulesReport report = CheckRules(set, {measured.Package, measured.Lines, measured.Loops, none, 1.0, kDiameter});
+  const RulesReport report =
+      CheckRules(set, {measured.Package, measured.Lines, measured.Loops, none, 1.0, kDiameter});
   EXPECT_EQ(report.Unmeasured, (std::vector<std::size_t>{0, 2, 3}));
 }
 
 // The same rules once more, as plainly as they can be put: every thing with every other, with other formulas.
+
+/// By "rule line other-line".
+using Values = std::map<std::string, double>;
 
 struct Rectangle {
   double X, Y, Angle, Length, Width;  ///< the length runs along the angle
@@ -145,7 +150,11 @@ std::pair<double, double> Inside(const Rectangle& r, double x, double y) {
 }
 
 /// By steps along all edges of one rectangle the distance to the other, refined around the nearest step.
-double GapBetween(const Rectangle& a, const Rectangle& b) {
+double GapBetween(const Rectangle& a, const Rectangle& b, double enough) {
+  // Circles around both are farther apart: no need to know better.
+  const double apart = std::hypot(a.X - b.X, a.Y - b.Y) - std::hypot(a.Length, a.Width) / 2 -
+                       std::hypot(b.Length, b.Width) / 2;
+  if (apart > enough) return apart;
   const auto fromPoint = [](const Rectangle& r, double x, double y) {
     const auto [u, v] = Inside(r, x, y);
     return std::hypot(std::max(std::fabs(u) - r.Length / 2, 0.0), std::max(std::fabs(v) - r.Width / 2, 0.0));
@@ -192,21 +201,20 @@ class PlainRules {
         if (bond.SubX == 0.0F && bond.SubY == 0.0F) continue;
         const double base = bond.DieSide == "L" || bond.DieSide == "R" ? 0.0 : 90.0;
         const bool square = model::EqualsUpper(bond.SubShape, "RECTANGLE");
-        leads_.push_back({m_.Lines.Of({table, k, model::BondPart::SubstratePad}),
-                          bond.Name,
-                          bond.DieSide,
-                          stacked,
-                          {bond.SubX * s, bond.SubY * s, (base - bond.SubAngle) * pi / 180.0,
-                           square ? bond.SubSizeX * s : bond.SubSizeX * s / 2 + bond.SubSizeY * s,
-                           bond.SubSizeY * s}});
+        leads_.push_back(
+            {m_.Lines.Of({table, k, model::BondPart::SubstratePad}),
+             bond.Name,
+             bond.DieSide,
+             stacked,
+             {bond.SubX * s, bond.SubY * s, (base - bond.SubAngle) * pi / 180.0,
+              square ? bond.SubSizeX * s : bond.SubSizeX * s / 2 + bond.SubSizeY * s, bond.SubSizeY * s}});
       }
     };
     add(m_.Package.Bonds, model::RecordTable::Bonds);
     add(m_.Package.SDBonds, model::RecordTable::SDBonds);
   }
 
-  /// "rule line other value", values rounded to 1e-6; sorted.
-  std::multiset<std::string> Run(double length, double gap, double pitch) {
+  Values Run(double length, double gap, double pitch) {
     Wires(length);
     WirePairs(gap);
     Pads(gap, pitch);
@@ -216,9 +224,7 @@ class PlainRules {
 
  private:
   void Add(const char* rule, std::size_t line, std::size_t other, double value) {
-    char text[100];
-    std::snprintf(text, sizeof text, "%s %zu %zu %.5f", rule, line, other, value + 0.0);
-    found_.insert(text);
+    found_[std::string(rule) + " " + std::to_string(line) + " " + std::to_string(other)] = value;
   }
   void AddPair(const char* rule, std::size_t a, std::size_t b, double value) {
     Add(rule, std::max(a, b), std::min(a, b), value);
@@ -231,7 +237,8 @@ class PlainRules {
         along += std::hypot(loop.Points[k].x - loop.Points[k - 1].x, loop.Points[k].y - loop.Points[k - 1].y,
                             loop.Points[k].z - loop.Points[k - 1].z);
       if (along > length + 1e-5) Add("max-length", m_.Lines.Of(loop.Place), 0, along);
-      const double plan = std::hypot(loop.Points[6].x - loop.Points[0].x, loop.Points[6].y - loop.Points[0].y);
+      const double plan =
+          std::hypot(loop.Points[6].x - loop.Points[0].x, loop.Points[6].y - loop.Points[0].y);
       if (plan < length - 1e-5) Add("min-length", m_.Lines.Of(loop.Place), 0, plan);
     }
   }
@@ -255,7 +262,8 @@ class PlainRules {
         for (std::size_t p = 0; p < 6; ++p)
           for (std::size_t q = 0; q < 6; ++q)
             least = std::min(
-                least, NearestPoints({a.Points[p], a.Points[p + 1]}, {b.Points[q], b.Points[q + 1]}).Distance);
+                least,
+                NearestPoints({a.Points[p], a.Points[p + 1]}, {b.Points[q], b.Points[q + 1]}).Distance);
         const std::size_t first = m_.Lines.Of(a.Place), second = m_.Lines.Of(b.Place);
         if (least - kDiameter < gap - 1e-5) AddPair("wire-gap", first, second, least - kDiameter);
         if (Crosses(a, b)) AddPair("no-crossing", first, second, 0.0);
@@ -264,8 +272,8 @@ class PlainRules {
 
   static bool Crosses(const WireLoop& a, const WireLoop& b) {
     const auto flat = [](const glm::dvec3& p) { return glm::dvec3(p.x, p.y, 0.0); };
-    return NearestPoints({flat(a.Points[0]), flat(a.Points[6])}, {flat(b.Points[0]), flat(b.Points[6])}).Distance <=
-           1e-5;
+    return NearestPoints({flat(a.Points[0]), flat(a.Points[6])}, {flat(b.Points[0]), flat(b.Points[6])})
+               .Distance <= 1e-5;
   }
 
   void Pads(double gap, double pitch) {
@@ -281,8 +289,7 @@ class PlainRules {
         if (pads_[i].Stacked != pads_[j].Stacked || pads_[i].Edge != pads_[j].Edge) continue;
         const double apart = std::hypot(pads_[i].At.X - pads_[j].At.X, pads_[i].At.Y - pads_[j].At.Y);
         if (apart < pitch - 1e-5) AddPair("pad-pitch", pads_[i].Line, pads_[j].Line, apart);
-        if (apart > 3 * pitch) continue;
-        const double room = GapBetween(pads_[i].At, pads_[j].At);
+        const double room = GapBetween(pads_[i].At, pads_[j].At, gap);
         if (room < gap - 1e-5) AddPair("pad-gap", pads_[i].Line, pads_[j].Line, room);
       }
     }
@@ -303,10 +310,10 @@ class PlainRules {
       }
     }
     for (std::size_t i = 0; i < distinct.size(); ++i) {
-      const double toDie = GapBetween(distinct[i].At, Base());
+      const double toDie = GapBetween(distinct[i].At, Base(), length);
       if (toDie < length - 1e-5) Add("die-to-lead", distinct[i].Line, 0, toDie);
       for (std::size_t j = 0; j < i; ++j) {
-        const double room = GapBetween(distinct[i].At, distinct[j].At);
+        const double room = GapBetween(distinct[i].At, distinct[j].At, gap);
         if (room < gap - 1e-5) AddPair("lead-gap", distinct[i].Line, distinct[j].Line, room);
       }
     }
@@ -318,25 +325,22 @@ class PlainRules {
   }
   Rectangle Stacked() const {
     const double s = m_.Package.UnitScale;
-    return {m_.Package.SDXOffset * s, -m_.Package.SDYOffset * s, -m_.Package.SDRotation * std::acos(-1.0) / 180.0,
-            m_.Package.SDCompW * s, m_.Package.SDCompL * s};
+    return {m_.Package.SDXOffset * s, -m_.Package.SDYOffset * s,
+            -m_.Package.SDRotation * std::acos(-1.0) / 180.0, m_.Package.SDCompW * s, m_.Package.SDCompL * s};
   }
 
   const Measured& m_;
   const NetRule& nets_;
   std::vector<PlainThing> pads_, leads_;
-  std::multiset<std::string> found_;
+  Values found_;
 };
 
-std::multiset<std::string> AsPlain(const RuleSet& set, const std::vector<RuleRemark>& remarks) {
-  std::multiset<std::string> texts;
-  for (const RuleRemark& remark : remarks) {
-    char text[100];
-    std::snprintf(text, sizeof text, "%s %zu %zu %.5f", std::string(KindOf(set.Rules[remark.Rule].Name).Word).c_str(),
-                  remark.Line, remark.OtherLine, remark.Value.value_or(0.0) + 0.0);
-    texts.insert(text);
-  }
-  return texts;
+Values ValuesOf(const RuleSet& set, const std::vector<RuleRemark>& remarks) {
+  Values values;
+  for (const RuleRemark& remark : remarks)
+    values[std::string(KindOf(set.Rules[remark.Rule].Name).Word) + " " + std::to_string(remark.Line) + " " +
+           std::to_string(remark.OtherLine)] = remark.Value.value_or(0.0);
+  return values;
 }
 
 void ExpectTheSame(const Measured& measured, double unit, const NetRule& nets, const std::string& what) {
@@ -344,27 +348,36 @@ void ExpectTheSame(const Measured& measured, double unit, const NetRule& nets, c
     return std::string(rule) + " " + std::to_string(value * unit) + " mm\n";
   };
   // All in file units, which count as millimetres here.
-  const std::string rules = text("max-length", 2.0) + text("min-length", 2.0).replace(text("min-length", 2.0).size() - 1, 1, " plan\n") +
-                            "no-crossing\n" + text("wire-gap", 0.06) + text("die-to-lead", 2.0) + text("lead-gap", 0.06) +
-                            text("pad-gap", 0.06) + text("pad-pitch", 0.15) + text("pad-to-edge", 0.06);
+  const std::string rules =
+      text("max-length", 2.0) +
+      text("min-length", 2.0).replace(text("min-length", 2.0).size() - 1, 1, " plan\n") + "no-crossing\n" +
+      text("wire-gap", 0.06) + text("die-to-lead", 2.0) + text("lead-gap", 0.06) + text("pad-gap", 0.06) +
+      text("pad-pitch", 0.15) + text("pad-to-edge", 0.06);
   const RuleSet set = ReadRules("rules", rules);
   const RulesReport report =
       CheckRules(set, {measured.Package, measured.Lines, measured.Loops, nets, 1.0, kDiameter});
-  EXPECT_EQ(AsPlain(set, report.Remarks),
-            PlainRules(measured, nets).Run(2.0 * unit, 0.06 * unit, 0.15 * unit))
-      << what;
+  const Values found = ValuesOf(set, report.Remarks);
+  const Values wanted = PlainRules(measured, nets).Run(2.0 * unit, 0.06 * unit, 0.15 * unit);
+  EXPECT_EQ(found.size(), report.Remarks.size()) << what << ": none twice";
+  for (const auto& [key, value] : wanted) {
+    ASSERT_TRUE(found.contains(key)) << key << " is missing in " << what;
+    EXPECT_NEAR(found.at(key), value, 1e-6) << key << " in " << what;
+  }
+  EXPECT_EQ(found.size(), wanted.size()) << what;
 }
 
 TEST(Rules, FindTheSameAsAPlainEvaluationOnEverySample) {
   NetRule nets;
   nets.Pattern = std::regex("^(V..)_");
-  for (const char* name : {"AAAc", "caravel-qfn64", "bga332", "lqfp100"}) ExpectTheSame(Measured(SamplePath(name)), 1.0, nets, name);
+  for (const char* name : {"AAAc", "caravel-qfn64", "bga332", "lqfp100"})
+    ExpectTheSame(Measured(SamplePath(name)), 1.0, nets, name);
   ExpectTheSame(Measured(SamplePath("stacked-ram")), 40.0, nets, "stacked-ram");
   ExpectTheSame(Measured(SamplePath("flipchip-bigblade")), 40.0, nets, "flipchip-bigblade");
 }
 
 std::string RandomPackage(std::mt19937& random) {
-  std::uniform_real_distribution<double> place(-2.0, 2.0), far(-5.0, 5.0), size(0.05, 0.4), angle(-90.0, 90.0);
+  std::uniform_real_distribution<double> place(-2.0, 2.0), far(-5.0, 5.0), size(0.05, 0.4),
+      angle(-90.0, 90.0);
   std::uniform_int_distribution<int> count(1, 25), edge(0, 3), shape(0, 1), tier(1, 4);
   std::ostringstream text;
   text << "TECHNOLOGY WIRE_BOND\nSD_COMPW 1.5\nSD_COMPL 1\nSD_COMPZ 0.3\nSD_ROTATION " << angle(random)
@@ -375,12 +388,16 @@ std::string RandomPackage(std::mt19937& random) {
     const double x = place(random) / (stacked ? 4.0 : 1.0), y = place(random) / (stacked ? 4.0 : 1.0);
     // Now and then a lead that another wire has, too.
     static double endX = 0.0, endY = 0.0, turn = 0.0, length = 0.0, width = 0.0;
-    if (k % 5 != 4) endX = far(random), endY = far(random), turn = angle(random), length = size(random), width = size(random);
-    text << (stacked ? "SD_CBP" : "CBP") << " N" << k % 20 << '_' << k << ' ' << x << ' ' << y << " 0 " << size(random) << ' '
-         << size(random) << " 0 " << "LRTB"[edge(random)] << (shape(random) ? " ROUND\n" : " RECTANGLE\n");
-    text << "SBP N" << k % 20 << '_' << k << ' ' << endX << ' ' << endY << " 0 " << length << ' ' << width << ' ' << turn
-         << (shape(random) ? " RECTANGLE 1 " : " OBLONG 1 ") << tier(random) << '\n';
-    text << "WB N" << k % 20 << '_' << k << ' ' << x << ' ' << y << " L " << endX + 0.01 * k << ' ' << endY << " 0.4 0\n";
+    if (k % 5 != 4)
+      endX = far(random), endY = far(random), turn = angle(random), length = size(random),
+      width = size(random);
+    text << (stacked ? "SD_CBP" : "CBP") << " N" << k % 20 << '_' << k << ' ' << x << ' ' << y << " 0 "
+         << size(random) << ' ' << size(random) << " 0 "
+         << "LRTB"[edge(random)] << (shape(random) ? " ROUND\n" : " RECTANGLE\n");
+    text << "SBP N" << k % 20 << '_' << k << ' ' << endX << ' ' << endY << " 0 " << length << ' ' << width
+         << ' ' << turn << (shape(random) ? " RECTANGLE 1 " : " OBLONG 1 ") << tier(random) << '\n';
+    text << "WB N" << k % 20 << '_' << k << ' ' << x << ' ' << y << " L " << endX + 0.01 * k << ' ' << endY
+         << " 0.4 0\n";
   }
   return text.str();
 }
@@ -392,7 +409,8 @@ TEST(Rules, FindTheSameAsAPlainEvaluationOnRandomPackages) {
   for (int k = 0; k < 200; ++k) {
     const TemporaryFolder folder;
     const std::string text = RandomPackage(random);
-    ExpectTheSame(Measured(PutFile(folder / "board.yax", text)), 1.0, nets, "package " + std::to_string(k) + "\n" + text);
+    ExpectTheSame(Measured(PutFile(folder / "board.yax", text)), 1.0, nets,
+                  "package " + std::to_string(k) + "\n" + text);
     if (testing::Test::HasFailure()) break;
   }
 }
