@@ -43,7 +43,8 @@ struct Fact {
 
 /// What a title block holds; an empty text leaves its field blank.
 struct TitleFields {
-  std::string Title, Part, Package, Drawn, Checked, Approved, Date, Revision;
+  std::string Title = {}, Part = {}, Package = {}, Drawn = {}, Checked = {}, Approved = {}, Date = {},
+              Revision = {};
 };
 
 struct Paper {
