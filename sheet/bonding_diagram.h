@@ -52,7 +52,7 @@ struct Paper {
   double Width = 420.0, Height = 297.0;
 };
 
-/// The papers that have a name, smallest first, lying across.
+/// The papers that have a name, lying across, in the order in which they are proposed.
 const std::vector<Paper>& NamedPapers();
 
 enum class Split { None, Tier, NetType };
