@@ -14,7 +14,7 @@
 #include "yax/options/camera.h"
 #include "yax/options/opened_package.h"
 #include "yax/options/picture.h"
-#include "yax/options/rules.h"
+#include "yax/options/rule_set.h"
 #include "yax/options/unit.h"
 #include "yax/output.h"
 #include "yax/pictures/package_picture.h"

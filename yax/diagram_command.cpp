@@ -17,7 +17,7 @@
 #include "yax/commands.h"
 #include "yax/options/opened_package.h"
 #include "yax/options/option_text.h"
-#include "yax/options/rules.h"
+#include "yax/options/rule_set.h"
 #include "yax/options/text_file.h"
 #include "yax/options/unit.h"
 #include "yax/output.h"

@@ -1,4 +1,4 @@
-#include "yax/options/rules.h"
+#include "yax/options/rule_set.h"
 
 #include <CLI/CLI.hpp>
 #include <utility>
