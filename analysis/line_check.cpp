@@ -13,7 +13,7 @@ namespace analysis {
 namespace {
 
 using model::Quoted;
-using model::reader::BodyKeyword;
+using model::reader::Keyword;
 using model::reader::LineFate;
 using model::reader::LineNote;
 
@@ -29,13 +29,13 @@ bool IsUnreadable(std::string_view text) {
 
 std::string Word(std::string_view text) { return std::string(text); }
 
-std::string Keyword(const LineNote& note) { return model::UpperCase(note.Fields[0]); }
+std::string WordOf(const LineNote& note) { return model::UpperCase(note.Fields[0]); }
 
 std::string OnLine(std::size_t line) { return "line " + std::to_string(line); }
 
 /// A missing bulge is reported where it ends the viewer; no other ring needs one.
 bool MayBeMissing(const LineNote& note, std::size_t field) {
-  return (note.Keyword == BodyKeyword::Ring || note.Keyword == BodyKeyword::SRing) && field == 8;
+  return (note.Keyword == Keyword::Ring || note.Keyword == Keyword::SRing) && field == 8;
 }
 
 /// Some editors put it at the start of a file, where it is invisible.
@@ -62,7 +62,7 @@ void LineCheck::OnPackageLine(const LineNote& note) {
             " fields, those beyond the eleventh are ignored",
         "remove them");
   CheckNumbers(note);
-  if (note.Keyword == BodyKeyword::None)
+  if (IsOfHeader(note.Keyword))
     CheckHeaderLine(note);
   else
     CheckRecord(note);
@@ -81,7 +81,7 @@ void LineCheck::AddIgnored(const LineNote& note) {
                  "remove it, or move it before COMPZ");
     case LineFate::NamesNothing:
       return unresolved_.push_back(
-          {note.Line, Keyword(note), Word(note.Fields[1]), note.Keyword == BodyKeyword::SrSeg});
+          {note.Line, WordOf(note), Word(note.Fields[1]), note.Keyword == Keyword::SrSeg});
     default:
       if (word.starts_with(kByteOrderMark))
         return Add(
@@ -118,7 +118,7 @@ void LineCheck::CheckNumbers(const LineNote& note) {
 }
 
 void LineCheck::CheckHeaderLine(const LineNote& note) {
-  const std::string keyword = Keyword(note);
+  const std::string keyword = WordOf(note);
   if (const std::size_t before = lines_.OfHeader(keyword))
     Add("duplicate", note.Line, keyword + " again: it replaces that of " + OnLine(before),
         "keep one of them");
@@ -128,13 +128,13 @@ void LineCheck::CheckHeaderLine(const LineNote& note) {
 
 void LineCheck::CheckRecord(const LineNote& note) {
   switch (note.Keyword) {
-    case BodyKeyword::Cbp:
-    case BodyKeyword::SdCbp:
+    case Keyword::Cbp:
+    case Keyword::SdCbp:
       return CheckPad(note);
-    case BodyKeyword::Sbp:
-    case BodyKeyword::Wb:
+    case Keyword::Sbp:
+    case Keyword::Wb:
       return CheckPartOfBond(note);
-    case BodyKeyword::SRing:
+    case Keyword::SRing:
       return CheckSRing(note);
     default:
       return FindDuplicates(note);
@@ -142,12 +142,12 @@ void LineCheck::CheckRecord(const LineNote& note) {
 }
 
 void LineCheck::CheckPad(const LineNote& note) {
-  FirstLines& pads = note.Keyword == BodyKeyword::Cbp ? pads_ : stackedPads_;
+  FirstLines& pads = note.Keyword == Keyword::Cbp ? pads_ : stackedPads_;
   if (const std::size_t before = LineBefore(pads, Word(note.Fields[1]), note.Line))
     repeatedPads_.push_back({Severity::Finding,
                              "duplicate",
                              {found_.File, note.Line},
-                             Keyword(note) + " " + Quoted(note.Fields[1]) +
+                             WordOf(note) + " " + Quoted(note.Fields[1]) +
                                  " again: SBP and WB lines reach only the pad of " + OnLine(before),
                              "give it another name"});
 }
@@ -155,7 +155,7 @@ void LineCheck::CheckPad(const LineNote& note) {
 void LineCheck::CheckPartOfBond(const LineNote& note) {
   if (const std::size_t before = lines_.Of(note.Record))
     Add("duplicate", note.Line,
-        Keyword(note) + " " + Quoted(note.Fields[1]) + " again: it replaces that of " + OnLine(before),
+        WordOf(note) + " " + Quoted(note.Fields[1]) + " again: it replaces that of " + OnLine(before),
         "keep one of them, or give its pad another name");
 }
 
@@ -170,7 +170,7 @@ void LineCheck::CheckSRing(const LineNote& note) {
 void LineCheck::FindDuplicates(const LineNote& note) {
   // Values that are 0 by mistake do not make records equal.
   if (ExplainsZeros(note.Line)) return;
-  std::string key = Keyword(note);
+  std::string key = WordOf(note);
   for (std::size_t field = 1; field < model::Tokens::kCount; ++field) {
     key += ' ';
     if (note.ReadAsNumber(field)) {
@@ -181,7 +181,7 @@ void LineCheck::FindDuplicates(const LineNote& note) {
     }
   }
   if (const std::size_t before = LineBefore(records_, std::move(key), note.Line))
-    Add("duplicate", note.Line, "the same " + Keyword(note) + " as on " + OnLine(before),
+    Add("duplicate", note.Line, "the same " + WordOf(note) + " as on " + OnLine(before),
         "remove one of them");
 }
 

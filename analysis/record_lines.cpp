@@ -6,42 +6,42 @@ namespace analysis {
 
 using model::RecordPlace;
 using model::RecordTable;
-using model::reader::BodyKeyword;
+using model::reader::Keyword;
 using model::reader::LineNote;
 
 void RecordLines::OnPackageLine(const LineNote& note) {
   if (note.Fate != model::reader::LineFate::Taken) return;
   const auto part = static_cast<std::size_t>(note.Record.Part);
   switch (note.Keyword) {
-    case BodyKeyword::Cbp:
+    case Keyword::Cbp:
       bonds_.push_back({note.Line, 0, 0});
       break;
-    case BodyKeyword::SdCbp:
+    case Keyword::SdCbp:
       sdBonds_.push_back({note.Line, 0, 0});
       break;
-    case BodyKeyword::Sbp:
-    case BodyKeyword::Wb:
+    case Keyword::Sbp:
+    case Keyword::Wb:
       (note.Record.Table == RecordTable::Bonds ? bonds_ : sdBonds_)[note.Record.Number][part] = note.Line;
-      if (note.Keyword == BodyKeyword::Wb) wireNames_.push_back(note.Line);
+      if (note.Keyword == Keyword::Wb) wireNames_.push_back(note.Line);
       break;
-    case BodyKeyword::Stch:
+    case Keyword::Stch:
       stitches_.push_back(note.Line);
       wireNames_.push_back(note.Line);
       break;
-    case BodyKeyword::Ring:
+    case Keyword::Ring:
       rings_.push_back(note.Line);
       break;
-    case BodyKeyword::SRing:
+    case Keyword::SRing:
       sRings_.push_back(note.Line);
       segments_.emplace_back();
       break;
-    case BodyKeyword::SrSeg:
+    case Keyword::SrSeg:
       segments_[note.Record.Number].push_back(note.Line);
       break;
-    case BodyKeyword::Dap:
+    case Keyword::Dap:
       daps_.push_back(note.Line);
       break;
-    case BodyKeyword::None:
+    default:
       headers_[model::UpperCase(note.Fields[0])] = note.Line;
       break;
   }

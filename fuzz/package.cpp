@@ -33,10 +33,9 @@ class Listener final : public model::reader::ReadObserver {
   void OnPackageLine(const model::reader::LineNote& note) override {
     Expect(note.Line > last_ && note.Fields.Found() > 0, "lines with fields are told of, in their order");
     Expect(note.Numbers < 1U << model::Tokens::kCount, "numbers are read from fields");
-    Expect(
-        (note.Fate == model::reader::LineFate::Taken && note.Keyword != model::reader::BodyKeyword::None) ==
-            (note.Record.Table != model::RecordTable::None),
-        "a line of the body that is taken has a record");
+    Expect((note.Fate == model::reader::LineFate::Taken && IsOfBody(note.Keyword)) ==
+               (note.Record.Table != model::RecordTable::None),
+           "a line of the body that is taken has a record");
     last_ = note.Line;
   }
   void OnSideFileLine(const model::reader::LineNote&) override { Expect(false, "there is no side file"); }

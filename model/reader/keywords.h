@@ -1,4 +1,4 @@
-/// The keywords of a package file's body.
+/// The keywords of a package file.
 #pragma once
 
 #include <cstdint>
@@ -6,41 +6,95 @@
 
 namespace model::reader {
 
-enum class BodyKeyword { None, Cbp, SdCbp, Sbp, Wb, Stch, Ring, SRing, SrSeg, Dap };
+enum class Keyword {
+  None,
+  // Of the header.
+  Technology,
+  SdTechnology,
+  CompL,
+  CompW,
+  CompZ,
+  SdCompL,
+  SdCompW,
+  SdCompZ,
+  SdRotation,
+  SdXOffset,
+  SdYOffset,
+  // Of the body.
+  Cbp,
+  SdCbp,
+  Sbp,
+  Wb,
+  Stch,
+  Ring,
+  SRing,
+  SrSeg,
+  Dap
+};
 
-/// A keyword of at most seven letters as one number, so that a line is told by a single comparison.
-/// The leading 1 keeps a NUL byte in front of a word from vanishing.
+constexpr bool IsOfHeader(Keyword keyword) {
+  return keyword >= Keyword::Technology && keyword <= Keyword::SdYOffset;
+}
+constexpr bool IsOfBody(Keyword keyword) { return keyword >= Keyword::Cbp; }
+
+/// A word as one number, so that a single comparison recognizes it: letters of either case and "_" are the
+/// digits 1 to 27 of a number to the base 28, of which 64 bits hold 13. 0 for any other word.
 constexpr std::uint64_t KeywordKey(std::string_view word) {
-  std::uint64_t key = 1;
-  if (word.size() > 7) return 0;
-  for (const char c : word)
-    key = key << 8 | static_cast<unsigned char>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c);
+  if (word.size() > 13) return 0;
+  std::uint64_t key = 0;
+  for (const char c : word) {
+    const char letter = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    if (letter != '_' && (letter < 'A' || letter > 'Z')) return 0;
+    key = key * 28 + static_cast<std::uint64_t>(letter == '_' ? 27 : letter - 'A' + 1);
+  }
   return key;
 }
 
 /// The keyword that a word is, in any letter case.
-constexpr BodyKeyword BodyKeywordOf(std::string_view word) {
+constexpr Keyword KeywordOf(std::string_view word) {
   switch (KeywordKey(word)) {
+    case KeywordKey("TECHNOLOGY"):
+      return Keyword::Technology;
+    case KeywordKey("SD_TECHNOLOGY"):
+      return Keyword::SdTechnology;
+    case KeywordKey("COMPL"):
+      return Keyword::CompL;
+    case KeywordKey("COMPW"):
+      return Keyword::CompW;
+    case KeywordKey("COMPZ"):
+      return Keyword::CompZ;
+    case KeywordKey("SD_COMPL"):
+      return Keyword::SdCompL;
+    case KeywordKey("SD_COMPW"):
+      return Keyword::SdCompW;
+    case KeywordKey("SD_COMPZ"):
+      return Keyword::SdCompZ;
+    case KeywordKey("SD_ROTATION"):
+      return Keyword::SdRotation;
+    case KeywordKey("SD_XOFFSET"):
+      return Keyword::SdXOffset;
+    case KeywordKey("SD_YOFFSET"):
+      return Keyword::SdYOffset;
     case KeywordKey("CBP"):
-      return BodyKeyword::Cbp;
+      return Keyword::Cbp;
     case KeywordKey("SD_CBP"):
-      return BodyKeyword::SdCbp;
+      return Keyword::SdCbp;
     case KeywordKey("SBP"):
-      return BodyKeyword::Sbp;
+      return Keyword::Sbp;
     case KeywordKey("WB"):
-      return BodyKeyword::Wb;
+      return Keyword::Wb;
     case KeywordKey("STCH"):
-      return BodyKeyword::Stch;
+      return Keyword::Stch;
     case KeywordKey("RING"):
-      return BodyKeyword::Ring;
+      return Keyword::Ring;
     case KeywordKey("SRING"):
-      return BodyKeyword::SRing;
+      return Keyword::SRing;
     case KeywordKey("SRSEG"):
-      return BodyKeyword::SrSeg;
+      return Keyword::SrSeg;
     case KeywordKey("DAP"):
-      return BodyKeyword::Dap;
+      return Keyword::Dap;
     default:
-      return BodyKeyword::None;
+      return Keyword::None;
   }
 }
 

@@ -1,8 +1,5 @@
 #include "model/reader/package_header.h"
 
-#include <string_view>
-#include <utility>
-
 #include "model/numbers.h"
 
 namespace model::reader {
@@ -22,34 +19,46 @@ void Rescale(PackageScalars& scalars) {
 
 }  // namespace
 
-HeaderLine TakeHeaderLine(const Tokens& tokens, PackageScalars& scalars) {
-  struct Number {
-    std::string_view keyword;
-    float PackageScalars::*scalar;
-  };
-  static constexpr Number kNumbers[] = {
-      {"SD_ROTATION", &PackageScalars::SDRotation}, {"SD_XOFFSET", &PackageScalars::SDXOffset},
-      {"SD_YOFFSET", &PackageScalars::SDYOffset},   {"COMPL", &PackageScalars::CompL},
-      {"SD_COMPL", &PackageScalars::SDCompL},       {"COMPW", &PackageScalars::CompW},
-      {"SD_COMPW", &PackageScalars::SDCompW},       {"SD_COMPZ", &PackageScalars::SDCompZ},
-  };
-  const std::string_view keyword = tokens[0];
-  for (const auto& [name, word] : {std::pair("TECHNOLOGY", &PackageScalars::Technology),
-                                   std::pair("SD_TECHNOLOGY", &PackageScalars::SDTechnology)}) {
-    if (!EqualsUpper(keyword, name)) continue;
-    scalars.*word = UpperCase(tokens[1]);
-    return HeaderLine::Word;
+void TakeHeaderLine(Keyword keyword, const Tokens& tokens, PackageScalars& scalars) {
+  switch (keyword) {
+    case Keyword::Technology:
+      scalars.Technology = UpperCase(tokens[1]);
+      break;
+    case Keyword::SdTechnology:
+      scalars.SDTechnology = UpperCase(tokens[1]);
+      break;
+    case Keyword::CompL:
+      scalars.CompL = ToNumber(tokens[1]);
+      break;
+    case Keyword::CompW:
+      scalars.CompW = ToNumber(tokens[1]);
+      break;
+    case Keyword::CompZ:
+      scalars.CompZ = ToNumber(tokens[1]);
+      if (scalars.CompZ == 0.0F) scalars.CompZ = 1.0F;
+      Rescale(scalars);
+      break;
+    case Keyword::SdCompL:
+      scalars.SDCompL = ToNumber(tokens[1]);
+      break;
+    case Keyword::SdCompW:
+      scalars.SDCompW = ToNumber(tokens[1]);
+      break;
+    case Keyword::SdCompZ:
+      scalars.SDCompZ = ToNumber(tokens[1]);
+      break;
+    case Keyword::SdRotation:
+      scalars.SDRotation = ToNumber(tokens[1]);
+      break;
+    case Keyword::SdXOffset:
+      scalars.SDXOffset = ToNumber(tokens[1]);
+      break;
+    case Keyword::SdYOffset:
+      scalars.SDYOffset = ToNumber(tokens[1]);
+      break;
+    default:
+      break;
   }
-  for (const Number& number : kNumbers) {
-    if (!EqualsUpper(keyword, number.keyword)) continue;
-    scalars.*number.scalar = ToNumber(tokens[1]);
-    return HeaderLine::Number;
-  }
-  if (!EqualsUpper(keyword, "COMPZ")) return HeaderLine::Unknown;
-  const float height = ToNumber(tokens[1]);
-  scalars.CompZ = height == 0.0F ? 1.0F : height;
-  Rescale(scalars);
-  return HeaderLine::End;
 }
 
 }  // namespace model::reader

@@ -24,9 +24,10 @@ bool PackageReader::NextRecord(Lines& lines) {
 /// Reads up to and including the line that ends the header; false when the file has none.
 bool PackageReader::ReadHeader(Lines& lines) {
   while (NextRecord(lines)) {
-    const HeaderLine kind = TakeHeaderLine(tokens_, package_);
-    if (observer_ != nullptr) NoteHeaderLine(kind);
-    if (kind == HeaderLine::End) return true;
+    const Keyword keyword = KeywordOf(tokens_[0]);
+    TakeHeaderLine(keyword, tokens_, package_);
+    if (observer_ != nullptr) NoteHeaderLine(keyword);
+    if (keyword == Keyword::CompZ) return true;
   }
   return false;
 }
@@ -53,33 +54,33 @@ void PackageReader::ReserveTables(Lines lines) {
 void PackageReader::ReadBody(Lines& lines) {
   ReserveTables(lines);
   while (NextRecord(lines)) {
-    const BodyKeyword keyword = BodyKeywordOf(tokens_[0]);
+    const Keyword keyword = KeywordOf(tokens_[0]);
     BodyLine(keyword);
     if (observer_ != nullptr) NoteBodyLine(keyword);
   }
 }
 
-void PackageReader::BodyLine(BodyKeyword keyword) {
+void PackageReader::BodyLine(Keyword keyword) {
   switch (keyword) {
-    case BodyKeyword::Cbp:
+    case Keyword::Cbp:
       return ReadDiePad(false);
-    case BodyKeyword::SdCbp:
+    case Keyword::SdCbp:
       return ReadDiePad(true);
-    case BodyKeyword::Sbp:
+    case Keyword::Sbp:
       return ReadSubstratePad();
-    case BodyKeyword::Wb:
+    case Keyword::Wb:
       return ReadWire();
-    case BodyKeyword::Stch:
+    case Keyword::Stch:
       return ReadStitch();
-    case BodyKeyword::Ring:
+    case Keyword::Ring:
       return ReadRing();
-    case BodyKeyword::SRing:
+    case Keyword::SRing:
       return ReadSRing();
-    case BodyKeyword::SrSeg:
+    case Keyword::SrSeg:
       return ReadSegment();
-    case BodyKeyword::Dap:
+    case Keyword::Dap:
       return ReadDap();
-    case BodyKeyword::None:
+    default:
       return;
   }
 }
@@ -92,7 +93,8 @@ void PackageReader::ReadDiePad(bool stacked) {
   bond.DieY = Scaled(3);
   // Deliberate: pads of the stacked die take the base die's height too.
   bond.DieZ = package_.CompZ;
-  // Deliberate: on the base die the sizes change places by side, in upper case only; on the stacked die always.
+  // Deliberate: on the base die the sizes change places by side, in upper case only; on the stacked die
+  // always.
   const std::optional<Side> side = ExactSideOf(tokens_[8]);
   const bool exchanged = stacked || (side && !IsUpright(*side));
   bond.DieSizeX = Scaled(exchanged ? 6 : 5);

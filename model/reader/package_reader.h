@@ -43,10 +43,10 @@ class PackageReader {
   bool ReadHeader(Lines& lines);
   void ReserveTables(Lines lines);
   void ReadBody(Lines& lines);
-  void BodyLine(BodyKeyword keyword);
-  void NoteHeaderLine(HeaderLine kind);
-  void NoteBodyLine(BodyKeyword keyword);
-  RecordPlace PlaceOf(BodyKeyword keyword);
+  void BodyLine(Keyword keyword);
+  void NoteHeaderLine(Keyword keyword);
+  void NoteBodyLine(Keyword keyword);
+  RecordPlace PlaceOf(Keyword keyword);
   void ReadDiePad(bool stacked);
   void ReadSubstratePad();
   void ReadWire();

@@ -2,55 +2,60 @@
 
 namespace model::reader {
 
-void PackageReader::NoteHeaderLine(HeaderLine kind) {
-  if (tokens_.Found() == 0) return;
-  const bool number = kind == HeaderLine::Number || kind == HeaderLine::End;
-  const LineFate fate = kind != HeaderLine::Unknown                      ? LineFate::Taken
-                        : BodyKeywordOf(tokens_[0]) != BodyKeyword::None ? LineFate::BeforeCompz
-                                                                         : LineFate::UnknownKeyword;
-  observer_->OnPackageLine({line_, tokens_, fate, BodyKeyword::None, number ? 1U << 1 : 0U, {}});
+namespace {
+
+LineFate FateInHeader(Keyword keyword) {
+  if (IsOfHeader(keyword)) return LineFate::Taken;
+  return IsOfBody(keyword) ? LineFate::BeforeCompz : LineFate::UnknownKeyword;
 }
 
-void PackageReader::NoteBodyLine(BodyKeyword keyword) {
+LineFate FateInBody(Keyword keyword, const RecordPlace& record) {
+  if (IsOfHeader(keyword)) return LineFate::AfterCompz;
+  if (!IsOfBody(keyword)) return LineFate::UnknownKeyword;
+  return record.Table == RecordTable::None ? LineFate::NamesNothing : LineFate::Taken;
+}
+
+}  // namespace
+
+void PackageReader::NoteHeaderLine(Keyword keyword) {
+  if (tokens_.Found() == 0) return;
+  const bool number =
+      IsOfHeader(keyword) && keyword != Keyword::Technology && keyword != Keyword::SdTechnology;
+  observer_->OnPackageLine({line_, tokens_, FateInHeader(keyword), keyword, number ? 1U << 1 : 0U, {}});
+}
+
+void PackageReader::NoteBodyLine(Keyword keyword) {
   if (tokens_.Found() == 0) return;
   const RecordPlace record = PlaceOf(keyword);
-  LineFate fate = LineFate::Taken;
-  if (keyword == BodyKeyword::None) {
-    PackageScalars unused;
-    fate = TakeHeaderLine(tokens_, unused) == HeaderLine::Unknown ? LineFate::UnknownKeyword
-                                                                  : LineFate::AfterCompz;
-  } else if (record.Table == RecordTable::None) {
-    fate = LineFate::NamesNothing;
-  }
-  observer_->OnPackageLine({line_, tokens_, fate, keyword, numbers_, record});
+  observer_->OnPackageLine({line_, tokens_, FateInBody(keyword, record), keyword, numbers_, record});
   numbers_ = 0;
 }
 
 /// The record that the line just read has filled, or changed by its name.
-RecordPlace PackageReader::PlaceOf(BodyKeyword keyword) {
+RecordPlace PackageReader::PlaceOf(Keyword keyword) {
   const auto last = [](RecordTable which, const auto& table) {
     return RecordPlace{which, table.UpperBound() - 1};
   };
   switch (keyword) {
-    case BodyKeyword::Cbp:
+    case Keyword::Cbp:
       return last(RecordTable::Bonds, package_.Bonds);
-    case BodyKeyword::SdCbp:
+    case Keyword::SdCbp:
       return last(RecordTable::SDBonds, package_.SDBonds);
-    case BodyKeyword::Sbp:
+    case Keyword::Sbp:
       return BondPlace(index_.Find(tokens_[1]), BondPart::SubstratePad);
-    case BodyKeyword::Wb:
+    case Keyword::Wb:
       return BondPlace(index_.Find(tokens_[1]), BondPart::Wire);
-    case BodyKeyword::Stch:
+    case Keyword::Stch:
       return last(RecordTable::Stitches, package_.Stitches);
-    case BodyKeyword::Ring:
+    case Keyword::Ring:
       return last(RecordTable::Rings, package_.Rings);
-    case BodyKeyword::SRing:
+    case Keyword::SRing:
       return last(RecordTable::SRings, package_.SRings);
-    case BodyKeyword::SrSeg:
+    case Keyword::SrSeg:
       return RingPlace(index_.Find(tokens_[1]));
-    case BodyKeyword::Dap:
+    case Keyword::Dap:
       return last(RecordTable::Daps, package_.Daps);
-    case BodyKeyword::None:
+    default:
       break;
   }
   return {};

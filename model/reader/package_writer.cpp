@@ -203,7 +203,7 @@ float UnitScaleOf(float width, float length) {
   scalars.CompL = length;
   Tokens end;
   end.SplitLine("COMPZ 1");
-  TakeHeaderLine(end, scalars);
+  TakeHeaderLine(Keyword::CompZ, end, scalars);
   return scalars.UnitScale;
 }
 

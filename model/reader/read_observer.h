@@ -23,8 +23,8 @@ struct LineNote {
   std::size_t Line;  ///< counted from 1
   const Tokens& Fields;
   LineFate Fate;
-  BodyKeyword Keyword;    ///< None in the header and in the side file
-  std::uint32_t Numbers;  ///< bit n: field n was read as a number
+  reader::Keyword Keyword;  ///< None in the side file
+  std::uint32_t Numbers;    ///< bit n: field n was read as a number
   /// What the line filled or changed: of a bond the part, of a ring's segment the ring.
   RecordPlace Record;
 

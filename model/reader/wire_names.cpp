@@ -30,7 +30,7 @@ void ReadNetTypes(std::string_view text, NameIndex& index, Package& package, Rea
     tokens.SplitLine(line);
     const LineFate fate = TakeNetType(tokens, index, package);
     if (observer != nullptr && tokens.Found() != 0)
-      observer->OnSideFileLine({number, tokens, fate, BodyKeyword::None, 0, {}});
+      observer->OnSideFileLine({number, tokens, fate, Keyword::None, 0, {}});
   }
   package.HaveVuFile = true;
 }
