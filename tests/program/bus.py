@@ -8,7 +8,7 @@ import pyatspi
 
 def until(found, what):
     """What `found` returns once it is true; it may fail meanwhile, as windows come and go."""
-    end = time.monotonic() + 10
+    end = time.monotonic() + 30
     while time.monotonic() < end:
         try:
             if result := found():
