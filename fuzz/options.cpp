@@ -16,13 +16,13 @@
 #include "model/arithmetic.h"
 #include "model/reader/read_package.h"
 #include "yax/messages.h"
-#include "yax/options/camera.h"
+#include "yax/options/camera_options.h"
 #include "yax/options/loops.h"
-#include "yax/options/nets.h"
-#include "yax/options/package.h"
-#include "yax/options/picture.h"
+#include "yax/options/nets_options.h"
+#include "yax/options/package_options.h"
+#include "yax/options/picture_options.h"
 #include "yax/options/unit.h"
-#include "yax/options/wires.h"
+#include "yax/options/wires_options.h"
 
 namespace {
 

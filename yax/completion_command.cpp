@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "yax/commands.h"
+#include "yax/command_list.h"
 #include "yax/completion.h"
 #include "yax/output.h"
 

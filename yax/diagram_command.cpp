@@ -14,7 +14,7 @@
 #include "sheet/bonding_diagram.h"
 #include "sheet/measured_data.h"
 #include "sheet/title_fields.h"
-#include "yax/commands.h"
+#include "yax/command_list.h"
 #include "yax/options/opened_package.h"
 #include "yax/options/option_text.h"
 #include "yax/options/rule_set.h"

@@ -13,7 +13,7 @@
 #include "model/faults.h"
 #include "model/files.h"
 #include "model/reader/package_writer.h"
-#include "yax/commands.h"
+#include "yax/command_list.h"
 #include "yax/options/recipe.h"
 #include "yax/output.h"
 

@@ -8,7 +8,7 @@
 
 #include "model/text.h"
 #include "model/version.h"
-#include "yax/commands.h"
+#include "yax/command_list.h"
 #include "yax/help_format.h"
 #include "yax/output.h"
 

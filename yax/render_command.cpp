@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "yax/commands.h"
-#include "yax/options/camera.h"
+#include "yax/command_list.h"
+#include "yax/options/camera_options.h"
 #include "yax/options/opened_package.h"
-#include "yax/options/picture.h"
+#include "yax/options/picture_options.h"
 #include "yax/output.h"
 #include "yax/pictures/package_picture.h"
 

@@ -9,7 +9,7 @@
 #include "formats/length_table.h"
 #include "model/numbers.h"
 #include "model/text.h"
-#include "yax/commands.h"
+#include "yax/command_list.h"
 #include "yax/options/opened_package.h"
 #include "yax/options/option_text.h"
 #include "yax/output.h"

@@ -8,7 +8,7 @@
 #include "model/text.h"
 #include "tests/samples.h"
 #include "tests/temporary_folder.h"
-#include "yax/options/package.h"
+#include "yax/options/package_options.h"
 
 namespace analysis {
 namespace {

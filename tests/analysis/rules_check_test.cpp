@@ -19,7 +19,7 @@
 #include "tests/samples.h"
 #include "tests/temporary_folder.h"
 #include "yax/options/loops.h"
-#include "yax/options/package.h"
+#include "yax/options/package_options.h"
 
 namespace analysis {
 namespace {

@@ -20,8 +20,8 @@
 #include "tests/samples.h"
 #include "yax/meshes/mesh_files.h"
 #include "yax/options/loops.h"
-#include "yax/options/nets.h"
-#include "yax/options/package.h"
+#include "yax/options/nets_options.h"
+#include "yax/options/package_options.h"
 
 namespace yax {
 namespace {

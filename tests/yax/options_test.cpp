@@ -10,12 +10,12 @@
 #include "setup/parameter_file.h"
 #include "tests/model/package_text.h"
 #include "tests/yax/refusal.h"
-#include "yax/options/camera.h"
+#include "yax/options/camera_options.h"
 #include "yax/options/loops.h"
-#include "yax/options/nets.h"
+#include "yax/options/nets_options.h"
 #include "yax/options/option_text.h"
-#include "yax/options/picture.h"
-#include "yax/options/wires.h"
+#include "yax/options/picture_options.h"
+#include "yax/options/wires_options.h"
 #include "yax/options/zu_file.h"
 
 namespace yax {

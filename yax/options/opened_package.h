@@ -9,8 +9,8 @@
 #include "render/scene.h"
 #include "yax/messages.h"
 #include "yax/options/loops.h"
-#include "yax/options/package.h"
-#include "yax/options/wires.h"
+#include "yax/options/package_options.h"
+#include "yax/options/wires_options.h"
 
 namespace yax {
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "model/text.h"
-#include "yax/options/nets.h"
+#include "yax/options/nets_options.h"
 #include "yax/options/text_file.h"
 #include "yax/options/unit.h"
 

@@ -3,9 +3,9 @@
 
 #include <string>
 
-#include "yax/options/camera.h"
+#include "yax/options/camera_options.h"
 #include "yax/options/opened_package.h"
-#include "yax/options/picture.h"
+#include "yax/options/picture_options.h"
 
 namespace yax {
 

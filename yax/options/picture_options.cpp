@@ -1,4 +1,4 @@
-#include "yax/options/picture.h"
+#include "yax/options/picture_options.h"
 
 #include <CLI/CLI.hpp>
 #include <cstdint>

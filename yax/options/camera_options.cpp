@@ -1,4 +1,4 @@
-#include "yax/options/camera.h"
+#include "yax/options/camera_options.h"
 
 #include <CLI/CLI.hpp>
 #include <array>

@@ -1,4 +1,4 @@
-#include "yax/options/nets.h"
+#include "yax/options/nets_options.h"
 
 #include <CLI/CLI.hpp>
 #include <cstddef>

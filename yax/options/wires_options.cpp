@@ -1,4 +1,4 @@
-#include "yax/options/wires.h"
+#include "yax/options/wires_options.h"
 
 #include <CLI/CLI.hpp>
 

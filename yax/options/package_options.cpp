@@ -1,4 +1,4 @@
-#include "yax/options/package.h"
+#include "yax/options/package_options.h"
 
 #include <CLI/CLI.hpp>
 #include <filesystem>
