@@ -28,6 +28,9 @@ std::string LayerOf(const DiagramWire& wire) {
   return "WIRES_" + (IsTierNumber(wire.Tier) ? wire.Tier : "0");
 }
 
+/// Wires that a sheet shows only for orientation.
+constexpr Ink kOthers = Grey(0.62);
+
 /// Dark enough to stay black when printed in grey.
 Ink InkOf(const std::string& wireLayer) {
   if (wireLayer == "WIRES_2") return {0.0, 0.2, 0.65};
@@ -91,11 +94,10 @@ class Composer {
     const Box tableRoom{layout_.Frame.Low + glm::dvec2(0.0, 9.0), layout_.Frame.High};
     std::optional<WireTable> table;
     if (in_.Table && !in_.Wires.empty()) table.emplace(in_, tableRoom);
-    const std::vector<std::vector<SideLine>> texts = {SideLines()};
-    const std::size_t textPages = TextPages(texts[0], tableRoom);
+    const std::size_t textPages = TextPages(SideLines(views.back()), tableRoom);
     SheetNumber number{1, views.size() + textPages + (table ? table->Pages() : 0)};
-    for (const View& view : views) DrawView(view, texts[0], number), ++number.This;
-    for (std::size_t k = 0; k < textPages; ++k, ++number.This) DrawTextPage(texts[0], tableRoom, number);
+    for (const View& view : views) DrawView(view, number), ++number.This;
+    for (std::size_t k = 0; k < textPages; ++k, ++number.This) DrawTextPage(SideLines(views.back()), number);
     for (std::size_t k = 0; table && k < table->Pages(); ++k, ++number.This) {
       Pencil pencil(drawing_, drawing_.Pages.emplace_back());
       table->Draw(k, DrawStrip(in_, number, layout_.Frame, pencil), pencil);
@@ -104,8 +106,6 @@ class Composer {
   }
 
  private:
-  static constexpr double kTextColumn = 120.0;
-
   PlanFit Fit() const {
     if (const std::optional<PlanFit> fit = FitOn(in_.Paper)) return *fit;
     std::string what = "the plan does not fit on " +
@@ -172,7 +172,7 @@ class Composer {
     pencil.Add(shape.Layer, std::move(onPaper));
   }
 
-  void DrawView(const View& view, const std::vector<SideLine>& text, const SheetNumber& number) {
+  void DrawView(const View& view, const SheetNumber& number) {
     Pencil pencil(drawing_, drawing_.Pages.emplace_back());
     pencil.Frame(layer::kFrame, layout_.Frame, 0.7);
     for (const PlanShape& shape : plan_) DrawShape(shape, pencil);
@@ -181,8 +181,10 @@ class Composer {
     for (std::size_t k = 0; k < labels_.size(); ++k)
       if (in_.Wires.empty() || view.Shows(in_.Wires[k])) shown.push_back(labels_[k]);
     const std::size_t all = shown.size();
-    if (in_.Wires.empty()) shown.resize(std::min(all, fit_.Room.Capacity()));
-    const std::size_t labelled = DrawLabels(shown, fit_, pencil);
+    // Fewer labels may be larger.
+    const PlanFit fit = FitPlan(shown, extent_, layout_.Plan, fit_.Scale).value_or(fit_);
+    if (in_.Wires.empty()) shown.resize(std::min(all, fit.Room.Capacity()));
+    const std::size_t labelled = DrawLabels(shown, fit, pencil);
     if (const Label* lead = LeadOne()) DrawLeadMark(*lead, pencil);
     DrawDieMarks(in_, pencil);
     DrawScaleBar(in_, layout_.ScaleBar.Low + glm::dvec2(1.0, 1.5), pencil);
@@ -192,7 +194,7 @@ class Composer {
                                      .Words = view.Heading,
                                      .Size = 3.5,
                                      .Bold = true});
-    continued_ = DrawSideText(text, 0, layout_.Side, pencil);
+    continued_ = DrawSideText(SideLines(view), 0, layout_.Side, pencil);
     DrawTitleBlock(in_, drawing_, number, layout_.Frame, layout_.BlockWidth, pencil);
   }
 
@@ -212,7 +214,7 @@ class Composer {
     for (const DiagramWire& wire : in_.Wires) {
       const Line line{pencil.OnPaper(wire.From * in_.Millimetres), pencil.OnPaper(wire.To * in_.Millimetres)};
       const std::string wireLayer = LayerOf(wire);
-      const Ink ink = view.Shows(wire) ? InkOf(wireLayer) : Grey(0.78);
+      const Ink ink = view.Shows(wire) ? InkOf(wireLayer) : kOthers;
       pencil.Add(wireLayer, Line{line.From, line.To, {.Width = width, .Colour = ink}});
       if (wire.Offends)
         pencil.Add(layer::kFindings,
@@ -220,7 +222,7 @@ class Composer {
     }
   }
 
-  std::vector<SideLine> SideLines() const {
+  std::vector<SideLine> SideLines(const View& view) const {
     std::vector<SideLine> lines;
     lines.push_back({.Heading = true, .Words = "Measured"});
     for (const Fact& fact : in_.Facts)
@@ -228,12 +230,14 @@ class Composer {
     lines.push_back({.Heading = true, .Words = "Legend"});
     if (LeadOne() != nullptr) lines.push_back({.Before = Sign::Lead1, .Words = "lead 1"});
     lines.push_back({.Before = Sign::DieCorner, .Words = "lower left corner of the base die"});
+    std::set<std::string> shown;
+    for (const DiagramWire& wire : in_.Wires)
+      if (view.Shows(wire)) shown.insert(LayerOf(wire));
     if (wireLayers_.size() > 1)
-      for (const std::string& name : wireLayers_)
+      for (const std::string& name : shown)
         lines.push_back({.Before = Sign::Wire, .Colour = InkOf(name), .Words = MeaningOf(name)});
     if (in_.Into != Split::None)
-      lines.push_back(
-          {.Before = Sign::OtherWire, .Colour = Grey(0.78), .Words = "wires of the other sheets"});
+      lines.push_back({.Before = Sign::OtherWire, .Colour = kOthers, .Words = "wires of the other sheets"});
     if (std::any_of(in_.Wires.begin(), in_.Wires.end(), [](const DiagramWire& wire) { return wire.Offends; }))
       lines.push_back({.Before = Sign::Offender, .Colour = {0.85, 0.0, 0.0}, .Words = "wire with a finding"});
     const double width = layout_.Side.Size().x;
@@ -264,7 +268,7 @@ class Composer {
     return next;
   }
 
-  void DrawTextPage(const std::vector<SideLine>& lines, const Box&, const SheetNumber& number) {
+  void DrawTextPage(const std::vector<SideLine>& lines, const SheetNumber& number) {
     Pencil pencil(drawing_, drawing_.Pages.emplace_back());
     continued_ = DrawTextColumns(lines, continued_, DrawStrip(in_, number, layout_.Frame, pencil), pencil);
   }
