@@ -51,7 +51,9 @@ Clearances MeasureClearances(const std::vector<WireLoop>& loops, const Clearance
     const WireLoop& first = loops[pair.First];
     const WireLoop& second = loops[pair.Second];
     const double clearance = pair.Distance - rules.WireDiameter;
-    clearances.Rows.push_back({.Name = first.Name,
+    clearances.Rows.push_back({.First = pair.First,
+                               .Second = pair.Second,
+                               .Name = first.Name,
                                .Other = second.Name,
                                .Net = NetOf(rules.Nets, first.Name),
                                .OtherNet = NetOf(rules.Nets, second.Name),

@@ -17,6 +17,7 @@ enum class Finding { None, BelowLimit, Touching };
 
 /// Two wires and the room between them, in file units.
 struct ClearanceRow {
+  std::size_t First = 0, Second = 0;  ///< the numbers of their loops
   std::string Name, Other;
   std::string Net, OtherNet;
   double Clearance = 0.0;  ///< from surface to surface; not above 0 where they touch

@@ -10,6 +10,14 @@
 
 namespace formats {
 
+std::string LengthText(double length, const analysis::LengthUnit& unit) {
+  char text[400];
+  std::snprintf(text, sizeof text, "%.*f", unit.Decimals, length);
+  const std::string shown = text;
+  const bool zero = shown.find_first_not_of("-0.") == std::string::npos;
+  return zero && shown.front() == '-' ? shown.substr(1) : shown;
+}
+
 namespace {
 
 using analysis::ClearanceRow;
@@ -27,15 +35,6 @@ const char* NameOf(Finding kind) {
       break;
   }
   return "ok";
-}
-
-/// With the unit's decimals; never "-0".
-std::string LengthText(double length, const LengthUnit& unit) {
-  char text[400];
-  std::snprintf(text, sizeof text, "%.*f", unit.Decimals, length);
-  const std::string shown = text;
-  const bool zero = shown.find_first_not_of("-0.") == std::string::npos;
-  return zero && shown.front() == '-' ? shown.substr(1) : shown;
 }
 
 /// The number that is shown.

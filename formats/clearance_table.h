@@ -8,6 +8,9 @@
 
 namespace formats {
 
+/// A length with the decimals of its unit; never "-0".
+std::string LengthText(double length, const analysis::LengthUnit& unit);
+
 /// A line for each pair; the last line, which begins with "#", counts.
 std::string ColumnsOf(const analysis::Clearances& clearances, const analysis::LengthUnit& unit);
 

@@ -8,12 +8,12 @@
 
 namespace formats {
 
-namespace {
-
 const char* TableOf(const model::RecordPlace& place) {
   if (place.Table == model::RecordTable::Stitches) return "stitch";
   return place.Table == model::RecordTable::SDBonds ? "stacked" : "base";
 }
+
+namespace {
 
 /// A row as named values: the one place that names the columns, for both formats.
 Json ValuesOf(const analysis::WireRow& row, const std::string& unit) {

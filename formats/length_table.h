@@ -12,6 +12,9 @@ namespace formats {
 /// A field of a CSV file: in double quotes where it holds a comma, a quote or a line's end.
 std::string CsvField(std::string_view text);
 
+/// The table of a wire in words: "base", "stacked" or "stitch".
+const char* TableOf(const model::RecordPlace& place);
+
 // Every length's column ends in the unit's name, every angle's in "deg".
 
 std::string WiresCsv(const std::vector<analysis::WireRow>& rows, const std::string& unit);

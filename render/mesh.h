@@ -15,4 +15,7 @@ struct Mesh {
   std::vector<std::array<std::uint32_t, 3>> Triangles;
 };
 
+void AddFace(const model::Face& face, Mesh& mesh);
+void AddDisc(const model::DiscRim& rim, Mesh& mesh);
+
 }  // namespace render

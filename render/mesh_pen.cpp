@@ -1,8 +1,6 @@
 #include "render/mesh_pen.h"
 
 #include <algorithm>
-#include <cstddef>
-#include <cstdint>
 
 #include "render/tube.h"
 
@@ -29,14 +27,6 @@ bool AreSame(const model::Colour& a, const model::Colour& b) {
   return a.Red == b.Red && a.Green == b.Green && a.Blue == b.Blue;
 }
 
-/// Adds points; returns the number of the first.
-template <class Points>
-std::uint32_t AddPoints(const Points& points, Mesh& mesh) {
-  const auto first = static_cast<std::uint32_t>(mesh.Points.size());
-  mesh.Points.insert(mesh.Points.end(), points.begin(), points.end());
-  return first;
-}
-
 }  // namespace
 
 void MeshPen::Begin(model::Part part, const model::RecordPlace& record) {
@@ -56,20 +46,10 @@ Mesh& MeshPen::MeshOf(const model::Colour& paint) {
 
 void MeshPen::Quad(const model::Face& face) {
   quadPaint_ = face.Paint;
-  Mesh& mesh = MeshOf(face.Paint);
-  const std::uint32_t first = AddPoints(face.Corners, mesh);
-  // A face's corners run clockwise when seen from outside.
-  mesh.Triangles.push_back({first, first + 2, first + 1});
-  mesh.Triangles.push_back({first, first + 3, first + 2});
+  AddFace(face, MeshOf(face.Paint));
 }
 
-void MeshPen::Disc(const model::DiscRim& rim) {
-  Mesh& mesh = MeshOf(quadPaint_);
-  const std::uint32_t first = AddPoints(rim, mesh);
-  // The rim's last point is its first one again.
-  for (std::uint32_t k = 1; k + 2 < rim.size(); ++k)
-    mesh.Triangles.push_back({first, first + k, first + k + 1});
-}
+void MeshPen::Disc(const model::DiscRim& rim) { AddDisc(rim, MeshOf(quadPaint_)); }
 
 void MeshPen::Strip(const model::WireStrip& points, const model::Colour& paint) {
   AddTube(points, wireRadius_, MeshOf(paint));

@@ -1,7 +1,10 @@
 #include "setup/parameter_file.h"
 
 #include <algorithm>
+#include <cctype>
+#include <utility>
 
+#include "model/input_error.h"
 #include "model/numbers.h"
 #include "model/text.h"
 
@@ -38,6 +41,42 @@ std::optional<Parameter> ReadLine(std::string_view line, KeyTexts texts) {
     if (model::EqualsUpper(line.substr(0, equals), texts == KeyTexts::AsWritten ? key.Written : key.Loaded))
       return Parameter{key.Meaning, line.substr(equals + 1)};
   return std::nullopt;
+}
+
+constexpr std::pair<ParameterKey, std::optional<float> ParameterValues::*> kNumbers[] = {
+    {ParameterKey::WireDiameter, &ParameterValues::WireDiameter},
+    {ParameterKey::Frequency, &ParameterValues::Frequency},
+    {ParameterKey::BaseLoopHeight, &ParameterValues::BaseLoopHeight},
+    {ParameterKey::BaseExtension, &ParameterValues::BaseExtension},
+    {ParameterKey::StackLoopHeight, &ParameterValues::StackLoopHeight},
+    {ParameterKey::StackExtension, &ParameterValues::StackExtension},
+    {ParameterKey::StitchExtension, &ParameterValues::StitchExtension},
+};
+
+/// ToNumber takes anything; a value without a digit where a number begins would silently be 0.
+bool BeginsNumber(std::string_view text) {
+  if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
+  if (text.starts_with('.') || text.starts_with(',')) text.remove_prefix(1);
+  return !text.empty() && std::isdigit(static_cast<unsigned char>(text.front())) != 0;
+}
+
+std::string MaterialOf(const model::FilePlace& place, std::string_view value) {
+  for (const char* material : {"Au", "Al", "Cu"})
+    if (model::UpperCase(value) == model::UpperCase(material)) return material;
+  throw model::InputError(place, model::Quoted(value) + " is not a wire material", "write Au, Al or Cu");
+}
+
+float NumberOf(const model::FilePlace& place, std::string_view value) {
+  if (!BeginsNumber(value))
+    throw model::InputError(place, model::Quoted(value) + " is not a number", "write one such as 12.5");
+  return model::ToNumber(value);
+}
+
+void Take(const model::FilePlace& place, const Parameter& parameter, ParameterValues& values) {
+  if (parameter.Key == ParameterKey::YaxFile) values.PackageName = parameter.Value;
+  if (parameter.Key == ParameterKey::Material) values.Material = MaterialOf(place, parameter.Value);
+  for (const auto& [key, setting] : kNumbers)
+    if (key == parameter.Key) values.*setting = NumberOf(place, parameter.Value);
 }
 
 /// Drops the last UTF-8 character; of other bytes, one.
@@ -89,6 +128,32 @@ std::vector<Parameter> ReadParameters(std::string_view text) {
   for (const ParameterLine& line : ReadParameterLines(text, KeyTexts::OfLoad))
     if (line.Known) parameters.push_back(*line.Known);
   return parameters;
+}
+
+ParameterValues ReadParameterValues(std::string_view text, const std::string& file,
+                                    const std::function<void(const ParameterLine&)>& onUnknown) {
+  ParameterValues values;
+  for (const ParameterLine& line : ReadParameterLines(text, KeyTexts::AsWritten)) {
+    if (line.Known)
+      Take({.File = file, .Line = line.Number}, *line.Known, values);
+    else if (onUnknown)
+      onUnknown(line);
+  }
+  return values;
+}
+
+void Apply(const ParameterValues& values, model::WireBondSettings& settings) {
+  const auto set = [](auto& setting, const auto& value) {
+    if (value) setting = *value;
+  };
+  set(settings.Material, values.Material);
+  set(settings.WireDiameter, values.WireDiameter);
+  set(settings.Frequency, values.Frequency);
+  set(settings.BaseLoopHeight, values.BaseLoopHeight);
+  set(settings.StackLoopHeight, values.StackLoopHeight);
+  set(settings.BaseExtension, values.BaseExtension);
+  set(settings.StackExtension, values.StackExtension);
+  set(settings.StitchExtension, values.StitchExtension);
 }
 
 std::optional<std::string> ParameterFileName(std::string_view packagePath) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -54,6 +55,25 @@ std::vector<ParameterLine> ReadParameterLines(std::string_view text, KeyTexts te
 /// What the window's load takes from a parameter file, in the file's order.
 /// Returns views into `text`
 std::vector<Parameter> ReadParameters(std::string_view text);
+
+/// What a parameter file sets of its nine things.
+struct ParameterValues {
+  std::optional<std::string> PackageName;  ///< without its folder
+  std::optional<std::string> Material;
+  std::optional<float> WireDiameter, Frequency;
+  std::optional<float> BaseLoopHeight, StackLoopHeight;
+  std::optional<float> BaseExtension, StackExtension, StitchExtension;
+};
+
+/// The values of a parameter file by the keys with which it is written, in any letter case. `file` is its
+/// name in messages; `onUnknown` gets each line that has no key. Deliberate: the window's own load knows two
+/// keys by other texts than it writes and so drops the base and the stitch extension; here they count. Faults
+/// InputError for a material or a number that is none
+ParameterValues ReadParameterValues(std::string_view text, const std::string& file,
+                                    const std::function<void(const ParameterLine&)>& onUnknown = {});
+
+/// Sets in `settings` what is given in `values`.
+void Apply(const ParameterValues& values, model::WireBondSettings& settings);
 
 /// The name of a package's parameter file: its last three characters become "zu".
 /// Returns nothing for a name of less than three characters

@@ -24,6 +24,7 @@ Command AddRender(CLI::App& program);
 Command AddCheck(CLI::App& program);
 Command AddWires(CLI::App& program);
 Command AddClearance(CLI::App& program);
+Command AddEstimate(CLI::App& program);
 Command AddExport(CLI::App& program);
 Command AddImport(CLI::App& program);
 Command AddDiagram(CLI::App& program);

@@ -1,5 +1,3 @@
-#include <glib.h>
-
 #include <CLI/CLI.hpp>
 #include <filesystem>
 #include <memory>
@@ -95,16 +93,6 @@ std::vector<std::string> LinesOf(const std::string& text) {
   for (std::string_view line; lines.Next(line);)
     list.emplace_back(line.substr(0, line.find_last_not_of("\r\n \t") + 1));
   return list;
-}
-
-/// The first 12 digits of the file's SHA-256.
-std::string DigestOf(const std::string& file) {
-  const std::string bytes = TextOf(file);
-  gchar* const digest = g_compute_checksum_for_data(
-      G_CHECKSUM_SHA256, reinterpret_cast<const guchar*>(bytes.data()), bytes.size());
-  const std::string text(digest, 12);
-  g_free(digest);
-  return text;
 }
 
 /// What the rules say on the sheet.

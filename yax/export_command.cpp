@@ -14,6 +14,7 @@
 #include "yax/options/picture_options.h"
 #include "yax/options/unit.h"
 #include "yax/output.h"
+#include "yax/page/package_page.h"
 
 namespace yax {
 
@@ -29,13 +30,14 @@ struct ExportOptions {
   WireOptions wires;
 };
 
-enum class MeshFormat { Glb, Obj };
+enum class ExportFormat { Glb, Obj, Html };
 
-MeshFormat MeshFormatOf(const std::string& output) {
+ExportFormat ExportFormatOf(const std::string& output) {
   const std::string name = model::UpperCase(output);
-  if (name == "-" || name.ends_with(".GLB")) return MeshFormat::Glb;
-  if (name.ends_with(".OBJ")) return MeshFormat::Obj;
-  throw Unusable({.File = output}, "its name tells no mesh format", "let it end in .glb or .obj, or give -");
+  if (name == "-" || name.ends_with(".GLB")) return ExportFormat::Glb;
+  if (name.ends_with(".OBJ")) return ExportFormat::Obj;
+  if (name.ends_with(".HTML")) return ExportFormat::Html;
+  throw Unusable({.File = output}, "unknown export format", "use .glb, .obj or .html, or give -");
 }
 
 /// Writes both files or neither: the one that names the other comes last.
@@ -52,27 +54,31 @@ void WriteObj(const MeshScene& scene, const std::string& output) {
   }
 }
 
-Status Export(const ExportOptions& options) {
-  const MeshFormat format = MeshFormatOf(options.output);
-  const OpenedPackage opened(options.package, options.loops, options.wires);
+void WriteMeshes(const OpenedPackage& opened, const ExportOptions& options, ExportFormat format) {
   const analysis::LengthUnit unit = UnitOf(options.unit, opened.Package);
   const double scale = double(opened.Package.UnitScale);
   render::MeshPen pen(opened.Package, WireDiameterIn(unit, opened.Settings) / 2.0 / scale,
                       [&options](const std::string& name) { return analysis::NetOf(options.nets, name); });
-  try {
-    render::Scene(opened.Inputs(options.appearance), pen).DrawPackage();
-  } catch (const model::Fault& fault) {
-    throw opened.NotDrawn(fault);
-  }
+  render::Scene(opened.Inputs(options.appearance), pen).DrawPackage();
   const MeshScene scene{.Name = std::string(model::FileNameOf(opened.Package.PackagePath)),
                         .groups = pen.Groups(),
                         .FileUnits = scale,
                         .Metres = scale * unit.Metres,
                         .UnitName = unit.Name};
-  if (format == MeshFormat::Obj) {
-    WriteObj(scene, options.output);
-  } else {
-    WriteOutput(options.output, GlbBytes(scene));
+  if (format == ExportFormat::Obj) return WriteObj(scene, options.output);
+  WriteOutput(options.output, GlbBytes(scene));
+}
+
+Status Export(const ExportOptions& options) {
+  const ExportFormat format = ExportFormatOf(options.output);
+  const OpenedPackage opened(options.package, options.loops, options.wires);
+  try {
+    if (format == ExportFormat::Html)
+      WriteOutput(options.output, PageOf(opened, UnitOf(options.unit, opened.Package), options.nets));
+    else
+      WriteMeshes(opened, options, format);
+  } catch (const model::Fault& fault) {
+    throw opened.NotDrawn(fault);
   }
   return Status::Done;
 }
@@ -80,13 +86,14 @@ Status Export(const ExportOptions& options) {
 }  // namespace
 
 Command AddExport(CLI::App& program) {
-  CLI::App* const command =
-      program.add_subcommand("export", "Write the package as meshes for other viewers and programs");
+  CLI::App* const command = program.add_subcommand(
+      "export", "Write the package as meshes for other programs, or as a page for any browser");
   const auto options = std::make_shared<ExportOptions>();
   AddPackageOption(*command, options->package);
   command
-      ->add_option("-o,--output", options->output,
-                   "The meshes: .glb, or .obj with an .mtl beside it; - for .glb on standard output")
+      ->add_option(
+          "-o,--output", options->output,
+          "The meshes: .glb, or .obj with an .mtl beside it; - for .glb on standard output. Or a page: .html")
       ->type_name("FILE")
       ->required();
   AddUnitOption(*command, options->unit);

@@ -119,8 +119,8 @@ TEST(LoopOptions, StartAsTheWindowOrAtTheDieHeightAndTakeSingleSettingsLast) {
   };
   // A reset copies the height as the scene has it.
   EXPECT_EQ(settings({}), "0.5 0.5 0.5 0.5 0.5 'Au' 1 1000000");
-  // The reader's own defaults go by each wire's die, and know no frequency.
-  EXPECT_EQ(settings({"--loops", "die-height"}), "5 5 3 3 3 'Au' 1 0");
+  // The reader's own defaults go by each wire's die; they have no frequency, so the window's counts.
+  EXPECT_EQ(settings({"--loops", "die-height"}), "5 5 3 3 3 'Au' 1 1000000");
   // The edge of the base die is written as -1.
   EXPECT_EQ(settings({"--zu", folder / "a.zu", "--base-loop-height", "9", "--stack-extension", "edge",
                       "--stack-loop-height", "-2", "--stitch-extension", "0"}),

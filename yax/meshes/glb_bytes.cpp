@@ -25,12 +25,14 @@ double Linear(float component) {
   return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
 }
 
+enum class Form { Binary, Text };
+
 /// Builds the file's tree; all points stand in its one buffer before all triangles.
 class GlbBuilder {
  public:
   explicit GlbBuilder(const MeshScene& scene) : scene_(scene) {}
 
-  std::string Bytes() {
+  std::string Bytes(Form form) {
     AddBuffer();
     const int root = AddNode(scene_.Name, kNoMesh);
     NodeAt(root).scale.assign(3, scene_.Metres);
@@ -42,7 +44,7 @@ class GlbBuilder {
     model_.asset.generator = std::string("yax ") + model::kVersionText;
     model_.extensionsUsed.emplace_back(kUnlit);
     std::ostringstream file;
-    tinygltf::TinyGLTF().WriteGltfSceneToStream(&model_, file, false, true);
+    tinygltf::TinyGLTF().WriteGltfSceneToStream(&model_, file, false, form == Form::Binary);
     return file.str();
   }
 
@@ -177,6 +179,8 @@ int GlbBuilder::MaterialOf(const model::Colour& paint) {
 
 }  // namespace
 
-std::string GlbBytes(const MeshScene& scene) { return GlbBuilder(scene).Bytes(); }
+std::string GlbBytes(const MeshScene& scene) { return GlbBuilder(scene).Bytes(Form::Binary); }
+
+std::string GltfText(const MeshScene& scene) { return GlbBuilder(scene).Bytes(Form::Text); }
 
 }  // namespace yax

@@ -20,6 +20,9 @@ struct MeshScene {
 /// A binary glTF file in metres: a node for the body's parts, and one for the nets with a node for each.
 std::string GlbBytes(const MeshScene& scene);
 
+/// The same as text, with its one buffer in it.
+std::string GltfText(const MeshScene& scene);
+
 /// An .obj file in file units: an object for each part and net. `materialFile` is the name of the other one.
 std::string ObjText(const MeshScene& scene, const std::string& materialFile);
 /// The .mtl file that goes with it.

@@ -68,24 +68,12 @@ model::WireBondSettings SettingsOf(const LoopOptions& options, const model::Pack
   } catch (const model::Fault& fault) {
     throw Unusable({.File = package.PackagePath}, fault.what(), "correct COMPZ or SD_COMPZ");
   }
-  if (!options.DieHeight) settings = model::SettingsAfterReset(package);
-  if (!options.ParameterFile.empty()) Apply(ReadParameterFile(options.ParameterFile), settings);
-  Apply(options.Values, settings);
+  const model::WireBondSettings ofWindow = model::SettingsAfterReset(package);
+  settings.Frequency = ofWindow.Frequency;  // which has no default of its own there
+  if (!options.DieHeight) settings = ofWindow;
+  if (!options.ParameterFile.empty()) setup::Apply(ReadParameterFile(options.ParameterFile), settings);
+  setup::Apply(options.Values, settings);
   return settings;
-}
-
-void Apply(const LoopValues& values, model::WireBondSettings& settings) {
-  const auto set = [](auto& setting, const auto& value) {
-    if (value) setting = *value;
-  };
-  set(settings.Material, values.Material);
-  set(settings.WireDiameter, values.WireDiameter);
-  set(settings.Frequency, values.Frequency);
-  set(settings.BaseLoopHeight, values.BaseLoopHeight);
-  set(settings.StackLoopHeight, values.StackLoopHeight);
-  set(settings.BaseExtension, values.BaseExtension);
-  set(settings.StackExtension, values.StackExtension);
-  set(settings.StitchExtension, values.StitchExtension);
 }
 
 }  // namespace yax

@@ -1,11 +1,11 @@
 /// The wire bond settings with which a command works.
 #pragma once
 
-#include <optional>
 #include <string>
 
 #include "model/package.h"
 #include "model/wire_bond_settings.h"
+#include "setup/parameter_file.h"
 #include "yax/options/tier_loops.h"
 
 namespace CLI {
@@ -15,12 +15,7 @@ class App;
 namespace yax {
 
 /// Single settings, those that were given.
-struct LoopValues {
-  std::optional<std::string> Material;
-  std::optional<float> WireDiameter, Frequency;
-  std::optional<float> BaseLoopHeight, StackLoopHeight;
-  std::optional<float> BaseExtension, StackExtension, StitchExtension;
-};
+using LoopValues = setup::ParameterValues;
 
 struct LoopOptions {
   bool DieHeight =
@@ -36,8 +31,5 @@ void AddLoopOptions(CLI::App& command, LoopOptions& options);
 /// The settings for a package just read.
 /// Faults  Unusable when the parameter file cannot be used
 model::WireBondSettings SettingsOf(const LoopOptions& options, const model::Package& package);
-
-/// Sets in `settings` what is given in `values`.
-void Apply(const LoopValues& values, model::WireBondSettings& settings);
 
 }  // namespace yax

@@ -1,5 +1,7 @@
 #include "yax/options/text_file.h"
 
+#include <glib.h>
+
 #include "model/faults.h"
 #include "model/files.h"
 #include "yax/messages.h"
@@ -13,6 +15,15 @@ std::string TextOf(const std::string& file) {
     throw Unusable({.File = file}, fault.what(), "give the path of a text file");
   }
   throw Unusable({.File = file}, "there is no such file", "give the path of a text file");
+}
+
+std::string DigestOf(const std::string& file) {
+  const std::string bytes = TextOf(file);
+  gchar* const digest = g_compute_checksum_for_data(
+      G_CHECKSUM_SHA256, reinterpret_cast<const guchar*>(bytes.data()), bytes.size());
+  const std::string text(digest, 12);
+  g_free(digest);
+  return text;
 }
 
 }  // namespace yax

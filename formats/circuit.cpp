@@ -1,0 +1,91 @@
+#include "formats/circuit.h"
+
+#include <algorithm>
+#include <cctype>
+#include <charconv>
+#include <cmath>
+
+#include "formats/json.h"
+#include "model/numbers.h"
+
+namespace formats {
+
+namespace {
+
+std::string Number(double value) {
+  char text[32];
+  return {text, std::to_chars(text, text + sizeof text, value, std::chars_format::general, 9).ptr};
+}
+
+/// The file's name without its ending, in the characters that every simulator takes.
+std::string SubcircuitName(const std::string& package) {
+  std::string name = package.substr(0, package.rfind('.'));
+  for (char& c : name)
+    if (std::isalnum(static_cast<unsigned char>(c)) == 0) c = '_';
+  const bool beginsWell = !name.empty() && std::isalpha(static_cast<unsigned char>(name.front())) != 0;
+  return beginsWell ? name : "wires_" + name;
+}
+
+/// A name in a comment must not end its line.
+std::string OneLine(std::string name) {
+  std::replace_if(
+      name.begin(), name.end(), [](char c) { return std::iscntrl(static_cast<unsigned char>(c)) != 0; }, ' ');
+  return Utf8Of(name);
+}
+
+std::string LeftOutText(const analysis::WireCosts& costs, double least) {
+  if (!costs.Coupled && costs.Rows.size() > 1) return "the couplings, which were not worked out";
+  if (costs.LeftOut == 0) return "nothing";
+  return std::to_string(costs.LeftOut) + " couplings below " + Number(least) + ", the largest " +
+         Number(costs.LargestLeftOut);
+}
+
+std::string Ports(std::size_t wires) {
+  std::string text;
+  for (std::size_t wire = 1; wire <= wires; ++wire) {
+    const std::string number = std::to_string(wire);
+    text.append("\n+ s").append(number).append(" e").append(number);
+  }
+  return text;
+}
+
+std::string WireText(const analysis::WireCost& wire, const std::string& number) {
+  const std::string name =
+      wire.Wire.OtherName.empty() ? wire.Wire.Name : wire.Wire.Name + ":" + wire.Wire.OtherName;
+  return "* " + number + ": " + OneLine(name) + "\n" +                                                     //
+         "R_" + number + " s" + number + " m" + number + " " + Number(wire.Impedance.Resistance) + "\n" +  //
+         "L_" + number + " m" + number + " e" + number + " " + Number(wire.Impedance.Inductance) + "\n";
+}
+
+}  // namespace
+
+std::string ConditionsText(std::size_t wires, const model::WireBondSettings& settings) {
+  return std::to_string(wires) + " wires, " + settings.Material + ", diameter " +
+         model::GeneralText(settings.WireDiameter) + " mil, " + model::GeneralText(settings.Frequency) +
+         " Hz";
+}
+
+std::string CircuitText(const analysis::WireCosts& costs, const CircuitNote& note) {
+  const std::string name = SubcircuitName(note.Package);
+  std::string text = "* The bond wires of " + OneLine(note.Package) + ": " + note.Conditions + ".\n" +
+                     "* Wire n runs from port sn to port en. R, L and k hold at this frequency.\n" +
+                     "* Left out: " + LeftOutText(costs, note.LeastCoupling) + ".\n" + ".subckt " + name +
+                     Ports(costs.Rows.size()) + "\n";
+  for (std::size_t wire = 0; wire < costs.Rows.size(); ++wire)
+    text += WireText(costs.Rows[wire], std::to_string(wire + 1));
+  for (const analysis::Coupling& pair : AsWritten(costs.Couplings)) {
+    const std::string first = std::to_string(pair.First + 1);
+    const std::string second = std::to_string(pair.Second + 1);
+    text.append("K_").append(first).append("_").append(second);
+    text.append(" L_").append(first).append(" L_").append(second);
+    text.append(" ").append(Number(pair.K)).append("\n");
+  }
+  return text + ".ends " + name + "\n";
+}
+
+std::vector<analysis::Coupling> AsWritten(std::vector<analysis::Coupling> couplings) {
+  for (analysis::Coupling& pair : couplings) pair.K = std::round(pair.K * 1e9) / 1e9;
+  return couplings;
+}
+
+}  // namespace formats

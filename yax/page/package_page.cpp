@@ -1,0 +1,109 @@
+#include "yax/page/package_page.h"
+
+#include <vector>
+
+#include "analysis/clearance.h"
+#include "analysis/lengths.h"
+#include "formats/clearance_table.h"
+#include "model/text.h"
+#include "sheet/bonding_diagram.h"
+#include "sheet/measured_data.h"
+#include "yax/meshes/mesh_files.h"
+#include "yax/options/text_file.h"
+#include "yax/options/unit.h"
+#include "yax/page/page_html.h"
+
+namespace yax {
+
+namespace {
+
+constexpr double kSmallestDiagram = 420.0;  ///< the width of an A3 sheet, millimetres
+
+/// Of each wire the nearest other one, for all loops of the package.
+std::vector<NearestWire> NearestOf(const std::vector<analysis::WireLoop>& loops,
+                                   const analysis::Clearances& clearances, const analysis::LengthUnit& unit) {
+  std::vector<NearestWire> nearest(loops.size());
+  // The closest pairs come first, so the first pair of a wire is that with its nearest other one.
+  for (const analysis::ClearanceRow& pair : clearances.Rows) {
+    const std::string clearance = formats::LengthText(pair.Clearance, unit);
+    if (nearest[pair.First].Name.empty()) nearest[pair.First] = {clearance, pair.Other};
+    if (nearest[pair.Second].Name.empty()) nearest[pair.Second] = {clearance, pair.Name};
+  }
+  return nearest;
+}
+
+/// Of the chosen wires alone, which are some of all loops in the same order.
+std::vector<NearestWire> Chosen(const std::vector<NearestWire>& nearest,
+                                const std::vector<analysis::WireLoop>& loops,
+                                const std::vector<analysis::WireRow>& rows) {
+  std::vector<NearestWire> chosen;
+  std::size_t loop = 0;
+  for (const analysis::WireRow& row : rows) {
+    while (!(loops[loop].Place == row.Place)) ++loop;
+    chosen.push_back(nearest[loop]);
+  }
+  return chosen;
+}
+
+/// The bonding diagram on the smallest sheet from A3 on that it fits; empty where it fits none.
+std::string DiagramOf(const OpenedPackage& opened, const std::vector<analysis::WireLoop>& loops,
+                      const analysis::LengthUnit& unit) {
+  const std::vector<sheet::DiagramWire> wires = sheet::DiagramWiresOf(opened.Package, loops, opened.Lines);
+  const std::vector<sheet::Fact> facts =
+      sheet::MeasuredData({opened.Package, wires, opened.Settings, unit.Name, 1.0, "", ""});
+  for (const sheet::Paper& paper : sheet::NamedPapers()) {
+    if (paper.Width < kSmallestDiagram) continue;
+    try {
+      return sheet::SvgOf(
+          sheet::BondingDiagram({.Package = opened.Package,
+                                 .Wires = wires,
+                                 .Facts = facts,
+                                 .Notes = {},
+                                 .Findings = {},
+                                 .Title = {},
+                                 .FileName = std::string(model::FileNameOf(opened.Package.PackagePath)),
+                                 .Digest = DigestOf(opened.Package.PackagePath),
+                                 .Millimetres = unit.Metres * 1e3,
+                                 .Unit = unit.Name,
+                                 .NumberScale = 1.0,
+                                 .Paper = paper,
+                                 .Scale = {},
+                                 .Into = sheet::Split::None,
+                                 .Table = false}));
+    } catch (const sheet::DoesNotFit&) {
+      continue;
+    }
+  }
+  return "";
+}
+
+}  // namespace
+
+std::string PageOf(const OpenedPackage& opened, const analysis::LengthUnit& unit,
+                   const analysis::NetRule& nets) {
+  const double diameter = WireDiameterIn(unit, opened.Settings);
+  const double scale = double(opened.Package.UnitScale);
+  const PageModel model = ModelOf(opened.Inputs({}), diameter / 2.0 / scale);
+  const std::string name(model::FileNameOf(opened.Package.PackagePath));
+
+  const model::WireSelection everything;
+  const std::vector<analysis::WireLoop> loops =
+      analysis::WireLoopsOf({opened.Package, opened.Settings, everything, &opened.Shapes});
+  const std::vector<NearestWire> nearest =
+      NearestOf(loops, analysis::MeasureClearances(loops, {.Nets = nets, .WireDiameter = diameter}), unit);
+  const std::vector<analysis::WireLoop> chosen = analysis::WireLoopsOf(opened.Wires());
+  const std::vector<analysis::WireRow> rows = analysis::MeasureLengths(opened.Package, chosen);
+  return PageHtml({.Title = name,
+                   .Unit = unit.Name,
+                   .model = model,
+                   .gltf = GltfText({.Name = name,
+                                     .groups = model.Groups,
+                                     .FileUnits = scale,
+                                     .Metres = scale * unit.Metres,
+                                     .UnitName = unit.Name}),
+                   .wires = rows,
+                   .nearest = Chosen(nearest, loops, rows),
+                   .Diagram = DiagramOf(opened, chosen, unit)});
+}
+
+}  // namespace yax

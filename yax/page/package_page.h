@@ -1,0 +1,17 @@
+/// The page of a package that a command has opened.
+#pragma once
+
+#include <string>
+
+#include "analysis/nets.h"
+#include "analysis/units.h"
+#include "yax/options/opened_package.h"
+
+namespace yax {
+
+/// The page with the wires chosen; clearances are those to all wires.
+/// Faults  Fault when something cannot be drawn
+std::string PageOf(const OpenedPackage& opened, const analysis::LengthUnit& unit,
+                   const analysis::NetRule& nets);
+
+}  // namespace yax

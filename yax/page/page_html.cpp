@@ -1,0 +1,95 @@
+#include "yax/page/page_html.h"
+
+#include <cmath>
+#include <nlohmann/json.hpp>
+#include <string_view>
+
+#include "formats/json.h"
+#include "model/version.h"
+#include "yax/page/page_parts.h"
+
+namespace yax {
+
+namespace {
+
+using formats::Json;
+
+/// In an element whose text is JSON nothing but its end has a meaning; that begins with "<", which may be
+/// written as an escape wherever JSON has one.
+std::string InElement(const std::string& json) {
+  std::string text;
+  for (const char c : json) text += c == '<' ? "\\u003c" : std::string(1, c);
+  return text;
+}
+
+std::string Escaped(std::string_view name) {
+  std::string text;
+  for (const char c : formats::Utf8Of(name)) {
+    if (c == '&')
+      text += "&amp;";
+    else if (c == '<')
+      text += "&lt;";
+    else
+      text += c;
+  }
+  return text;
+}
+
+Json Bytes(const model::Colour& paint) {
+  Json bytes = Json::array();
+  for (const float part : {paint.Red, paint.Green, paint.Blue}) bytes.push_back(std::lround(255.0F * part));
+  return bytes;
+}
+
+/// The wires as rows without keys, which would take most of the room.
+std::string PackageJson(const PageInputs& inputs) {
+  Json json{{"unit", inputs.Unit}, {"light", Json::array()}, {"wires", Json::array()}};
+  for (const model::Colour& paint : inputs.model.Light) json["light"].push_back(Bytes(paint));
+  for (std::size_t k = 0; k < inputs.wires.size(); ++k) {
+    const analysis::WireRow& row = inputs.wires[k];
+    const WireTriangles& triangles = inputs.model.Wires[k];
+    json["wires"].push_back({row.Name, row.OtherName, row.Tier, row.NetType, row.Length, row.Angle,
+                             inputs.nearest[k].Clearance, inputs.nearest[k].Name, triangles.Mesh,
+                             triangles.First, triangles.Count});
+  }
+  return InElement(json.dump(-1, ' ', false, Json::error_handler_t::replace));
+}
+
+std::string DiagramPanel(const std::string& svg) {
+  // What a file of its own says first has no place within a page.
+  const std::size_t begin = svg.find("<svg");
+  return "<section role=\"tabpanel\" id=\"diagram-panel\" aria-labelledby=\"diagram-tab\" hidden>\n" +
+         svg.substr(begin) + "</section>\n";
+}
+
+constexpr char kDiagramTab[] =
+    "<button type=\"button\" role=\"tab\" id=\"diagram-tab\" aria-controls=\"diagram-panel\" "
+    "aria-selected=\"false\" tabindex=\"-1\">Diagram</button>\n";
+
+std::string PartOf(const PageInputs& inputs, std::string_view name) {
+  if (name == "GENERATOR") return std::string("yax ") + model::kVersionText;
+  if (name == "TITLE") return Escaped(inputs.Title);
+  if (name == "STYLE") return kPageStyle;
+  if (name == "SCRIPT") return kPageScript;
+  if (name == "PACKAGE") return PackageJson(inputs);
+  if (name == "MODEL") return InElement(inputs.gltf);
+  if (inputs.Diagram.empty()) return "";
+  return name == "DIAGRAM_TAB" ? kDiagramTab : DiagramPanel(inputs.Diagram);
+}
+
+}  // namespace
+
+std::string PageHtml(const PageInputs& inputs) {
+  std::string page;
+  // Every second piece of the frame is the name of a part.
+  bool isName = false;
+  for (std::string_view rest = kPageFrame; !rest.empty(); isName = !isName) {
+    const std::size_t end = std::min(rest.find('@'), rest.size());
+    const std::string_view piece = rest.substr(0, end);
+    page += isName ? PartOf(inputs, piece) : std::string(piece);
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+  }
+  return page;
+}
+
+}  // namespace yax

@@ -1,0 +1,33 @@
+/// A package as one page for any browser.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "analysis/lengths.h"
+#include "yax/page/page_model.h"
+
+namespace yax {
+
+/// What the page says about a wire besides its row.
+struct NearestWire {
+  std::string Clearance;  ///< in file units, as it is shown
+  std::string Name;       ///< the other wire; empty where there is none
+};
+
+struct PageInputs {
+  std::string Title;  ///< the name of the package's file
+  std::string Unit;   ///< of the rows' lengths
+  const PageModel& model;
+  const std::string& gltf;  ///< the model's groups as text
+  const std::vector<analysis::WireRow>& wires;
+  const std::vector<NearestWire>& nearest;  ///< of each wire
+  std::string Diagram = {};                 ///< the bonding diagram as SVG; empty for no such tab
+};
+
+/// The whole file: viewer, meshes and wires. Names stand in it as text, whatever their characters.
+/// Needs   a wire of the model for each of `wires`
+std::string PageHtml(const PageInputs& inputs);
+
+}  // namespace yax

@@ -1,0 +1,89 @@
+// The package's triangles in one piece, so that thousands of wires are drawn at once.
+
+import { BufferAttribute, BufferGeometry } from "three";
+
+// Puts all primitives into one set of vertices. Each has its colour and the number of its wire (from 1; 0 for
+// everything else) in three bytes. `lightColours` holds the colours of primitives that have another one on a
+// light background, by their numbers.
+export class Shape {
+  constructor(primitives, wires, lightColours) {
+    this.primitives = primitives;
+    this.lightColours = lightColours;
+    const total = primitives.reduce((sum, primitive) => sum + primitive.points.length, 0);
+    this.positions = new Float32Array(total);
+    this.colours = new Uint8Array(total);
+    this.numbers = new Uint8Array(total);
+    this.low = [Infinity, Infinity, Infinity];
+    this.high = [-Infinity, -Infinity, -Infinity];
+    this.triangles = [];
+    this.addAll(primitives);
+    this.wireTriangles = wires.map((wire, index) => this.takeWire(wire, index + 1));
+    this.bodyTriangles = this.restOf(wires);
+  }
+
+  addAll(primitives) {
+    let at = 0;
+    for (const { points, triangles } of primitives) {
+      const first = at / 3;
+      this.positions.set(points, at);
+      at += points.length;
+      for (let k = 0; k < points.length; ++k) {
+        this.low[k % 3] = Math.min(this.low[k % 3], points[k]);
+        this.high[k % 3] = Math.max(this.high[k % 3], points[k]);
+      }
+      this.triangles.push(triangles.map((point) => point + first));
+    }
+  }
+
+  // Gives everything its colour on a dark or a light background.
+  paint(isDark) {
+    let at = 0;
+    this.primitives.forEach(({ points, colour }, number) => {
+      const shown = (!isDark && this.lightColours[number]) || colour;
+      for (let k = 0; k < points.length; ++k, ++at) this.colours[at] = shown[k % 3];
+    });
+    if (this.colour) this.colour.needsUpdate = true;
+  }
+
+  takeWire({ primitive, first, count }, number) {
+    const own = this.triangles[primitive].subarray(3 * first, 3 * (first + count));
+    for (const vertex of own) {
+      this.numbers[3 * vertex] = number >> 16;
+      this.numbers[3 * vertex + 1] = (number >> 8) & 255;
+      this.numbers[3 * vertex + 2] = number & 255;
+    }
+    return own;
+  }
+
+  // Everything but the wires.
+  restOf(wires) {
+    const isWire = this.triangles.map((triangles) => new Uint8Array(triangles.length / 3));
+    for (const { primitive, first, count } of wires) isWire[primitive].fill(1, first, first + count);
+    return joined(this.triangles.map((triangles, primitive) =>
+      triangles.filter((_, k) => isWire[primitive][Math.floor(k / 3)] === 0)));
+  }
+
+  // A geometry of these triangles on the one set of vertices.
+  geometry(triangles) {
+    const geometry = new BufferGeometry();
+    geometry.setAttribute("position", (this.position = this.position || new BufferAttribute(this.positions, 3)));
+    geometry.setAttribute("color", (this.colour = this.colour || new BufferAttribute(this.colours, 3, true)));
+    geometry.setAttribute("number", (this.number = this.number || new BufferAttribute(this.numbers, 3, true)));
+    geometry.setIndex(new BufferAttribute(triangles, 1));
+    return geometry;
+  }
+
+  geometryOfWires(indices) {
+    return this.geometry(joined(indices.map((index) => this.wireTriangles[index])));
+  }
+}
+
+function joined(arrays) {
+  const all = new Uint32Array(arrays.reduce((sum, array) => sum + array.length, 0));
+  let at = 0;
+  for (const array of arrays) {
+    all.set(array, at);
+    at += array.length;
+  }
+  return all;
+}

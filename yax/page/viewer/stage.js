@@ -1,0 +1,192 @@
+// The picture: camera, light, drawing when something has changed, and which wire is under the pointer.
+
+import {
+  AmbientLight, Color, DirectionalLight, DoubleSide, Mesh, MeshBasicMaterial, MeshPhongMaterial, NearestFilter,
+  PerspectiveCamera, Scene, ShaderMaterial, WebGLRenderTarget, WebGLRenderer,
+} from "three";
+import { OrbitControls } from "three-examples/controls/OrbitControls.js";
+import { fit, kFieldOfView, kViews } from "./views.js";
+
+const kHighlight = 0xff5a1f;
+// How far from the pointer a wire is still meant, in pixels of the page: a finger is less exact than a mouse.
+const kReach = { mouse: 3, touch: 9 };
+
+// Draws each vertex's number as a colour.
+const numberMaterial = () =>
+  new ShaderMaterial({
+    vertexShader: `attribute vec3 number; varying vec3 shown;
+      void main() { shown = number; gl_Position = projectionMatrix * modelViewMatrix * vec4(position, 1.0); }`,
+    fragmentShader: "varying vec3 shown; void main() { gl_FragColor = vec4(shown, 1.0); }",
+    side: DoubleSide,
+  });
+
+export class Stage {
+  constructor(canvas, context, shape) {
+    this.canvas = canvas;
+    this.shape = shape;
+    this.renderer = new WebGLRenderer({ canvas, context });
+    this.camera = new PerspectiveCamera(kFieldOfView, 1, 0.1, 1000);
+    this.controls = new OrbitControls(this.camera, canvas);
+    this.controls.enableKeys = false; // they would move the picture while a list is read
+    this.controls.screenSpacePanning = true;
+    this.controls.addEventListener("change", () => this.draw());
+    this.scene = new Scene();
+    this.scene.background = new Color();
+    const lamp = new DirectionalLight(0xffffff, 0.6);
+    lamp.position.set(0.4, 0.7, 1);
+    this.camera.add(lamp);
+    this.scene.add(this.camera, new AmbientLight(0xffffff, 0.5));
+    const solid = new MeshPhongMaterial({ vertexColors: true, flatShading: true, side: DoubleSide, shininess: 0 });
+    this.scene.add(new Mesh(shape.geometry(shape.bodyTriangles), solid));
+    this.wires = new Mesh(shape.geometryOfWires([]), solid);
+    // A wire that is pointed out shows through whatever lies before it.
+    const marked = new MeshBasicMaterial({ color: kHighlight, depthTest: false, side: DoubleSide });
+    this.marked = new Mesh(shape.geometryOfWires([]), marked);
+    this.marked.renderOrder = 1;
+    this.scene.add(this.wires, this.marked);
+    this.numbers = numberMaterial();
+    this.show("Iso");
+  }
+
+  get size() {
+    return { width: this.canvas.clientWidth || 1, height: this.canvas.clientHeight || 1 };
+  }
+
+  // Places the eye for a view of that name.
+  show(view) {
+    const { width, height } = this.size;
+    const { position, target } = fit(kViews[view], this.shape.low, this.shape.high, width / height);
+    this.camera.position.fromArray(position);
+    this.controls.target.fromArray(target);
+    this.view = view;
+    this.controls.update();
+    this.draw();
+  }
+
+  setTheme(isDark, background) {
+    this.isDark = isDark;
+    this.shape.paint(isDark);
+    this.scene.background.set(background);
+    this.draw();
+  }
+
+  setWires(indices) {
+    this.replace(this.wires, indices);
+  }
+
+  mark(indices) {
+    this.replace(this.marked, indices);
+  }
+
+  replace(mesh, indices) {
+    mesh.geometry.dispose();
+    mesh.geometry = this.shape.geometryOfWires(indices);
+    mesh.visible = indices.length > 0;
+    this.draw();
+  }
+
+  resize() {
+    const { width, height } = this.size;
+    this.renderer.setPixelRatio(window.devicePixelRatio);
+    this.renderer.setSize(width, height, false);
+    this.camera.aspect = width / height;
+    this.drawNow();
+  }
+
+  // Once before the screen is next painted, however much has changed.
+  draw() {
+    if (this.waiting) return;
+    this.waiting = true;
+    requestAnimationFrame(() => this.drawNow());
+  }
+
+  drawNow() {
+    this.waiting = false;
+    this.placePlanes();
+    this.renderer.render(this.scene, this.camera);
+  }
+
+  // Depth has the fewest steps to waste where near and far plane touch the package.
+  placePlanes() {
+    const { low, high } = this.shape;
+    const middle = [0, 1, 2].map((axis) => (low[axis] + high[axis]) / 2);
+    const radius = Math.hypot(...[0, 1, 2].map((axis) => high[axis] - low[axis])) / 2 || 1;
+    const away = Math.hypot(...this.camera.position.toArray().map((c, axis) => c - middle[axis]));
+    this.camera.near = Math.max(away - 1.01 * radius, 0.002 * radius);
+    this.camera.far = away + 1.01 * radius;
+    this.controls.minDistance = 0.01 * radius;
+    this.controls.maxDistance = 20 * radius;
+    this.camera.updateProjectionMatrix();
+  }
+
+  turn(right, up) {
+    const offset = this.camera.position.clone().sub(this.controls.target);
+    const length = offset.length();
+    const around = Math.atan2(offset.x, offset.z) + right;
+    const down = Math.min(Math.max(Math.acos(offset.y / length) - up, 1e-4), Math.PI - 1e-4);
+    offset.set(Math.sin(down) * Math.sin(around), Math.cos(down), Math.sin(down) * Math.cos(around));
+    this.camera.position.copy(this.controls.target).addScaledVector(offset, length);
+    this.controls.update();
+    this.draw();
+  }
+
+  zoom(factor) {
+    this.camera.position.sub(this.controls.target).multiplyScalar(factor).add(this.controls.target);
+    this.controls.update();
+    this.draw();
+  }
+
+  // The index of the wire at a place of the canvas, or -1: all around it is drawn as numbers and read back.
+  wireAt(x, y, pointer) {
+    const reach = kReach[pointer] || kReach.mouse;
+    const side = 2 * reach + 1;
+    const { width, height } = this.size;
+    this.target = this.target || {};
+    const target = (this.target[side] = this.target[side] ||
+      new WebGLRenderTarget(side, side, { minFilter: NearestFilter, magFilter: NearestFilter }));
+    const { background } = this.scene;
+    this.scene.background = null;
+    this.scene.overrideMaterial = this.numbers;
+    this.marked.visible = false;
+    this.camera.setViewOffset(width, height, x - reach, y - reach, side, side);
+    this.renderer.setRenderTarget(target);
+    this.renderer.setClearColor(0, 1);
+    this.renderer.clear();
+    this.renderer.render(this.scene, this.camera);
+    const pixels = new Uint8Array(4 * side * side);
+    this.renderer.readRenderTargetPixels(target, 0, 0, side, side, pixels);
+    this.renderer.setRenderTarget(null);
+    this.camera.clearViewOffset();
+    this.marked.visible = this.marked.geometry.index.count > 0;
+    this.scene.overrideMaterial = null;
+    this.scene.background = background;
+    return nearestNumber(pixels, reach) - 1;
+  }
+
+  // What the picture shows, as the address of an image in the colours of paper.
+  picture() {
+    const shown = [this.isDark, `#${this.scene.background.getHexString()}`];
+    this.setTheme(false, "#ffffff");
+    this.drawNow();
+    const address = this.canvas.toDataURL("image/png");
+    this.setTheme(...shown);
+    return address;
+  }
+}
+
+// The number nearest to the middle of a square of pixels, 0 for none.
+function nearestNumber(pixels, reach) {
+  const side = 2 * reach + 1;
+  let number = 0;
+  let least = reach * reach + 1;
+  for (let k = 0; k < side * side; ++k) {
+    const found = (pixels[4 * k] << 16) | (pixels[4 * k + 1] << 8) | pixels[4 * k + 2];
+    const across = (k % side) - reach;
+    const down = Math.floor(k / side) - reach;
+    const distance = across * across + down * down;
+    if (found === 0 || distance >= least) continue;
+    least = distance;
+    number = found;
+  }
+  return number;
+}
