@@ -11,7 +11,7 @@
 #include "formats/cost_table.h"
 #include "model/faults.h"
 #include "model/text.h"
-#include "model/whole_file.h"
+#include "model/files.h"
 
 namespace estimator {
 

@@ -11,7 +11,7 @@
 #include "formats/cost_table.h"
 #include "model/numbers.h"
 #include "model/text.h"
-#include "yax/commands.h"
+#include "yax/command_list.h"
 #include "yax/options/opened_package.h"
 #include "yax/options/option_text.h"
 #include "yax/options/unit.h"
