@@ -55,25 +55,33 @@ void Bond(std::string_view text, const importer::Die& die, const importer::LeadF
   });
 }
 
+/// The table as fingers and as bonds of the same die.
+void BondOwnFingers(std::string_view text, const std::string& file, const importer::Die& die) {
+  ReadOrRefuse(text, [&] {
+    const importer::LeadFrame fingers = importer::FingersFromTable(file, 1.0, kDieSize);
+    Bond(text, die, fingers, {.Plan = importer::BondPlan::Names});
+    Bond(text, die, fingers, {.Plan = importer::BondPlan::Table, .TableFile = file});
+  });
+}
+
+void BondDie(std::string_view text, const std::string& file) {
+  static const importer::LeadFrame outline =
+      importer::Outlined("qfn:16,body=9x9,pitch=0.65,lead=0.4x0.3,paddle=5x5", 1.0);
+  ReadOrRefuse(text, [&] {
+    const importer::Die die = DieOf(file);
+    Bond(text, die, outline, {});
+    Bond(text, die, outline, {.Plan = importer::BondPlan::Table, .TableFile = file});
+    BondOwnFingers(text, file, die);
+  });
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view text(reinterpret_cast<const char*>(data), size);
   static const MemoryFile file;
   if (!file.Put(text)) return -1;
-  static const importer::LeadFrame outline =
-      importer::Outlined("qfn:16,body=9x9,pitch=0.65,lead=0.4x0.3,paddle=5x5", 1.0);
-  const importer::BondRequest table{.Plan = importer::BondPlan::Table, .TableFile = file.Path()};
-  ReadOrRefuse(text, [&] {
-    const importer::Die die = DieOf(file.Path());
-    Bond(text, die, outline, {});
-    Bond(text, die, outline, table);
-    ReadOrRefuse(text, [&] {
-      const importer::LeadFrame fingers = importer::FingersFromTable(file.Path(), 1.0, kDieSize);
-      Bond(text, die, fingers, {.Plan = importer::BondPlan::Names});
-      Bond(text, die, fingers, table);
-    });
-  });
+  BondDie(text, file.Path());
   ReadOrRefuse(text, [&] { importer::FingersFromTable(file.Path(), 1.0, kDieSize); });
   ReadOrRefuse(text, [&] { importer::BondsFromTable(file.Path()); });
   return 0;
