@@ -236,18 +236,13 @@ glm::dvec2 Assigner::DownFrom(std::size_t number) const {
 Assignment Assigner::Result() {
   Assignment result;
   result.Judged = request_.Plan != BondPlan::None;
-  std::vector<bool> met(frame_.Leads.size());
   for (std::size_t i = 0; i < partners_.size(); ++i) {
     const Partners& partners = partners_[i];
     if (partners.OnPaddle) result.Wires.push_back({i, std::nullopt, DownFrom(i)});
-    for (const std::size_t lead : partners.Leads) {
-      met[lead] = true;
+    for (const std::size_t lead : partners.Leads)
       result.Wires.push_back({i, lead, LandingOn(frame_.Leads[lead], request_.Land)});
-    }
     if (!partners.Decided && partners.Leads.empty() && result.Judged) result.PadsOver.push_back(i);
   }
-  for (std::size_t i = 0; i < met.size(); ++i)
-    if (!met[i]) result.FreeLeads.push_back(i);
   result.UnusedLeads.assign(unused_.begin(), unused_.end());
   return result;
 }

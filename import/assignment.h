@@ -37,7 +37,6 @@ struct Assignment {
   bool Judged = true;       ///< whether what stays free is worth a word; not when no bonds were asked for
   std::vector<Wire> Wires;  ///< in the order of the pads
   std::vector<std::size_t> PadsOver;     ///< that should have met a lead and did not
-  std::vector<std::size_t> FreeLeads;    ///< all that no wire meets
   std::vector<std::size_t> UnusedLeads;  ///< that stay free as asked, rising
 };
 

@@ -56,6 +56,8 @@ class Maker {
   std::vector<PlanWire> plan_;
   std::vector<std::string> planNames_;
   std::vector<std::string> leftOut_;
+  std::vector<bool> met_;          ///< leads that a wire meets
+  std::vector<std::size_t> free_;  ///< all others
   double longest_ = 0.0, widest_ = 0.0;
   std::string longestName_;
   std::size_t crossings_ = 0;
@@ -103,7 +105,10 @@ void Maker::AddWire(model::BondRec& bond, const Wire& wire) {
     leftOut_.push_back(bond.Name);
     return;
   }
-  if (wire.Lead) AddLead(bond, chip_.Frame.Leads[*wire.Lead]);
+  if (wire.Lead) {
+    AddLead(bond, chip_.Frame.Leads[*wire.Lead]);
+    met_[*wire.Lead] = true;
+  }
   bond.Lead = wire.Lead ? chip_.Frame.Leads[*wire.Lead].Label() : "PADDLE";
   bond.WireStartX = bond.DieX;
   bond.WireStartY = bond.DieY;
@@ -194,6 +199,7 @@ std::vector<std::string> Maker::NamesOf(const std::vector<std::size_t>& leads) c
 void Maker::JudgeSizes() {
   constexpr double kSmallest = 0.04;
   constexpr double kAlike = 1e-6;
+  if (chip_.Chip.OpeningsGiven) return;
   const std::vector<DiePad>& pads = chip_.Chip.Pads;
   const glm::dvec2 size = pads.front().Size;
   for (const DiePad& pad : pads)
@@ -215,7 +221,7 @@ void Maker::Judge() {
     made_.Findings.push_back(Counted(over.size(), "pad meets", "pads meet") + " no lead: " + Listed(over) +
                              "; bond them with --bond, or leave them free with --bond PAD=");
   std::vector<std::size_t> netted;
-  for (const std::size_t lead : chip_.Bonds.FreeLeads) {
+  for (const std::size_t lead : free_) {
     const bool asked =
         std::binary_search(chip_.Bonds.UnusedLeads.begin(), chip_.Bonds.UnusedLeads.end(), lead);
     if (!asked && chip_.Frame.Leads[lead].HasNet()) netted.push_back(lead);
@@ -238,7 +244,7 @@ std::string Maker::Summary() const {
                      Counted(chip_.Frame.Leads.size(), "lead", "leads") + ", " +
                      Counted(wires, "wire", "wires");
   text += "; leads free: ";
-  const std::vector<std::string> free = NamesOf(chip_.Bonds.FreeLeads);
+  const std::vector<std::string> free = NamesOf(free_);
   for (std::size_t i = 0; i < free.size(); ++i) text += (i == 0 ? "" : ", ") + free[i];
   if (free.empty()) text += "none";
   text += "; " + Counted(crossings_, "crossing", "crossings");
@@ -255,7 +261,10 @@ Bonded Maker::Run() {
                       "choose some of them with --pads");
   MakeHeader();
   for (const DiePad& pad : chip_.Chip.Pads) names_.insert(pad.Name);
+  met_.resize(chip_.Frame.Leads.size());
   for (std::size_t i = 0; i < chip_.Chip.Pads.size(); ++i) AddPad(i);
+  for (std::size_t i = 0; i < met_.size(); ++i)
+    if (!met_[i]) free_.push_back(i);
   AddPaddle();
   Judge();
   made_.Summary = Summary();

@@ -27,6 +27,7 @@ struct Die {
   std::vector<DiePad> Pads;
   glm::dvec2 Size{0.0};  ///< along x and y
   double Height = 0.0;
+  bool OpeningsGiven = false;                                  ///< by a person, so that they are no marks
   std::vector<std::string> Notes = {};                         ///< what was taken because nothing was given
   std::unordered_map<std::size_t, std::size_t> PadOfRow = {};  ///< in a table: the pad of each row
 };

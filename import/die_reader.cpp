@@ -143,8 +143,10 @@ Die ReadDie(const DieRequest& request) {
     RefuseKind(request.File, ".def, .def.gz, .lef, .csv, .tsv or .txt");
   }
   CheckSize(die);
-  if (request.PadSize)
+  if (request.PadSize) {
     for (DiePad& pad : die.Pads) pad.Size = *request.PadSize;
+    die.OpeningsGiven = true;
+  }
   return die;
 }
 

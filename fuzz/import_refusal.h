@@ -1,0 +1,21 @@
+/// What must hold when an import refuses a source.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+
+#include "fuzz/expect.h"
+#include "import/import_error.h"
+
+/// Runs `read`; a refusal has a reason, advice, and a line that the source has.
+template <class Read>
+void ReadOrRefuse(std::string_view source, Read&& read) {
+  try {
+    read();
+  } catch (const importer::ImportError& error) {
+    const auto lines = static_cast<std::size_t>(std::count(source.begin(), source.end(), '\n')) + 1;
+    Expect(!error.What.empty() && !error.Advice.empty() && error.Place.Line <= lines,
+           "a refusal has a reason and a line");
+  }
+}
