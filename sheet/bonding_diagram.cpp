@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cmath>
 #include <functional>
 #include <set>
 
@@ -106,6 +107,9 @@ class Composer {
   }
 
  private:
+  /// A PDF page ends at 200 inches.
+  static constexpr double kWidestPaper = 5080.0;
+
   PlanFit Fit() const {
     if (const std::optional<PlanFit> fit = FitOn(in_.Paper)) return *fit;
     std::string what = "the plan does not fit on " +
@@ -114,8 +118,11 @@ class Composer {
     for (const Paper& paper : NamedPapers())
       if (FitOn(paper)) throw DoesNotFit(what + paper.Name);
     Paper large = NamedPapers().back();
-    while (!FitOn(large) && large.Width < 1e5) large.Width *= 1.25, large.Height *= 1.25;
-    throw DoesNotFit(what + Decimal(large.Width, 0) + "x" + Decimal(large.Height, 0));
+    while (!FitOn(large) && large.Width < kWidestPaper) large.Width *= 1.25, large.Height *= 1.25;
+    if (large.Width > kWidestPaper)
+      throw DoesNotFit(
+          "the plan is larger than any sheet; give a smaller --scale, or see that --unit is right");
+    throw DoesNotFit(what + Decimal(std::ceil(large.Width), 0) + "x" + Decimal(std::ceil(large.Height), 0));
   }
 
   std::optional<PlanFit> FitOn(const Paper& paper) const {
@@ -229,7 +236,8 @@ class Composer {
       lines.push_back({.Words = CleanText(fact.Label), .Value = CleanText(fact.Value)});
     lines.push_back({.Heading = true, .Words = "Legend"});
     if (LeadOne() != nullptr) lines.push_back({.Before = Sign::Lead1, .Words = "lead 1"});
-    lines.push_back({.Before = Sign::DieCorner, .Words = "lower left corner of the base die"});
+    if (HasDieMarks(in_, fit_.Scale))
+      lines.push_back({.Before = Sign::DieCorner, .Words = "lower left corner of the base die"});
     std::set<std::string> shown;
     for (const DiagramWire& wire : in_.Wires)
       if (view.Shows(wire)) shown.insert(LayerOf(wire));

@@ -13,7 +13,8 @@ std::string LeadOf(const model::Package& package, const model::RecordPlace& plac
 
 }  // namespace
 
-std::vector<DiagramWire> DiagramWiresOf(const model::Package& package, const std::vector<analysis::WireLoop>& loops,
+std::vector<DiagramWire> DiagramWiresOf(const model::Package& package,
+                                        const std::vector<analysis::WireLoop>& loops,
                                         const analysis::RecordLines& lines) {
   const std::vector<analysis::WireRow> rows = analysis::MeasureLengths(package, loops);
   std::vector<DiagramWire> wires;

@@ -106,9 +106,16 @@ void DrawArrow(const glm::dvec2& from, const glm::dvec2& direction, double lengt
 
 }  // namespace
 
+bool HasDieMarks(const DiagramInputs& inputs, double scale) {
+  constexpr double kSmallest = 2.0;
+  const analysis::PlanRectangle die = analysis::RectangleOf(analysis::BaseDieOf(inputs.Package));
+  return die.ShorterSide() * inputs.Millimetres * scale >= kSmallest;
+}
+
 void DrawDieMarks(const DiagramInputs& inputs, Pencil& pencil) {
   const glm::dvec2 half = analysis::RectangleOf(analysis::BaseDieOf(inputs.Package)).Half *
                           inputs.Millimetres * pencil.On().Scale;
+  if (!HasDieMarks(inputs, pencil.On().Scale)) return;
   const glm::dvec2 origin = pencil.On().Origin;
   const double corner = std::min(3.0, 0.25 * std::min(half.x, half.y));
   const glm::dvec2 low = origin - half;

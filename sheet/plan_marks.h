@@ -7,6 +7,9 @@
 
 namespace sheet {
 
+/// Whether the base die is large enough on paper to carry marks.
+bool HasDieMarks(const DiagramInputs& inputs, double scale);
+
 /// The base die's lower left corner as a black triangle, its edges' letters, and axes at its origin.
 void DrawDieMarks(const DiagramInputs& inputs, Pencil& pencil);
 

@@ -48,11 +48,12 @@ Offenders AddRules(const CheckOptions& options, const analysis::RuleSet& set, co
   try {
     loops = analysis::WireLoopsOf({package, settings, {}, &shapes});
   } catch (const model::Fault&) {
-    diagnostics.List.push_back({analysis::Severity::Finding,
+    analysis::Diagnostic missed{analysis::Severity::Finding,
                                 "rules-not-measured",
                                 {diagnostics.File, 0},
                                 "the rules are not measured, since the wires cannot be drawn",
-                                "correct the errors first"});
+                                "correct the errors first"};
+    diagnostics.List.push_back(std::move(missed));
     return {};
   }
   const RulesFound found = MeasureRules(options.rules, set, {package, lines, loops, settings, unit});

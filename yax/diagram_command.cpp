@@ -82,8 +82,7 @@ sheet::TitleFields TitleOf(const DiagramOptions& options) {
   sheet::TitleFields fields;
   if (!options.titleFile.empty())
     sheet::ReadTitleFields(options.titleFile, TextOf(options.titleFile), fields);
-  for (const std::string& setting : options.settings)
-    sheet::SetTitleField({.File = "--set"}, setting, fields);
+  for (const std::string& setting : options.settings) sheet::SetTitleField(CommandLine(), setting, fields);
   return fields;
 }
 

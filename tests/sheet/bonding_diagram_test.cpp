@@ -151,7 +151,7 @@ TEST(BondingDiagram, SplitsIntoASheetForEachTierWithTheOthersInGrey) {
     std::size_t shown = 0;
     for (const char* layer : {"WIRES_1", "WIRES_2", "WIRES_3", "WIRES_4"})
       for (const Line& line : OfLayer<Line>(drawing, page, layer))
-        shown += line.Pen.Colour.Red < 0.7 ? 1U : 0U;
+        shown += line.Pen.Colour != Grey(0.62) ? 1U : 0U;
     EXPECT_EQ(shown, counts[page]) << page;
   }
   std::set<std::string> listed;
@@ -207,6 +207,13 @@ TEST(BondingDiagram, TakesOddNamesAndNotesAndPackagesWithoutWires) {
   const TemporaryFolder other;
   Drawn empty(PutPackage(other, ""));
   EXPECT_EQ(empty.On(PaperNamed("a4")).Pages.size(), 1U);
+
+  // A die without a size shows nothing, and so carries no marks.
+  const std::string flat = PutFile(other / "flat.yax", "TECHNOLOGY WIRE_BOND\nCOMPL 0\nCOMPW 0\nCOMPZ 1\n");
+  EXPECT_GT(PdfOf(Drawn(flat).On(PaperNamed("a4"))).size(), 1000U);
+  const std::string huge =
+      PutFile(other / "huge.yax", "TECHNOLOGY WIRE_BOND\nCOMPL 1e30\nCOMPW 3e38\nCOMPZ 1\n");
+  EXPECT_THROW(Drawn(huge).On(PaperNamed("a4")), DoesNotFit);
 }
 
 TEST(TitleFields, TakeKeysOfAFileAndNameThoseThatAreNone) {
