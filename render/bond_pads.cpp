@@ -15,7 +15,7 @@ namespace {
 constexpr float kBottom = -0.001F;
 constexpr float kTop = 0.0F;
 
-bool IsRectangle(const model::BondRec& bond) { return model::EqualsUpper(bond.SubShape, "RECTANGLE"); }
+bool HasSquareEnds(const model::BondRec& bond) { return model::EqualsUpper(bond.SubShape, "RECTANGLE"); }
 
 }  // namespace
 
@@ -49,7 +49,7 @@ void Scene::OrientPad(const model::BondRec& bond) {
 ///     P1 --- P4
 void Scene::SetPadCorners(const model::BondRec& bond, float rotation) {
   const double a = double(Single(double(bond.SubSizeY) / 2.0));
-  const double b = double(Single(double(bond.SubSizeX) / (IsRectangle(bond) ? 2.0 : 4.0)));
+  const double b = double(Single(double(bond.SubSizeX) / (HasSquareEnds(bond) ? 2.0 : 4.0)));
   if (b == 0.0) return;
   const double phi = double(Single(std::atan(a / b)));
   const double theta1 = double(Single(double(rotation) + phi));
@@ -67,7 +67,7 @@ void Scene::SetPadCorners(const model::BondRec& bond, float rotation) {
 void Scene::DrawSubstratePad(const model::BondRec& bond, const model::RecordPlace& place) {
   pen_.Begin(model::Part::SubstratePad, place);
   OrientPad(bond);
-  const bool round = !IsRectangle(bond);
+  const bool round = !HasSquareEnds(bond);
   const auto at = [&](std::size_t k, float height) {
     return model::PackagePoint{padCorners_[k].X, -padCorners_[k].Y, height};
   };

@@ -7,15 +7,15 @@ namespace render {
 
 namespace {
 
-struct Direction {
+struct RimPoint {
   double sine, cosine;
 };
 
 constexpr std::size_t kRimPoints = std::tuple_size_v<model::DiscRim>;
 
 /// The rim of the unit circle from 0 to 360 degrees in steps of 10; each angle is a single.
-std::array<Direction, kRimPoints> UnitRim() {
-  std::array<Direction, kRimPoints> rim{};
+std::array<RimPoint, kRimPoints> UnitRim() {
+  std::array<RimPoint, kRimPoints> rim{};
   for (std::size_t step = 0; step < kRimPoints; ++step) {
     const double t = double(model::Single(model::kSinglePi / 180.0 * (10.0 * double(step))));
     rim[step] = {std::sin(t), std::cos(t)};
@@ -26,7 +26,7 @@ std::array<Direction, kRimPoints> UnitRim() {
 }  // namespace
 
 void Scene::DrawCircle(float centreX, float centreZ, float y, float diameter) {
-  static const std::array<Direction, kRimPoints> kUnitRim = UnitRim();
+  static const std::array<RimPoint, kRimPoints> kUnitRim = UnitRim();
   const double radius = double(diameter) / 2.0;
   model::DiscRim rim;
   for (std::size_t point = 0; point < kRimPoints; ++point) {
