@@ -26,7 +26,7 @@ void SetupForm::Load() {
 void SetupForm::Unload() {
   if (!alive_) return;
   alive_ = false;
-  if (upward.unloadWindow) upward.unloadWindow();
+  Actions.UnloadWindow();
 }
 
 void SetupForm::RunCommand3() {
@@ -73,7 +73,7 @@ void SetupForm::RunButton(std::size_t index) {
 
 void SetupForm::Apply() {
   UpdateVals();
-  if (upward.rebuildAndRepaint) upward.rebuildAndRepaint();
+  Actions.RebuildAndRepaint();
 }
 
 void SetupForm::Reset() {
@@ -152,8 +152,6 @@ LoopPicture SetupForm::Picture(float width, float height) const {
   return DrawLoops(package_, pictured_, width, height);
 }
 
-void SetupForm::Changed() const {
-  if (upward.controlsChanged) upward.controlsChanged();
-}
+void SetupForm::Changed() const { Actions.ControlsChanged(); }
 
 }  // namespace setup

@@ -93,7 +93,7 @@ render::gl::PixelSize GlView::Size() const {
 }
 
 bool GlView::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Expose && surface_->isExposed() && exposures_->Due() && exposed) exposed();
+  if (event->type() == QEvent::Expose && surface_->isExposed() && exposures_->Due()) Exposed();
   return QWidget::eventFilter(watched, event);
 }
 
@@ -101,7 +101,7 @@ void GlView::FitSurface() { surface_->setGeometry(QRect(QPoint(0, 0), size())); 
 
 void GlView::SizeChanged() {
   FitSurface();
-  if (resized) resized();
+  Resized();
 }
 
 void GlView::resizeEvent(QResizeEvent* event) {

@@ -28,12 +28,12 @@ int Without(int twips, int pixels) {
 
 }  // namespace
 
-HelpWindow::HelpWindow(QWidget* owner) : QWidget(owner, Qt::Window), Txt(new QTextBrowser(this)) {
+HelpWindow::HelpWindow(QWidget* owner) : QWidget(owner, Qt::Window), Txt_(new QTextBrowser(this)) {
   setWindowTitle("3D Navigation");
-  Txt->setObjectName("Txt");
-  Txt->setAccessibleName("Help text");
-  Txt->setUndoRedoEnabled(false);
-  Txt->setOpenLinks(false);
+  Txt_->setObjectName("Txt");
+  Txt_->setAccessibleName("Help text");
+  Txt_->setUndoRedoEnabled(false);
+  Txt_->setOpenLinks(false);
   resize(kFirstSize);
 }
 
@@ -41,9 +41,9 @@ void HelpWindow::Open(const QString& caption, const std::string& path) {
   setWindowTitle(caption);
   const std::optional<help::RichText> text = help::ReadRtf(model::ReadWholeFile(path));
   if (!text) throw model::FileFault("Not a rich text file", std::string(model::FileNameOf(path)));
-  PourRichText(*text, static_cast<double>(Txt->logicalDpiX()) / kTwipsPerInch, *Txt->document());
-  Txt->document()->setDocumentMargin(kPageMargin);
-  Txt->moveCursor(QTextCursor::Start);
+  PourRichText(*text, static_cast<double>(Txt_->logicalDpiX()) / kTwipsPerInch, *Txt_->document());
+  Txt_->document()->setDocumentMargin(kPageMargin);
+  Txt_->moveCursor(QTextCursor::Start);
   show();
   raise();
   activateWindow();
@@ -52,7 +52,7 @@ void HelpWindow::Open(const QString& caption, const std::string& path) {
 void HelpWindow::Form_Resize() {
   // The whole window is meant, frame and caption included: the difference leaves room for them.
   const QSize outer = frameGeometry().size();
-  Txt->setGeometry(0, 0, Without(200, outer.width()), Without(450, outer.height()));
+  Txt_->setGeometry(0, 0, Without(200, outer.width()), Without(450, outer.height()));
 }
 
 void HelpWindow::resizeEvent(QResizeEvent* event) {

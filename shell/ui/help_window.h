@@ -26,7 +26,7 @@ class HelpWindow : public QWidget {
  private:
   void Form_Resize();
 
-  QTextBrowser* Txt;
+  QTextBrowser* Txt_;
 };
 
 }  // namespace shell::ui

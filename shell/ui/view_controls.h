@@ -5,8 +5,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
-#include <functional>
 
+#include "model/callback.h"
 #include "shell/navigation/navigation.h"
 
 namespace shell {
@@ -45,7 +45,7 @@ class DummyBox final : public QLineEdit {
 
  public:
   explicit DummyBox(QWidget* parent);
-  std::function<void()> clicked;
+  model::Callback<> Clicked;
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
@@ -62,7 +62,7 @@ class ViewControls {
   BoundScrollBar* ScrollPitch;
   BoundScrollBar* ScrollYaw;
   DummyBox* Dummy;
-  QWidget* strip;  ///< the buttons and arrows
+  QWidget* Strip;  ///< the buttons and arrows
 };
 
 }  // namespace shell::ui

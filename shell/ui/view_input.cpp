@@ -31,14 +31,13 @@ bool OpensMenu(const QKeyEvent& key) {
 
 bool WheelHook::eventFilter(QObject* watched, QEvent* event) {
   // The event goes from the window to its widgets: only the window's own receipt counts.
-  if (event->type() == QEvent::Wheel && watched->isWindowType() && turned)
-    turned(*static_cast<QWheelEvent*>(event));
+  if (event->type() == QEvent::Wheel && watched->isWindowType()) Turned(*static_cast<QWheelEvent*>(event));
   return false;
 }
 
 ViewInput::ViewInput(MainForm& form, ProgramEnd& end, QWidget& view) : form_(form), end_(end), view_(view) {
   view_.installEventFilter(this);
-  hWheelHook_.turned = [this](const QWheelEvent& wheel) { WheelEvent(wheel); };
+  hWheelHook_.Turned = [this](const QWheelEvent& wheel) { WheelEvent(wheel); };
 }
 
 void ViewInput::WatchKeysOf(QWindow* window) {
@@ -53,8 +52,7 @@ void ViewInput::UnhookWheel() { qApp->removeEventFilter(&hWheelHook_); }
 void ViewInput::OpenMenuByKey() {
   const QPointF middle = view_.rect().center();
   navigation::Navigation& navigation = form_.Navigator();
-  if (navigation.actions.openCommandMenu)
-    navigation.actions.openCommandMenu(float(middle.x()), float(middle.y()));
+  navigation.Actions.OpenCommandMenu(float(middle.x()), float(middle.y()));
 }
 
 bool ViewInput::eventFilter(QObject* watched, QEvent* event) {

@@ -2,7 +2,8 @@
 #pragma once
 
 #include <QObject>
-#include <functional>
+
+#include "model/callback.h"
 
 class QKeyEvent;
 class QMouseEvent;
@@ -21,7 +22,7 @@ namespace shell::ui {
 /// under the pointer. It is apart from ViewInput, which would hear its own events twice.
 class WheelHook final : public QObject {
  public:
-  std::function<void(const QWheelEvent&)> turned;
+  model::Callback<const QWheelEvent&> Turned;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

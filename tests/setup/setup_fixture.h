@@ -18,12 +18,12 @@ class SetupFormTest : public testing::Test {
     package.PackagePath = PutFile(folder / "board.yax", "");
     package.CompZ = 0.25F;
     package.UnitScale = 100.0F;
-    form.upward.rebuildAndRepaint = [this] {
+    form.Actions.RebuildAndRepaint = [this] {
       ++rebuilds;
       if (faultOnRebuild) throw model::Overflow();
     };
-    form.upward.unloadWindow = [this] { ++unloads; };
-    form.upward.controlsChanged = [this] { ++changes; };
+    form.Actions.UnloadWindow = [this] { ++unloads; };
+    form.Actions.ControlsChanged = [this] { ++changes; };
   }
 
   void StackADie() { package.SDBonds.Grow(); }

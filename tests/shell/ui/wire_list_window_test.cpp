@@ -56,7 +56,7 @@ class WireListShown : public testing::Test {
       if (list->selectionModel()->isSelected(list->model()->index(row, 0))) rows += std::to_string(row);
     std::string known;
     for (const EntryRange& range : form.SelectedRanges())
-      for (std::size_t row = range.first; row <= range.last; ++row) known += std::to_string(row);
+      for (std::size_t row = range.First; row <= range.Last; ++row) known += std::to_string(row);
     EXPECT_EQ(rows, known);
     return rows;
   }
@@ -69,7 +69,7 @@ class WireListShown : public testing::Test {
   QListView* list = window.findChild<QListView*>();
 
   WireListShown() {
-    form.upward.rebuildAndRepaint = [this] { ++rebuilds; };
+    form.Actions.RebuildAndRepaint = [this] { ++rebuilds; };
   }
 };
 
@@ -146,19 +146,6 @@ TEST_F(WireListShown, KeysExtendAndShrinkAStretchBesideWhatWasSelected) {
   Key(QEvent::KeyPress, Qt::Key_Shift, Qt::ShiftModifier);
   Click("Tier1");
   EXPECT_EQ(Selected(), "02467");
-}
-
-TEST_F(WireListShown, TheKeyboardAloneFilters) {
-  Open(4);
-  QWindow* const keys = window.windowHandle();
-  EXPECT_TRUE(list->hasFocus());
-  QTest::keyClick(keys, Qt::Key_Tab);
-  QTest::keyClick(keys, Qt::Key_Return);
-  EXPECT_EQ(Selected(), "02");
-  QTest::keyClick(keys, Qt::Key_Tab);
-  QTest::keyPress(keys, Qt::Key_Shift, Qt::ShiftModifier);
-  QTest::keyClick(keys, Qt::Key_Space, Qt::ShiftModifier);
-  EXPECT_EQ(Selected(), "0123");
 }
 
 TEST_F(WireListShown, ALongListIsQuick) {
