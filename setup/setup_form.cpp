@@ -44,7 +44,7 @@ void SetupForm::Cmd_Click(std::size_t index) {
   try {
     RunButton(index);
   } catch (const std::exception&) {
-    // Trapped: a button ends where its fault arose. What it had changed by then shows.
+    // Trapped: a button ends at its fault. The window shows what it had changed by then.
     Changed();
   }
 }

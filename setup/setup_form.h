@@ -23,8 +23,8 @@ struct SetupActions {
   model::Callback<OptionArray, std::size_t> FocusOption;
 };
 
-/// The form lives apart from its window: the first load brings it to life with no window made, and it
-/// lives until it is unloaded. Handlers that arrive after that do nothing.
+/// The form outlives its window: the first load makes it alive without any window, until it is unloaded.
+/// Later handlers do nothing.
 ///
 /// The seven buttons trap every fault; option clicks, field edits and activation let them pass.
 class SetupForm {
@@ -35,10 +35,10 @@ class SetupForm {
   SetupActions Actions;
 
   bool Alive() const { return alive_; }
-  /// Brings the form to life, its controls filled from the settings. A form that lives keeps its controls.
+  /// Makes the form alive, its controls filled from the settings. A form that is alive keeps its controls.
   void Load();
   void Unload();
-  /// What each load of a package ends with: the form comes to life if needed, is reset and redrawn.
+  /// The end of each load of a package: makes the form alive if needed, resets and redraws it.
   void RunCommand3();
   void Form_Activate();
 
@@ -69,7 +69,7 @@ class SetupForm {
   /// Writes the settings that the controls say, then UpdatePic.
   /// Faults  Overflow when the frequency is beyond a single
   void UpdateVals();
-  /// Rebuilds `Vu` and what the picture shows; enables what only a stacked die needs.
+  /// Rebuilds `Vu` and the picture; enables the frames that need a stacked die if there is one.
   void UpdatePic();
 
   /// `Picture1` at a size in pixels.

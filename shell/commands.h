@@ -1,4 +1,4 @@
-/// The main window's command menu: its entries and what each does.
+/// The main window's command menu: its entries and their handlers.
 #pragma once
 
 #include <span>

@@ -92,7 +92,7 @@ void MainForm::DrawFrame() {
   render::gl::DrawFrame(navigation_.Camera, navigation_.Rotation, package_.CompW, sceneList_);
 }
 
-/// Without a screen to show it on there is no frame; the first exposure brings one.
+/// A view that is not exposed needs no frame; its first exposure draws one.
 void MainForm::ShowFrame() {
   if (!surface_.IsShown()) return;
   DrawFrame();

@@ -9,7 +9,7 @@
 
 namespace shell {
 
-/// Once the program is ending, no handler and no paint runs any more.
+/// Ends the program once: after that, no handler and no paint runs any more.
 class ProgramEnd {
  public:
   /// Shows a message box with a title and a text, and returns when it is closed.

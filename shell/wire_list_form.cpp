@@ -68,7 +68,7 @@ void WireListForm::Form_Show() {
 
 void WireListForm::Form_Unload() {
   if (!selection_.Shown) return;
-  selection_.Shown = false;  // first: the rebuild below draws every wire again
+  selection_.Shown = false;  // before the rebuild, which then draws every wire
   Actions.RebuildAndRepaint();
 }
 
@@ -89,7 +89,7 @@ bool WireListForm::Matches(int index, const model::WireNameRec& wire) const {
 }
 
 void WireListForm::Filter(int index) {
-  // The package may have been read again with fewer wires than are listed.
+  // A load may have left fewer wires than are listed.
   const std::size_t count = std::min(entries_.size(), package_.WireNames.Count());
   for (std::size_t i = 0; i < count; ++i) {
     const bool matches = Matches(index, package_.WireNames[i]);

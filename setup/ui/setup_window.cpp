@@ -23,11 +23,11 @@ namespace {
 
 QString TextOf(const std::string& bytes) { return QString::fromUtf8(bytes.data(), qsizetype(bytes.size())); }
 
-/// A frame whose caption keeps its trailing space on the screen and loses it for screen readers.
+/// A frame whose caption keeps its trailing space on the screen, but not for screen readers.
 QGroupBox* MakeFrame(const char* caption) {
   auto* frame = new QGroupBox(caption);
   frame->setAccessibleName(QString(caption).trimmed());
-  // One group for the options of a frame: arrow keys walk through it, and one choice drops the other.
+  // One group for the options of a frame: arrow keys move within it, and one selection clears the other.
   new QButtonGroup(frame);
   return frame;
 }
@@ -42,7 +42,7 @@ int CodeOf(const QEvent& event) {
   return key.key() == Qt::Key_Escape ? 27 : 0;
 }
 
-/// Scrolls what a small screen has no room for; it would like to show all of it.
+/// Scrolls on a small screen; its preferred size shows everything.
 class Scroller final : public QScrollArea {
  public:
   explicit Scroller(QWidget* content) {
@@ -53,7 +53,7 @@ class Scroller final : public QScrollArea {
   QSize sizeHint() const override { return widget()->sizeHint(); }
 };
 
-/// Shows which options are selected; none may be, which a group allows only while it is not exclusive.
+/// Shows the selected options. None may be selected, which a group allows only while it is not exclusive.
 template <std::size_t kCount>
 void ShowOptions(const std::array<QRadioButton*, kCount>& options, const std::array<bool, kCount>& selected) {
   for (std::size_t i = 0; i < kCount; ++i) {
@@ -78,7 +78,7 @@ SetupWindow::SetupWindow(SetupForm& form, Runner run) : form_(form), run_(std::m
   setWindowTitle("Wire Bond Setup");
   setAttribute(Qt::WA_QuitOnClose, false);
   setCentralWidget(MakeClient());
-  // Room for the window's frame and the desktop's own bars stays.
+  // Leaves room for the window's frame and the desktop's bars.
   resize(sizeHint().boundedTo(screen()->availableSize() - QSize(16, 48)));
   form_.Actions.ControlsChanged = [this] { ShowControls(); };
   form_.Actions.UnloadWindow = [this] { hide(); };
@@ -94,7 +94,7 @@ SetupWindow::~SetupWindow() {
 void SetupWindow::DoBondWireSetup() {
   form_.Load();
   ShowControls();
-  // However it was left, it opens at the first frame's selected option.
+  // Each time it opens, the first frame's selected option has the focus.
   if (!isVisible()) WD_[0]->group()->checkedButton()->setFocus(Qt::OtherFocusReason);
   setWindowState(windowState() & ~Qt::WindowMinimized);
   show();
@@ -150,7 +150,7 @@ void SetupWindow::ShowControls() {
   for (const Box& box : boxes_) {
     const QSignalBlocker quiet(box.Edit);
     const QString text = TextOf(box.Value->Text);
-    if (box.Edit->text() != text) box.Edit->setText(text);  // writing it anew would move the cursor
+    if (box.Edit->text() != text) box.Edit->setText(text);  // setText would move the cursor
     box.Edit->setEnabled(box.Value->Enabled);
   }
   for (QGroupBox* frame : stackFrames_) frame->setEnabled(controls.StackEnabled);
@@ -178,7 +178,7 @@ QRadioButton* SetupWindow::MakeOption(std::array<QRadioButton*, kCount>& options
                                       const char* caption, QGroupBox* frame, std::function<void()> click) {
   auto* option = options[index] = new QRadioButton(caption, frame);
   GroupOf(frame)->addButton(option);
-  // Not the click: assistive technology selects without one.
+  // Not clicked(): assistive technology selects an option without a click.
   connect(option, &QRadioButton::toggled, this, [this, click = std::move(click)](bool selected) {
     if (selected) run_(click);
   });
@@ -189,7 +189,7 @@ QLineEdit* SetupWindow::MakeBox(QGroupBox* frame, Box box) {
   QLineEdit* edit = box.Edit = new QLineEdit(frame);
   edit->setAccessibleName(frame->accessibleName() + " value");
   edit->installEventFilter(this);
-  // Also what a screen reader writes without the keyboard or the focus.
+  // Not textEdited(): a screen reader writes without the keyboard.
   connect(edit, &QLineEdit::textChanged, this,
           [value = box.Value](const QString& text) { value->Text = text.toStdString(); });
   boxes_.push_back(std::move(box));
@@ -279,14 +279,14 @@ QWidget* SetupWindow::MakeClient() {
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(0);
   rows->addWidget(new Scroller(MakeControls()), 1);
-  rows->addWidget(MakeButtons());  // these never scroll away
+  rows->addWidget(MakeButtons());  // outside the scrolled area
   return client;
 }
 
 QWidget* SetupWindow::MakeControls() {
   auto* controls = new QWidget;
   auto* grid = new QGridLayout(controls);
-  // Made in the order in which Tab goes through them.
+  // Tab follows the order of creation.
   grid->addWidget(MakeDiameter(), 0, 0, 1, 2);
   grid->addWidget(MakeFrequency(), 0, 2);
   grid->addWidget(MakeLoop(kLoopFrames[0]), 1, 0);

@@ -18,10 +18,10 @@ namespace setup::ui {
 
 class LoopView;
 
-/// It stands alone on the desktop, modeless, and does not keep the program alive.
+/// A modeless top-level window that does not keep the program alive.
 class SetupWindow final : public QMainWindow {
  public:
-  /// Runs a handler; what faults in it is the runner's business.
+  /// Runs a handler and handles its faults.
   using Runner = std::function<void(const std::function<void()>& handler)>;
 
   /// `form` must live longer; the window fills in all of its Actions but the rebuild.

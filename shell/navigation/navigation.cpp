@@ -15,7 +15,7 @@ void Navigation::ResetRotation() {
   Rotation = {};
   ScrollPitch.SetValue(90);
   ScrollYaw.SetValue(0);
-  // A bar that already stood there has called nobody, and the rotation was just cleared.
+  // A bar that already had the value has not called its handler, and the rotation was just cleared.
   ScrollPitch_Change();
   ScrollYaw_Change();
 }

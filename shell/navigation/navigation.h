@@ -1,4 +1,4 @@
-/// Every way the user moves the camera and turns the model: keys, drags, wheel, bars, buttons, arrows.
+/// Every way to move the camera and turn the model: keys, drags, wheel, bars, buttons, arrows.
 #pragma once
 
 #include <cstdint>

@@ -8,7 +8,7 @@ namespace shell::navigation {
 namespace {
 
 constexpr double kXBound = 40.0;
-// Deliberate: 3.142 and 6.28, not pi and 2 pi: they decide where a full round of steps comes back to.
+// Deliberate: 3.142 and 6.28, not pi and 2 pi: they decide where a full turn of steps ends.
 constexpr double kHalfTurn = 3.142;
 constexpr double kFullTurn = 6.28;
 constexpr std::int16_t kTilt = 10;

@@ -8,7 +8,7 @@ namespace shell::navigation {
 
 namespace {
 
-/// One mouse move as its drags see it. Directions are against the last rounded position.
+/// One mouse move. Its directions are against the last rounded position.
 struct Move {
   Move(const MouseTracking& last, int button, int shift, float x, float y)
       : Button(button),
@@ -69,7 +69,7 @@ void PanDrag(Navigation& view, const Move& move) {
   view.Mouse.PanTick = 0;
 }
 
-/// Counts every move as PanDrag does; in walk mode nothing is held back.
+/// Counts every move as PanDrag does; in walk mode every move steps.
 void ZoomDrag(Navigation& view, const Move& move) {
   if (view.Mouse.ZoomTick < 3 && !view.WalkMode) {
     view.Mouse.ZoomTick++;

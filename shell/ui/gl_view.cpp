@@ -18,7 +18,7 @@ QSurfaceFormat WantedFormat() {
   format.setDepthBufferSize(24);
   format.setSamples(0);
   format.setSwapBehavior(QSurfaceFormat::DoubleBuffer);
-  // Every input event paints at once; waiting for the screen would make the hand feel it.
+  // Every input event paints at once; waiting for the screen would make the input lag.
   format.setSwapInterval(0);
   return format;
 }
@@ -59,8 +59,8 @@ GlView::~GlView() { GlView::DeleteContext(); }
 
 bool GlView::CreateContext() {
   DeleteContext();
-  // A hidden widget hears of its size only when it is shown, and the driver keeps the size that it finds
-  // first.
+  // A hidden widget gets no resize event until it is shown, and the driver keeps the first size that it
+  // finds.
   FitSurface();
   context_ = std::make_unique<QOpenGLContext>();
   context_->setFormat(WantedFormat());

@@ -64,7 +64,8 @@ QItemSelection ListSelection::Pieces(const std::vector<bool>& flags) const {
   for (const EntryRange& range : ranges) {
     const QModelIndex first = model()->index(static_cast<int>(range.First), 0);
     if (range.First == range.Last)
-      pieces.append(QItemSelectionRange(first));  // dearer with two indexes, and the usual case when many
+      pieces.append(
+          QItemSelectionRange(first));  // cheaper than with two indexes, and the usual case among many
     else
       pieces.append(QItemSelectionRange(first, model()->index(static_cast<int>(range.Last), 0)));
   }

@@ -23,7 +23,7 @@ namespace shell::ui {
 
 namespace {
 
-/// Where the user's own data go when the program's folder cannot be written.
+/// For the parameter file when the program's folder cannot be written.
 std::string UserFolder() {
   return QFile::encodeName(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)).toStdString();
 }
@@ -73,7 +73,7 @@ void MainWindow::LayOut() {
   grid->addWidget(controls_.Strip, 2, 0, 1, 2);
   grid->setRowStretch(0, 1);
   grid->setColumnStretch(0, 1);
-  // Room for the frame and the desktop's own bars stays on a small screen.
+  // Leaves room for the frame and the desktop's bars on a small screen.
   resize(QSize(1024, 800).boundedTo(screen()->availableSize() * 0.85));
 }
 
@@ -149,7 +149,7 @@ void MainWindow::WireCommands() {
   };
 }
 
-/// A window that opens for the first time leaves the view free; where the user moves it later, it stays.
+/// A window that opens for the first time does not cover the view; later it stays where the user moved it.
 void MainWindow::PlaceFirst(QWidget& window, const QWidget* other) {
   std::vector<QRect> taken{frameGeometry()};
   if (other != nullptr && other->isVisible()) taken.push_back(other->frameGeometry());
@@ -181,8 +181,8 @@ void MainWindow::FitNativeChildren() {
 }
 
 bool MainWindow::event(QEvent* event) {
-  // A dialog has closed: without a window manager nobody else gives the keyboard back. While the setup window
-  // is shown, though, the dialog may have been its own.
+  // After a dialog the main window takes the keyboard back, as no window manager may be there to give it.
+  // While the setup window is shown, the dialog may have been that window's.
   if (event->type() == QEvent::WindowUnblocked && !(BWsu_ && BWsu_->isVisible())) activateWindow();
   return QWidget::event(event);
 }

@@ -5,7 +5,7 @@
 
 namespace shell::ui {
 
-/// A die with bond wires to the pads round it.
+/// A die with bond wires to the pads around it.
 QIcon ProgramIcon();
 
 }  // namespace shell::ui

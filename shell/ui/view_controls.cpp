@@ -57,7 +57,7 @@ void ArrowPicture::paintEvent(QPaintEvent* event) {
 
 DummyBox::DummyBox(QWidget* parent) : QLineEdit(parent) {
   setReadOnly(true);
-  setAcceptDrops(false);  // what is dropped here is the window's
+  setAcceptDrops(false);  // the main window takes what is dropped here
   setContextMenuPolicy(Qt::NoContextMenu);
   setAccessibleName("Reset view");
   setAccessibleDescription("Reads the package again and goes back to the first view, as the Home key does");
@@ -71,7 +71,7 @@ void DummyBox::mousePressEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton) Clicked();
 }
 
-/// A little house: the Home key's picture, as a blank box says nothing.
+/// A small house, for the Home key.
 void DummyBox::paintEvent(QPaintEvent* event) {
   QLineEdit::paintEvent(event);
   QPainter painter(this);
@@ -113,7 +113,7 @@ ViewControls::ViewControls(navigation::Navigation& navigation, ProgramEnd& end, 
     push->setFocusPolicy(Qt::NoFocus);
     push->setAccessibleDescription(button.Description);
     push->setToolTip(button.Description);
-    // Wide enough for the caption and no wider: all of them fit a window of 640 pixels.
+    // No wider than the caption: all of them fit into a window of 640 pixels.
     push->setFixedWidth(push->fontMetrics().horizontalAdvance(push->text()) + 24);
     QObject::connect(push, &QPushButton::clicked, Strip,
                      [&navigation, &end, click = button.Click] { end.Run([&] { (navigation.*click)(); }); });

@@ -67,7 +67,7 @@ WireListWindow::WireListWindow(WireListForm& form)
     buttons->addWidget(Cmd_[i]);
   }
   buttons->addStretch();
-  auto* client = new QWidget;  // the main window class is there for screen readers: it counts as a frame
+  auto* client = new QWidget;  // screen readers take a QMainWindow for a frame
   auto* columns = new QHBoxLayout(client);
   columns->addWidget(PL_, 1);
   columns->addLayout(buttons);
@@ -123,13 +123,13 @@ void WireListWindow::TakeSelection() {
 }
 
 void WireListWindow::PressButton(int index) {
-  TakeSelection();  // a key just before may have changed it
+  TakeSelection();  // a key just before may have changed the list
   form_.Cmd_Click(index);
 }
 
 void WireListWindow::SelectionChanged() {
   changed_ = true;
-  // What the mouse does is reported once, when it is let go.
+  // A drag is reported once, at the release.
   if (mouseHeld_ && QGuiApplication::mouseButtons() != Qt::NoButton) return;
   ReportLater(false);
 }
@@ -161,16 +161,16 @@ void WireListWindow::showEvent(QShowEvent* event) {
 void WireListWindow::hideEvent(QHideEvent* event) {
   QMainWindow::hideEvent(event);
   mouseHeld_ = false;
-  if (!event->spontaneous()) form_.Form_Unload();  // made an icon, it still counts as shown
+  if (!event->spontaneous()) form_.Form_Unload();  // a minimised window still counts as shown
 }
 
 bool WireListWindow::event(QEvent* event) {
   const bool handled = QMainWindow::event(event);
   if (event->type() == QEvent::WindowActivate) {
-    form_.Form_KeyDown(ShiftState(QGuiApplication::queryKeyboardModifiers()));  // may be held already
+    form_.Form_KeyDown(ShiftState(QGuiApplication::queryKeyboardModifiers()));  // a key may be held already
     form_.Form_Activate();
   } else if (event->type() == QEvent::WindowDeactivate) {
-    form_.Form_KeyUp(0);  // the release will go elsewhere
+    form_.Form_KeyUp(0);  // another window gets the release
   }
   return handled;
 }
@@ -181,7 +181,7 @@ bool WireListWindow::eventFilter(QObject* watched, QEvent* event) {
     mouseHeld_ = true;
   } else if (inList && event->type() == QEvent::MouseButtonRelease) {
     mouseHeld_ = false;
-    ReportLater(true);  // once the list has seen it: the release may change the selection
+    ReportLater(true);  // after the list's own handling, which may change the selection
   } else if (!inList && event->type() == QEvent::KeyPress) {
     form_.Form_KeyDown(ShiftState(static_cast<QKeyEvent&>(*event)));
   } else if (!inList && event->type() == QEvent::KeyRelease) {

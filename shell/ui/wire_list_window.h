@@ -14,8 +14,8 @@ namespace shell::ui {
 
 class ListSelection;
 
-/// Binds a list and nine buttons to the form. It stands alone on the desktop and may be closed and opened
-/// again; it does not keep the program alive.
+/// Binds a list and nine buttons to the form. A top-level window that may be closed and opened again; it does
+/// not keep the program alive.
 class WireListWindow : public QMainWindow {
  public:
   /// `form` must live longer; the window fills in its `Actions.SelectAndGoToFirst`.

@@ -163,7 +163,7 @@ TEST_F(MainFormTest, NoPixelFormatIsFatal) {
   EXPECT_TRUE(Steps().ends_with("CreateContext\n"));
 }
 
-TEST_F(MainFormTest, FaultOfALoadIsToldOnceAndNothingRunsAfterIt) {
+TEST_F(MainFormTest, FaultOfALoadIsReportedOnceAndNothingRunsAfterIt) {
   Start('"' + File("board.yax", kFaulty) + '"');
   end.Run([this] { form->Form_Load(); });
   EXPECT_EQ(box, "3D YAX Viewer|Run-time error: Division by zero (wire A: its ends coincide)");
@@ -234,7 +234,7 @@ TEST_F(MainFormTest, NothingIsDrawnBeforeTheFirstContext) {
   EXPECT_NE(Steps().find("CreateContext\nglClearColor(1, 1, 1, 0)\n"), std::string::npos);
 }
 
-TEST_F(MainFormTest, AFrameThatNobodySeesIsLeftToTheFirstExposure) {
+TEST_F(MainFormTest, AFrameOfAHiddenViewIsLeftToTheFirstExposure) {
   surface.shown = false;
   Load(kGood);
   EXPECT_TRUE(Steps().ends_with("glGenLists(1)\n"));
@@ -249,7 +249,7 @@ TEST_F(MainFormTest, BackgroundIsSetAtOnceAndEverythingRebuilt) {
   form->SetBackground(false);
   const std::string frame = "gluLookAt\nglRotatef(90, 0.1, 0, 0)\nglCallList(2)\n";
   EXPECT_EQ(Steps(), "glClearColor(1, 1, 1, 0)\nglGenLists(1)\n" + frame + "SwapBuffers\n");
-  // A picture is a frame that nobody is shown.
+  // A picture is a frame that is not shown.
   EXPECT_EQ(form->FramePicture().Rgb.size(), 300U * 200U * 3U);
   EXPECT_EQ(Steps(), frame);
 }

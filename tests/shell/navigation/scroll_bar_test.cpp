@@ -7,14 +7,14 @@
 namespace shell {
 namespace {
 
-TEST(ScrollBar, ClampsAndTellsOnlyOfChanges) {
+TEST(ScrollBar, ClampsAndReportsChangesOnly) {
   navigation::ScrollBar bar(-90, 270);
-  std::string told;
-  bar.Show = [&](std::int16_t value) { told += "show " + std::to_string(value) + ";"; };
-  bar.Change = [&] { told += "change " + std::to_string(bar.Value()) + ";"; };
-  bar.Scroll = [&] { told += "scroll " + std::to_string(bar.Value()) + ";"; };
-  const auto set = [&](int value) { return told.clear(), bar.SetValue(value), told; };
-  const auto drag = [&](int value) { return told.clear(), bar.Drag(value), told; };
+  std::string calls;
+  bar.Show = [&](std::int16_t value) { calls += "show " + std::to_string(value) + ";"; };
+  bar.Change = [&] { calls += "change " + std::to_string(bar.Value()) + ";"; };
+  bar.Scroll = [&] { calls += "scroll " + std::to_string(bar.Value()) + ";"; };
+  const auto set = [&](int value) { return calls.clear(), bar.SetValue(value), calls; };
+  const auto drag = [&](int value) { return calls.clear(), bar.Drag(value), calls; };
 
   EXPECT_EQ(set(0), "");
   EXPECT_EQ(set(270), "show 270;change 270;");

