@@ -33,7 +33,7 @@ class ViewWindow {
     window_.move(0, 0);
     window_.resize(window_.size() - view_.size() + QSize(1280, 960));
     window_.Load();
-    view_.exposed = [this, paint = view_.exposed] {
+    view_.Exposed = [this, paint = view_.Exposed] {
       ++uncovered_;
       paint();
     };
@@ -51,7 +51,7 @@ class ViewWindow {
     uncovered_ = 0;
     const double start = bench::Seconds();
     if (order == "frames") {
-      for (int i = 0; i < count; ++i) view_.exposed();
+      for (int i = 0; i < count; ++i) view_.Exposed();
     } else if (order == "step") {
       StepTo(count);
     } else if (order == "select") {

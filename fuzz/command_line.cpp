@@ -86,8 +86,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   int status = -1;
   std::string message;
   shell::ProgramEnd end;
-  end.leave = [&](int with) { status = with; };
-  end.showCritical = [&](const std::string&, const std::string& text) { message = text; };
+  end.Leave = [&](int with) { status = with; };
+  end.ShowCritical = [&](const std::string&, const std::string& text) { message = text; };
   const bool asks = std::count(arguments.begin(), arguments.end(), "--help") +
                         std::count(arguments.begin(), arguments.end(), "--version") >
                     0;
@@ -98,8 +98,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   shell::MainForm form({folder.Path(), shell::CommandLineText(arguments)}, surface, end);
   bool caption = false;
-  form.actions.setCaption = [&](const std::string&) { caption = true; };
-  form.actions.enableHelp = [](bool navigation, bool viewer) {
+  form.Actions.SetCaption = [&](const std::string&) { caption = true; };
+  form.Actions.EnableHelp = [](bool navigation, bool viewer) {
     Expect(navigation && !viewer, "help is there when its file is");
   };
   end.Run([&] { form.Form_Load(); });

@@ -1,4 +1,4 @@
-/// The open and save dialogs as the program's handlers see them; the windows bring the real ones.
+/// The open and save dialogs as the program's handlers see them.
 #pragma once
 
 #include <optional>

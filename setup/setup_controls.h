@@ -1,4 +1,4 @@
-/// The controls of the wire bond setup window as plain values, and the tables that tie them together.
+/// The controls of the wire bond setup window as plain values, with the tables of options and frames.
 #pragma once
 
 #include <array>

@@ -25,7 +25,7 @@ void SetupForm::Load() {
 void SetupForm::Unload() {
   if (!alive_) return;
   alive_ = false;
-  if (upward.unloadWindow) upward.unloadWindow();
+  Actions.UnloadWindow();
 }
 
 void SetupForm::RunCommand3() {
@@ -43,7 +43,7 @@ void SetupForm::Cmd_Click(std::size_t index) {
   try {
     RunButton(index);
   } catch (const std::exception&) {
-    // Trapped: a button ends where its fault arose. What it had changed by then shows.
+    // Trapped: a button ends at its fault. The window shows what it had changed by then.
     Changed();
   }
 }
@@ -72,7 +72,7 @@ void SetupForm::RunButton(std::size_t index) {
 
 void SetupForm::Apply() {
   UpdateVals();
-  if (upward.rebuildAndRepaint) upward.rebuildAndRepaint();
+  Actions.RebuildAndRepaint();
 }
 
 void SetupForm::Reset() {
@@ -151,8 +151,6 @@ LoopPicture SetupForm::Picture(float width, float height) const {
   return DrawLoops(package_, pictured_, width, height);
 }
 
-void SetupForm::Changed() const {
-  if (upward.controlsChanged) upward.controlsChanged();
-}
+void SetupForm::Changed() const { Actions.ControlsChanged(); }
 
 }  // namespace setup

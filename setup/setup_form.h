@@ -1,10 +1,10 @@
 /// The wire bond setup window without its widgets: values, handlers and life.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <string_view>
 
+#include "model/callback.h"
 #include "model/package.h"
 #include "model/wire_bond_settings.h"
 #include "setup/estimator_start.h"
@@ -15,30 +15,30 @@
 
 namespace setup {
 
-/// The form lives apart from its window: the first load brings it to life with no window made, and it
-/// lives until it is unloaded. Handlers that arrive after that do nothing.
+/// What the form asks of its window and of the view.
+struct SetupActions {
+  model::Callback<> RebuildAndRepaint;  ///< the scene list, then the main window
+  model::Callback<> ControlsChanged;    ///< the window shows the controls' values
+  model::Callback<> UnloadWindow;       ///< hides the window, if there is one
+  model::Callback<OptionArray, std::size_t> FocusOption;
+};
+
+/// The form outlives its window: the first load makes it alive without any window, until it is unloaded.
+/// Later handlers do nothing.
 ///
 /// The seven buttons trap every fault; option clicks, field edits and activation let them pass.
 class SetupForm {
  public:
-  /// What the form asks of others; empty ones do nothing.
-  struct Upward {
-    std::function<void()> rebuildAndRepaint;  ///< the scene list, then the main window
-    std::function<void()> controlsChanged;    ///< a window takes the values over
-    std::function<void()> unloadWindow;       ///< the window, if there is one, goes away
-    std::function<void(OptionArray, std::size_t)> focusOption;
-  };
-
   SetupForm(model::WireBondSettings& settings, model::Package& package, FileDialog& dialog,
             Estimator& estimator);
 
-  Upward upward;
+  SetupActions Actions;
 
   bool Alive() const { return alive_; }
-  /// Brings the form to life, its controls filled from the settings. A form that lives keeps its controls.
+  /// Makes the form alive, its controls filled from the settings. A form that is alive keeps its controls.
   void Load();
   void Unload();
-  /// What each load of a package ends with: the form comes to life if needed, is reset and redrawn.
+  /// The end of each load of a package: makes the form alive if needed, resets and redraws it.
   void RunCommand3();
   void Form_Activate();
 
@@ -69,7 +69,7 @@ class SetupForm {
   /// Writes the settings that the controls say, then UpdatePic.
   /// Faults  Overflow when the frequency is beyond a single
   void UpdateVals();
-  /// Rebuilds `Vu` and what the picture shows; enables what only a stacked die needs.
+  /// Rebuilds `Vu` and the picture; enables the frames that need a stacked die if there is one.
   void UpdatePic();
 
   /// `Picture1` at a size in pixels.
@@ -80,6 +80,7 @@ class SetupForm {
 
   void FillFromSettings();
   void ReadControls(model::WireBondSettings& settings) const;
+  void ShowLoops(const model::WireBondSettings& loops);
   void Apply();
   void Reset();
   void RunButton(std::size_t index);

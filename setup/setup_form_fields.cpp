@@ -49,7 +49,7 @@ void SetupForm::LostFocus(Field& field, const EditRules& rules) {
 }
 
 void SetupForm::FocusOption(OptionArray options, std::size_t index) const {
-  if (alive_ && upward.focusOption) upward.focusOption(options, index);
+  if (alive_) Actions.FocusOption(options, index);
 }
 
 void SetupForm::WDc_GotFocus() { GotFocus(controls_.WDc, EditRules::kDiameter); }

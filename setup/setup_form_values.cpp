@@ -15,7 +15,7 @@ void SelectOnly(std::array<bool, kCount>& options, std::size_t index) {
   options[index] = true;
 }
 
-/// Settings are told apart by their texts: that is all that a file and the boxes keep of them.
+/// Compare settings as formatted text: files and boxes keep only those digits.
 bool SameText(float a, float b) { return model::GeneralText(a) == model::GeneralText(b); }
 
 }  // namespace
@@ -55,12 +55,17 @@ void SetupForm::ReadControls(model::WireBondSettings& settings) const {
 
 void SetupForm::UpdateVals() {
   ReadControls(settings_);
-  UpdatePic();
+  ShowLoops(settings_);
 }
 
 void SetupForm::UpdatePic() {
-  pictured_ = settings_;
-  ReadControls(pictured_);
+  model::WireBondSettings chosen = settings_;
+  ReadControls(chosen);
+  ShowLoops(chosen);
+}
+
+void SetupForm::ShowLoops(const model::WireBondSettings& loops) {
+  pictured_ = loops;
   controls_.StackEnabled = !package_.SDBonds.Empty();
   controls_.Vu = ParameterText(package_, settings_);
   Changed();

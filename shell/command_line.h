@@ -1,4 +1,4 @@
-/// What the arguments of the program say.
+/// The arguments of the program.
 #pragma once
 
 #include <string>

@@ -34,11 +34,6 @@ constexpr MenuEntry kMenu[] = {
     {2, "DoAbout", "About", &Commands::DoAbout_Click},
 };
 
-template <class... Arguments, class... Values>
-void Ask(const std::function<void(Arguments...)>& action, const Values&... values) {
-  if (action) action(values...);
-}
-
 }  // namespace
 
 std::span<const MenuEntry> CommandMenu() { return kMenu; }
@@ -49,14 +44,14 @@ void Commands::DoLoadYAX_Click() {
 
 void Commands::LoadDropped(const std::string& path) {
   end_.RunTrapped([&] {
-    Ask(actions.unloadWireList);
+    Actions.UnloadWireList();
     LoadPackage(path);
   });
 }
 
 void Commands::ChoosePackage() {
   // Before the dialog, and even if that is cancelled: the list belongs to the package shown so far.
-  Ask(actions.unloadWireList);
+  Actions.UnloadWireList();
   const std::optional<std::string> path = Filn_.ShowOpen({.DialogTitle = "Load YAX File",
                                                           .FileName = "*.yax",
                                                           .Filter = "YAX files|*.yax|All files|*.*",
@@ -85,7 +80,7 @@ void Commands::SavePicture() {
 }
 
 void Commands::DoPrinterSetup_Click() {
-  end_.RunTrapped([this] { Ask(actions.setUpPrinter); });
+  end_.RunTrapped([this] { Actions.SetUpPrinter(); });
 }
 
 void Commands::DoNoScale_Click() { Print(false); }
@@ -93,7 +88,7 @@ void Commands::DoNoScale_Click() { Print(false); }
 void Commands::DoFitPage_Click() { Print(true); }
 
 void Commands::Print(bool fit) {
-  end_.Run([&] { Ask(actions.print, form_.FramePicture(), fit); });
+  end_.Run([&] { Actions.Print(form_.FramePicture(), fit); });
 }
 
 void Commands::DoBlack_Click() {
@@ -105,11 +100,11 @@ void Commands::DoWhite_Click() {
 }
 
 void Commands::DoBondWireSetup_Click() {
-  end_.Run([this] { Ask(actions.showWireBondSetup); });
+  end_.Run([this] { Actions.ShowWireBondSetup(); });
 }
 
 void Commands::DoWireList_Click() {
-  end_.Run([this] { Ask(actions.showWireList); });
+  end_.Run([this] { Actions.ShowWireList(); });
 }
 
 void Commands::DoNavHelp_Click() { ShowHelp("Navigation Help", "NavHelp.rtf"); }
@@ -117,11 +112,11 @@ void Commands::DoNavHelp_Click() { ShowHelp("Navigation Help", "NavHelp.rtf"); }
 void Commands::DoViewHelp_Click() { ShowHelp("3D Yax Viewer Help", "YaxViewHelp.rtf"); }
 
 void Commands::ShowHelp(const std::string& caption, const std::string& file) {
-  end_.Run([&] { Ask(actions.showHelp, caption, form_.ProgramFolder() + "/" + file); });
+  end_.Run([&] { Actions.ShowHelp(caption, form_.ProgramFolder() + "/" + file); });
 }
 
 void Commands::DoAbout_Click() {
-  end_.Run([this] { Ask(actions.showAbout); });
+  end_.Run([this] { Actions.ShowAbout(); });
 }
 
 }  // namespace shell

@@ -1,10 +1,10 @@
-/// The main window's command menu: its entries and what each does.
+/// The main window's command menu: its entries and their handlers.
 #pragma once
 
-#include <functional>
 #include <span>
 #include <string>
 
+#include "model/callback.h"
 #include "render/picture.h"
 #include "setup/file_dialog.h"
 
@@ -13,15 +13,15 @@ namespace shell {
 class MainForm;
 class ProgramEnd;
 
-/// What the commands ask of the windows. Empty ones do nothing.
+/// What the commands ask of the windows.
 struct CommandActions {
-  std::function<void()> unloadWireList;
-  std::function<void()> showWireList;  ///< fills it first
-  std::function<void()> showWireBondSetup;
-  std::function<void()> setUpPrinter;
-  std::function<void(const render::Picture& picture, bool fit)> print;
-  std::function<void(const std::string& caption, const std::string& path)> showHelp;
-  std::function<void()> showAbout;
+  model::Callback<> UnloadWireList;
+  model::Callback<> ShowWireList;  ///< fills it first
+  model::Callback<> ShowWireBondSetup;
+  model::Callback<> SetUpPrinter;
+  model::Callback<const render::Picture&, bool> Print;               ///< the flag: fit the page
+  model::Callback<const std::string&, const std::string&> ShowHelp;  ///< caption and path
+  model::Callback<> ShowAbout;
 };
 
 /// Load, save and printer setup trap faults and end quietly; a fault in any other command ends the program.
@@ -29,7 +29,7 @@ class Commands {
  public:
   Commands(MainForm& form, ProgramEnd& end, setup::FileDialog& Filn) : form_(form), end_(end), Filn_(Filn) {}
 
-  CommandActions actions;
+  CommandActions Actions;
 
   void DoLoadYAX_Click();
   void DoSavePic_Click();

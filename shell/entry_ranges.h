@@ -7,7 +7,7 @@
 namespace shell {
 
 struct EntryRange {
-  std::size_t first = 0, last = 0;  ///< both included
+  std::size_t First = 0, Last = 0;  ///< both included
   bool operator==(const EntryRange&) const = default;
 };
 using EntryRanges = std::vector<EntryRange>;

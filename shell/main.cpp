@@ -58,8 +58,8 @@ int main(int argc, char** argv) {
 
   int status = 0;
   shell::ProgramEnd end;
-  end.showCritical = ShowCritical;
-  end.leave = [&status](int with) { status = with; };
+  end.ShowCritical = ShowCritical;
+  end.Leave = [&status](int with) { status = with; };
   // Qt aborts where no display answers.
   const bool onX = shell::QtOption(arguments, "platform") == nullptr && qgetenv("QT_QPA_PLATFORM") == "xcb";
   const shell::ui::DisplayConnection display(shell::QtOption(arguments, "display"));
@@ -78,7 +78,7 @@ int main(int argc, char** argv) {
   window.Load();
   if (end.Ending()) return status;
 
-  end.leave = [&status](int with) {
+  end.Leave = [&status](int with) {
     status = with;
     QApplication::closeAllWindows();
     QCoreApplication::exit(with);

@@ -5,35 +5,20 @@
 #include "model/files.h"
 #include "model/reader/read_package.h"
 #include "render/gl/read_back.h"
+#include "shell/navigation/scoped_flag.h"
 #include "shell/title.h"
 
 namespace shell {
 
-namespace {
-
-/// True as long as it lives.
-class Flag {
- public:
-  explicit Flag(bool& flag) : flag_(flag) { flag_ = true; }
-  Flag(const Flag&) = delete;
-  Flag& operator=(const Flag&) = delete;
-  ~Flag() { flag_ = false; }
-
- private:
-  bool& flag_;
-};
-
-}  // namespace
-
 MainForm::MainForm(const StartUp& startUp, render::gl::GlSurface& surface, ProgramEnd& end)
     : startUp_(startUp), surface_(surface), end_(end) {
-  navigation_.actions.repaint = [this] { Form_Paint(); };
-  navigation_.actions.reload = [this] { Form_Load(); };
-  navigation_.actions.endProgram = [this] { end_.EndSilently(); };
+  navigation_.Actions.Repaint = [this] { Form_Paint(); };
+  navigation_.Actions.Reload = [this] { Form_Load(); };
+  navigation_.Actions.EndProgram = [this] { end_.EndSilently(); };
 }
 
 void MainForm::Form_Load() {
-  const Flag loading(loading_);
+  const navigation::ScopedFlag loading(loading_);
   if (!SkipStartup) Main();
   SkipStartup = false;
   HookWheel();
@@ -50,22 +35,21 @@ void MainForm::Form_Load() {
 /// The start-up routine: the file of the command line, else the one shown, else the sample beside the
 /// program.
 void MainForm::Main() {
-  if (package_.PackagePath.empty()) package_.PackagePath = startUp_.programFolder + "/AAAc.yax";
-  const std::string& text = startUp_.commandLine;
+  if (package_.PackagePath.empty()) package_.PackagePath = startUp_.ProgramFolder + "/AAAc.yax";
+  const std::string& text = startUp_.CommandLine;
   // Deliberate: the first and the last character go, whatever they are.
   if (!text.empty()) package_.PackagePath = text.size() > 2 ? text.substr(1, text.size() - 2) : "";
 }
 
 void MainForm::HookWheel() {
   if (navigation_.WheelHooked) return;
-  if (actions.hookWheel) actions.hookWheel();
+  Actions.HookWheel();
   navigation_.WheelHooked = true;
 }
 
 void MainForm::FindHelp() {
-  if (!actions.enableHelp) return;
-  actions.enableHelp(model::FileExists(startUp_.programFolder + "/NavHelp.rtf"),
-                     model::FileExists(startUp_.programFolder + "/YaxViewHelp.rtf"));
+  Actions.EnableHelp(model::FileExists(startUp_.ProgramFolder + "/NavHelp.rtf"),
+                     model::FileExists(startUp_.ProgramFolder + "/YaxViewHelp.rtf"));
 }
 
 /// Reads the file into a fresh package, which takes the place of the old one only when all of it is read.
@@ -73,10 +57,10 @@ bool MainForm::ReadPackageFile() {
   std::optional<model::Package> package = model::reader::ReadPackage(package_);
   if (!package) return false;
   package_ = *std::move(package);
-  if (actions.setCaption) actions.setCaption(shell::WindowTitle(package_.PackagePath));
+  Actions.SetCaption(shell::WindowTitle(package_.PackagePath));
   model::SetUnsetDefaults(settings_, package_);
-  if (actions.packageRead) actions.packageRead();
-  if (actions.resetWireBondSetup) actions.resetWireBondSetup();
+  Actions.PackageRead();
+  Actions.ResetWireBondSetup();
   return true;
 }
 
@@ -108,7 +92,7 @@ void MainForm::DrawFrame() {
   render::gl::DrawFrame(navigation_.Camera, navigation_.Rotation, package_.CompW, sceneList_);
 }
 
-/// Without a screen to show it on there is no frame; the first exposure brings one.
+/// A view that is not exposed needs no frame; its first exposure draws one.
 void MainForm::ShowFrame() {
   if (!surface_.IsShown()) return;
   DrawFrame();
@@ -135,7 +119,7 @@ void MainForm::Form_Resize() {
 }
 
 void MainForm::Form_Unload() {
-  if (navigation_.WheelHooked && actions.unhookWheel) actions.unhookWheel();
+  if (navigation_.WheelHooked) Actions.UnhookWheel();
   navigation_.WheelHooked = false;
   surface_.DeleteContext();
   end_.EndSilently();

@@ -1,9 +1,9 @@
 /// The main window's load, paint, resize and unload, as a walk through all that a package needs to be seen.
 #pragma once
 
-#include <functional>
 #include <string>
 
+#include "model/callback.h"
 #include "model/package.h"
 #include "model/wire_bond_settings.h"
 #include "model/wire_selection.h"
@@ -19,29 +19,28 @@
 
 namespace shell {
 
-/// Where the program stands and what it was told.
+/// Where the program lies, and its command line.
 struct StartUp {
-  std::string programFolder;
-  std::string commandLine;  ///< one text, a path in double quotes; see CommandLineText
+  std::string ProgramFolder;
+  std::string CommandLine;  ///< one text, a path in double quotes; see CommandLineText
 };
 
-/// What the form asks of its window. An empty function does nothing.
+/// What the form asks of its window.
 struct MainFormActions {
-  std::function<void(const std::string& caption)> setCaption;
-  std::function<void(bool navigation, bool viewer)> enableHelp;
-  /// A package was read and replaces the one before.
-  std::function<void()> packageRead;
-  std::function<void()> hookWheel;  ///< from now on every wheel event of the program reaches WheelMoved
-  std::function<void()> unhookWheel;
+  model::Callback<const std::string&> SetCaption;
+  model::Callback<bool, bool> EnableHelp;  ///< the navigation page, the viewer page
+  model::Callback<> PackageRead;           ///< it replaces the package before
+  model::Callback<> HookWheel;  ///< from now on every wheel event of the program reaches WheelMoved
+  model::Callback<> UnhookWheel;
   /// Command 3 of the wire bond setup: resets the settings from the package just read.
-  std::function<void()> resetWireBondSetup;
+  model::Callback<> ResetWireBondSetup;
 };
 
 class MainForm {
  public:
   MainForm(const StartUp& startUp, render::gl::GlSurface& surface, ProgramEnd& end);
 
-  MainFormActions actions;
+  MainFormActions Actions;
 
   /// Chooses, reads and shows the package.
   /// Faults  whatever reading and drawing fault with; what was shown before is shown still, or nothing
@@ -67,7 +66,7 @@ class MainForm {
   /// The next load keeps PackagePath instead of running the start-up routine.
   bool SkipStartup = false;
 
-  const std::string& ProgramFolder() const { return startUp_.programFolder; }
+  const std::string& ProgramFolder() const { return startUp_.ProgramFolder; }
   model::Package& Package() { return package_; }
   model::WireBondSettings& Settings() { return settings_; }
   model::WireSelection& Selection() { return selection_; }

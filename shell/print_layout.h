@@ -1,9 +1,9 @@
-/// Where a picture lands on the printed page.
+/// The place of a picture on the printed page.
 #pragma once
 
 namespace shell {
 
-/// The part of the page that the printer reaches, in the printer's dots.
+/// The printable area of the page, in the printer's dots.
 struct PrintArea {
   double Width = 0.0, Height = 0.0;
   double DotsPerInchX = 96.0, DotsPerInchY = 96.0;

@@ -12,10 +12,10 @@ void ProgramEnd::RunTimeError(const model::Fault& fault) { End(1, shell::kProgra
 
 void ProgramEnd::End(int status, const std::string& title, const std::string& text) {
   if (ending_) return;
-  // Before the box: events that arrive while it is open must find nobody at home.
+  // Set before the box opens: its event loop must not run more handlers.
   ending_ = true;
-  if (!text.empty() && showCritical) showCritical(title, text);
-  if (leave) leave(status);
+  if (!text.empty()) ShowCritical(title, text);
+  Leave(status);
 }
 
 }  // namespace shell

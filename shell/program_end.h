@@ -1,21 +1,21 @@
 /// How the program ends, and what a fault in a handler does.
 #pragma once
 
-#include <functional>
 #include <new>
 #include <string>
 
+#include "model/callback.h"
 #include "model/faults.h"
 
 namespace shell {
 
-/// Once the program is ending, no handler and no paint runs any more.
+/// Ends the program once: after that, no handler and no paint runs any more.
 class ProgramEnd {
  public:
-  /// Shows a message box and returns when it is closed.
-  std::function<void(const std::string& title, const std::string& text)> showCritical;
+  /// Shows a message box with a title and a text, and returns when it is closed.
+  model::Callback<const std::string&, const std::string&> ShowCritical;
   /// Closes every window and leaves the program with this exit status.
-  std::function<void(int status)> leave;
+  model::Callback<int> Leave;
 
   bool Ending() const { return ending_; }
 
@@ -48,7 +48,7 @@ class ProgramEnd {
     } catch (const model::Fault&) {
       // Trapped: the view stays usable.
     } catch (const std::bad_alloc&) {
-      // What did not fit is gone by now.
+      // Unwinding has freed what was there.
     }
   }
 

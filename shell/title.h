@@ -1,4 +1,4 @@
-/// The words that the program shows of itself.
+/// The program's title and the main window's caption.
 #pragma once
 
 #include <string>

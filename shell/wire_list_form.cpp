@@ -63,18 +63,18 @@ bool WireListForm::Refill() {
 
 void WireListForm::Form_Show() {
   selection_.Shown = true;
-  RebuildAndRepaint();
+  Actions.RebuildAndRepaint();
 }
 
 void WireListForm::Form_Unload() {
   if (!selection_.Shown) return;
-  selection_.Shown = false;  // first: the rebuild below draws every wire again
-  RebuildAndRepaint();
+  selection_.Shown = false;  // before the rebuild, which then draws every wire
+  Actions.RebuildAndRepaint();
 }
 
 void WireListForm::SetModifiers(int shift) {
-  ListShift = shift == 1;
-  ListCtrl = shift == 2;
+  ListShift_ = shift == 1;
+  ListCtrl_ = shift == 2;
 }
 
 bool WireListForm::Matches(int index, const model::WireNameRec& wire) const {
@@ -89,14 +89,14 @@ bool WireListForm::Matches(int index, const model::WireNameRec& wire) const {
 }
 
 void WireListForm::Filter(int index) {
-  // The package may have been read again with fewer wires than are listed.
+  // A load may have left fewer wires than are listed.
   const std::size_t count = std::min(entries_.size(), package_.WireNames.Count());
   for (std::size_t i = 0; i < count; ++i) {
     const bool matches = Matches(index, package_.WireNames[i]);
-    if (ListCtrl)
+    if (ListCtrl_)
       selected_[i] = selected_[i] != matches;
     else
-      selected_[i] = matches || (ListShift && selected_[i]);
+      selected_[i] = matches || (ListShift_ && selected_[i]);
   }
 }
 
@@ -104,15 +104,15 @@ void WireListForm::Cmd_Click(int index) {
   if (index >= kTier1 && index <= kSignal) Filter(index);
   if (index == kClear) selected_.assign(entries_.size(), false);
   // Deliberate: any other index still moves to the first entry and rebuilds.
-  if (upward.selectAndGoToFirst) upward.selectAndGoToFirst(SelectedRanges());
+  Actions.SelectAndGoToFirst(SelectedRanges());
   PublishNames();
-  RebuildAndRepaint();
+  Actions.RebuildAndRepaint();
 }
 
 bool WireListForm::TakeSelection(const EntryRanges& selected) {
   std::vector<bool> flags(entries_.size(), false);
   for (const EntryRange& range : selected)
-    for (std::size_t i = range.first; i <= range.last && i < flags.size(); ++i) flags[i] = true;
+    for (std::size_t i = range.First; i <= range.Last && i < flags.size(); ++i) flags[i] = true;
   if (flags == selected_) return false;
   selected_ = std::move(flags);
   PublishNames();
@@ -121,21 +121,17 @@ bool WireListForm::TakeSelection(const EntryRanges& selected) {
 
 void WireListForm::PL_MouseUp(const EntryRanges& selected) {
   TakeSelection(selected);
-  RebuildAndRepaint();
+  Actions.RebuildAndRepaint();
 }
 
 void WireListForm::PL_SelectionChanged(const EntryRanges& selected) {
-  if (TakeSelection(selected)) RebuildAndRepaint();
+  if (TakeSelection(selected)) Actions.RebuildAndRepaint();
 }
 
 void WireListForm::PublishNames() {
   selection_.Names.clear();
   for (std::size_t i = 0; i < entries_.size(); ++i)
     if (selected_[i]) selection_.Names.insert(entries_[i]);
-}
-
-void WireListForm::RebuildAndRepaint() {
-  if (upward.rebuildAndRepaint) upward.rebuildAndRepaint();
 }
 
 }  // namespace shell

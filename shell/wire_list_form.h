@@ -3,16 +3,25 @@
 
 #include <array>
 #include <cstddef>
-#include <functional>
 #include <string>
 #include <vector>
 
+#include "model/callback.h"
 #include "model/package.h"
 #include "model/wire_list_entry.h"
 #include "model/wire_selection.h"
 #include "shell/entry_ranges.h"
 
 namespace shell {
+
+/// What the form asks of its window and of the view.
+struct WireListActions {
+  /// Runs inside the window's event handlers, so it must not throw.
+  model::Callback<> RebuildAndRepaint;
+  /// Selects exactly these entries in the list, which sends no change back, and makes entry 0, if there is
+  /// one, the current item without touching the selection.
+  model::Callback<const EntryRanges&> SelectAndGoToFirst;
+};
 
 /// The form owns one selected flag per entry. A button computes all flags and hands the list one call with
 /// ranges; the list hands its selection back as ranges, never entry by entry.
@@ -21,19 +30,10 @@ class WireListForm {
   static constexpr std::size_t kButtons = model::kWireListButtons;
   static const std::array<const char*, kButtons> kCaptions;
 
-  /// What the form asks of others; empty ones do nothing.
-  struct Upward {
-    /// Runs inside the window's event handlers, so it keeps the scene's faults to itself.
-    std::function<void()> rebuildAndRepaint;
-    /// Selects exactly these entries in the list, which reports nothing back, and makes entry 0, if there is
-    /// one, the current item without touching the selection.
-    std::function<void(const EntryRanges&)> selectAndGoToFirst;
-  };
-
   WireListForm(const model::Package& package, model::WireSelection& selection)
       : package_(package), selection_(selection) {}
 
-  Upward upward;
+  WireListActions Actions;
 
   /// Fills the list from the package, nothing selected. The caller then shows the window and calls Form_Show.
   /// Faults  SubscriptOutOfRange when a tier addresses no button; the list is then as it was
@@ -45,7 +45,7 @@ class WireListForm {
   bool Refill();
 
   void Form_Show();
-  void Form_Activate() { RebuildAndRepaint(); }
+  void Form_Activate() { Actions.RebuildAndRepaint(); }
   void Form_Unload();
   /// `shift` is the modifier state after the key: Shift 1, Ctrl 2, Alt 4, or a sum of them.
   void Form_KeyDown(int shift) { SetModifiers(shift); }
@@ -69,15 +69,14 @@ class WireListForm {
   void Filter(int index);
   void SetModifiers(int shift);
   void PublishNames();
-  void RebuildAndRepaint();
 
   const model::Package& package_;
   model::WireSelection& selection_;
   std::vector<std::string> entries_;
   std::vector<bool> selected_;  ///< one flag per entry
   std::array<bool, kButtons> enabled_{};
-  bool ListShift = false;  ///< Shift alone is down
-  bool ListCtrl = false;   ///< Ctrl alone is down
+  bool ListShift_ = false;  ///< Shift alone is down
+  bool ListCtrl_ = false;   ///< Ctrl alone is down
 };
 
 }  // namespace shell

@@ -55,13 +55,12 @@ void PaintShape(QPainter& painter, const PictureShape& shape) {
     painter.drawPolyline(PolygonOf(shape));
 }
 
-/// To assistive technology it is a picture, not any odd piece of a window.
-QAccessibleInterface* Speak(const QString&, QObject* object) {
-  auto* const view = dynamic_cast<LoopView*>(object);
+QAccessibleInterface* Create(const QString&, QObject* object) {
+  auto* const view = qobject_cast<LoopView*>(object);
   return view != nullptr ? new QAccessibleWidget(view, QAccessible::Graphic) : nullptr;
 }
 
-/// A label stays inside the picture and keeps a light ground, so that no line runs through its letters.
+/// A label stays inside the picture, on a light ground, so that no line crosses its letters.
 void PaintLabel(QPainter& painter, const PictureLabel& label, const QSize& size) {
   const QString text = QString::fromStdString(label.Text);
   QRectF box = QFontMetricsF(painter.font()).boundingRect(text).adjusted(-3.0, -1.0, 3.0, 1.0);
@@ -75,11 +74,11 @@ void PaintLabel(QPainter& painter, const PictureLabel& label, const QSize& size)
 
 }  // namespace
 
+void InstallAccessibleLoopView() { QAccessible::installFactory(Create); }
+
 LoopView::LoopView(const SetupForm& form) : form_(form) {
   setAccessibleName("Loop side view");
   setAccessibleDescription("One wire of each kind from the side, to scale, with the loops that are set");
-  static const bool installed = (QAccessible::installFactory(Speak), true);
-  static_cast<void>(installed);
 }
 
 void LoopView::paintEvent(QPaintEvent*) {

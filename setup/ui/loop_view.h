@@ -7,7 +7,12 @@
 
 namespace setup::ui {
 
+/// To be called once, before the first window: makes the view a picture to assistive technology.
+void InstallAccessibleLoopView();
+
 class LoopView final : public QWidget {
+  Q_OBJECT
+
  public:
   explicit LoopView(const SetupForm& form);
 

@@ -23,11 +23,11 @@ namespace {
 
 QString TextOf(const std::string& bytes) { return QString::fromUtf8(bytes.data(), qsizetype(bytes.size())); }
 
-/// A frame whose caption keeps its trailing space on the screen and loses it for screen readers.
+/// A frame whose caption keeps its trailing space on the screen, but not for screen readers.
 QGroupBox* MakeFrame(const char* caption) {
   auto* frame = new QGroupBox(caption);
   frame->setAccessibleName(QString(caption).trimmed());
-  // One group for the options of a frame: arrow keys walk through it, and one choice drops the other.
+  // One group for the options of a frame: arrow keys move within it, and one selection clears the other.
   new QButtonGroup(frame);
   return frame;
 }
@@ -42,7 +42,7 @@ int CodeOf(const QEvent& event) {
   return key.key() == Qt::Key_Escape ? 27 : 0;
 }
 
-/// Scrolls what a small screen has no room for; it would like to show all of it.
+/// Scrolls on a small screen; its preferred size shows everything.
 class Scroller final : public QScrollArea {
  public:
   explicit Scroller(QWidget* content) {
@@ -53,7 +53,7 @@ class Scroller final : public QScrollArea {
   QSize sizeHint() const override { return widget()->sizeHint(); }
 };
 
-/// Shows which options are selected; none may be, which a group allows only while it is not exclusive.
+/// Shows the selected options. None may be selected, which a group allows only while it is not exclusive.
 template <std::size_t kCount>
 void ShowOptions(const std::array<QRadioButton*, kCount>& options, const std::array<bool, kCount>& selected) {
   for (std::size_t i = 0; i < kCount; ++i) {
@@ -78,24 +78,24 @@ SetupWindow::SetupWindow(SetupForm& form, Runner run) : form_(form), run_(std::m
   setWindowTitle("Wire Bond Setup");
   setAttribute(Qt::WA_QuitOnClose, false);
   setCentralWidget(MakeClient());
-  // Room for the window's frame and the desktop's own bars stays.
+  // Leaves room for the window's frame and the desktop's bars.
   resize(sizeHint().boundedTo(screen()->availableSize() - QSize(16, 48)));
-  form_.upward.controlsChanged = [this] { ShowControls(); };
-  form_.upward.unloadWindow = [this] { hide(); };
-  form_.upward.focusOption = [this](OptionArray options, std::size_t index) { FocusOption(options, index); };
+  form_.Actions.ControlsChanged = [this] { ShowControls(); };
+  form_.Actions.UnloadWindow = [this] { hide(); };
+  form_.Actions.FocusOption = [this](OptionArray options, std::size_t index) { FocusOption(options, index); };
 }
 
 SetupWindow::~SetupWindow() {
-  form_.upward.controlsChanged = nullptr;
-  form_.upward.unloadWindow = nullptr;
-  form_.upward.focusOption = nullptr;
+  form_.Actions.ControlsChanged = {};
+  form_.Actions.UnloadWindow = {};
+  form_.Actions.FocusOption = {};
 }
 
 void SetupWindow::DoBondWireSetup() {
   form_.Load();
   ShowControls();
-  // However it was left, it opens at the first frame's selected option.
-  if (!isVisible()) WD[0]->group()->checkedButton()->setFocus(Qt::OtherFocusReason);
+  // Each time it opens, the first frame's selected option has the focus.
+  if (!isVisible()) WD_[0]->group()->checkedButton()->setFocus(Qt::OtherFocusReason);
   setWindowState(windowState() & ~Qt::WindowMinimized);
   show();
   raise();
@@ -143,33 +143,33 @@ void SetupWindow::BoxEvent(const Box& box, const QEvent& event) {
 
 void SetupWindow::ShowControls() {
   const SetupControls& controls = std::as_const(form_).Controls();
-  ShowOptions(M, controls.M);
-  ShowOptions(WD, controls.WD);
-  ShowOptions(FQ, controls.FQ);
-  ShowOptions(LH, controls.LH);
+  ShowOptions(M_, controls.M);
+  ShowOptions(WD_, controls.WD);
+  ShowOptions(FQ_, controls.FQ);
+  ShowOptions(LH_, controls.LH);
   for (const Box& box : boxes_) {
     const QSignalBlocker quiet(box.Edit);
     const QString text = TextOf(box.Value->Text);
-    if (box.Edit->text() != text) box.Edit->setText(text);  // writing it anew would move the cursor
+    if (box.Edit->text() != text) box.Edit->setText(text);  // setText would move the cursor
     box.Edit->setEnabled(box.Value->Enabled);
   }
   for (QGroupBox* frame : stackFrames_) frame->setEnabled(controls.StackEnabled);
-  Cmd[2]->setEnabled(controls.EstimatorEnabled);
+  Cmd_[2]->setEnabled(controls.EstimatorEnabled);
   const QString parameters = TextOf(controls.Vu).remove('\r');
-  if (Vu->toPlainText() != parameters) Vu->setPlainText(parameters);
-  Picture1->update();
+  if (Vu_->toPlainText() != parameters) Vu_->setPlainText(parameters);
+  Picture1_->update();
 }
 
 void SetupWindow::FocusOption(OptionArray options, std::size_t index) {
   switch (options) {
     case OptionArray::M:
-      return M[index]->setFocus(Qt::OtherFocusReason);
+      return M_[index]->setFocus(Qt::OtherFocusReason);
     case OptionArray::WD:
-      return WD[index]->setFocus(Qt::OtherFocusReason);
+      return WD_[index]->setFocus(Qt::OtherFocusReason);
     case OptionArray::FQ:
-      return FQ[index]->setFocus(Qt::OtherFocusReason);
+      return FQ_[index]->setFocus(Qt::OtherFocusReason);
     case OptionArray::LH:
-      return LH[index]->setFocus(Qt::OtherFocusReason);
+      return LH_[index]->setFocus(Qt::OtherFocusReason);
   }
 }
 
@@ -178,7 +178,7 @@ QRadioButton* SetupWindow::MakeOption(std::array<QRadioButton*, kCount>& options
                                       const char* caption, QGroupBox* frame, std::function<void()> click) {
   auto* option = options[index] = new QRadioButton(caption, frame);
   GroupOf(frame)->addButton(option);
-  // Not the click: assistive technology selects without one.
+  // Not clicked(): assistive technology selects an option without a click.
   connect(option, &QRadioButton::toggled, this, [this, click = std::move(click)](bool selected) {
     if (selected) run_(click);
   });
@@ -189,7 +189,7 @@ QLineEdit* SetupWindow::MakeBox(QGroupBox* frame, Box box) {
   QLineEdit* edit = box.Edit = new QLineEdit(frame);
   edit->setAccessibleName(frame->accessibleName() + " value");
   edit->installEventFilter(this);
-  // Also what a screen reader writes without the keyboard or the focus.
+  // Not textEdited(): a screen reader writes without the keyboard.
   connect(edit, &QLineEdit::textChanged, this,
           [value = box.Value](const QString& text) { value->Text = text.toStdString(); });
   boxes_.push_back(std::move(box));
@@ -199,8 +199,8 @@ QLineEdit* SetupWindow::MakeBox(QGroupBox* frame, Box box) {
 QGroupBox* SetupWindow::MakeMaterial() {
   QGroupBox* frame = MakeFrame("Material ");
   auto* rows = new QVBoxLayout(frame);
-  for (std::size_t i = 0; i < M.size(); ++i)
-    rows->addWidget(MakeOption(M, i, kMCaptions[i], frame, [this, i] { form_.M_Click(i); }));
+  for (std::size_t i = 0; i < M_.size(); ++i)
+    rows->addWidget(MakeOption(M_, i, kMCaptions[i], frame, [this, i] { form_.M_Click(i); }));
   rows->addStretch();
   return frame;
 }
@@ -208,8 +208,8 @@ QGroupBox* SetupWindow::MakeMaterial() {
 QGroupBox* SetupWindow::MakeDiameter() {
   QGroupBox* frame = MakeFrame("Wire Diameter Mils ");
   auto* grid = new QGridLayout(frame);
-  for (std::size_t i = 0; i < WD.size(); ++i)
-    grid->addWidget(MakeOption(WD, i, kWDCaptions[i], frame, [this, i] { form_.WD_Click(i); }), int(i % 3),
+  for (std::size_t i = 0; i < WD_.size(); ++i)
+    grid->addWidget(MakeOption(WD_, i, kWDCaptions[i], frame, [this, i] { form_.WD_Click(i); }), int(i % 3),
                     int(i / 3));
   grid->addWidget(
       MakeBox(frame, {nullptr, &form_.Controls().WDc, [this] { form_.WDc_GotFocus(); },
@@ -225,7 +225,7 @@ QGroupBox* SetupWindow::MakeFrequency() {
   constexpr std::size_t kTopToBottom[] = {3, 0, 1, 2};
   int row = 0;
   for (const std::size_t i : kTopToBottom)
-    grid->addWidget(MakeOption(FQ, i, kFQCaptions[i], frame, [this, i] { form_.FQ_Click(i); }), row++, 0);
+    grid->addWidget(MakeOption(FQ_, i, kFQCaptions[i], frame, [this, i] { form_.FQ_Click(i); }), row++, 0);
   grid->addWidget(
       MakeBox(frame, {nullptr, &form_.Controls().FQc, [this] { form_.FQc_GotFocus(); },
                       [this] { form_.FQc_LostFocus(); }, [this](int key) { form_.FQc_KeyUp(key); }}),
@@ -239,7 +239,7 @@ QGroupBox* SetupWindow::MakeLoop(const LoopFrame& frame) {
   auto* grid = new QGridLayout(box);
   int row = 0;
   const auto option = [&](std::size_t index, const char* caption, int columns) {
-    grid->addWidget(MakeOption(LH, index, caption, box, [this, index] { form_.LH_Click(index); }), row++, 0,
+    grid->addWidget(MakeOption(LH_, index, caption, box, [this, index] { form_.LH_Click(index); }), row++, 0,
                     1, columns);
   };
   option(frame.First, "Default to Die Height", 2);
@@ -265,10 +265,10 @@ QWidget* SetupWindow::MakeButtons() {
   constexpr std::size_t kLeftToRight[] = {5, 6, 2, 3, 0, 4, 1};
   for (const std::size_t i : kLeftToRight) {
     if (i == 3) row->addStretch();
-    Cmd[i] = new QPushButton(kCmdCaptions[i]);
-    Cmd[i]->setAutoDefault(true);  // Enter presses it too, not Space alone
-    connect(Cmd[i], &QPushButton::clicked, this, [this, i] { run_([&] { form_.Cmd_Click(i); }); });
-    row->addWidget(Cmd[i]);
+    Cmd_[i] = new QPushButton(kCmdCaptions[i]);
+    Cmd_[i]->setAutoDefault(true);  // Enter presses it too, not Space alone
+    connect(Cmd_[i], &QPushButton::clicked, this, [this, i] { run_([&] { form_.Cmd_Click(i); }); });
+    row->addWidget(Cmd_[i]);
   }
   return bar;
 }
@@ -279,14 +279,14 @@ QWidget* SetupWindow::MakeClient() {
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(0);
   rows->addWidget(new Scroller(MakeControls()), 1);
-  rows->addWidget(MakeButtons());  // these never scroll away
+  rows->addWidget(MakeButtons());  // outside the scrolled area
   return client;
 }
 
 QWidget* SetupWindow::MakeControls() {
   auto* controls = new QWidget;
   auto* grid = new QGridLayout(controls);
-  // Made in the order in which Tab goes through them.
+  // Tab follows the order of creation.
   grid->addWidget(MakeDiameter(), 0, 0, 1, 2);
   grid->addWidget(MakeFrequency(), 0, 2);
   grid->addWidget(MakeLoop(kLoopFrames[0]), 1, 0);
@@ -296,18 +296,18 @@ QWidget* SetupWindow::MakeControls() {
   grid->addWidget(MakeLoop(kLoopFrames[2]), 2, 1);
   grid->addWidget(MakeLoop(kLoopFrames[4]), 2, 2);
 
-  Vu = new QPlainTextEdit;
+  Vu_ = new QPlainTextEdit;
   QFont font("Courier New");
   font.setStyleHint(QFont::Monospace);
-  Vu->setFont(font);
-  Vu->setReadOnly(true);
-  Vu->setTabChangesFocus(true);
-  Vu->setAccessibleName("Parameter file text");
-  Vu->setMinimumWidth(QFontMetrics(font).horizontalAdvance("StackLoopHeight=0.00000"));
-  grid->addWidget(Vu, 0, 3, 3, 1);
+  Vu_->setFont(font);
+  Vu_->setReadOnly(true);
+  Vu_->setTabChangesFocus(true);
+  Vu_->setAccessibleName("Parameter file text");
+  Vu_->setMinimumWidth(QFontMetrics(font).horizontalAdvance("StackLoopHeight=0.00000"));
+  grid->addWidget(Vu_, 0, 3, 3, 1);
 
-  Picture1 = new LoopView(form_);
-  grid->addWidget(Picture1, 3, 0, 1, 4);
+  Picture1_ = new LoopView(form_);
+  grid->addWidget(Picture1_, 3, 0, 1, 4);
   grid->setRowStretch(3, 1);
   grid->setColumnStretch(3, 1);
   return controls;

@@ -18,13 +18,13 @@ namespace setup::ui {
 
 class LoopView;
 
-/// It stands alone on the desktop, modeless, and does not keep the program alive.
+/// A modeless top-level window that does not keep the program alive.
 class SetupWindow final : public QMainWindow {
  public:
-  /// Runs a handler; what faults in it is the runner's business.
+  /// Runs a handler and handles its faults.
   using Runner = std::function<void(const std::function<void()>& handler)>;
 
-  /// `form` must live longer; the window fills in all of its `upward` but the rebuild.
+  /// `form` must live longer; the window fills in all of its Actions but the rebuild.
   SetupWindow(SetupForm& form, Runner run);
   ~SetupWindow() override;
 
@@ -63,16 +63,16 @@ class SetupWindow final : public QMainWindow {
 
   SetupForm& form_;
   Runner run_;
-  std::array<QRadioButton*, 3> M{};
-  std::array<QRadioButton*, 7> WD{};
-  std::array<QRadioButton*, 4> FQ{};
-  std::array<QRadioButton*, 11> LH{};
-  std::array<QPushButton*, 7> Cmd{};
+  std::array<QRadioButton*, 3> M_{};
+  std::array<QRadioButton*, 7> WD_{};
+  std::array<QRadioButton*, 4> FQ_{};
+  std::array<QRadioButton*, 11> LH_{};
+  std::array<QPushButton*, 7> Cmd_{};
   std::vector<QGroupBox*> stackFrames_;
   std::vector<Box> boxes_;
   int pressedInBox_ = 0;  ///< Enter or Escape, once the focused box has seen it go down
-  QPlainTextEdit* Vu = nullptr;
-  LoopView* Picture1 = nullptr;
+  QPlainTextEdit* Vu_ = nullptr;
+  LoopView* Picture1_ = nullptr;
 };
 
 }  // namespace setup::ui

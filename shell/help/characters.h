@@ -5,7 +5,7 @@
 
 namespace shell::help {
 
-/// Stands for what is no character.
+/// Replaces bytes and codes that are not characters.
 inline constexpr char32_t kReplacement = 0xFFFD;
 
 /// The character of a byte in code page 1252; kReplacement for the five bytes that it leaves free.

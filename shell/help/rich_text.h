@@ -1,4 +1,4 @@
-/// Formatted text as paragraphs of runs, free of any toolkit.
+/// Formatted text as paragraphs of runs, without Qt.
 #pragma once
 
 #include <cstdint>

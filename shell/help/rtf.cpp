@@ -18,8 +18,8 @@ constexpr char32_t kBullet = 0x2022;
 
 bool IsControl(char32_t character) { return character < ' ' && character != '\t' && character != '\n'; }
 
-/// Line and paragraph separators would cut a paragraph behind the reader's back, and what stands for an
-/// embedded object or a frame would be taken for one.
+/// QTextDocument would split a paragraph at line and paragraph separators, and take the characters of
+/// embedded objects and frames for such.
 bool IsSpecial(char32_t character) {
   return character == 0x2028 || character == 0x2029 || character == 0xFFFC ||
          (character >= 0xFDD0 && character <= 0xFDEF);
@@ -75,7 +75,7 @@ class Reader {
       --tooDeep_;
       return;
     }
-    // The outermost group ends the text; its format still stands for a last paragraph without an end.
+    // The outermost group ends the text; its format is kept for a last paragraph without \par.
     closed_ = open_.size() <= 1;
     if (closed_) return;
     group_ = std::move(open_.back());
@@ -216,7 +216,7 @@ class Reader {
     if (std::exchange(half_, 0) != 0) Append(kReplacement);
   }
 
-  /// True when what was just read is what stands in for a \u, for readers that do not know it.
+  /// True when what was just read is the fallback of a \u, for readers that do not know \u.
   bool TakenAsFallback() {
     if (fallback_ == 0) return false;
     --fallback_;
@@ -224,7 +224,7 @@ class Reader {
   }
 
   void Byte(unsigned char byte) {
-    // Bullets are mostly written as this byte of a symbol font, which need not be at hand here.
+    // Most writers make a bullet from this byte of a symbol font, which may not be installed here.
     Character(byte == 0xB7 && HasSymbolFont() ? kBullet : FromCodePage1252(byte));
   }
 

@@ -14,8 +14,9 @@ inline constexpr std::size_t kMaxRtfBytes = std::size_t{1} << 20;
 inline constexpr std::size_t kMaxRtfDepth = 256;
 inline constexpr std::size_t kMaxRtfFonts = 256;
 
-/// The text that `bytes` hold, or nothing when they are no RTF (do not start with "{\rtf").
-/// Bytes and \'hh are read as code page 1252. Damaged RTF gives what can be made of it. Takes linear time.
+/// The text that `bytes` hold, or nothing when they are not RTF (do not start with "{\rtf").
+/// Bytes and \'hh are read as code page 1252. Of damaged RTF the readable part is returned. Takes linear
+/// time.
 std::optional<RichText> ReadRtf(std::string_view bytes);
 
 }  // namespace shell::help

@@ -1,4 +1,4 @@
-/// How a turn goes on beyond the end of a scroll bar: each way of turning has its own rule.
+/// How a turn continues beyond the end of a scroll bar: each way of turning has its own rule.
 #pragma once
 
 #include "shell/navigation/scroll_bar.h"

@@ -1,4 +1,4 @@
-/// The numbers by which keys, modifiers and mouse buttons reach the main window's handlers.
+/// The codes of keys, modifiers and mouse buttons for the main window's handlers.
 #pragma once
 
 namespace shell::navigation {

@@ -5,29 +5,29 @@
 namespace shell::navigation {
 
 Navigation::Navigation() {
-  ScrollPitch.change = [this] { ScrollPitch_Change(); };
-  ScrollPitch.scroll = [this] { ScrollPitch_Scroll(); };
-  ScrollYaw.change = [this] { ScrollYaw_Change(); };
-  ScrollYaw.scroll = [this] { ScrollYaw_Scroll(); };
+  ScrollPitch.Change = [this] { ScrollPitch_Change(); };
+  ScrollPitch.Scroll = [this] { ScrollPitch_Scroll(); };
+  ScrollYaw.Change = [this] { ScrollYaw_Change(); };
+  ScrollYaw.Scroll = [this] { ScrollYaw_Scroll(); };
 }
 
 void Navigation::ResetRotation() {
   Rotation = {};
   ScrollPitch.SetValue(90);
   ScrollYaw.SetValue(0);
-  // A bar that already stood there has called nobody, and the rotation was just cleared.
+  // A bar that already had the value has not called its handler, and the rotation was just cleared.
   ScrollPitch_Change();
   ScrollYaw_Change();
 }
 
 void Navigation::ScrollPitch_Change() {
   Rotation.RotPitch = ScrollPitch.Value();
-  if (!Mouse.InMouseMove) Repaint();
+  if (!Mouse.InMouseMove) Actions.Repaint();
 }
 
 void Navigation::ScrollYaw_Change() {
   Rotation.RotYaw = ScrollYaw.Value();
-  if (!Mouse.InMouseMove) Repaint();
+  if (!Mouse.InMouseMove) Actions.Repaint();
 }
 
 void Navigation::WheelMoved(std::int32_t delta) {
@@ -47,14 +47,6 @@ void Navigation::NavigateByKey(std::string_view keyword) {
   if (keyword == "RIGHT") cmdRight_Click();
   if (keyword == "UP") cmdUp_Click();
   if (keyword == "DOWN") cmdDown_Click();
-}
-
-void Navigation::Repaint() {
-  if (actions.repaint) actions.repaint();
-}
-
-void Navigation::SetPointer(Pointer pointer) {
-  if (actions.setPointer) actions.setPointer(pointer);
 }
 
 }  // namespace shell::navigation

@@ -1,10 +1,10 @@
-/// Every way the user moves the camera and turns the model: keys, drags, wheel, bars, buttons, arrows.
+/// Every way to move the camera and turn the model: keys, drags, wheel, bars, buttons, arrows.
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string_view>
 
+#include "model/callback.h"
 #include "render/camera.h"
 #include "shell/navigation/scroll_bar.h"
 
@@ -12,14 +12,14 @@ namespace shell::navigation {
 
 enum class Pointer { kDefault, kUpArrow };
 
-/// What navigation asks of the window around it. Empty ones do nothing.
+/// What navigation asks of the window around it.
 struct NavigationActions {
-  std::function<void()> repaint;  ///< paints the view at once
-  std::function<void()> reload;   ///< runs the window's whole load routine
-  std::function<void()> endProgram;
-  std::function<void(float x, float y)> openCommandMenu;
-  std::function<void(Pointer)> setPointer;
-  std::function<void()> focusDummy;  ///< gives the focus to the Dummy box
+  model::Callback<> Repaint;  ///< paints the view at once
+  model::Callback<> Reload;   ///< runs the window's whole load routine
+  model::Callback<> EndProgram;
+  model::Callback<float, float> OpenCommandMenu;  ///< at x, y
+  model::Callback<Pointer> SetPointer;
+  model::Callback<> FocusDummy;  ///< gives the focus to the Dummy box
 };
 
 /// Where the pointer was at the previous mouse event, and how many moves the throttled drags have let pass.
@@ -45,7 +45,7 @@ class Navigation {
   Navigation(const Navigation&) = delete;
   Navigation& operator=(const Navigation&) = delete;
 
-  NavigationActions actions;
+  NavigationActions Actions;
 
   render::Camera Camera;
   render::ModelRotation Rotation;
@@ -101,8 +101,6 @@ class Navigation {
   void Form_MouseMove(int button, int shift, float x, float y);
 
  private:
-  void Repaint();
-  void SetPointer(Pointer pointer);
   void Slide(int index);
   void PressKey(int keyCode, int shift);
   void PressArrow(int keyCode, int shift);

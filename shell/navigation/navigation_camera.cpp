@@ -8,7 +8,7 @@ namespace shell::navigation {
 namespace {
 
 constexpr double kXBound = 40.0;
-// Deliberate: 3.142 and 6.28, not pi and 2 pi: they decide where a full round of steps comes back to.
+// Deliberate: 3.142 and 6.28, not pi and 2 pi: they decide where a full turn of steps ends.
 constexpr double kHalfTurn = 3.142;
 constexpr double kFullTurn = 6.28;
 constexpr std::int16_t kTilt = 10;
@@ -40,24 +40,24 @@ void Navigation::MoveCamera(double distance) {
 
 void Navigation::Move_Camera_In(int doubleStep) {
   MoveCamera(doubleStep != 0 ? 2.0 * Camera.CamStep : Camera.CamStep);
-  Repaint();
+  Actions.Repaint();
 }
 
 void Navigation::Move_Camera_Out(int doubleStep) {
   MoveCamera(doubleStep != 0 ? -2.0 * Camera.CamStep : -1.0 * Camera.CamStep);
-  Repaint();
+  Actions.Repaint();
 }
 
 void Navigation::Turn_Camera_Left() {
   Turn(Camera, 10.0);
   RestartPastFullTurn(Camera);
-  Repaint();
+  Actions.Repaint();
 }
 
 void Navigation::Turn_Camera_Right() {
   Turn(Camera, -10.0);
   if (Camera.CamYaw < 0.0F) Camera.CamYaw = model::Single(kFullTurn);
-  Repaint();
+  Actions.Repaint();
 }
 
 void Navigation::MouseTurn_Camera_Left(int byDelta) {
@@ -73,12 +73,12 @@ void Navigation::MouseTurn_Camera_Right(int byDelta) {
 
 void Navigation::Tilt_Camera_Up() {
   Camera.CamLook = model::Add16(Camera.CamLook, kTilt);
-  Repaint();
+  Actions.Repaint();
 }
 
 void Navigation::Tilt_Camera_Down() {
   Camera.CamLook = model::Add16(Camera.CamLook, -kTilt);
-  Repaint();
+  Actions.Repaint();
 }
 
 void Navigation::MouseTilt_Camera_Up(int byDelta) {
@@ -106,12 +106,12 @@ void Navigation::Slide(int index) {
     default:
       break;
   }
-  Repaint();
+  Actions.Repaint();
 }
 
 void Navigation::Trans_Click(int index) {
   Slide(index);
-  if (actions.focusDummy) actions.focusDummy();
+  Actions.FocusDummy();
 }
 
 }  // namespace shell::navigation

@@ -71,7 +71,7 @@ void TurnCamera(Navigation& view, int arrow) {
 
 void Navigation::Form_KeyDown(int keyCode, int shift) {
   try {
-    if (shift == kShift && !WalkMode) SetPointer(Pointer::kUpArrow);
+    if (shift == kShift && !WalkMode) Actions.SetPointer(Pointer::kUpArrow);
     PressKey(keyCode, shift);
   } catch (const model::Fault&) {
     // Deliberate: a key never ends the program, not even Home on a package that no longer builds.
@@ -79,7 +79,7 @@ void Navigation::Form_KeyDown(int keyCode, int shift) {
 }
 
 void Navigation::Form_KeyUp(int /*keyCode*/, int shift) {
-  if (shift == 0 && !WalkMode) SetPointer(Pointer::kDefault);
+  if (shift == 0 && !WalkMode) Actions.SetPointer(Pointer::kDefault);
 }
 
 void Navigation::Dummy_Click() { Form_KeyDown(kHome, 0); }
@@ -109,10 +109,10 @@ bool Navigation::AnswersTo(int keyCode) {
 void Navigation::PressKey(int keyCode, int shift) {
   switch (keyCode) {
     case kEscape:
-      if (actions.endProgram) actions.endProgram();
+      Actions.EndProgram();
       break;
     case kHome:
-      if (actions.reload) actions.reload();
+      Actions.Reload();
       break;
     case kLeft:
     case kUp:

@@ -2,12 +2,13 @@
 #include "shell/navigation/bar_wrap.h"
 #include "shell/navigation/input_codes.h"
 #include "shell/navigation/navigation.h"
+#include "shell/navigation/scoped_flag.h"
 
 namespace shell::navigation {
 
 namespace {
 
-/// One mouse move as its drags see it. Directions are against the last rounded position.
+/// One mouse move. Its directions are against the last rounded position.
 struct Move {
   Move(const MouseTracking& last, int button, int shift, float x, float y)
       : Button(button),
@@ -21,18 +22,6 @@ struct Move {
 
   int Button, Shift;
   bool Left, Right, Up, Down;
-};
-
-/// Holds InMouseMove for as long as a move is handled, and lets go when a fault ends it as well.
-class HandlingMove {
- public:
-  explicit HandlingMove(MouseTracking& mouse) : mouse_(mouse) { mouse_.InMouseMove = true; }
-  ~HandlingMove() { mouse_.InMouseMove = false; }
-  HandlingMove(const HandlingMove&) = delete;
-  HandlingMove& operator=(const HandlingMove&) = delete;
-
- private:
-  MouseTracking& mouse_;
 };
 
 /// Each event turns the model by one degree, however far the pointer went.
@@ -80,7 +69,7 @@ void PanDrag(Navigation& view, const Move& move) {
   view.Mouse.PanTick = 0;
 }
 
-/// Counts every move as PanDrag does; in walk mode nothing is held back.
+/// Counts every move as PanDrag does; in walk mode every move steps.
 void ZoomDrag(Navigation& view, const Move& move) {
   if (view.Mouse.ZoomTick < 3 && !view.WalkMode) {
     view.Mouse.ZoomTick++;
@@ -109,7 +98,7 @@ void SlideDrag(Navigation& view, const Move& move) {
 
 void Navigation::Form_MouseDown(int button, int shift, float x, float y) {
   if (button == kRightButton && shift == 0) {
-    if (actions.openCommandMenu) actions.openCommandMenu(x, y);
+    Actions.OpenCommandMenu(x, y);
     return;
   }
   Mouse.LastX = x;
@@ -120,7 +109,7 @@ void Navigation::Form_MouseDown(int button, int shift, float x, float y) {
 
 void Navigation::Form_DblClick() {
   WalkMode = !WalkMode;
-  SetPointer(WalkMode ? Pointer::kUpArrow : Pointer::kDefault);
+  Actions.SetPointer(WalkMode ? Pointer::kUpArrow : Pointer::kDefault);
 }
 
 void Navigation::Form_MouseMove(int button, int shift, float x, float y) {
@@ -128,7 +117,7 @@ void Navigation::Form_MouseMove(int button, int shift, float x, float y) {
   Mouse.DeltaY = model::Single(double(Mouse.LastY) - double(y));
   Mouse.LastX = x;
   Mouse.LastY = y;
-  const HandlingMove handling(Mouse);
+  const ScopedFlag handling(Mouse.InMouseMove);
   const Move move(Mouse, button, shift, x, y);
 
   if (move.Is(kLeftButton, 0) && !WalkMode) StepDrag(*this, move);
@@ -140,7 +129,7 @@ void Navigation::Form_MouseMove(int button, int shift, float x, float y) {
 
   Mouse.LastXi = model::NearestLong(double(x));
   Mouse.LastYi = model::NearestLong(double(y));
-  Repaint();
+  Actions.Repaint();
 }
 
 }  // namespace shell::navigation

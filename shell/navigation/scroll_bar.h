@@ -1,13 +1,14 @@
-/// A scroll bar's value without the bar: limits, clamping, and who hears of a change.
+/// A scroll bar's value without the bar: limits, clamping, change events.
 #pragma once
 
 #include <cstdint>
-#include <functional>
+
+#include "model/callback.h"
 
 namespace shell::navigation {
 
-/// The bar on the screen follows through show, and gives what the user does to SetValue or Drag.
-/// A value out of range is clamped; the value it has already changes nothing and calls nobody.
+/// The bar on the screen follows by Show and passes what the user does to SetValue or Drag. A value out of
+/// range is clamped; setting the present value calls nothing.
 class ScrollBar {
  public:
   /// Starts at 0, or at the limit nearest to it.
@@ -17,15 +18,15 @@ class ScrollBar {
   std::int16_t Max() const { return max_; }
   std::int16_t Value() const { return value_; }
 
-  /// The program, a click or a page step sets the value: show, then change.
+  /// The program, a click or a page step sets the value: Show, then Change.
   void SetValue(int value);
 
-  /// The user drags the thumb: show, then scroll.
+  /// The user drags the thumb: Show, then Scroll.
   void Drag(int value);
 
-  std::function<void(std::int16_t value)> show;  ///< brings the bar on the screen to the value
-  std::function<void()> change;
-  std::function<void()> scroll;
+  model::Callback<std::int16_t> Show;  ///< sets the bar on the screen to this value
+  model::Callback<> Change;
+  model::Callback<> Scroll;
 
  private:
   bool Store(int value);

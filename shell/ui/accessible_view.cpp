@@ -4,6 +4,7 @@
 #include <QAccessibleWidget>
 #include <QMenu>
 
+#include "setup/ui/loop_view.h"
 #include "shell/ui/gl_view.h"
 #include "shell/ui/view_controls.h"
 
@@ -11,7 +12,7 @@ namespace shell::ui {
 
 namespace {
 
-/// A widget with one action of its own beside the toolkit's "SetFocus".
+/// A widget with one action beside Qt's "SetFocus".
 class ActingWidget : public QAccessibleWidget {
  public:
   ActingWidget(QWidget* widget, QAccessible::Role role, const QString& action)
@@ -36,9 +37,7 @@ class AccessibleView final : public ActingWidget {
       : ActingWidget(view, QAccessible::Canvas, showMenuAction()), view_(view) {}
 
  private:
-  void Act() override {
-    if (view_->menuAsked) view_->menuAsked();
-  }
+  void Act() override { view_->MenuAsked(); }
 
   GlView* view_;
 };
@@ -49,14 +48,12 @@ class AccessibleDummy final : public ActingWidget {
       : ActingWidget(box, QAccessible::Button, pressAction()), box_(box) {}
 
  private:
-  void Act() override {
-    if (box_->clicked) box_->clicked();
-  }
+  void Act() override { box_->Clicked(); }
 
   DummyBox* box_;
 };
 
-/// A plain window: the toolkit calls it a mere filler, and leaves out the menu that stands open on it.
+/// A plain window: Qt gives it the role of a filler and leaves out its open menu.
 class AccessibleWindow final : public QAccessibleWidget {
  public:
   explicit AccessibleWindow(QWidget* window) : QAccessibleWidget(window, QAccessible::Window) {}
@@ -95,6 +92,9 @@ QAccessibleInterface* Create(const QString& kind, QObject* object) {
 
 }  // namespace
 
-void InstallAccessibleViews() { QAccessible::installFactory(Create); }
+void InstallAccessibleViews() {
+  QAccessible::installFactory(Create);
+  setup::ui::InstallAccessibleLoopView();
+}
 
 }  // namespace shell::ui

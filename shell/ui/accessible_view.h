@@ -1,11 +1,11 @@
-/// What assistive technology sees of the view, the Dummy box and the windows round them, of which the toolkit
-/// knows too little.
+/// What assistive technology sees of the view, the Dummy box, the loop picture and plain windows. Qt's own
+/// roles and actions do not suffice there.
 #pragma once
 
 namespace shell::ui {
 
 /// To be called once, before the first window: gives the view its "ShowMenu" action and the box its "Press",
-/// and makes plain windows frames that list their open menu.
+/// and makes plain windows frames whose open menu is a child.
 void InstallAccessibleViews();
 
 }  // namespace shell::ui

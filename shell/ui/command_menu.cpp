@@ -22,7 +22,7 @@ CommandMenuPopup::CommandMenuPopup(Commands& commands, QWidget* parent) : QMenu(
     } else {
       action = levels.back()->addAction(entry.Caption);
       connect(action, &QAction::triggered, this, [this, &commands, click = entry.Click] {
-        // Assistive technology chooses without closing.
+        // Assistive technology triggers an entry without closing the menu.
         hide();
         (commands.*click)();
       });

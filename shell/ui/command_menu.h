@@ -1,4 +1,4 @@
-/// The command menu as a pop-up of the toolkit.
+/// The command menu as a pop-up menu.
 #pragma once
 
 #include <QMenu>

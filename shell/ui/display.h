@@ -3,8 +3,7 @@
 
 namespace shell::ui {
 
-/// A connection to the X server, held while the toolkit makes its own: a server without any client left may
-/// start anew just then, and the toolkit would find nobody.
+/// Holds an X connection while Qt opens its own: a server that loses its last client may reset.
 class DisplayConnection {
  public:
   /// `name` as on the command line; null for the one that DISPLAY names.

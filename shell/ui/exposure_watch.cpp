@@ -12,8 +12,7 @@ namespace shell::ui {
 
 namespace {
 
-/// The window that an event is about, of those events with which the toolkit exposes one: it does so on its
-/// own when a window shrinks.
+/// The window of an event that makes Qt expose it: Qt does so itself when a window shrinks.
 xcb_window_t WindowOf(const xcb_generic_event_t& event) {
   const void* const whole = &event;
   switch (event.response_type & 0x7F) {
@@ -39,7 +38,7 @@ ExposureWatch::~ExposureWatch() { QCoreApplication::instance()->removeNativeEven
 void ExposureWatch::FrameFollows() {
   const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
   if (x11 == nullptr) return;
-  // The library that frames go through learns of the toolkit's own requests only with its next one.
+  // Xlib does not see requests that Qt sent over XCB until it sends one itself.
   XNoOp(x11->display());
   frame_ = static_cast<std::uint32_t>(XNextRequest(x11->display()));
   due_ = false;
@@ -48,12 +47,12 @@ void ExposureWatch::FrameFollows() {
 bool ExposureWatch::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*) {
   if (eventType != "xcb_generic_event_t") return false;
   const auto& event = *static_cast<const xcb_generic_event_t*>(message);
-  // To ask a window that is gone for its number would make it anew.
+  // winId() would create a window again that is gone.
   if (window_.handle() == nullptr || WindowOf(event) != window_.winId()) return false;
-  // The numbers wrap round.
+  // The numbers wrap around.
   const bool afterFrame = static_cast<std::int32_t>(event.full_sequence - frame_) >= 0;
   due_ = due_ || afterFrame;
-  // The toolkit would take out of the queue, unseen here, what was exposed since, and count it to this one.
+  // Qt would merge later exposures, which this filter has not seen, into this one.
   return !due_ && (event.response_type & 0x7F) == XCB_EXPOSE && window_.isExposed();
 }
 

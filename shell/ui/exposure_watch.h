@@ -1,4 +1,4 @@
-/// Tells exposures that ask for a frame from those that a frame has mended already.
+/// Separates exposures that need a frame from those that a later frame has already covered.
 #pragma once
 
 #include <QAbstractNativeEventFilter>
@@ -8,10 +8,9 @@ class QWindow;
 
 namespace shell::ui {
 
-/// A window hears of the exposure that its new size brings only after the load that the size brings too, and
-/// after that load's frame. Painting again would show the same picture at double cost. The display numbers
-/// all requests and says with each event which was the last one that it had seen: what it tells of a time
-/// before the last frame lies under that frame. Where the display is not X, every exposure is due.
+/// A resize reloads and draws a frame; the Expose for that resize arrives later. X stamps each event with the
+/// last request processed, so an event older than our last frame needs no repaint. Where the display is not
+/// X, every exposure is due.
 class ExposureWatch final : public QAbstractNativeEventFilter {
  public:
   explicit ExposureWatch(const QWindow& window);
@@ -19,7 +18,7 @@ class ExposureWatch final : public QAbstractNativeEventFilter {
 
   /// Call just before a frame for the whole window goes to the display.
   void FrameFollows();
-  /// Whether the display has told anything of the window since the last frame.
+  /// Whether an exposure was sent after the last frame.
   bool Due() const { return due_; }
 
   bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;

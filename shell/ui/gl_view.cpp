@@ -18,7 +18,7 @@ QSurfaceFormat WantedFormat() {
   format.setDepthBufferSize(24);
   format.setSamples(0);
   format.setSwapBehavior(QSurfaceFormat::DoubleBuffer);
-  // Every input event paints at once; waiting for the screen would make the hand feel it.
+  // Every input event paints at once; waiting for the screen would make the input lag.
   format.setSwapInterval(0);
   return format;
 }
@@ -59,8 +59,8 @@ GlView::~GlView() { GlView::DeleteContext(); }
 
 bool GlView::CreateContext() {
   DeleteContext();
-  // A hidden widget hears of its size only when it is shown, and the driver keeps the size that it finds
-  // first.
+  // A hidden widget gets no resize event until it is shown, and the driver keeps the first size that it
+  // finds.
   FitSurface();
   context_ = std::make_unique<QOpenGLContext>();
   context_->setFormat(WantedFormat());
@@ -93,7 +93,7 @@ render::PixelSize GlView::Size() const {
 }
 
 bool GlView::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Expose && surface_->isExposed() && exposures_->Due() && exposed) exposed();
+  if (event->type() == QEvent::Expose && surface_->isExposed() && exposures_->Due()) Exposed();
   return QWidget::eventFilter(watched, event);
 }
 
@@ -101,7 +101,7 @@ void GlView::FitSurface() { surface_->setGeometry(QRect(QPoint(0, 0), size())); 
 
 void GlView::SizeChanged() {
   FitSurface();
-  if (resized) resized();
+  Resized();
 }
 
 void GlView::resizeEvent(QResizeEvent* event) {

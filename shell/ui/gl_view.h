@@ -3,9 +3,9 @@
 
 #include <QOpenGLContext>
 #include <QWidget>
-#include <functional>
 #include <memory>
 
+#include "model/callback.h"
 #include "render/gl/gl_surface.h"
 #include "shell/ui/exposure_watch.h"
 
@@ -20,12 +20,12 @@ class GlView final : public QWidget, public render::gl::GlSurface {
   ~GlView() override;
 
   /// The view must be drawn again: it was uncovered.
-  std::function<void()> exposed;
+  model::Callback<> Exposed;
   /// The view may have a new size in pixels.
-  std::function<void()> resized;
+  model::Callback<> Resized;
 
   /// Assistive technology asks for the command menu.
-  std::function<void()> menuAsked;
+  model::Callback<> MenuAsked;
 
   bool CreateContext() override;
   bool MakeCurrent() override;

@@ -20,7 +20,7 @@ constexpr int kTwipsPerPixel = 15;
 constexpr QSize kFirstSize(720, 600);
 constexpr double kPageMargin = 12;
 
-/// What is left of a length in pixels without so many twips; never negative.
+/// A length in pixels less so many twips; never negative.
 int Without(int twips, int pixels) {
   const int left = std::max(pixels * kTwipsPerPixel - twips, 0);
   return (left + kTwipsPerPixel / 2) / kTwipsPerPixel;
@@ -28,12 +28,12 @@ int Without(int twips, int pixels) {
 
 }  // namespace
 
-HelpWindow::HelpWindow(QWidget* owner) : QWidget(owner, Qt::Window), Txt(new QTextBrowser(this)) {
+HelpWindow::HelpWindow(QWidget* owner) : QWidget(owner, Qt::Window), Txt_(new QTextBrowser(this)) {
   setWindowTitle("3D Navigation");
-  Txt->setObjectName("Txt");
-  Txt->setAccessibleName("Help text");
-  Txt->setUndoRedoEnabled(false);
-  Txt->setOpenLinks(false);
+  Txt_->setObjectName("Txt");
+  Txt_->setAccessibleName("Help text");
+  Txt_->setUndoRedoEnabled(false);
+  Txt_->setOpenLinks(false);
   resize(kFirstSize);
 }
 
@@ -41,18 +41,18 @@ void HelpWindow::Open(const QString& caption, const std::string& path) {
   setWindowTitle(caption);
   const std::optional<help::RichText> text = help::ReadRtf(model::ReadWholeFile(path));
   if (!text) throw model::FileFault("Not a rich text file", std::string(model::FileNameOf(path)));
-  PourRichText(*text, static_cast<double>(Txt->logicalDpiX()) / kTwipsPerInch, *Txt->document());
-  Txt->document()->setDocumentMargin(kPageMargin);
-  Txt->moveCursor(QTextCursor::Start);
+  PourRichText(*text, static_cast<double>(Txt_->logicalDpiX()) / kTwipsPerInch, *Txt_->document());
+  Txt_->document()->setDocumentMargin(kPageMargin);
+  Txt_->moveCursor(QTextCursor::Start);
   show();
   raise();
   activateWindow();
 }
 
 void HelpWindow::Form_Resize() {
-  // The whole window is meant, frame and caption included: the difference leaves room for them.
+  // The outer size, with frame and caption: the difference leaves room for them.
   const QSize outer = frameGeometry().size();
-  Txt->setGeometry(0, 0, Without(200, outer.width()), Without(450, outer.height()));
+  Txt_->setGeometry(0, 0, Without(200, outer.width()), Without(450, outer.height()));
 }
 
 void HelpWindow::resizeEvent(QResizeEvent* event) {
@@ -60,7 +60,7 @@ void HelpWindow::resizeEvent(QResizeEvent* event) {
   Form_Resize();
 }
 
-// The frame is known only once the window manager has placed the window, which it tells by a move.
+// The frame's size is known once the window manager has placed the window: then a move event arrives.
 void HelpWindow::moveEvent(QMoveEvent* event) {
   QWidget::moveEvent(event);
   Form_Resize();

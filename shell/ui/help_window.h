@@ -8,14 +8,14 @@ class QTextBrowser;
 
 namespace shell::ui {
 
-/// One instance serves both pages; nothing is ever saved from it.
+/// One instance shows both pages; the text is read-only.
 class HelpWindow : public QWidget {
  public:
-  /// `owner` is the main window: this one stays in front of it, and goes with it.
+  /// `owner` is the main window: this one stays in front of it and is deleted with it.
   explicit HelpWindow(QWidget* owner);
 
   /// Puts the page into the window and shows it, in front if it was shown already.
-  /// Faults  FileFault when the file cannot be read or is no rich text
+  /// Faults  FileFault when the file cannot be read or is not rich text
   void Open(const QString& caption, const std::string& path);
 
  protected:
@@ -26,7 +26,7 @@ class HelpWindow : public QWidget {
  private:
   void Form_Resize();
 
-  QTextBrowser* Txt;
+  QTextBrowser* Txt_;
 };
 
 }  // namespace shell::ui

@@ -46,7 +46,7 @@ void ListSelection::reset() {
 void ListSelection::SelectQuietly(const EntryRanges& ranges) {
   flags_.assign(static_cast<std::size_t>(model()->rowCount()), false);
   for (const EntryRange& range : ranges)
-    for (std::size_t i = range.first; i <= range.last; ++i) flags_[i] = true;
+    for (std::size_t i = range.First; i <= range.Last; ++i) flags_[i] = true;
   settled_ = flags_;
   Fill();
 }
@@ -62,11 +62,12 @@ QItemSelection ListSelection::Pieces(const std::vector<bool>& flags) const {
   QItemSelection pieces;
   pieces.reserve(static_cast<qsizetype>(ranges.size()));
   for (const EntryRange& range : ranges) {
-    const QModelIndex first = model()->index(static_cast<int>(range.first), 0);
-    if (range.first == range.last)
-      pieces.append(QItemSelectionRange(first));  // dearer with two indexes, and the usual case when many
+    const QModelIndex first = model()->index(static_cast<int>(range.First), 0);
+    if (range.First == range.Last)
+      pieces.append(
+          QItemSelectionRange(first));  // cheaper than with two indexes, and the usual case among many
     else
-      pieces.append(QItemSelectionRange(first, model()->index(static_cast<int>(range.last), 0)));
+      pieces.append(QItemSelectionRange(first, model()->index(static_cast<int>(range.Last), 0)));
   }
   return pieces;
 }

@@ -1,4 +1,4 @@
-/// The selection of a long list, quick however many separate pieces it has.
+/// The selection of a long list, fast however many ranges it has.
 #pragma once
 
 #include <QItemSelectionModel>
@@ -8,9 +8,9 @@
 
 namespace shell::ui {
 
-/// For models of one column. The toolkit's own routine compares each piece of the old selection with each
-/// of the new one: seconds at 16,000 pieces. Here every change is worked out on one flag per entry, and the
-/// toolkit's storage, from which views and screen readers read, is only ever filled from empty.
+/// For models of one column. QItemSelectionModel compares each range of the old selection with each of the
+/// new one: seconds at 16,000 ranges. Here every change is computed on one flag per entry, and Qt's storage,
+/// which views and screen readers read, is only ever filled from empty.
 class ListSelection : public QItemSelectionModel {
  public:
   using QItemSelectionModel::QItemSelectionModel;
@@ -19,7 +19,7 @@ class ListSelection : public QItemSelectionModel {
   void select(const QItemSelection& selection, SelectionFlags command) override;
   void reset() override;
 
-  /// Selects exactly these entries and tells nobody.
+  /// Selects exactly these entries, with no signal.
   void SelectQuietly(const EntryRanges& ranges);
   EntryRanges Selected() const { return RangesOf(flags_); }
 
@@ -28,7 +28,7 @@ class ListSelection : public QItemSelectionModel {
   QItemSelection Pieces(const std::vector<bool>& flags) const;
 
   std::vector<bool> flags_;
-  std::vector<bool> settled_;  ///< without the stretch that a drag or a Shift key is still changing
+  std::vector<bool> settled_;  ///< the selection before the current drag or Shift range
 };
 
 }  // namespace shell::ui

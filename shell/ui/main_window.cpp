@@ -23,7 +23,7 @@ namespace shell::ui {
 
 namespace {
 
-/// Where the user's own data go when the program's folder cannot be written.
+/// For the parameter file when the program's folder cannot be written.
 std::string UserFolder() {
   return QFile::encodeName(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)).toStdString();
 }
@@ -46,7 +46,7 @@ MainWindow::MainWindow(const StartUp& startUp, ProgramEnd& end, setup::FileDialo
       input_(form_, end_, *view_),
       dialogs_(this),
       Filn_(Filn != nullptr ? *Filn : dialogs_),
-      estimator_(startUp.programFolder, UserFolder()),
+      estimator_(startUp.ProgramFolder, UserFolder()),
       setupForm_(form_.Settings(), form_.Package(), Filn_, estimator_),
       commands_(form_, end_, Filn_),
       DoMnu_(new CommandMenuPopup(commands_, this)),
@@ -70,52 +70,52 @@ void MainWindow::LayOut() {
   grid->addWidget(view_, 0, 0);
   grid->addWidget(controls_.ScrollPitch, 0, 1);
   grid->addWidget(controls_.ScrollYaw, 1, 0);
-  grid->addWidget(controls_.strip, 2, 0, 1, 2);
+  grid->addWidget(controls_.Strip, 2, 0, 1, 2);
   grid->setRowStretch(0, 1);
   grid->setColumnStretch(0, 1);
-  // Room for the frame and the desktop's own bars stays on a small screen.
+  // Leaves room for the frame and the desktop's bars on a small screen.
   resize(QSize(1024, 800).boundedTo(screen()->availableSize() * 0.85));
 }
 
 void MainWindow::WireNavigation() {
-  navigation::NavigationActions& actions = form_.Navigator().actions;
-  actions.setPointer = [this](navigation::Pointer pointer) {
+  navigation::NavigationActions& actions = form_.Navigator().Actions;
+  actions.SetPointer = [this](navigation::Pointer pointer) {
     pointer == navigation::Pointer::kUpArrow ? setCursor(Qt::UpArrowCursor) : unsetCursor();
   };
-  actions.openCommandMenu = [this](float x, float y) {
+  actions.OpenCommandMenu = [this](float x, float y) {
     OpenMenu(view_->mapToGlobal(QPointF(double(x), double(y)).toPoint()));
   };
-  view_->menuAsked = [this] { input_.OpenMenuByKey(); };
-  view_->exposed = [this] { end_.Run([this] { form_.Form_Paint(); }); };
+  view_->MenuAsked = [this] { input_.OpenMenuByKey(); };
+  view_->Exposed = [this] { end_.Run([this] { form_.Form_Paint(); }); };
 }
 
 void MainWindow::WireForm() {
-  MainFormActions& actions = form_.actions;
-  actions.setCaption = [this](const std::string& caption) {
+  MainFormActions& actions = form_.Actions;
+  actions.SetCaption = [this](const std::string& caption) {
     setWindowTitle(QFile::decodeName(caption.c_str()));
   };
-  actions.enableHelp = [this](bool navigation, bool viewer) {
+  actions.EnableHelp = [this](bool navigation, bool viewer) {
     DoMnu_->SetEnabled("DoNavHelp", navigation);
     DoMnu_->SetEnabled("DoViewHelp", viewer);
   };
-  actions.hookWheel = [this] { input_.HookWheel(); };
-  actions.unhookWheel = [this] { input_.UnhookWheel(); };
-  actions.packageRead = [this] {
+  actions.HookWheel = [this] { input_.HookWheel(); };
+  actions.UnhookWheel = [this] { input_.UnhookWheel(); };
+  actions.PackageRead = [this] {
     if (PinList_) PinList_->PackageChanged();
   };
-  actions.resetWireBondSetup = [this] { setupForm_.RunCommand3(); };
-  setupForm_.upward.rebuildAndRepaint = [this] { form_.RebuildAndRepaint(); };
-  wireListForm_.upward.rebuildAndRepaint = [this] { end_.Run([this] { form_.RebuildAndRepaint(); }); };
+  actions.ResetWireBondSetup = [this] { setupForm_.RunCommand3(); };
+  setupForm_.Actions.RebuildAndRepaint = [this] { form_.RebuildAndRepaint(); };
+  wireListForm_.Actions.RebuildAndRepaint = [this] { end_.Run([this] { form_.RebuildAndRepaint(); }); };
 }
 
 void MainWindow::WireCommands() {
-  CommandActions& actions = commands_.actions;
-  actions.unloadWireList = [this] {
+  CommandActions& actions = commands_.Actions;
+  actions.UnloadWireList = [this] {
     if (!PinList_) return;
     PinList_->close();
     PinList_.reset();
   };
-  actions.showWireBondSetup = [this] {
+  actions.ShowWireBondSetup = [this] {
     if (!BWsu_) {
       BWsu_ = std::make_unique<setup::ui::SetupWindow>(
           setupForm_, [this](const std::function<void()>& handler) { end_.Run(handler); });
@@ -123,22 +123,22 @@ void MainWindow::WireCommands() {
     }
     BWsu_->DoBondWireSetup();
   };
-  actions.showWireList = [this] {
+  actions.ShowWireList = [this] {
     if (!PinList_) {
       PinList_ = std::make_unique<WireListWindow>(wireListForm_);
       PlaceFirst(*PinList_, BWsu_.get());
     }
     PinList_->DoWireList();
   };
-  actions.setUpPrinter = [this] { printing_.SetUp(); };
-  actions.print = [this](const render::Picture& picture, bool fit) {
+  actions.SetUpPrinter = [this] { printing_.SetUp(); };
+  actions.Print = [this](const render::Picture& picture, bool fit) {
     printing_.Print(picture, fit, form_.Package().PackagePath);
   };
-  actions.showHelp = [this](const std::string& caption, const std::string& path) {
+  actions.ShowHelp = [this](const std::string& caption, const std::string& path) {
     if (Hlp_ == nullptr) Hlp_ = new HelpWindow(this);
     Hlp_->Open(QString::fromStdString(caption), path);
   };
-  actions.showAbout = [this] {
+  actions.ShowAbout = [this] {
     if (about_ == nullptr) {
       about_ = new AboutWindow(this);
       connect(about_, &QDialog::finished, this, [this] { activateWindow(); });
@@ -149,7 +149,7 @@ void MainWindow::WireCommands() {
   };
 }
 
-/// A window that opens for the first time leaves the view free; where the user moves it later, it stays.
+/// A window that opens for the first time does not cover the view; later it stays where the user moved it.
 void MainWindow::PlaceFirst(QWidget& window, const QWidget* other) {
   std::vector<QRect> taken{frameGeometry()};
   if (other != nullptr && other->isVisible()) taken.push_back(other->frameGeometry());
@@ -166,7 +166,7 @@ void MainWindow::Load() {
       windowHandle(), &QWindow::screenChanged, this, [this] { FitNativeChildren(); }, Qt::QueuedConnection);
   layout()->activate();
   end_.Run([this] { form_.Form_Load(); });
-  view_->resized = [this] {
+  view_->Resized = [this] {
     if (!isMinimized()) end_.Run([this] { form_.Form_Resize(); });
   };
   view_->setFocus();
@@ -181,8 +181,8 @@ void MainWindow::FitNativeChildren() {
 }
 
 bool MainWindow::event(QEvent* event) {
-  // A dialog has closed: without a window manager nobody else gives the keyboard back. While the setup window
-  // is shown, though, the dialog may have been its own.
+  // After a dialog the main window takes the keyboard back, as no window manager may be there to give it.
+  // While the setup window is shown, the dialog may have been that window's.
   if (event->type() == QEvent::WindowUnblocked && !(BWsu_ && BWsu_->isVisible())) activateWindow();
   return QWidget::event(event);
 }

@@ -1,4 +1,4 @@
-/// The main window: the view with its controls, the command menu, and the wiring of all that hangs on them.
+/// The main window: the view with its controls, the command menu, and the wiring between forms and windows.
 #pragma once
 
 #include <QWidget>
@@ -26,7 +26,7 @@ class WireListWindow;
 
 class MainWindow final : public QWidget {
  public:
-  /// `Filn`: the dialogs to ask with instead of the toolkit's; must live longer.
+  /// `Filn`: dialogs to use instead of Qt's; must live longer.
   MainWindow(const StartUp& startUp, ProgramEnd& end, setup::FileDialog* Filn = nullptr);
   ~MainWindow() override;
 

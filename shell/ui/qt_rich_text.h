@@ -1,4 +1,4 @@
-/// Pours rich text into a document of the toolkit.
+/// Puts rich text into a QTextDocument.
 #pragma once
 
 #include "shell/help/rich_text.h"
@@ -8,7 +8,7 @@ class QTextDocument;
 namespace shell::ui {
 
 /// Replaces all that `document` holds by `text`.
-/// Units   `pixelsPerTwip`: how long a twip is where the document is shown
+/// Units   `pixelsPerTwip`: the length of a twip where the document is shown
 void PourRichText(const help::RichText& text, double pixelsPerTwip, QTextDocument& document);
 
 }  // namespace shell::ui

@@ -21,7 +21,7 @@ BoundScrollBar::BoundScrollBar(navigation::ScrollBar& bar, Qt::Orientation orien
   setFocusPolicy(Qt::NoFocus);
   setContextMenuPolicy(Qt::NoContextMenu);
   setAccessibleName(name);
-  bar.show = [this](std::int16_t value) { setValue(value); };
+  bar.Show = [this](std::int16_t value) { setValue(value); };
   connect(this, &QScrollBar::valueChanged, this, [this, &bar, &end](int value) {
     end.Run([&] { isSliderDown() ? bar.Drag(value) : bar.SetValue(value); });
   });
@@ -57,7 +57,7 @@ void ArrowPicture::paintEvent(QPaintEvent* event) {
 
 DummyBox::DummyBox(QWidget* parent) : QLineEdit(parent) {
   setReadOnly(true);
-  setAcceptDrops(false);  // what is dropped here is the window's
+  setAcceptDrops(false);  // the main window takes what is dropped here
   setContextMenuPolicy(Qt::NoContextMenu);
   setAccessibleName("Reset view");
   setAccessibleDescription("Reads the package again and goes back to the first view, as the Home key does");
@@ -68,10 +68,10 @@ DummyBox::DummyBox(QWidget* parent) : QLineEdit(parent) {
 
 void DummyBox::mousePressEvent(QMouseEvent* event) {
   QLineEdit::mousePressEvent(event);
-  if (event->button() == Qt::LeftButton && clicked) clicked();
+  if (event->button() == Qt::LeftButton) Clicked();
 }
 
-/// A little house: the Home key's picture, as a blank box says nothing.
+/// A small house, for the Home key.
 void DummyBox::paintEvent(QPaintEvent* event) {
   QLineEdit::paintEvent(event);
   QPainter painter(this);
@@ -91,7 +91,7 @@ ViewControls::ViewControls(navigation::Navigation& navigation, ProgramEnd& end, 
     : ScrollPitch(new BoundScrollBar(navigation.ScrollPitch, Qt::Vertical, "Pitch", end, parent)),
       ScrollYaw(new BoundScrollBar(navigation.ScrollYaw, Qt::Horizontal, "Yaw", end, parent)),
       Dummy(new DummyBox(parent)),
-      strip(new QWidget(parent)) {
+      Strip(new QWidget(parent)) {
   struct Button {
     const char* Caption;
     const char* Description;
@@ -105,30 +105,30 @@ ViewControls::ViewControls(navigation::Navigation& navigation, ProgramEnd& end, 
       {"U", "Tilts the camera up", &navigation::Navigation::cmdUp_Click},
       {"D", "Tilts the camera down", &navigation::Navigation::cmdDown_Click},
   };
-  auto* const row = new QHBoxLayout(strip);
+  auto* const row = new QHBoxLayout(Strip);
   row->setContentsMargins(4, 4, 4, 4);
   row->setSpacing(4);
   for (const Button& button : kButtons) {
-    auto* const push = new QPushButton(button.Caption, strip);
+    auto* const push = new QPushButton(button.Caption, Strip);
     push->setFocusPolicy(Qt::NoFocus);
     push->setAccessibleDescription(button.Description);
     push->setToolTip(button.Description);
-    // Wide enough for the caption and no wider: all of them fit a window of 640 pixels.
+    // No wider than the caption: all of them fit into a window of 640 pixels.
     push->setFixedWidth(push->fontMetrics().horizontalAdvance(push->text()) + 24);
-    QObject::connect(push, &QPushButton::clicked, strip,
+    QObject::connect(push, &QPushButton::clicked, Strip,
                      [&navigation, &end, click = button.Click] { end.Run([&] { (navigation.*click)(); }); });
     row->addWidget(push);
   }
   row->addStretch();
   for (int index = 0; index < 4; ++index) {
-    auto* const arrow = new ArrowPicture(index, strip);
-    QObject::connect(arrow, &QPushButton::clicked, strip,
+    auto* const arrow = new ArrowPicture(index, Strip);
+    QObject::connect(arrow, &QPushButton::clicked, Strip,
                      [&navigation, &end, index] { end.Run([&] { navigation.Trans_Click(index); }); });
     row->addWidget(arrow);
   }
   row->addWidget(Dummy);
-  navigation.actions.focusDummy = [this] { Dummy->setFocus(); };
-  Dummy->clicked = [&navigation, &end] { end.Run([&] { navigation.Dummy_Click(); }); };
+  navigation.Actions.FocusDummy = [this] { Dummy->setFocus(); };
+  Dummy->Clicked = [&navigation, &end] { end.Run([&] { navigation.Dummy_Click(); }); };
 }
 
 }  // namespace shell::ui

@@ -5,8 +5,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
-#include <functional>
 
+#include "model/callback.h"
 #include "shell/navigation/navigation.h"
 
 namespace shell {
@@ -15,7 +15,7 @@ class ProgramEnd;
 
 namespace shell::ui {
 
-/// A scroll bar that shows a ScrollBar and hands it what the user does. It takes neither keys nor the wheel,
+/// A scroll bar that shows a ScrollBar and passes user input to it. It takes neither keys nor the wheel,
 /// which move the camera.
 class BoundScrollBar final : public QScrollBar {
  public:
@@ -39,20 +39,20 @@ class ArrowPicture final : public QPushButton {
   int index_;
 };
 
-/// The Dummy box: it has the focus while keys are to reach the window, and a click on it resets the view.
+/// The Dummy box: an arrow picture gives it the focus, and a click on it resets the view.
 class DummyBox final : public QLineEdit {
   Q_OBJECT
 
  public:
   explicit DummyBox(QWidget* parent);
-  std::function<void()> clicked;
+  model::Callback<> Clicked;
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 };
 
-/// All of them, laid out in two strips: one below the view, one at its right.
+/// All controls around the view.
 class ViewControls {
  public:
   ViewControls(navigation::Navigation& navigation, ProgramEnd& end, QWidget* parent);
@@ -62,7 +62,7 @@ class ViewControls {
   BoundScrollBar* ScrollPitch;
   BoundScrollBar* ScrollYaw;
   DummyBox* Dummy;
-  QWidget* strip;  ///< the buttons and arrows
+  QWidget* Strip;  ///< the buttons and arrows
 };
 
 }  // namespace shell::ui

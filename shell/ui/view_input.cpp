@@ -30,15 +30,14 @@ bool OpensMenu(const QKeyEvent& key) {
 }  // namespace
 
 bool WheelHook::eventFilter(QObject* watched, QEvent* event) {
-  // The event goes from the window to its widgets: only the window's own receipt counts.
-  if (event->type() == QEvent::Wheel && watched->isWindowType() && turned)
-    turned(*static_cast<QWheelEvent*>(event));
+  // A window passes the event on to its widgets; only the window's counts.
+  if (event->type() == QEvent::Wheel && watched->isWindowType()) Turned(*static_cast<QWheelEvent*>(event));
   return false;
 }
 
 ViewInput::ViewInput(MainForm& form, ProgramEnd& end, QWidget& view) : form_(form), end_(end), view_(view) {
   view_.installEventFilter(this);
-  hWheelHook_.turned = [this](const QWheelEvent& wheel) { WheelEvent(wheel); };
+  hWheelHook_.Turned = [this](const QWheelEvent& wheel) { WheelEvent(wheel); };
 }
 
 void ViewInput::WatchKeysOf(QWindow* window) {
@@ -53,14 +52,13 @@ void ViewInput::UnhookWheel() { qApp->removeEventFilter(&hWheelHook_); }
 void ViewInput::OpenMenuByKey() {
   const QPointF middle = view_.rect().center();
   navigation::Navigation& navigation = form_.Navigator();
-  if (navigation.actions.openCommandMenu)
-    navigation.actions.openCommandMenu(float(middle.x()), float(middle.y()));
+  navigation.Actions.OpenCommandMenu(float(middle.x()), float(middle.y()));
 }
 
 bool ViewInput::eventFilter(QObject* watched, QEvent* event) {
   const QEvent::Type type = event->type();
   if (watched == &view_) return MouseEvent(event);
-  // A menu that is open has the keys for itself.
+  // An open menu takes the keys.
   if (watched == keyWindow_ && QApplication::activePopupWidget() == nullptr) {
     if (type == QEvent::KeyPress) return KeyEvent(*static_cast<QKeyEvent*>(event), true);
     if (type == QEvent::KeyRelease) return KeyEvent(*static_cast<QKeyEvent*>(event), false);
@@ -87,7 +85,7 @@ bool ViewInput::MouseEvent(QEvent* event) {
 }
 
 bool ViewInput::KeyEvent(const QKeyEvent& key, bool down) {
-  // A key that is held down comes as release and press; its releases are not the hand's.
+  // A key that is held down repeats as release and press; only its last release counts.
   if (!down && key.isAutoRepeat()) return true;
   if (OpensMenu(key)) {
     if (down) OpenMenuByKey();

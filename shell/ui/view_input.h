@@ -1,8 +1,9 @@
-/// Turns the toolkit's input events into the main window's handlers: mouse over the view, keys, wheel.
+/// Passes Qt's input events to the main window's handlers: mouse over the view, keys, wheel.
 #pragma once
 
 #include <QObject>
-#include <functional>
+
+#include "model/callback.h"
 
 class QKeyEvent;
 class QMouseEvent;
@@ -17,18 +18,18 @@ class ProgramEnd;
 
 namespace shell::ui {
 
-/// An event filter of the application that hears every turn of the wheel, whichever window of the program is
-/// under the pointer. It is apart from ViewInput, which would hear its own events twice.
+/// An application-wide event filter for wheel events, whichever window of the program is under the pointer.
+/// Apart from ViewInput, which would get its own events twice.
 class WheelHook final : public QObject {
  public:
-  std::function<void(const QWheelEvent&)> turned;
+  model::Callback<const QWheelEvent&> Turned;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 };
 
-/// An event filter for two places: the view (mouse) and the main window's native window (keys, which it so
-/// sees before any control).
+/// An event filter for two places: the view (mouse) and the main window's native window (keys, before any
+/// control gets them).
 class ViewInput final : public QObject {
  public:
   ViewInput(MainForm& form, ProgramEnd& end, QWidget& view);
@@ -38,7 +39,7 @@ class ViewInput final : public QObject {
   void HookWheel();
   void UnhookWheel();
 
-  /// Opens the command menu at the view's middle, for those who have no mouse.
+  /// Opens the command menu at the view's centre, for users without a mouse.
   void OpenMenuByKey();
 
  protected:

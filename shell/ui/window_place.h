@@ -1,4 +1,4 @@
-/// Where a window opens so that those that are there already stay in sight.
+/// Where a window opens without covering other windows.
 #pragma once
 
 #include <QPoint>

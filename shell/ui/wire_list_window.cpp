@@ -45,42 +45,42 @@ WireListWindow::WireListWindow(WireListForm& form)
     : form_(form),
       entries_(std::make_unique<Entries>(form)),
       selection_(std::make_unique<ListSelection>(entries_.get())),
-      PL(new QListView) {
+      PL_(new QListView) {
   setWindowTitle("Wire List");
   setAttribute(Qt::WA_QuitOnClose, false);
 
-  PL->setAccessibleName("Wires");
-  PL->setSelectionMode(QAbstractItemView::ExtendedSelection);
-  PL->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  PL->setUniformItemSizes(true);
-  PL->setModel(entries_.get());
-  delete PL->selectionModel();  // the list's own
-  PL->setSelectionModel(selection_.get());
-  PL->viewport()->installEventFilter(this);
+  PL_->setAccessibleName("Wires");
+  PL_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  PL_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  PL_->setUniformItemSizes(true);
+  PL_->setModel(entries_.get());
+  delete PL_->selectionModel();  // the list's own
+  PL_->setSelectionModel(selection_.get());
+  PL_->viewport()->installEventFilter(this);
   connect(selection_.get(), &QItemSelectionModel::selectionChanged, this, [this] { SelectionChanged(); });
 
   auto* buttons = new QVBoxLayout;
-  for (std::size_t i = 0; i < Cmd.size(); ++i) {
-    Cmd[i] = new QPushButton(WireListForm::kCaptions[i]);
-    Cmd[i]->setAutoDefault(true);  // Enter presses it too, not Space alone
-    connect(Cmd[i], &QPushButton::clicked, this, [this, i] { PressButton(static_cast<int>(i)); });
-    buttons->addWidget(Cmd[i]);
+  for (std::size_t i = 0; i < Cmd_.size(); ++i) {
+    Cmd_[i] = new QPushButton(WireListForm::kCaptions[i]);
+    Cmd_[i]->setAutoDefault(true);  // Enter presses it too, not Space alone
+    connect(Cmd_[i], &QPushButton::clicked, this, [this, i] { PressButton(static_cast<int>(i)); });
+    buttons->addWidget(Cmd_[i]);
   }
   buttons->addStretch();
-  auto* client = new QWidget;  // the main window class is there for screen readers: it counts as a frame
+  auto* client = new QWidget;  // screen readers take a QMainWindow for a frame
   auto* columns = new QHBoxLayout(client);
-  columns->addWidget(PL, 1);
+  columns->addWidget(PL_, 1);
   columns->addLayout(buttons);
   setCentralWidget(client);
   resize(sizeHint().expandedTo({320, 420}));
 
-  form_.upward.selectAndGoToFirst = [this](const EntryRanges& ranges) {
+  form_.Actions.SelectAndGoToFirst = [this](const EntryRanges& ranges) {
     Select(ranges);
     selection_->setCurrentIndex(entries_->index(0), QItemSelectionModel::NoUpdate);
   };
 }
 
-WireListWindow::~WireListWindow() { form_.upward.selectAndGoToFirst = nullptr; }
+WireListWindow::~WireListWindow() { form_.Actions.SelectAndGoToFirst = {}; }
 
 void WireListWindow::DoWireList() {
   form_.DoWireList();
@@ -108,13 +108,13 @@ void WireListWindow::ShowEntries() {
 }
 
 void WireListWindow::EnableButtons() {
-  for (std::size_t i = 0; i < Cmd.size(); ++i) Cmd[i]->setEnabled(form_.Enabled(i));
+  for (std::size_t i = 0; i < Cmd_.size(); ++i) Cmd_[i]->setEnabled(form_.Enabled(i));
 }
 
 void WireListWindow::Select(const EntryRanges& ranges) {
   selection_->SelectQuietly(ranges);
-  PL->viewport()->update();
-  QAccessibleEvent changed(PL, QAccessible::SelectionWithin);
+  PL_->viewport()->update();
+  QAccessibleEvent changed(PL_, QAccessible::SelectionWithin);
   QAccessible::updateAccessibility(&changed);
 }
 
@@ -123,13 +123,13 @@ void WireListWindow::TakeSelection() {
 }
 
 void WireListWindow::PressButton(int index) {
-  TakeSelection();  // a key just before may have changed it
+  TakeSelection();  // a key just before may have changed the list
   form_.Cmd_Click(index);
 }
 
 void WireListWindow::SelectionChanged() {
   changed_ = true;
-  // What the mouse does is reported once, when it is let go.
+  // A drag is reported once, at the release.
   if (mouseHeld_ && QGuiApplication::mouseButtons() != Qt::NoButton) return;
   ReportLater(false);
 }
@@ -161,27 +161,27 @@ void WireListWindow::showEvent(QShowEvent* event) {
 void WireListWindow::hideEvent(QHideEvent* event) {
   QMainWindow::hideEvent(event);
   mouseHeld_ = false;
-  if (!event->spontaneous()) form_.Form_Unload();  // made an icon, it still counts as shown
+  if (!event->spontaneous()) form_.Form_Unload();  // a minimised window still counts as shown
 }
 
 bool WireListWindow::event(QEvent* event) {
   const bool handled = QMainWindow::event(event);
   if (event->type() == QEvent::WindowActivate) {
-    form_.Form_KeyDown(ShiftState(QGuiApplication::queryKeyboardModifiers()));  // may be held already
+    form_.Form_KeyDown(ShiftState(QGuiApplication::queryKeyboardModifiers()));  // a key may be held already
     form_.Form_Activate();
   } else if (event->type() == QEvent::WindowDeactivate) {
-    form_.Form_KeyUp(0);  // the release will go elsewhere
+    form_.Form_KeyUp(0);  // another window gets the release
   }
   return handled;
 }
 
 bool WireListWindow::eventFilter(QObject* watched, QEvent* event) {
-  const bool inList = watched == PL->viewport();
+  const bool inList = watched == PL_->viewport();
   if (inList && (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick)) {
     mouseHeld_ = true;
   } else if (inList && event->type() == QEvent::MouseButtonRelease) {
     mouseHeld_ = false;
-    ReportLater(true);  // once the list has seen it: the release may change the selection
+    ReportLater(true);  // after the list's own handling, which may change the selection
   } else if (!inList && event->type() == QEvent::KeyPress) {
     form_.Form_KeyDown(ShiftState(static_cast<QKeyEvent&>(*event)));
   } else if (!inList && event->type() == QEvent::KeyRelease) {

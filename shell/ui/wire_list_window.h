@@ -14,11 +14,11 @@ namespace shell::ui {
 
 class ListSelection;
 
-/// Binds a list and nine buttons to the form. It stands alone on the desktop and may be closed and opened
-/// again; it does not keep the program alive.
+/// Binds a list and nine buttons to the form. A top-level window that may be closed and opened again; it does
+/// not keep the program alive.
 class WireListWindow : public QMainWindow {
  public:
-  /// `form` must live longer; the window fills in its `upward.selectAndGoToFirst`.
+  /// `form` must live longer; the window fills in its `Actions.SelectAndGoToFirst`.
   explicit WireListWindow(WireListForm& form);
   ~WireListWindow() override;
 
@@ -49,9 +49,9 @@ class WireListWindow : public QMainWindow {
   WireListForm& form_;
   std::unique_ptr<Entries> entries_;
   std::unique_ptr<ListSelection> selection_;
-  QListView* PL;                                           ///< the list
-  std::array<QPushButton*, WireListForm::kButtons> Cmd{};  ///< the buttons
-  bool mouseHeld_ = false;                                 ///< a press in the list awaits its release
+  QListView* PL_;                                           ///< the list
+  std::array<QPushButton*, WireListForm::kButtons> Cmd_{};  ///< the buttons
+  bool mouseHeld_ = false;                                  ///< a press in the list awaits its release
   bool changed_ = false;  ///< the list's selection may differ from the form's
   bool reportPosted_ = false;
   bool reportMouseUp_ = false;

@@ -1,4 +1,4 @@
-/// A user of the file dialogs who knows beforehand what to answer.
+/// File dialogs that give a prepared answer.
 #pragma once
 
 #include <functional>
@@ -22,7 +22,7 @@ class AnsweringDialog final : public FileDialog {
   std::optional<std::string> answer;  ///< empty: cancelled
   std::vector<FileDialogRequest> asked;
   std::string shown;             ///< "open" or "save", the last one
-  std::function<void()> asking;  ///< what the user sees while the dialog is open
+  std::function<void()> asking;  ///< runs while the dialog is open
 
  private:
   std::optional<std::string> Take(const char* which, const FileDialogRequest& request) {

@@ -1,5 +1,6 @@
 #include "setup/estimator_start.h"
 
+#include <signal.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -8,7 +9,6 @@
 #include <chrono>
 #include <thread>
 
-#include "tests/full_disk.h"
 #include "tests/setup/setup_fixture.h"
 
 namespace setup {
@@ -56,34 +56,28 @@ TEST_F(SetupFormTest, AFolderThatCannotBeWrittenGivesWayToTheUsers) {
   EXPECT_EQ(GetFile(folder / "data/board.zu"), controls.Vu);
 }
 
-TEST_F(SetupFormTest, WithoutRoomAnywhereNothingIsStartedOrLeftBehind) {
-  PutFile(folder / "ZU.exe", "");
-  PutFile(folder / "board.zu", "old");
-  form.RunCommand3();
-  {
-    const FullDisk full(10);
-    form.Cmd_Click(2);
-  }
-  EXPECT_EQ(started, "");
-  EXPECT_EQ(GetFile(folder / "board.zu"), "old");
-  EXPECT_TRUE(std::filesystem::is_empty(folder / "data"));
-}
-
-TEST(StartDetached, PassesOneArgumentWithNoShellNoZombieAndASessionOfItsOwn) {
+TEST(StartDetached, PassesOneArgumentDefaultSignalsAndANewSessionAndLeavesNoZombie) {
   const TemporaryFolder folder{"a \"b\" 'c' \xC3\xA4 "};
   const std::string program = PutFile(folder / "ZU.exe",
                                       "#!/bin/sh\n"
-                                      "{ echo $#; echo \"$1\"; ps -o sid= -p $$ 2>/dev/null || "
+                                      "{ echo $#; echo \"$1\"; grep -E 'SigBlk|SigIgn' /proc/self/status; "
                                       "cut -d' ' -f6 /proc/$$/stat; } > \"$1.part\"\n"
                                       "mv \"$1.part\" \"$1.out\"\n");
   ASSERT_EQ(chmod(program.c_str(), 0755), 0);
   const std::string argument = folder / "b \"q\" 'r' $HOME `id` * \xC3\xBC.zu";
+  const auto xfsz = signal(SIGXFSZ, SIG_IGN);
+  sigset_t blocked, before;
+  sigemptyset(&blocked);
+  sigaddset(&blocked, SIGUSR1);
+  sigprocmask(SIG_BLOCK, &blocked, &before);
   StartDetached(program, argument);
+  sigprocmask(SIG_SETMASK, &before, nullptr);
+  signal(SIGXFSZ, xfsz);
   // The starting itself leaves no child behind.
   EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
   EXPECT_EQ(errno, ECHILD);
   const std::string written = Awaited(argument + ".out");
-  const std::string expected = "1\n" + argument + "\n";
+  const std::string expected = "1\n" + argument + "\nSigBlk:\t0000000000000000\nSigIgn:\t0000000000000000\n";
   ASSERT_EQ(written.substr(0, expected.size()), expected);
   EXPECT_NE(std::atoi(written.c_str() + expected.size()), getsid(0));
 }

@@ -54,7 +54,7 @@ TEST(LoopPicture, EachSettingMovesItsOwnWireOnly) {
                // Stitches take the stacked wires' height.
                {&model::WireBondSettings::StackLoopHeight, false, true, true},
                {&model::WireBondSettings::StitchExtension, false, false, true}};
-  // Pads without wires: the wires are made up.
+  // Pads without wires: placeholder wires are drawn.
   model::Package bare = StackedPackage();
   bare.Bonds = {};
   bare.SDBonds = {};

@@ -1,6 +1,5 @@
 #include "setup/parameter_file.h"
 
-#include "tests/full_disk.h"
 #include "tests/setup/setup_fixture.h"
 
 namespace setup {
@@ -54,19 +53,6 @@ TEST_F(SetupFormTest, SaveThenLoadRestoresAllButTwoExtensions) {
   EXPECT_EQ(package.PackagePath, folder / "board.yax");
 }
 
-TEST_F(SetupFormTest, SaveWithoutRoomLeavesTheOldFile) {
-  form.RunCommand3();
-  dialog.answer = PutFile(folder / "a.zu", "old");
-  {
-    const FullDisk full(10);
-    form.Cmd_Click(6);
-  }
-  EXPECT_EQ(GetFile(folder / "a.zu"), "old");
-  EXPECT_EQ(folder.FileCount(), 2U) << "board.yax and a.zu";
-  form.Cmd_Click(6);
-  EXPECT_EQ(GetFile(folder / "a.zu"), controls.Vu);
-}
-
 TEST_F(SetupFormTest, LoadTakesForeignFiles) {
   form.RunCommand3();
   LoadText(
@@ -101,25 +87,6 @@ TEST_F(SetupFormTest, LoadTakesForeignFiles) {
   EXPECT_EQ(Selected(controls.FQ), 3);
   EXPECT_EQ(controls.FQc.Text, "500,5 Hz");
   EXPECT_EQ(settings.Frequency, 500.5F);
-}
-
-TEST_F(SetupFormTest, DamagedFilesChangeNothing) {
-  form.RunCommand3();
-  form.M_Click(1);
-  const std::string vu = controls.Vu;
-  std::string bytes;
-  for (int i = 0; i < 256; ++i) bytes += static_cast<char>(i);
-  for (const std::string& text :
-       {std::string(), std::string("\r\n\n\r\r"),
-        std::string("Material\nMaterial Cu\n Material=Cu\nMaterial==Cu\n"),
-        std::string("Material=Ag\nMaterial=\nMaterial=C"), std::string("BaseLoopHeigh"), bytes,
-        std::string(1 << 20, 'x') + "Material=Cu", std::string("\0Material=Cu", 12)}) {
-    LoadText(text);
-    EXPECT_EQ(controls.Vu, vu) << text.substr(0, 40);
-  }
-  LoadText("Material=cu\nBaseLoopHeight=" + std::string(1 << 20, '9'));
-  EXPECT_EQ(settings.Material, "Cu");
-  EXPECT_EQ(settings.BaseLoopHeight, 0.25F) << "a number beyond a single is 0, so the default is selected";
 }
 
 TEST_F(SetupFormTest, DialogsAskAsToldAndCancellingChangesNothing) {

@@ -1,4 +1,4 @@
-/// A setup form with a made-up package, a dialog that answers by itself and a folder of its own.
+/// A setup form with a small package, a dialog that answers by itself and a temporary folder.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -18,12 +18,12 @@ class SetupFormTest : public testing::Test {
     package.PackagePath = PutFile(folder / "board.yax", "");
     package.CompZ = 0.25F;
     package.UnitScale = 100.0F;
-    form.upward.rebuildAndRepaint = [this] {
+    form.Actions.RebuildAndRepaint = [this] {
       ++rebuilds;
       if (faultOnRebuild) throw model::Overflow();
     };
-    form.upward.unloadWindow = [this] { ++unloads; };
-    form.upward.controlsChanged = [this] { ++changes; };
+    form.Actions.UnloadWindow = [this] { ++unloads; };
+    form.Actions.ControlsChanged = [this] { ++changes; };
   }
 
   void StackADie() { package.SDBonds.Grow(); }
@@ -52,7 +52,7 @@ class SetupFormTest : public testing::Test {
     form.Cmd_Click(5);
   }
 
-  /// Its name holds what shells and lists would trip over.
+  /// The name has characters that shells and lists treat specially.
   TemporaryFolder folder{"setup 'test' \"\xC3\xA4\" "};
   model::WireBondSettings settings;
   model::Package package;

@@ -187,7 +187,7 @@ TEST_F(SetupFormTest, FieldsTakeTheirFallbackAndFormat) {
 TEST_F(SetupFormTest, EnterGoesToTheFieldsOptionAndSelectsNothing) {
   using Options = std::vector<std::pair<OptionArray, std::size_t>>;
   Options focused;
-  form.upward.focusOption = [&](auto... option) { focused.emplace_back(option...); };
+  form.Actions.FocusOption = [&](auto... option) { focused.emplace_back(option...); };
   form.RunCommand3();
   form.FQ_Click(2);
   for (const int key : {13, 10, 9}) {

@@ -46,20 +46,20 @@ constexpr char kFaulty[] =
 class MainFormTest : public GlTest {
  protected:
   MainFormTest() {
-    end.showCritical = [this](const std::string& title, const std::string& text) {
+    end.ShowCritical = [this](const std::string& title, const std::string& text) {
       box = title + "|" + text;
     };
-    end.leave = [this](int with) { status = with; };
+    end.Leave = [this](int with) { status = with; };
   }
 
   /// A form that was given this command line.
   MainForm& Start(const std::string& commandLine) {
     form = std::make_unique<MainForm>(shell::StartUp{Folder(), commandLine}, surface, end);
-    form->actions.setCaption = [this](const std::string& caption) { gl.Note("caption " + caption); };
-    form->actions.enableHelp = [this](bool, bool) { gl.Note("enableHelp"); };
-    form->actions.hookWheel = [this] { gl.Note("hookWheel"); };
-    form->actions.unhookWheel = [this] { gl.Note("unhookWheel"); };
-    form->actions.resetWireBondSetup = [this] {
+    form->Actions.SetCaption = [this](const std::string& caption) { gl.Note("caption " + caption); };
+    form->Actions.EnableHelp = [this](bool, bool) { gl.Note("enableHelp"); };
+    form->Actions.HookWheel = [this] { gl.Note("hookWheel"); };
+    form->Actions.UnhookWheel = [this] { gl.Note("unhookWheel"); };
+    form->Actions.ResetWireBondSetup = [this] {
       gl.Note("resetWireBondSetup");
       form->RebuildAndRepaint();  // as the setup does
     };
@@ -142,8 +142,8 @@ TEST_F(MainFormTest, ResizeReadsThePackageAgainAndOnlyForANewSize) {
 TEST_F(MainFormTest, MissingFileEndsSilently) {
   for (const std::string commandLine : {"\"/no/such/file.yax\"", "\"\"", "\"", "ab"}) {
     shell::ProgramEnd fresh;
-    fresh.showCritical = end.showCritical;
-    fresh.leave = end.leave;
+    fresh.ShowCritical = end.ShowCritical;
+    fresh.Leave = end.Leave;
     status = -1;
     MainForm missing({Folder(), commandLine}, surface, fresh);
     fresh.Run([&] { missing.Form_Load(); });
@@ -163,7 +163,7 @@ TEST_F(MainFormTest, NoPixelFormatIsFatal) {
   EXPECT_TRUE(Steps().ends_with("CreateContext\n"));
 }
 
-TEST_F(MainFormTest, FaultOfALoadIsToldOnceAndNothingRunsAfterIt) {
+TEST_F(MainFormTest, FaultOfALoadIsReportedOnceAndNothingRunsAfterIt) {
   Start('"' + File("board.yax", kFaulty) + '"');
   end.Run([this] { form->Form_Load(); });
   EXPECT_EQ(box, "3D YAX Viewer|Run-time error: Division by zero (wire A: its ends coincide)");
@@ -234,7 +234,7 @@ TEST_F(MainFormTest, NothingIsDrawnBeforeTheFirstContext) {
   EXPECT_NE(Steps().find("CreateContext\nglClearColor(1, 1, 1, 0)\n"), std::string::npos);
 }
 
-TEST_F(MainFormTest, AFrameThatNobodySeesIsLeftToTheFirstExposure) {
+TEST_F(MainFormTest, AFrameOfAHiddenViewIsLeftToTheFirstExposure) {
   surface.shown = false;
   Load(kGood);
   EXPECT_TRUE(Steps().ends_with("glGenLists(1)\n"));
@@ -249,7 +249,7 @@ TEST_F(MainFormTest, BackgroundIsSetAtOnceAndEverythingRebuilt) {
   form->SetBackground(false);
   const std::string frame = "gluLookAt\nglRotatef(90, 0.1, 0, 0)\nglCallList(2)\n";
   EXPECT_EQ(Steps(), "glClearColor(1, 1, 1, 0)\nglGenLists(1)\n" + frame + "SwapBuffers\n");
-  // A picture is a frame that nobody is shown.
+  // A picture is a frame that is not shown.
   EXPECT_EQ(form->FramePicture().Rgb.size(), 300U * 200U * 3U);
   EXPECT_EQ(Steps(), frame);
 }

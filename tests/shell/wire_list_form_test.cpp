@@ -12,8 +12,8 @@ enum Index { kTier1, kTier2, kTier3, kTier4, kStitch, kPower, kGround, kSignal, 
 class WireList : public testing::Test {
  protected:
   WireList() {
-    form.upward.rebuildAndRepaint = [this] { ++rebuilds; };
-    form.upward.selectAndGoToFirst = [this](const EntryRanges& ranges) { sent.push_back(ranges); };
+    form.Actions.RebuildAndRepaint = [this] { ++rebuilds; };
+    form.Actions.SelectAndGoToFirst = [this](const EntryRanges& ranges) { sent.push_back(ranges); };
   }
 
   void Add(const char* name, const char* tier, const char* netType = "", const char* name2 = "") {
@@ -48,7 +48,7 @@ class WireList : public testing::Test {
   std::string Selected() const {
     std::string numbers;
     for (const EntryRange& range : form.SelectedRanges())
-      for (std::size_t i = range.first; i <= range.last; ++i) numbers += std::to_string(i);
+      for (std::size_t i = range.First; i <= range.Last; ++i) numbers += std::to_string(i);
     return numbers;
   }
 
@@ -153,7 +153,7 @@ TEST_F(WireList, OnlyTheShownListLimitsTheDrawing) {
   Add("A", "1");
   Add("B", "2");
   bool drawnB = false;
-  form.upward.rebuildAndRepaint = [&] { drawnB = selection.Draws("B"); };
+  form.Actions.RebuildAndRepaint = [&] { drawnB = selection.Draws("B"); };
   form.DoWireList();
   form.Cmd_Click(kTier1);
   EXPECT_TRUE(drawnB);
@@ -161,7 +161,7 @@ TEST_F(WireList, OnlyTheShownListLimitsTheDrawing) {
   EXPECT_FALSE(drawnB);
   form.Form_Unload();
   EXPECT_TRUE(drawnB);  // already not shown when its closing rebuilds
-  form.upward.rebuildAndRepaint = [] { ADD_FAILURE() << "closed twice"; };
+  form.Actions.RebuildAndRepaint = [] { ADD_FAILURE() << "closed twice"; };
   form.Form_Unload();
 }
 
@@ -170,7 +170,9 @@ TEST_F(WireList, OtherTextsAfterALoadRefillAndKeepTheSelectionByText) {
   Pressed(kTier1);  // A, D
   rebuilds = 0;
   package.WireNames[0].Tier = "2";
+  package.HaveVuFile = true;
   EXPECT_FALSE(form.Refill());  // the texts are the same
+  EXPECT_EQ(EnabledButtons(), "012345678") << "not so the tiers and the side file";
   package = {};
   Add("D", "2");
   Add("E", "2");

@@ -23,8 +23,8 @@ class Window {
  public:
   Window(const std::string& path, const render::PixelSize& size)
       : surface_(size), form_({".", '"' + path + '"'}, surface_, end_) {
-    form_.actions.resetWireBondSetup = [this] { setup_.RunCommand3(); };
-    setup_.upward.rebuildAndRepaint = [this] { form_.RebuildAndRepaint(); };
+    form_.Actions.ResetWireBondSetup = [this] { setup_.RunCommand3(); };
+    setup_.Actions.RebuildAndRepaint = [this] { form_.RebuildAndRepaint(); };
     form_.Form_Load();
   }
 

@@ -39,7 +39,7 @@ class OffscreenTest : public testing::Test {
     form.reset();
     surface = std::make_unique<render::gl::OffscreenSurface>(size);
     form = std::make_unique<shell::MainForm>(shell::StartUp{".", '"' + path + '"'}, *surface, end);
-    end.showCritical = [](const std::string&, const std::string& text) { ADD_FAILURE() << text; };
+    end.ShowCritical = [](const std::string&, const std::string& text) { ADD_FAILURE() << text; };
     form->Form_Load();
     ASSERT_FALSE(end.Ending());
   }

@@ -1,18 +1,12 @@
 #include "setup/ui/setup_window.h"
 
-#include <QAccessible>
-#include <QApplication>
-#include <QDir>
-#include <QFileDialog>
 #include <QGroupBox>
 #include <QLineEdit>
-#include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
-#include <QTimer>
 
-#include "setup/ui/qt_file_dialog.h"
 #include "tests/find_control.h"
 #include "tests/setup/setup_fixture.h"
 
@@ -56,6 +50,7 @@ TEST_F(SetupShown, FramesKeepTheirTrailingSpaceAndFollowTheStackedDie) {
     EXPECT_EQ(frame->isEnabled(), !needsStack) << frame->title().toStdString();
   }
   EXPECT_EQ(frames, 8);
+  EXPECT_TRUE(Find<QPlainTextEdit>(window, "Parameter file text").isReadOnly());
   StackADie();
   form.RunCommand3();
   EXPECT_TRUE(Option("Stack Loop Height", "Custom")->isEnabled()) << "a load reaches the shown window";
@@ -78,14 +73,11 @@ TEST_F(SetupShown, EnterLeavesAFieldForItsOptionAndEscapeRestores) {
   QTest::keyClick(stitch, Qt::Key_Escape);
   EXPECT_EQ(stitch->text(), "25.000");
   EXPECT_EQ(settings.StitchExtension, 25.0F);
-}
-
-TEST_F(SetupShown, ArrowKeysWalkThroughAFramesOptions) {
-  Open();
-  Option("Material", "Au")->setFocus();
-  QTest::keyClick(Option("Material", "Au"), Qt::Key_Down);
-  EXPECT_EQ(settings.Material, "Al");
-  EXPECT_TRUE(Option("Frequency", "Mhz")->isChecked()) << "other frames keep theirs";
+  // Releases of keys that the box's menu saw go down.
+  QTest::keyClicks(stitch, "7");
+  for (const auto key : {Qt::Key_Escape, Qt::Key_Return}) QTest::keyRelease(stitch, key);
+  EXPECT_EQ(stitch->text(), "25.0007");
+  EXPECT_TRUE(stitch->hasFocus());
 }
 
 TEST_F(SetupShown, ItGoesAwayByOkCancelAndItsCloseBoxAndComesBackWithTheSettings) {
@@ -109,71 +101,6 @@ TEST_F(SetupShown, FaultsGoToTheRunner) {
   faults = 0;
   Press("Apply");
   EXPECT_EQ(faults, 0) << "buttons trap theirs";
-}
-
-/// Plays the user of a save dialog who takes the offered name, then answers the question.
-class SaveDialogUser : public QObject {
- public:
-  SaveDialogUser() {
-    connect(&timer_, &QTimer::timeout, this, [this] { Act(); });
-    timer_.start(20);
-  }
-
-  QString Question, StartFolder;
-  bool NoIsDefault = false;
-  QMessageBox::StandardButton Answer = QMessageBox::No;
-
- private:
-  void Act() {
-    QWidget* const modal = QApplication::activeModalWidget();
-    if (auto* box = qobject_cast<QMessageBox*>(modal)) {
-      Question = box->text();
-      NoIsDefault = box->defaultButton() == box->button(QMessageBox::No);
-      box->button(Answer)->click();
-    } else if (auto* dialog = qobject_cast<QFileDialog*>(modal)) {
-      if (StartFolder.isEmpty()) StartFolder = dialog->directory().absolutePath();
-      // A dialog that comes back after "no" is cancelled.
-      QMetaObject::invokeMethod(dialog, Question.isEmpty() ? "accept" : "reject", Qt::QueuedConnection);
-    }
-  }
-
-  QTimer timer_;
-};
-
-TEST_F(SetupFormTest, SavingOverThePackageItselfIsAskedWithNoAsTheDefault) {
-  ui::QtFileDialog files;
-  const FileDialogRequest request{.FileName = package.PackagePath,
-                                  .Filter = "zu files|*.zu|all files|*.*",
-                                  .DefaultExt = ".zu",
-                                  .OverwritePrompt = true,
-                                  .PackagePath = package.PackagePath};
-  for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
-    SaveDialogUser user;
-    user.Answer = answer;
-    const auto chosen = files.ShowSave(request);
-    EXPECT_TRUE(user.Question.contains("package file itself")) << user.Question.toStdString();
-    EXPECT_TRUE(user.NoIsDefault);
-    EXPECT_EQ(chosen, answer == QMessageBox::Yes ? std::optional(package.PackagePath) : std::nullopt);
-  }
-}
-
-TEST_F(SetupFormTest, DialogsStartBesideThePackageAndThenWhereTheUserWas) {
-  ui::QtFileDialog files;
-  const QString beside = QDir(QString::fromStdString(folder / "")).absolutePath();
-  std::filesystem::create_directory(folder / "other");
-  const struct {
-    std::string file;
-    QString start;
-  } dialogs[] = {
-      {"*.zu", beside}, {PutFile(folder / "other/a.zu", ""), beside + "/other"}, {"*.zu", beside + "/other"}};
-  for (const auto& [file, start] : dialogs) {
-    SaveDialogUser user;
-    if (file == "*.zu") user.Question = "cancel";
-    const auto chosen =
-        files.ShowOpen({.FileName = file, .Filter = "zu files|*.zu", .PackagePath = package.PackagePath});
-    EXPECT_EQ(chosen, file == "*.zu" ? std::nullopt : std::optional(file));
-    EXPECT_EQ(user.StartFolder, start);
-  }
 }
 
 }  // namespace

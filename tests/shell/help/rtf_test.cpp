@@ -7,6 +7,7 @@
 #include <string>
 
 #include "model/files.h"
+#include "shell/help/rtf_words.h"
 
 namespace shell {
 namespace {
@@ -123,6 +124,18 @@ TEST(Rtf, CharactersOfEverySpelling) {
               // -10179 is 0xD83D, -8704 is 0xDE00: together U+1F600. One half alone is none.
               {R"({\rtf1 \u-10179?\u-8704?})", "<>\U0001F600|"},
               {R"({\rtf1 \u55357?x\u56832?\u55357?})", "<>\uFFFDx\uFFFD\uFFFD|"}});
+}
+
+TEST(Rtf, EachWordIsAboutTheRunOrTheParagraphOrNeither) {
+  const std::tuple<const char*, bool, bool> words[] = {
+      {"b", true, false},  {"plain", true, false}, {"fs", true, false}, {"qc", false, true},
+      {"tx", false, true}, {"pard", false, true},  {"u", false, false}};
+  for (const auto& [name, run, paragraph] : words) {
+    help::RunFormat runFormat;
+    help::ParagraphFormat paragraphFormat;
+    EXPECT_EQ(help::ApplyToRun({name, 1}, {}, runFormat), run) << name;
+    EXPECT_EQ(help::ApplyToParagraph({name, 1}, paragraphFormat), paragraph) << name;
+  }
 }
 
 TEST(Rtf, WhatIsNotThePageIsNotShown) {

@@ -174,14 +174,5 @@ TEST_F(NavigationCamera, LoadResetsCameraAndRotationButNotWalkModeAndTicks) {
   EXPECT_EQ(view->Mouse.PanTick, 2);
 }
 
-TEST(Navigation, WithoutActionsItStillMoves) {
-  navigation::Navigation view;
-  view.Form_KeyDown(navigation::kEscape, navigation::kShift);
-  view.Form_KeyDown(navigation::kHome, 0);
-  view.Form_MouseDown(navigation::kRightButton, 0, 1.0F, 1.0F);
-  view.Trans_Click(1);
-  EXPECT_EQ(view.Camera.CamX, 1);
-}
-
 }  // namespace
 }  // namespace shell

@@ -44,17 +44,17 @@ class NavigationTest : public testing::Test {
   /// Back to what a first load leaves: pitch 90, yaw 0, start camera, nothing counted.
   void Restart() {
     view.emplace();
-    navigation::NavigationActions& actions = view->actions;
-    actions.repaint = [this] { counts.repaints++; };
-    actions.reload = [this] { counts.asked += "reload"; };
-    actions.endProgram = [this] { counts.asked += "end"; };
-    actions.openCommandMenu = [this](float x, float y) {
+    navigation::NavigationActions& actions = view->Actions;
+    actions.Repaint = [this] { counts.repaints++; };
+    actions.Reload = [this] { counts.asked += "reload"; };
+    actions.EndProgram = [this] { counts.asked += "end"; };
+    actions.OpenCommandMenu = [this](float x, float y) {
       counts.menus++;
       counts.menuX = x;
       counts.menuY = y;
     };
-    actions.setPointer = [this](navigation::Pointer pointer) { counts.pointer = pointer; };
-    actions.focusDummy = [this] { counts.dummyFocus++; };
+    actions.SetPointer = [this](navigation::Pointer pointer) { counts.pointer = pointer; };
+    actions.FocusDummy = [this] { counts.dummyFocus++; };
     view->ResetCamera();
     view->ResetRotation();
     counts = {};

@@ -126,11 +126,11 @@ TEST_F(NavigationKeys, FaultsEndAKeyQuietlyWithTheStateAsFarAsChanged) {
 }
 
 TEST_F(NavigationKeys, KeysAndDummyTrapFaultsOfLoadAndRepaintButButtonsDoNot) {
-  view->actions.reload = [] { throw model::DivisionByZero("its ends coincide"); };
+  view->Actions.Reload = [] { throw model::DivisionByZero("its ends coincide"); };
   EXPECT_NO_THROW(view->Form_KeyDown(navigation::kHome, 0));
   EXPECT_NO_THROW(view->Dummy_Click());
   // A frame makes the target's height as a 16-bit sum, which can overflow though each part fits.
-  view->actions.repaint = [] { throw model::Overflow(); };
+  view->Actions.Repaint = [] { throw model::Overflow(); };
   view->Form_KeyDown(navigation::kU, 0);
   EXPECT_EQ(view->Camera.CamLook, 10);
   EXPECT_THROW(view->cmdUp_Click(), model::Overflow);

@@ -12,7 +12,7 @@ namespace {
 
 TEST(GlView, ShowsThePixelsOfASurfaceInMemory) {
   shell::ProgramEnd end;
-  end.showCritical = [](const std::string&, const std::string& text) { ADD_FAILURE() << text; };
+  end.ShowCritical = [](const std::string&, const std::string& text) { ADD_FAILURE() << text; };
   const shell::StartUp startUp{".", '"' + std::string(YAX_SAMPLES) + "/AAAc.yax\""};
 
   shell::ui::GlView view(nullptr);
@@ -35,7 +35,7 @@ TEST(GlView, ShowsThePixelsOfASurfaceInMemory) {
   EXPECT_GT(std::count(inWindow.Rgb.begin(), inWindow.Rgb.end(), 255), 1000);
 }
 
-/// The display's own way back: all that it tells of the view has arrived.
+/// Waits until all events about the view have arrived.
 void Settle() {
   for (int i = 0; i < 3; ++i) QTest::qWait(20);
 }
@@ -45,11 +45,15 @@ TEST(GlView, IsPaintedWhenUncoveredButNotAgainAfterALoadForItsNewSize) {
   shell::ui::GlView view(nullptr);
   shell::MainForm form({".", '"' + std::string(YAX_SAMPLES) + "/AAAc.yax\""}, view, end);
   int painted = 0;
-  view.exposed = [&] {
+  view.Exposed = [&] {
     ++painted;
     form.Form_Paint();
   };
-  view.resized = [&] { form.Form_Resize(); };
+  int resized = 0;
+  view.Resized = [&] {
+    ++resized;
+    form.Form_Resize();
+  };
   view.resize(400, 300);
   form.Form_Load();
   view.show();
@@ -62,6 +66,11 @@ TEST(GlView, IsPaintedWhenUncoveredButNotAgainAfterALoadForItsNewSize) {
     Settle();
     EXPECT_EQ(painted, 1) << size.width();
   }
+  // A screen of another scale gives other pixels to the same size.
+  resized = 0;
+  emit view.windowHandle()->screenChanged(view.screen());
+  Settle();
+  EXPECT_EQ(resized, 1);
   QWidget cover;
   cover.setGeometry(view.geometry());
   cover.show();

@@ -1,15 +1,17 @@
-#include <QDialogButtonBox>
-#include <QFileDialog>
+#include <QComboBox>
+#include <QDialog>
 #include <QImage>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
-#include <QPrintDialog>
+#include <QMimeData>
+#include <QPageSize>
+#include <QPointer>
 #include <QTextBrowser>
 #include <QTimer>
 #include <algorithm>
 
-#include "model/version.h"
 #include "tests/full_disk.h"
 #include "tests/shell/ui/main_window_fixture.h"
 
@@ -25,7 +27,7 @@ class MainWindowCommands : public MainWindowTest {
 
   /// Once the next modal window of this type is open, does `act` with it.
   template <class Window>
-  void WhenOpen(std::function<void(Window&)> act) {
+  QPointer<QTimer> WhenOpen(std::function<void(Window&)> act) {
     auto* const timer = new QTimer(window.get());
     QObject::connect(timer, &QTimer::timeout, timer, [timer, act] {
       auto* const open = qobject_cast<Window*>(QApplication::activeModalWidget());
@@ -34,15 +36,33 @@ class MainWindowCommands : public MainWindowTest {
       act(*open);
     });
     timer->start(10);
+    return timer;
   }
 
-  /// Printer Setup: the dialog's "Print to File (PDF)" with this file.
-  void ChoosePdf(const std::string& path) {
-    WhenOpen<QPrintDialog>([path](QPrintDialog& setup) {
-      setup.findChild<QLineEdit*>("filename")->setText(QFile::decodeName(path.c_str()));
-      setup.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+  /// Printer Setup: this PDF file, and the paper that `choose` sets.
+  void ChoosePdf(
+      const std::string& path, std::function<void(QDialog&)> choose = [](QDialog&) {}) {
+    WhenOpen<QDialog>([path, choose](QDialog& setup) {
+      EXPECT_EQ(setup.windowTitle(), "Printer Setup");
+      Find<QLineEdit>(setup, "PDF file").setText(QFile::decodeName(path.c_str()));
+      choose(setup);
+      setup.accept();
     });
     Entry("DoPrinterSetup").trigger();
+  }
+  static QComboBox& Choice(const QDialog& setup, const char* label) {
+    return *qobject_cast<QComboBox*>(Find<QLabel>(setup, label).buddy());
+  }
+  /// Prints; returns the text of the box that opens, which it answers with Return.
+  std::string Print(const char* entry) {
+    std::string said;
+    const QPointer<QTimer> user = WhenOpen<QMessageBox>([&](QMessageBox& box) {
+      said = box.text().toStdString();
+      QTest::keyClick(&box, Qt::Key_Return);
+    });
+    Entry(entry).trigger();
+    delete user;
+    return said;
   }
 
   QImage Frame() {
@@ -81,21 +101,12 @@ TEST_F(MainWindowCommands, HelpEntriesFollowTheFilesAtEachLoad) {
   Entry("DoViewHelp").trigger();
   ASSERT_TRUE(Shown("3D Yax Viewer Help"));
   EXPECT_EQ(Shown("3D Yax Viewer Help")->findChild<QTextBrowser*>("Txt")->toPlainText(), "menu");
-  // Gone since: a fault that nothing traps.
+  // The file is gone now: an untrapped fault.
   std::filesystem::remove(folder / "YaxViewHelp.rtf");
   Entry("DoViewHelp").trigger();
   EXPECT_EQ(status, 1);
   EXPECT_EQ(boxes, std::vector<std::string>{
                        "3D YAX Viewer: Run-time error: No such file or directory (YaxViewHelp.rtf)"});
-}
-
-TEST_F(MainWindowCommands, AboutShowsTheVersionBesideTheView) {
-  Open();
-  Entry("DoAbout").trigger();
-  const std::string version = "3D YAX Viewer Version " + std::string(model::kVersionText);
-  const QWidget* const about = Find<QWidget>(*window, version.c_str()).window();
-  EXPECT_TRUE(about->isVisible() && !about->isModal());
-  EXPECT_EQ(about->parentWidget(), window.get());
 }
 
 TEST_F(MainWindowCommands, LoadShowsTheChosenFileUntilHomeBringsTheFirstBack) {
@@ -142,10 +153,10 @@ TEST_F(MainWindowCommands, ALoadThatFaultsLeavesTheProgramRunning) {
   EXPECT_EQ(Frame(), before);
 }
 
-TEST_F(MainWindowCommands, OnlyANewSizeReadsTheFileAgainAndTellsItsFault) {
+TEST_F(MainWindowCommands, OnlyANewSizeReadsTheFileAgainAndReportsItsFault) {
   Open();
   int reads = 0;
-  Form().actions.packageRead = [&reads] { ++reads; };
+  Form().Actions.PackageRead = [&reads] { ++reads; };
   window->hide();
   window->show();
   window->move(30, 30);
@@ -205,49 +216,61 @@ TEST_F(MainWindowCommands, APictureIsSavedWholeOrNotAtAll) {
 
 TEST_F(MainWindowCommands, PrintsIntoTheChosenPdfOrSaysWhyNot) {
   Open();
-  const std::string path = folder / "a page \xC3\xBC.pdf";
-  ChoosePdf(path);
-  EXPECT_FALSE(std::filesystem::exists(path));  // setting up prints nothing
-  Entry("DoNoScale").trigger();
-  EXPECT_EQ(GetFile(path).substr(0, 5), "%PDF-");
+  EXPECT_EQ(Print("DoNoScale").substr(0, 20), "There is no printer.");
+  const std::string path = PutFile(folder / "a page \xC3\xBC.pdf", "old");
+  ChoosePdf(path, [](QDialog& setup) {
+    Choice(setup, "Paper:").setCurrentText(QPageSize::name(QPageSize::Letter));
+    Choice(setup, "Orientation:").setCurrentText("Landscape");
+  });
+  EXPECT_EQ(GetFile(path), "old") << "setting up prints nothing";
+  EXPECT_NE(Print("DoNoScale").find("already exists"), std::string::npos);
+  EXPECT_EQ(GetFile(path), "old") << "No is the default answer";
   std::filesystem::remove(path);
-  Entry("DoFitPage").trigger();
-  const std::string printed = GetFile(path);
-  EXPECT_EQ(printed.substr(0, 5), "%PDF-");
-  QString said;
-  {
-    const FullDisk full(1000);
-    WhenOpen<QMessageBox>([&said](QMessageBox& box) {
-      said = box.text();
-      box.accept();
-    });
-    Entry("DoFitPage").trigger();
-  }
-  EXPECT_TRUE(said.contains("File too large")) << said.toStdString();
-  EXPECT_EQ(GetFile(path), printed);
+  EXPECT_EQ(Print("DoNoScale"), "");
+  // Opened again it shows the last choice, which stays.
+  ChoosePdf(path, [](QDialog& setup) {
+    EXPECT_EQ(Choice(setup, "Paper:").currentText(), QPageSize::name(QPageSize::Letter));
+  });
+  EXPECT_EQ(Print("DoFitPage"), "") << "this run has written the file itself";
+  const std::string pdf = GetFile(path);
+  // Letter is 612 x 792 points. A lossy picture would be a DCT.
+  EXPECT_NE(pdf.find("/MediaBox [0 0 792.0"), std::string::npos);
+  EXPECT_EQ(pdf.find("DCTDecode"), std::string::npos);
+  ChoosePdf(folder / "none/a.pdf");
+  EXPECT_NE(Print("DoFitPage").find("No such file or directory"), std::string::npos);
   EXPECT_FALSE(status);
 }
 
-TEST_F(MainWindowCommands, TheToolkitsOwnDialogIsFilledAndCancelled) {
-  asks = nullptr;
+TEST_F(MainWindowCommands, ADroppedPackageIsLoadedAndNothingElseIs) {
   Open();
-  QString said;
-  WhenOpen<QFileDialog>([&](QFileDialog& load) {
-    said = load.windowTitle() + ": " + load.nameFilters().join(";");
-    load.reject();
-  });
-  Entry("DoLoadYAX").trigger();
-  EXPECT_EQ(said, "Load YAX File: YAX files (*.yax);All files (*)");
-  EXPECT_TRUE(QTest::qWaitForWindowActive(window.get(), 2000));  // with no window manager to see to it
+  const QString other = QString::fromStdString(PutFile(folder / "other \xC3\xA9.YAX", kOther));
+  const QString text = QString::fromStdString(PutFile(folder / "other.txt", kOther));
+  const QString none = QString::fromStdString(folder / "none.yax");
+  const auto dropped = [this](const QStringList& files) {
+    QMimeData data;
+    QList<QUrl> urls;
+    for (const QString& file : files) urls.append(QUrl::fromLocalFile(file));
+    data.setUrls(urls);
+    QDragEnterEvent enter({9, 9}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+    enter.ignore();
+    QApplication::sendEvent(window.get(), &enter);
+    if (!enter.isAccepted()) return false;
+    QDropEvent drop({9, 9}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+    drop.setDropAction(Qt::MoveAction);
+    QApplication::sendEvent(window.get(), &drop);
+    EXPECT_EQ(drop.dropAction(), Qt::CopyAction) << "the file stays";
+    return true;
+  };
+  for (const QStringList& files : {QStringList{text}, {none}, {other, other}, {}})
+    EXPECT_FALSE(dropped(files)) << files.join(" ").toStdString();
   EXPECT_EQ(Form().Package().CompW, 4.0F);
-  PutFile(folder / "other.yax", kOther);
-  WhenOpen<QFileDialog>([this](QFileDialog& load) {
-    // The name without its extension: the dialog brings it.
-    load.findChild<QLineEdit*>("fileNameEdit")->setText(QString::fromStdString(folder / "other"));
-    QTest::keyClick(&load, Qt::Key_Return);
-  });
-  Entry("DoLoadYAX").trigger();
+  Entry("DoWireList").trigger();
+  EXPECT_TRUE(dropped({other}));
+  EXPECT_FALSE(Shown("Wire List"));
   EXPECT_EQ(Form().Package().CompW, 6.0F);
+  PutFile(other.toStdString(), kFaulty);
+  EXPECT_TRUE(dropped({other}));
+  EXPECT_TRUE(boxes.empty()) << "faults are trapped";
 }
 
 }  // namespace

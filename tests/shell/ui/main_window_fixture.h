@@ -24,10 +24,10 @@ class MainWindowTest : public testing::Test {
   static constexpr char kDie[] = "COMPL 8\nCOMPW 4\nCOMPZ 1\n";
 
   MainWindowTest() {
-    end.showCritical = [this](const std::string& title, const std::string& text) {
+    end.ShowCritical = [this](const std::string& title, const std::string& text) {
       boxes.push_back(title + ": " + text);
     };
-    end.leave = [this](int with) {
+    end.Leave = [this](int with) {
       status = with;
       if (window) window->hide();
     };

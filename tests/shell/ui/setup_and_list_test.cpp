@@ -110,14 +110,5 @@ TEST_F(SetupAndList, TheListLimitsTheViewWhileItIsShown) {
   EXPECT_EQ(status, 1);
 }
 
-TEST_F(SetupAndList, NewWindowsOpenWithinTheScreenAndApart) {
-  Open({300, 300});
-  const QRect list = OpenList().window()->frameGeometry();
-  const QRect setup = OpenSetup().frameGeometry();
-  EXPECT_TRUE(window->screen()->geometry().contains(list | setup));
-  EXPECT_FALSE(list.intersects(window->frameGeometry()) || setup.intersects(window->frameGeometry()) ||
-               list.intersects(setup));
-}
-
 }  // namespace
 }  // namespace shell
