@@ -84,6 +84,13 @@ def shaping_loops():
         grab("window-loops", "^3D YAX Viewer - ")
 
 
+def estimating():
+    with Shown("AAAc.yax") as viewer:
+        setup = viewer.open("Wire Bond Setup ...", "Wire Bond Setup")
+        press(setup, "ZU Estimator")
+        grab("window-estimator", "^ZU Estimator")
+
+
 def keeping():
     with Shown("AAAc.yax") as viewer:
         viewer.keys(*TURNED)
@@ -101,4 +108,5 @@ atexit.register(manager.kill)
 looking()
 choosing_wires()
 shaping_loops()
+estimating()
 keeping()

@@ -14,7 +14,8 @@ xdotool windowfocus --sync "$window" key Escape
 ends "the installed viewer" 0
 "$prefix/bin/yax" check "$prefix/share/doc/yaxview/examples/bga332.yax" >/dev/null
 expect "yax check: status" $? 0
-for file in man/man1/yax-render.1 bash-completion/completions/yax zsh/site-functions/_yax fish/vendor_completions.d/yax.fish; do
+for file in man/man1/yax-render.1 man/man1/yaxview.1 man/man5/yax.5 mime/packages/yax.xml doc/yaxview/guide.html \
+  bash-completion/completions/yax zsh/site-functions/_yax fish/vendor_completions.d/yax.fish; do
   grep -q . "$prefix/share/$file"
   expect "$file: status" $? 0
 done

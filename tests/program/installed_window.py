@@ -9,7 +9,7 @@ import subprocess
 import sys
 
 import pyatspi
-from bus import Viewer, choose, named, press, until, usable
+from bus import Viewer, named, press, until, usable
 
 SAMPLE = sys.argv[1]
 ESTIMATOR = "/usr/lib/yaxview/ZU.exe"

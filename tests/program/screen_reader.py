@@ -8,7 +8,7 @@ import os
 import sys
 
 import pyatspi
-from bus import Viewer, act, has, named, press, until, usable
+from bus import Viewer, act, choose, has, named, press, until, usable
 
 VIEWER, FOLDER = sys.argv[1:3]
 DEFAULT, CUSTOM = "Default to Die Height", "Custom"
