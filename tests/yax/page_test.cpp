@@ -69,7 +69,8 @@ TEST_F(PageTest, AWireHasItsMeasuresAndTheNearestOfAllWires) {
 
 TEST_F(PageTest, EachWiresTrianglesLieAroundItsLine) {
   const OpenedPackage opened = Opened();
-  const PageModel model = ModelOf(opened.Inputs({}), 0.5);
+  const double scale = double(opened.Package.UnitScale);
+  const PageModel model = ModelOf(opened.Inputs({}), 0.5 / scale);
   ASSERT_EQ(model.Wires.size(), 3U);
   const double middles[][2] = {{30, 0}, {30, 4}, {-30, 0}};  // of the wires in plan
   for (std::size_t k = 0; k < model.Wires.size(); ++k) {
@@ -80,8 +81,8 @@ TEST_F(PageTest, EachWiresTrianglesLieAroundItsLine) {
     for (std::size_t t = wire.First; t < wire.First + wire.Count; ++t)
       for (const std::uint32_t corner : group.Meshes[0].second.Triangles[t]) {
         const model::SceneVector& point = group.Meshes[0].second.Points[corner];
-        EXPECT_NEAR(double(point.X), middles[k][0], 15.51);
-        EXPECT_NEAR(double(-point.Z), middles[k][1], 0.51);
+        EXPECT_NEAR(double(point.X) * scale, middles[k][0], 15.51);
+        EXPECT_NEAR(double(-point.Z) * scale, middles[k][1], 0.51);
       }
     // Yellow on black, black on white.
     EXPECT_EQ(group.Meshes[0].first.Red, 1.0F);
