@@ -16,6 +16,7 @@
 #include "analysis/pads.h"
 #include "analysis/segment_tree.h"
 #include "model/side.h"
+#include "model/text.h"
 
 namespace analysis {
 
@@ -33,8 +34,10 @@ struct Thing {
 };
 
 bool IsMeant(const Rule& rule, const Thing& thing) {
-  return (rule.Tier.empty() || thing.Tier == rule.Tier) &&
-         (rule.NetType.empty() || thing.NetType == rule.NetType);
+  if (!rule.Tier.empty()) return thing.Tier == rule.Tier;
+  // Of a net type the first letter counts, in any case.
+  return rule.NetType.empty() ||
+         model::EqualsUpper(thing.NetType.substr(0, 1), std::string_view(rule.NetType).substr(0, 1));
 }
 
 /// A substrate pad that one record has, or several with the same place, size and angle.

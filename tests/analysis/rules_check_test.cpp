@@ -71,7 +71,7 @@ const std::string kPackage =
 
 TEST(Rules, ReportValuesBeyondTheirLimitWithTheLinesOfTheRecords) {
   const TemporaryFolder folder;
-  PutFile(folder / "board.yax.vu", "A POWER\nB GROUND\nC SIGNAL\n");
+  PutFile(folder / "board.yax.vu", "A POWER\nB GROUND\nC signal\n");
   const Measured measured(PutFile(folder / "board.yax", kPackage));
   const std::pair<const char*, Found> rows[] = {
       // sqrt(2.95^2 + 1.25^2) = 3.2039.
