@@ -10,8 +10,8 @@
 
 #include "formats/cost_table.h"
 #include "model/faults.h"
-#include "model/text.h"
 #include "model/files.h"
+#include "model/text.h"
 
 namespace estimator {
 
