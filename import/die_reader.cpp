@@ -36,7 +36,7 @@ std::string Counted(std::size_t count, const std::string& what) {
 
 constexpr char kLessStrict[] = "try a smaller --pad-min, a larger --pad-aspect, or other --pads";
 
-Die DieOf(const DieRequest& request, std::vector<Terminal> terminals, const glm::dvec2& ownSize,
+Die DieOf(const DieRequest& request, const std::vector<Terminal>& terminals, const glm::dvec2& ownSize,
           const char* sizeFrom) {
   Die die{.File = request.File, .Pads = PadsOf(terminals, request.Rule)};
   die.Size = request.DieSize.value_or(ownSize);
@@ -63,7 +63,7 @@ Die DieFromDef(const DieRequest& request) {
   const double units = chip.UnitsPerMicron * 1000.0;
   const Box area = chip.Area.value_or(Box{});
   MoveToMiddle(chip.Terminals, area.Middle(), units);
-  Die die = DieOf(request, std::move(chip.Terminals), area.Size() / units, "DIEAREA");
+  Die die = DieOf(request, chip.Terminals, area.Size() / units, "DIEAREA");
   if (die.Pads.empty())
     throw ImportError({request.File}, "no pads found among " + found,
                       chip.CellsInLibrary < chip.Cells && chip.CellsInLibrary == 0
@@ -101,7 +101,7 @@ Die DieFromLef(const DieRequest& request) {
   MoveToMiddle(pins, macro.Size / 2.0, 1000.0);
   const std::size_t shapes = ShapeCount(pins);
   const std::size_t count = pins.size();
-  Die die = DieOf(request, std::move(pins), macro.Size / 1000.0, "the macro's SIZE");
+  Die die = DieOf(request, pins, macro.Size / 1000.0, "the macro's SIZE");
   if (die.Pads.empty())
     throw ImportError(place,
                       "no pads found among " + Counted(count, "pin") + " with " + Counted(shapes, "shape"),

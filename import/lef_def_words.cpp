@@ -16,12 +16,14 @@ constexpr bool IsBlank(char letter) {
          letter == '\v';
 }
 
-constexpr std::array<bool, 256> kBlanks = [] {
+constexpr std::array<bool, 256> Blanks() {
   std::array<bool, 256> blanks{};
   for (std::size_t letter = 0; letter < blanks.size(); ++letter)
     blanks[letter] = IsBlank(static_cast<char>(letter));
   return blanks;
-}();
+}
+
+constexpr std::array<bool, 256> kBlanks = Blanks();
 
 }  // namespace
 

@@ -7,9 +7,10 @@
 namespace sheet {
 
 std::size_t Drawing::LayerOf(std::string_view name) {
-  const auto found = std::find(Layers.begin(), Layers.end(), name);
-  if (found == Layers.end()) return Layers.emplace_back(name), Layers.size() - 1;
-  return static_cast<std::size_t>(found - Layers.begin());
+  const auto place = std::find(Layers.begin(), Layers.end(), name) - Layers.begin();
+  const auto number = static_cast<std::size_t>(place);
+  if (number == Layers.size()) Layers.emplace_back(name);
+  return number;
 }
 
 std::string CleanText(std::string_view bytes) {

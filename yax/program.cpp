@@ -83,9 +83,9 @@ Status ParseAndRun(const std::vector<std::string>& arguments) {
 }  // namespace
 
 std::vector<Command> AddCommands(CLI::App& program) {
-  return {AddRender(program),   AddCheck(program),  AddWires(program),  AddClearance(program),
-          AddEstimate(program), AddExport(program), AddImport(program), AddDiagram(program),
-          AddCompletion(program)};
+  return {AddRender(program),    AddCheck(program),    AddWires(program),
+          AddClearance(program), AddEstimate(program), AddExport(program),
+          AddImport(program),    AddDiagram(program),  AddCompletion(program)};
 }
 
 Status RunProgram(const std::vector<std::string>& arguments) {

@@ -144,9 +144,10 @@ TEST_F(ImportProgram, DoesWhatItsGuideShows) {
     }
   }
   PutFile(folder / "guide.sh", script);
-  const std::string program = YAX_PROGRAM;
-  const std::string command = "cd " + (folder / "") + " && ln -s " YAX_SAMPLES " samples && PATH=" +
-                              program.substr(0, program.rfind('/')) + ":$PATH bash guide.sh >out 2>err";
+  const std::string programs = std::filesystem::path(YAX_PROGRAM).parent_path();
+  const std::string command = "cd " + (folder / "") +
+                              " && ln -s " YAX_SAMPLES " samples && PATH=" + programs +
+                              ":$PATH bash guide.sh >out 2>err";
   EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 0) << GetFile(folder / "err");
   EXPECT_EQ(GetFile(folder / "err"), "");
   EXPECT_EQ(GetFile(folder / "out").substr(0, answer.size()), answer);

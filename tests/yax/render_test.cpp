@@ -171,7 +171,8 @@ TEST_F(YaxTest, NamedViewsShowTheWholePackage) {
 
 TEST_F(YaxTest, AnswersHelpAndVersionOnEveryLevel) {
   for (const char* level : {"", "render ", "completion "}) {
-    EXPECT_EQ(Yax(level + std::string("--version")).out, std::string("yax ") + model::kVersionText + "\n") << level;
+    EXPECT_EQ(Yax(level + std::string("--version")).out, std::string("yax ") + model::kVersionText + "\n")
+        << level;
     const Ended help = Yax(level + std::string("--help"));
     EXPECT_EQ(help.status, 0);
     EXPECT_NE(help.out.find("Usage: yax " + std::string(level)), std::string::npos) << help.out;
