@@ -89,6 +89,8 @@ def estimating():
         setup = viewer.open("Wire Bond Setup ...", "Wire Bond Setup")
         press(setup, "ZU Estimator")
         grab("window-estimator", "^ZU Estimator")
+        # It outlives the viewer, as it should.
+        run("xdotool", "windowkill", visible("^ZU Estimator"))
 
 
 def keeping():

@@ -16,10 +16,13 @@ ESTIMATOR = "/usr/lib/yaxview/ZU.exe"
 PARAMETERS = os.path.expanduser("~/.local/share/3D YAX Viewer/AAAc.zu")
 
 
-def frame(title):
-    """The window on the desktop whose title ends so."""
-    apps = filter(None, pyatspi.Registry.getDesktop(0))
-    return next(window for app in apps for window in app if window.name.endswith(title))
+def close(part):
+    """Waits for the window with `part` in its title and ends its program."""
+    def window():
+        apps = filter(None, pyatspi.Registry.getDesktop(0))
+        return next(window for app in apps for window in app if part in window.name)
+
+    os.kill(until(window, part).getApplication().get_process_id(), signal.SIGTERM)
 
 
 with Viewer("yaxview") as viewer:
@@ -35,10 +38,11 @@ with Viewer("yaxview") as viewer:
         press(setup, "ZU Estimator")
         until(lambda: os.path.getsize(PARAMETERS), PARAMETERS)
         print("the parameter file goes to the user's own folder")
+        close("ZU Estimator")
+        print("the estimator opens")
 
 # Without a desktop environment xdg-open waits for the program's end.
 opener = subprocess.Popen(["xdg-open", SAMPLE], stderr=subprocess.DEVNULL)
-window = until(lambda: frame(" - " + os.path.basename(SAMPLE)), "the window that xdg-open opens")
-os.kill(window.getApplication().get_process_id(), signal.SIGTERM)
+close(" - " + os.path.basename(SAMPLE))
 opener.wait(timeout=10)
 print("xdg-open opens a package")
