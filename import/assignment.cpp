@@ -143,8 +143,10 @@ void Assigner::TakeTable() {
   for (const BondRow& row : BondsFromTable(request_.TableFile)) {
     // A table that serves as die too says by its rows which pad it means.
     const auto own = die_.PadOfRow.find(row.Row);
-    const bool ownRow = request_.TableFile == die_.File && own != die_.PadOfRow.end();
-    const std::optional<std::size_t> pad = ownRow ? own->second : FindPad(row.PadName, row.PadNumber);
+    const bool ownTable = request_.TableFile == die_.File;
+    // There a row without a pad is one that the die leaves out.
+    if (ownTable && own == die_.PadOfRow.end()) continue;
+    const std::optional<std::size_t> pad = ownTable ? own->second : FindPad(row.PadName, row.PadNumber);
     if (!pad)
       throw ImportError({request_.TableFile, row.Row},
                         "there is no pad " + Quoted(row.PadName.empty() ? row.PadNumber : row.PadName),

@@ -6,6 +6,7 @@
 #include <unordered_set>
 
 #include "import/crossings.h"
+#include "import/terminals.h"
 #include "model/numbers.h"
 #include "model/reader/package_writer.h"
 
@@ -185,8 +186,8 @@ void Maker::AddBand(const glm::dvec2& from, const glm::dvec2& to, double width) 
 const char* Maker::NetTypeOf(const DiePad& pad) const {
   if (pad.Type == NetType::Ground) return "GROUND";
   if (pad.Type == NetType::Power) return "POWER";
-  if (std::regex_search(pad.Pin, chip_.Nets.Ground)) return "GROUND";
-  return std::regex_search(pad.Pin, chip_.Nets.Power) ? "POWER" : "SIGNAL";
+  if (Matches(pad.Pin, chip_.Nets.Ground)) return "GROUND";
+  return Matches(pad.Pin, chip_.Nets.Power) ? "POWER" : "SIGNAL";
 }
 
 std::vector<std::string> Maker::NamesOf(const std::vector<std::size_t>& leads) const {

@@ -49,8 +49,9 @@ LefMacro LefReader::ReadMacro() {
   for (;;) {
     words_.Take();
     if (words_.Is("END")) {
-      words_.Take();
-      break;
+      // Sections within a macro end with other names.
+      if (words_.TakeName() == macro.Name) break;
+      continue;
     }
     if (words_.Is("ORIGIN")) {
       origin = TakePoint();

@@ -64,8 +64,8 @@ Roles RolesOf(const TextTable& table) {
   } else if (!roles.Lead) {
     roles.Lead = pin;
   }
-  roles.DieX = table.Column({"diex", "x"});
-  roles.DieY = table.Column({"diey", "y"});
+  roles.DieX = table.Column({"diex", "x", "padx", "centerx", "xcenter", "xcoord"});
+  roles.DieY = table.Column({"diey", "y", "pady", "centery", "ycenter", "ycoord"});
   roles.SubsX = table.Column({"subsx"});
   roles.SubsY = table.Column({"subsy"});
   roles.Width = table.Column({"width"});
@@ -111,6 +111,15 @@ std::string TierOf(const TextTable& table, const TableRow& row, Column column) {
 
 constexpr char kAdviceOnPlaces[] = "give it a header with the columns x and y";
 
+/// True for a row that gives a name alone, as lists do for pads without a place. Says so once in `notes`.
+bool HasNoPlace(const TextTable& table, const TableRow& row, Column x, Column y,
+                std::vector<std::string>& notes) {
+  if (!table.Field(row, x).empty() || !table.Field(row, y).empty()) return false;
+  const std::string note = "rows without a place are left out";
+  if (std::find(notes.begin(), notes.end(), note) == notes.end()) notes.push_back(note);
+  return true;
+}
+
 /// Openings that a table does not give: the usual size, or less where pads are close.
 void GuessSizes(Die& die, const std::string& option) {
   constexpr double kUsual = 0.06;
@@ -155,7 +164,8 @@ Die DieFromTable(const DieRequest& request) {
     if (pad.Name.empty()) pad.Name = pad.Number;
     if (pad.Name.empty())
       table.Fail(row, "the pad has no name", "give it one in a column such as name or pad");
-    if (request.Rule.Names && !std::regex_search(pad.Name, *request.Rule.Names)) continue;
+    if (request.Rule.Names && !Matches(pad.Name, *request.Rule.Names)) continue;
+    if (HasNoPlace(table, row, roles.DieX, roles.DieY, die.Notes)) continue;
     const glm::dvec2 place{table.Number(row, *roles.DieX), table.Number(row, *roles.DieY)};
     pad.Middle = (place + origin) * request.TableUnit;
     // The sizes of a list with both ends are the fingers'.
@@ -194,6 +204,7 @@ LeadFrame FingersFromTable(const std::string& file, double unit, const glm::dvec
     // In a list of wires the pads' names are not the leads'.
     if (!list && roles.PadName != roles.Net) lead.Name = table.Field(row, roles.PadName);
     if (lead.Label().empty()) lead.Number = std::to_string(frame.Leads.size() + 1);
+    if (HasNoPlace(table, row, roles.SubsX, roles.SubsY, frame.Notes)) continue;
     lead.Tier = TierOf(table, row, roles.Tier);
     const glm::dvec2 place{table.Number(row, *roles.SubsX), table.Number(row, *roles.SubsY)};
     const glm::dvec2 middle = (place + origin) * unit;

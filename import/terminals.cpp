@@ -38,8 +38,8 @@ class PadSearch {
 
  private:
   bool IsWanted(const Terminal& terminal) const {
-    return !rule_.Names || std::regex_search(terminal.Name, *rule_.Names) ||
-           (terminal.IsCell() && std::regex_search(terminal.Macro, *rule_.Names));
+    return !rule_.Names || Matches(terminal.Name, *rule_.Names) ||
+           (terminal.IsCell() && Matches(terminal.Macro, *rule_.Names));
   }
 
   bool IsPad(const Box& box) const {
@@ -175,6 +175,12 @@ void PadSearch::AddPin(const Terminal& pin) {
 
 std::vector<DiePad> PadsOf(const std::vector<Terminal>& terminals, const PadRule& rule) {
   return PadSearch(terminals, rule).Run();
+}
+
+bool Matches(const std::string& name, const std::regex& pattern) {
+  constexpr std::size_t kMost = 1000;
+  return std::regex_search(name.begin(),
+                           name.begin() + static_cast<std::ptrdiff_t>(std::min(name.size(), kMost)), pattern);
 }
 
 std::size_t ShapeCount(const std::vector<Terminal>& terminals) {

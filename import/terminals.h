@@ -39,6 +39,10 @@ struct PadRule {
 /// that overlap are one pad.
 std::vector<DiePad> PadsOf(const std::vector<Terminal>& terminals, const PadRule& rule);
 
+/// True when the pattern is found in the name, of which the first thousand characters count: the library's
+/// search takes stack for each of them.
+bool Matches(const std::string& name, const std::regex& pattern);
+
 /// How many shapes the terminals have together.
 std::size_t ShapeCount(const std::vector<Terminal>& terminals);
 

@@ -93,8 +93,9 @@ std::string PlainName(std::string_view text) {
 
 bool IsKnownName(const std::string& plain) {
   static constexpr std::string_view kNames[] = {
-      "pad", "net",  "pin",  "ball",  "lead",  "number", "finger", "side", "layer", "tier", "x",
-      "y",   "diex", "diey", "subsx", "subsy", "width",  "height", "type", "angle", "die#", "subs#"};
+      "pad",  "net",   "pin",  "ball", "lead",    "number",  "finger",  "side",    "layer",  "tier",
+      "x",    "y",     "diex", "diey", "subsx",   "subsy",   "width",   "height",  "type",   "angle",
+      "die#", "subs#", "padx", "pady", "centerx", "centery", "xcenter", "ycenter", "xcoord", "ycoord"};
   return plain.ends_with("name") ||
          std::find(std::begin(kNames), std::end(kNames), plain) != std::end(kNames);
 }
@@ -136,6 +137,8 @@ void Parse(std::string_view text, RowParser& parser) {
   std::string_view line;
   for (std::size_t number = 1; lines.Next(line); ++number) {
     if (line.ends_with('\r')) line.remove_suffix(1);
+    // Some spreadsheets write their separator ahead of the table.
+    if (number == 1 && line.size() == 5 && line.starts_with("sep=")) continue;
     parser.Line(std::string(line), number);
   }
 }

@@ -99,7 +99,8 @@ TEST_F(DieReaderTest, PassesOverOtherSectionsInAnyOrder) {
 constexpr char kCells[] =
     "MACRO BOND\n CLASS COVER ;\n ORIGIN 10 4 ;\n SIZE 80 BY 84 ;\n PIN PAD\n  USE POWER ;\n  PORT\n   LAYER "
     "m5 ;\n"
-    "    RECT 0 0 60 76 ;\n  END\n END PAD\n OBS\n  LAYER m5 ;\n   RECT 0 0 60 60 ;\n END\nEND BOND\n"
+    "    RECT 0 0 60 76 ;\n  END\n END PAD\n TIMING\n  RISE 1 ;\n END TIMING\n OBS\n  LAYER m5 ;\n   RECT 0 "
+    "0 60 60 ;\n END\nEND BOND\n"
     "PROPERTYDEFINITIONS\n MACRO BOND STRING ;\nEND PROPERTYDEFINITIONS\nMACRO CORE\n SIZE 9 BY 9 ;\nEND "
     "CORE\n"
     "END LIBRARY\n";

@@ -25,6 +25,7 @@ TEST(TextTable, KnowsTheDialects) {
       {"name\tx\ty\na b\t1\t2 # remark\n", "2:a b|1|2"},
       {"  name   x\ty\n# remark\n\n  a 1 2 ; remark\n\"b c\" 3 4", "4:a|1|2; 5:b c|3|4"},
       {"Die#,Die X (um),die_y\n1,2,3\n", "2:1|2|3"},
+      {"sep=;\r\nname;x;y\r\na;1;2\r\n", "3:a|1|2"},
       {"name,x,y\n\"a \"\"q\"\"\nb\",1,2\nc,3,4\n", "2:a \"q\"\nb|1|2; 4:c|3|4"},
       // Without a header: the number of columns tells.
       {"; pad lead\n1 1\n3 3,4\n", "2:1|1; 3:3|3,4"},
@@ -77,6 +78,7 @@ TEST_F(TablesTest, FindPadsByTheirColumns) {
       {"pad,net,x,y\nA1,VDD,-.9,.4\n", "A1  -0.9 0.4"},
       {"pin,x,y\nVDD,-.9,.4\n", "VDD  -0.9 0.4"},
       {"number,x,y\n7,-.9,.4\n", "7 7 -0.9 0.4"},
+      {"name,x,y\nA,-.9,.4\nB,,\n", "A  -0.9 0.4"},
       {"7 VDD 3 -.9 .4\n", "VDD 7 -0.9 0.4"},
       // None is negative: from the corner of the die, whose middle is at (1, 0.8).
       {"name,x,y\nA,0.1,0.8\nB,1,1.5\n", "A  -0.9 0; B  0 0.7"},
