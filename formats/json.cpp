@@ -8,6 +8,10 @@ std::string JsonText(const Json& json) {
   return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
+std::string JsonPiece(const Json& value) {
+  return value.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
 std::string Utf8Of(std::string_view bytes) {
   // The writer knows how; its reader takes the quotes and escapes off again.
   return Json::parse(JsonText(bytes)).get<std::string>();

@@ -13,6 +13,9 @@ using Json = nlohmann::ordered_json;
 /// The whole file. Names may hold any bytes: each that is no UTF-8 becomes the replacement character.
 std::string JsonText(const Json& json);
 
+/// A value on one line, for a file that is written piece by piece.
+std::string JsonPiece(const Json& value);
+
 /// The text in UTF-8, with the same replacement.
 std::string Utf8Of(std::string_view bytes);
 

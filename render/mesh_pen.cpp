@@ -33,12 +33,16 @@ void MeshPen::Begin(model::Part part, const model::RecordPlace& record) {
   const char* body = BodyName(part);
   isNet_ = body == nullptr;
   name_ = isNet_ ? netOf_(model::NameOf(package_, record)) : body;
+  group_ = kNoGroup;
 }
 
 Mesh& MeshPen::MeshOf(const model::Colour& paint) {
-  const auto [place, isNew] = places_.try_emplace({isNet_, name_}, groups_.size());
-  if (isNew) groups_.push_back({.Name = name_, .IsNet = isNet_, .Meshes = {}});
-  auto& meshes = groups_[place->second].Meshes;
+  if (group_ == kNoGroup) {
+    const auto [place, isNew] = places_.try_emplace({isNet_, name_}, groups_.size());
+    if (isNew) groups_.push_back({.Name = name_, .IsNet = isNet_, .Meshes = {}});
+    group_ = place->second;
+  }
+  auto& meshes = groups_[group_].Meshes;
   const auto found = std::find_if(meshes.begin(), meshes.end(),
                                   [&paint](const auto& entry) { return AreSame(entry.first, paint); });
   return found != meshes.end() ? found->second : meshes.emplace_back(paint, Mesh{}).second;

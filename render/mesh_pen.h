@@ -1,6 +1,8 @@
 /// The scene as meshes, sorted by net: what an export writes.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <string>
@@ -42,8 +44,11 @@ class MeshPen final : public model::Pen {
   const model::Package& package_;
   double wireRadius_;
   NetOfName netOf_;
+  static constexpr std::size_t kNoGroup = SIZE_MAX;
+
   bool isNet_ = false;
   std::string name_;
+  std::size_t group_ = kNoGroup;  ///< of isNet_ and name_, once it was looked up
   model::Colour quadPaint_;  ///< of the last quad, which discs take on
   std::vector<MeshGroup> groups_;
   std::map<std::pair<bool, std::string>, std::size_t> places_;  ///< where each group is
