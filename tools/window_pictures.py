@@ -90,7 +90,7 @@ def estimating():
         press(setup, "ZU Estimator")
         grab("window-estimator", "^ZU Estimator")
         # It outlives the viewer, as it should.
-        run("xdotool", "windowkill", visible("^ZU Estimator"))
+        run("xdotool", "windowactivate", "--sync", visible("^ZU Estimator"), "key", "alt+F4")
 
 
 def keeping():
