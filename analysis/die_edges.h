@@ -16,6 +16,9 @@ struct DieOutline {
   double Degrees = 0.0;
 };
 
+/// False for a die without a width or length, which shows nothing.
+inline bool IsDrawn(const DieOutline& die) { return die.Width != 0.0 && die.Length != 0.0; }
+
 // Units   file units, package axes
 DieOutline BaseDieOf(const model::Package& package);
 DieOutline StackedDieOf(const model::Package& package);

@@ -230,6 +230,7 @@ void RulesCheck::Check(const Rule& rule) {
     case RuleName::WireGap:
       return CheckWireGaps(rule);
     case RuleName::DieToLead: {
+      if (!IsDrawn(BaseDieOf(in_.Package))) return;
       const PlanRectangle die = RectangleOf(BaseDieOf(in_.Package));
       return CheckLeads(rule, [&](const PlanRectangle& lead) { return DistanceBetween(die, lead); });
     }
@@ -300,8 +301,9 @@ void RulesCheck::CheckPadsToEdge(const Rule& rule) {
   const PlanRectangle stacked = RectangleOf(StackedDieOf(in_.Package));
   for (const DiePad& pad : diePads_) {
     const bool isStacked = pad.Record.Place.Table == model::RecordTable::SDBonds;
-    // Round pads show without the stacked die, too.
-    if (!IsMeant(rule, pad.Record) || (isStacked && in_.Package.SDCompW == 0.0F)) continue;
+    // Pads show without their die, too.
+    const bool hasDie = IsDrawn(isStacked ? StackedDieOf(in_.Package) : BaseDieOf(in_.Package));
+    if (!IsMeant(rule, pad.Record) || !hasDie) continue;
     measured_ = true;
     const double depth = DepthIn(isStacked ? stacked : base, pad.Shape);
     if (depth < limit_ - Slack()) Report(pad.Record, depth);

@@ -68,7 +68,7 @@ void SegmentTree::Enclose(Node& node) const {
     if (pieces_[i].Net != node.Net) node.Net = kNone;
 }
 
-/// Counts a width the less, the more it lies along the bundle: pieces side by side are told apart by a
+/// Counts a width the less, the more it lies along the bundle: pieces side by side differ by a
 /// search, pieces one behind the other hardly.
 int SegmentTree::WidestOf(const Node& node) {
   const glm::dvec3 along = node.Axis.B - node.Axis.A;

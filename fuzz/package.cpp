@@ -31,7 +31,7 @@ class NoPen final : public model::Pen {
 class Listener final : public model::reader::ReadObserver {
  public:
   void OnPackageLine(const model::reader::LineNote& note) override {
-    Expect(note.Line > last_ && note.Fields.Found() > 0, "lines with fields are told of, in their order");
+    Expect(note.Line > last_ && note.Fields.Found() > 0, "lines with fields are reported in their order");
     Expect(note.Numbers < 1U << model::Tokens::kCount, "numbers are read from fields");
     Expect((note.Fate == model::reader::LineFate::Taken && IsOfBody(note.Keyword)) ==
                (note.Record.Table != model::RecordTable::None),

@@ -57,7 +57,7 @@ void RoundTo(Decimal& decimal, int decimals) {
   }
 }
 
-/// Lays the digits out round the point, with at least `decimals` places.
+/// Lays the digits out around the point, with at least `decimals` places.
 std::string Layout(const Decimal& decimal, int decimals) {
   std::string whole;
   std::string fraction;

@@ -29,6 +29,12 @@ std::string LayerOf(const DiagramWire& wire) {
   return "WIRES_" + (IsTierNumber(wire.Tier) ? wire.Tier : "0");
 }
 
+/// "1", or letters and "1".
+bool IsLeadOne(const std::string& lead) {
+  return lead.ends_with('1') &&
+         std::all_of(lead.begin(), lead.end() - 1, [](unsigned char c) { return std::isalpha(c) != 0; });
+}
+
 /// Wires that a sheet shows only for orientation.
 constexpr Ink kOthers = Grey(0.62);
 
@@ -141,19 +147,16 @@ class Composer {
       drawing_.Layers.emplace_back(name);
   }
 
-  /// The label of the one wire that goes to lead 1, "1" or letters and "1".
+  /// The label of the wire to lead 1; null where the package, drawn here or not, has none or several.
   const Label* LeadOne() const {
-    const Label* found = nullptr;
-    for (const Label& label : labels_) {
-      const std::size_t letters =
-          static_cast<std::size_t>(std::find_if(label.Lead.begin(), label.Lead.end(),
-                                                [](unsigned char c) { return std::isalpha(c) == 0; }) -
-                                   label.Lead.begin());
-      if (label.Lead.substr(letters) != "1") continue;
-      if (found != nullptr) return nullptr;
-      found = &label;
-    }
-    return found;
+    std::ptrdiff_t count = 0;
+    for (const auto* bonds : {&in_.Package.Bonds, &in_.Package.SDBonds})
+      count += std::count_if(bonds->begin(), bonds->end(),
+                             [](const model::BondRec& bond) { return IsLeadOne(bond.Lead); });
+    if (count != 1) return nullptr;
+    const auto label = std::find_if(labels_.begin(), labels_.end(),
+                                    [](const Label& candidate) { return IsLeadOne(candidate.Lead); });
+    return label == labels_.end() ? nullptr : &*label;
   }
 
   void IncludeShape(const PlanShape& shape) {
@@ -223,7 +226,7 @@ class Composer {
       const std::string wireLayer = LayerOf(wire);
       const Ink ink = view.Shows(wire) ? InkOf(wireLayer) : kOthers;
       pencil.Add(wireLayer, Line{line.From, line.To, {.Width = width, .Colour = ink}});
-      if (wire.Offends)
+      if (wire.Offends && view.Shows(wire))
         pencil.Add(layer::kFindings,
                    Line{line.From, line.To, {.Width = 2.0 * width, .Colour = {0.85, 0.0, 0.0}}});
     }

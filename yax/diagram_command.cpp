@@ -149,8 +149,10 @@ Status Diagram(const DiagramOptions& options) {
   const analysis::LengthUnit unit = UnitOf(options.unit, opened.Package);
   const std::vector<analysis::WireLoop> loops = opened.Loops();
   std::vector<sheet::DiagramWire> wires = sheet::DiagramWiresOf(opened.Package, loops, opened.Lines);
+  // The choice of wires is one of the drawing: the verdict is that of the whole package.
+  const OpenedPackage whole(options.package, options.loops);
   const Judgement judgement =
-      Judge(options, {opened.Package, opened.Lines, loops, opened.Settings, unit}, wires);
+      Judge(options, {whole.Package, whole.Lines, whole.Loops(), whole.Settings, unit}, wires);
   // A drawing that is true to size has its numbers in the drawing's unit, and the plan once.
   const bool trueToSize = format == Format::Dxf;
   const double millimetres = unit.Metres * 1e3;

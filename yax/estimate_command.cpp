@@ -69,7 +69,7 @@ void CheckPlane(const EstimateOptions& options, const OpenedPackage& opened,
   }
 }
 
-/// The least coupling to keep; nothing where couplings take too long for nobody having asked.
+/// The least coupling to keep; nothing where couplings take long and the option does not ask for them.
 std::optional<double> LeastCoupling(const EstimateOptions& options, std::size_t wires) {
   if (options.coupling && wires > analysis::kMostCoupled)
     throw Unusable(

@@ -1,4 +1,4 @@
-/// The reader at work: what it keeps from line to line.
+/// What the reader keeps from line to line.
 #pragma once
 
 #include <cstdint>

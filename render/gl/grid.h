@@ -1,4 +1,4 @@
-/// A box of green grid lines round the scene.
+/// A box of green grid lines around the scene.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@ namespace render::gl {
 /// Deliberate: callable, and no part of the picture that the viewer shows.
 class Grid {
  public:
-  /// Compiles one square of 100 x 100 units, with lines 5 units apart, at y = 0 round the origin.
+  /// Compiles one square of 100 x 100 units, with lines 5 units apart, at y = 0 around the origin.
   /// Needs   current context
   /// Faults  Overflow when the list's name does not fit 16 bits
   void BuildGrid();

@@ -39,7 +39,8 @@ void SceneList::Build(Scene& scene, unsigned mode) {
     Empty(fresh);
     throw;
   }
-  // Deliberate: an end without a begin is part of every scene list. It raises an error that nobody asks for.
+  // Deliberate: an end without a begin is part of every scene list. OpenGL raises an error for it, which is
+  // never reported.
   glEnd();
   glEndList();
   if (number_ != 0) Empty(number_);

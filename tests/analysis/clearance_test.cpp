@@ -223,7 +223,7 @@ double PlainDistance(const analysis::LoopOfNet& a, const analysis::LoopOfNet& b)
   return least;
 }
 
-/// A bound that no two pieces fall below: between the balls round the middles of the loops.
+/// A bound that no two pieces fall below: between the balls around the middles of the loops.
 double AtLeast(const analysis::LoopOfNet& a, const analysis::LoopOfNet& b) {
   const auto radius = [](const analysis::LoopOfNet& loop) {
     double largest = 0.0;

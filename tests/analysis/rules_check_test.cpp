@@ -87,7 +87,7 @@ TEST(Rules, ReportValuesBeyondTheirLimitWithTheLinesOfTheRecords) {
       {"no-crossing tier 1", {"13 11"}},
       {"max-loop-height 0.4 mm", {"11 500", "12 500", "13 500"}},
       {"max-loop-height 0.5 mm", {}},
-      // From x = 2 to 4.4 and 4.65. B and C share a pad, which is told at its first record.
+      // From x = 2 to 4.4 and 4.65. B and C share a pad, which is reported at its first record.
       {"die-to-lead 2.5 mm", {"8 2400"}},
       {"die-to-lead 3 mm", {"8 2400", "9 2650"}},
       {"lead-width 0.25 mm", {"8 200", "9 200"}},

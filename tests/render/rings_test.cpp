@@ -11,7 +11,7 @@ std::string PlanText(const model::SceneVector& point) {
   return "(" + NumberText(double(point.X)) + " " + NumberText(double(point.Z)) + ")";
 }
 
-/// The two corners, in plan, of the box round the quads first .. first + count - 1.
+/// The two corners, in plan, of the box around the quads first .. first + count - 1.
 std::string Bounds(const RecordingPen& pen, std::size_t first, std::size_t count) {
   model::SceneVector low{1e9F, 0.0F, 1e9F}, high{-1e9F, 0.0F, -1e9F};
   for (std::size_t i = first; i < first + count; ++i) {

@@ -43,8 +43,7 @@ PictureFormat PictureFormatOf(const std::string& output) {
   const std::string name = model::UpperCase(output);
   if (name == "-" || name.ends_with(".PNG")) return PictureFormat::Png;
   if (name.ends_with(".BMP")) return PictureFormat::Bmp;
-  throw Unusable({.File = output}, "its name tells no picture format",
-                 "let it end in .png or .bmp, or give -");
+  throw Unusable({.File = output}, "unknown picture format", "use .png, .bmp or -");
 }
 
 }  // namespace yax

@@ -15,7 +15,7 @@ namespace yax {
 /// Faults  Unusable when the file cannot be read, or a value is none
 LoopValues ReadParameterFile(const std::string& path);
 
-/// The same from the text; `name` stands in messages. A line without a known key is told of and passed over.
+/// The same from the text; `name` stands in messages. A line without a known key is reported and ignored.
 LoopValues ReadParameterText(const std::string& name, std::string_view text);
 
 }  // namespace yax

@@ -56,7 +56,7 @@ std::string PackageJson(const PageInputs& inputs) {
 }
 
 std::string DiagramPanel(const std::string& svg) {
-  // What a file of its own says first has no place within a page.
+  // A stand-alone file begins with a declaration that a page must not repeat.
   const std::size_t begin = svg.find("<svg");
   return "<section role=\"tabpanel\" id=\"diagram-panel\" aria-labelledby=\"diagram-tab\" hidden>\n" +
          svg.substr(begin) + "</section>\n";

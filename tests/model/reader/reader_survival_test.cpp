@@ -1,4 +1,4 @@
-// Packages of a kind or a length that nobody draws: each is read in full, in a second, and keeps the counts
+// Packages of an unlikely kind or length: each is read in full, in a second, and keeps the counts
 // said here.
 #include <algorithm>
 #include <ctime>
