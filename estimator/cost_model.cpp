@@ -19,7 +19,7 @@ constexpr Column kColumns[] = {
     {"Wire", false, true},        {"To pad", false, true},    {"Table", false, false},
     {"Tier", false, false},       {"Net type", false, false}, {"Length (mm)", true, false},
     {"R dc (mOhm)", true, false}, {"R (mOhm)", true, false},  {"L (nH)", true, false},
-    {"Nearest", false, true},     {"k", true, false}};
+    {"Nearest", false, false},    {"k", true, false}};
 
 }  // namespace
 

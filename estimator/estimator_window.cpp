@@ -132,6 +132,7 @@ void EstimatorWindow::ShowResult() {
   model_->Show(shown_->Texts);
   table_->resizeColumnsToContents();
   if (!shown_->Problem.empty()) {
+    setWindowTitle(QStringLiteral("ZU Estimator"));
     state_->setText(QString::fromStdString(shown_->Problem));
     return;
   }

@@ -204,7 +204,7 @@ void Assigner::MatchGroup(std::string (*textOf)(const Lead&)) {
   std::map<std::string, std::vector<std::size_t>> pads;
   for (const std::size_t pad : OpenPads()) {
     // Of several pads of one pin each may meet a lead that bears the pin's name.
-    for (const std::string& name : {die_.Pads[pad].Name, die_.Pads[pad].Pin}) {
+    for (const std::string& name : {die_.Pads[pad].Pin, die_.Pads[pad].Name}) {
       if (!leads.contains(name)) continue;
       pads[name].push_back(pad);
       break;

@@ -87,7 +87,9 @@ void Footprint::Read(bool onBoard) {
     if (element.Name == "layer" && SExpression(element, file_).Word(0) == "B.Cu") side_ = 'B';
     if (element.Name == "at" && onBoard) {
       const SExpression at(element, file_);
-      degrees_ = NumberOr(at.Word(2), 0.0);
+      const std::optional<double> degrees = at.Word(2).empty() ? 0.0 : NumberIn(at.Word(2));
+      if (!degrees) at.Fail("the angle " + Quoted(at.Word(2)) + " is not a number", "correct it");
+      degrees_ = *degrees;
     }
   }
   for (const ElementSpan& element : elements) {

@@ -190,9 +190,10 @@ Die DieFromTable(const DieRequest& request) {
 LeadFrame FingersFromTable(const std::string& file, double unit, const glm::dvec2& dieSize) {
   const TextTable table(ReadSource(file), file);
   Roles roles = RolesOf(table);
-  const glm::dvec2 origin = OriginOf(table, roles.DieX, roles.DieY, dieSize / unit);
   const bool list = roles.HasBothEnds();
-  if (!list) roles.SubsX = roles.DieX, roles.SubsY = roles.DieY;
+  if (!list && !roles.SubsX) roles.SubsX = roles.DieX, roles.SubsY = roles.DieY;
+  const glm::dvec2 origin =
+      OriginOf(table, list ? roles.DieX : roles.SubsX, list ? roles.DieY : roles.SubsY, dieSize / unit);
   if (!table.HasHeader() || !roles.SubsX || !roles.SubsY)
     throw ImportError({file}, "it does not say where the fingers are", kAdviceOnPlaces);
   if (!list && !roles.Lead) roles.Lead = roles.PadNumber;

@@ -132,6 +132,16 @@ std::size_t PlainColumns(std::vector<TableRow>& rows, char separator) {
   return 2;
 }
 
+/// A header is worth more than as many columns as a table without one may have.
+constexpr std::size_t kBestPlain = 5;
+
+/// Whether each row has blanks within its first field.
+bool HaveBlanks(const std::vector<TableRow>& rows) {
+  return std::all_of(rows.begin(), rows.end(), [](const TableRow& row) {
+    return row.Fields.front().find_first_of(" \t") != std::string::npos;
+  });
+}
+
 void Parse(std::string_view text, RowParser& parser) {
   model::Lines lines(text);
   std::string_view line;
@@ -152,17 +162,20 @@ TextTable::TextTable(std::string_view text, std::string file) : file_(std::move(
   std::size_t best = 0;
   std::size_t openSince = 0;
   for (const char separator : {'\t', ';', ',', kBlanks}) {
+    // Names of columns may hold blanks.
+    if (separator == kBlanks && !header_.empty()) break;
     RowParser parser(separator);
     Parse(text, parser);
     if (parser.Open()) {
       openSince = parser.OpenSince();
       continue;
     }
-    // A header is worth more than columns that happen to be as many as expected.
     const std::size_t names = KnownNames(parser.Rows());
     const std::size_t plain = names != 0 ? 0 : PlainColumns(parser.Rows(), separator);
-    const std::size_t worth = names != 0 ? names + 1 : plain != 0 ? 1 : 0;
-    if (worth <= best) continue;
+    const std::size_t worth = names != 0 ? names + kBestPlain : plain;
+    // The commas of "1 3,4" list leads.
+    const bool listsLeads = separator == kBlanks && worth == best && separator_ == ',' && HaveBlanks(rows_);
+    if (worth <= best && !listsLeads) continue;
     best = worth;
     separator_ = separator;
     rows_ = std::move(parser.Rows());
@@ -173,9 +186,24 @@ TextTable::TextTable(std::string_view text, std::string file) : file_(std::move(
     columns_ = header_.size();
     rows_.erase(rows_.begin());
   }
+  if (!header_.empty()) TakeSurplus();
   if (best == 0 && openSince != 0)
     throw ImportError({file_, openSince}, "a quote is not closed", "close it, or remove it");
   if (best == 0) throw ImportError({file_}, "its columns cannot be told apart", std::string(kAdviceOnHeader));
+}
+
+void TextTable::TakeSurplus() {
+  for (TableRow& row : rows_) {
+    const auto surplus =
+        row.Fields.begin() + static_cast<std::ptrdiff_t>(std::min(header_.size(), row.Fields.size()));
+    if (std::all_of(surplus, row.Fields.end(), [](const std::string& field) { return field.empty(); }))
+      continue;
+    if (header_.size() != 2 || separator_ != ',')
+      Fail(row, "it has more fields than the header names",
+           "name every column, and put texts with separators in quotes");
+    for (auto field = surplus; field != row.Fields.end(); ++field) row.Fields[1] += "," + *field;
+    row.Fields.resize(2);
+  }
 }
 
 std::optional<std::size_t> TextTable::Column(std::initializer_list<std::string_view> names) const {

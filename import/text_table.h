@@ -45,6 +45,9 @@ class TextTable {
   [[noreturn]] void Fail(const TableRow& row, const std::string& what, const std::string& advice) const;
 
  private:
+  /// Joins what stands behind the last of two columns, "pad,3,4"; elsewhere it has no column.
+  void TakeSurplus();
+
   std::string file_;
   char separator_ = ',';
   std::size_t columns_ = 0;

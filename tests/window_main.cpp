@@ -12,7 +12,9 @@
 
 /// Leaks in the software renderer's compiler and in the library of the session bus are not ours.
 extern "C" const char* __lsan_default_suppressions();
-extern "C" const char* __lsan_default_suppressions() { return "leak:libLLVM\nleak:libdbus-1\n"; }
+extern "C" const char* __lsan_default_suppressions() {
+  return "leak:libLLVM\nleak:libdbus-1\nleak:libfontconfig\n";
+}
 
 /// Keeps that compiler loaded: after it is unloaded the sanitizer cannot name the library of a leak.
 static void HoldCompiler() {

@@ -59,7 +59,7 @@ TEST_F(YaxTest, EndsWithAStatusThatTellsWhatWasFound) {
       {"export -o - " + one, 0, "glTF", ""},
       {"wires -o /dev/stdout " + one, 0, "A", ""},
       {"wires -o /dev/full " + one, 2, "", "/dev/full: No space left on device"},
-      {"export -o " + (folder / "a.stl") + " " + one, 2, "", "a.stl: unknown mesh format"},
+      {"export -o " + (folder / "a.stl") + " " + one, 2, "", "a.stl: unknown export format"},
       {"export -o " + (folder / "a.glb") + " " + (folder / "small.yax"), 2, "", "pass --unit"},
       {"render " + one + " -o " + (folder / "b.bmp"), 0, "", ""},
       {"", 2, "", "yax: "},

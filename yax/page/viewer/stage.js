@@ -30,6 +30,8 @@ export class Stage {
     this.controls.enableKeys = false; // they would move the picture while a list is read
     this.controls.screenSpacePanning = true;
     this.controls.addEventListener("change", () => this.draw());
+    // From now on the eye is where the reader put it.
+    this.controls.addEventListener("start", () => (this.view = null));
     this.scene = new Scene();
     this.scene.background = new Color();
     const lamp = new DirectionalLight(0xffffff, 0.6);
@@ -90,6 +92,7 @@ export class Stage {
     this.renderer.setPixelRatio(window.devicePixelRatio);
     this.renderer.setSize(width, height, false);
     this.camera.aspect = width / height;
+    if (this.view) this.show(this.view);
     this.drawNow();
   }
 
@@ -120,6 +123,7 @@ export class Stage {
   }
 
   turn(right, up) {
+    this.view = null;
     const offset = this.camera.position.clone().sub(this.controls.target);
     const length = offset.length();
     const around = Math.atan2(offset.x, offset.z) + right;
@@ -131,6 +135,7 @@ export class Stage {
   }
 
   zoom(factor) {
+    this.view = null;
     this.camera.position.sub(this.controls.target).multiplyScalar(factor).add(this.controls.target);
     this.controls.update();
     this.draw();
