@@ -25,7 +25,7 @@ bool IsText(std::string_view text) {
 
 void ExpectText(const shell::help::Paragraph& paragraph) {
   const shell::help::RunFormat* before = nullptr;
-  for (const shell::Run& run : paragraph.Runs) {
+  for (const shell::help::Run& run : paragraph.Runs) {
     Expect(!run.Text.empty() && IsText(run.Text), "runs hold text");
     Expect(before == nullptr || *before != run.Format, "neighbours differ in their format");
     before = &run.Format;
