@@ -101,11 +101,14 @@ struct Judgement {
   bool Keeps = true;
 };
 
-Judgement Judge(const DiagramOptions& options, const MeasuredPackage& measured,
+/// The choice of wires is one of the drawing: the verdict is that of the whole package.
+Judgement Judge(const DiagramOptions& options, const OpenedPackage& opened, const analysis::LengthUnit& unit,
                 std::vector<sheet::DiagramWire>& wires) {
   Judgement judgement;
   if (options.rules.File.empty()) return judgement;
-  const RulesFound found = MeasureRules(options.rules, ReadRulesFile(options.rules), measured);
+  const std::vector<analysis::WireLoop> loops = opened.AllLoops();
+  const RulesFound found = MeasureRules(options.rules, ReadRulesFile(options.rules),
+                                        {opened.Package, opened.Lines, loops, opened.Settings, unit});
   judgement.Rules = found.Name;
   std::set<std::string> offenders;
   std::vector<std::size_t> counts(found.Set.Rules.size());
@@ -149,10 +152,7 @@ Status Diagram(const DiagramOptions& options) {
   const analysis::LengthUnit unit = UnitOf(options.unit, opened.Package);
   const std::vector<analysis::WireLoop> loops = opened.Loops();
   std::vector<sheet::DiagramWire> wires = sheet::DiagramWiresOf(opened.Package, loops, opened.Lines);
-  // The choice of wires is one of the drawing: the verdict is that of the whole package.
-  const OpenedPackage whole(options.package, options.loops);
-  const Judgement judgement =
-      Judge(options, {whole.Package, whole.Lines, whole.Loops(), whole.Settings, unit}, wires);
+  const Judgement judgement = Judge(options, opened, unit, wires);
   // A drawing that is true to size has its numbers in the drawing's unit, and the plan once.
   const bool trueToSize = format == Format::Dxf;
   const double millimetres = unit.Metres * 1e3;

@@ -10,9 +10,9 @@ OpenedPackage::OpenedPackage(const PackageOptions& file, const LoopOptions& loop
       Shapes(ShapesOf(loops.Tiers, Package)),
       Selection(SelectionOf(wires, Package)) {}
 
-std::vector<analysis::WireLoop> OpenedPackage::Loops() const {
+std::vector<analysis::WireLoop> OpenedPackage::LoopsOf(const model::WireInputs& inputs) const {
   try {
-    return analysis::WireLoopsOf(Wires());
+    return analysis::WireLoopsOf(inputs);
   } catch (const model::Fault& fault) {
     throw NotDrawn(fault);
   }

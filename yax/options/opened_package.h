@@ -24,7 +24,9 @@ struct OpenedPackage {
   }
   /// The loops of the wires chosen.
   /// Faults  Unusable when one of them cannot be drawn
-  std::vector<analysis::WireLoop> Loops() const;
+  std::vector<analysis::WireLoop> Loops() const { return LoopsOf(Wires()); }
+  /// The same of every wire, chosen or not.
+  std::vector<analysis::WireLoop> AllLoops() const { return LoopsOf({Package, Settings, {}, &Shapes}); }
   /// What the command ends with when the package cannot be drawn.
   Unusable NotDrawn(const model::Fault& fault) const;
 
@@ -33,6 +35,9 @@ struct OpenedPackage {
   const model::WireBondSettings Settings;
   const model::WireShapes Shapes;  ///< wires with loops of their own
   model::WireSelection Selection;
+
+ private:
+  std::vector<analysis::WireLoop> LoopsOf(const model::WireInputs& inputs) const;
 };
 
 }  // namespace yax
