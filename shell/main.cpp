@@ -15,7 +15,7 @@
 namespace {
 
 bool HasDisplay() {
-  const QString platform = qApp != nullptr ? QGuiApplication::platformName() : "offscreen";
+  const QString platform = QGuiApplication::platformName();
   return platform != "offscreen" && !platform.startsWith("minimal");
 }
 
@@ -63,12 +63,18 @@ int main(int argc, char** argv) {
   // Qt aborts where no display answers.
   const bool onX = shell::QtOption(arguments, "platform") == nullptr && qgetenv("QT_QPA_PLATFORM") == "xcb";
   const shell::ui::DisplayConnection display(shell::QtOption(arguments, "display"));
-  if (onX && !display.Answers()) {
+  const bool drawable = !onX || display.Answers();
+  // Wayland without X cannot show the view, but it can show why; with Qt's module for it missing, stderr does.
+  if (!drawable && !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+    qputenv("QT_QPA_PLATFORM", "wayland;offscreen");
+  else if (!drawable)
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+
+  Application application(argc, argv, end);
+  if (!drawable) {
     end.FatalError("Could not retrieve pixel format!");
     return status;
   }
-
-  Application application(argc, argv, end);
   shell::ui::InstallAccessibleViews();
   QCoreApplication::setApplicationName(shell::kProgramTitle);
   // Qt has removed its own options from argv.

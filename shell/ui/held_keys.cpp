@@ -15,6 +15,22 @@ quint32 CodeOf(const QKeyEvent& key) {
   return key.nativeScanCode() != 0 ? key.nativeScanCode() : static_cast<quint32>(key.key());
 }
 
+bool ClosesPopup(int key) { return key == Qt::Key_Escape || key == Qt::Key_Return || key == Qt::Key_Enter; }
+
+/// The open list or other popup that takes the key. A completer's list takes what closes it and leaves the rest
+/// to the text box that the user types into.
+const QObject* PopupThatTakes(int key) {
+  const QWidget* const popup = QApplication::activePopupWidget();
+  return popup == nullptr || (popup->focusProxy() != nullptr && !ClosesPopup(key)) ? nullptr : popup;
+}
+
+/// Null stands for an open menu: it has the keys of the window below it, and so do its submenus.
+const QObject* TakerOf(const QKeyEvent& key, const QObject* window) {
+  if (qobject_cast<QMenu*>(QApplication::activePopupWidget()) != nullptr) return nullptr;
+  const QObject* const popup = PopupThatTakes(key.key());
+  return popup != nullptr ? popup : window;
+}
+
 }  // namespace
 
 HeldKeys::HeldKeys() {
@@ -42,12 +58,11 @@ bool HeldKeys::nativeEventFilter(const QByteArray& eventType, void* message, qin
 bool HeldKeys::eventFilter(QObject* watched, QEvent* event) {
   // From now on the releases of keys may go to another program.
   if (event->type() == QEvent::ApplicationStateChange) takers_.clear();
-  // From the window an event goes on to its widgets; a menu has the keys of the window below it.
+  // From the window an event goes on to its widgets.
   if (event->type() != QEvent::KeyPress || !watched->isWindowType()) return false;
   const auto& key = *static_cast<QKeyEvent*>(event);
   const quint32 code = CodeOf(key);
-  const bool inMenu = qobject_cast<QMenu*>(QApplication::activePopupWidget()) != nullptr;
-  const QObject* const taker = inMenu ? nullptr : watched;
+  const QObject* const taker = TakerOf(key, watched);
   const bool repeats =
       key.isAutoRepeat() || (key.nativeScanCode() < xKeys_.size() && xKeys_[key.nativeScanCode()].Repeats);
   if (repeats) return !takers_.contains(code) || takers_[code] != taker;

@@ -42,31 +42,36 @@ QPageSize DefaultPaperOfPdf() {
   return printer.pageLayout().pageSize();
 }
 
-void OfferPapers(QComboBox& box, const QList<QPageSize>& papers, const QPageSize& chosen,
-                 const QPageSize& fallback) {
+int IndexOf(const QList<QPageSize>& papers, const QPageSize& wanted) {
+  for (int i = 0; i < papers.size(); ++i)
+    if (papers[i].isEquivalentTo(wanted)) return i;
+  return -1;
+}
+
+/// Shows the wanted paper, or the target's usual one where it does not take that.
+void OfferPapers(QComboBox& box, QList<QPageSize> papers, const QPageSize& wanted, const QPageSize& usual) {
+  if (usual.isValid() && IndexOf(papers, usual) < 0) papers.append(usual);
   box.clear();
-  for (const QPageSize& paper : papers) {
-    box.addItem(paper.name(), QVariant::fromValue(paper));
-    if (paper.isEquivalentTo(fallback) && !chosen.isValid()) box.setCurrentIndex(box.count() - 1);
-    if (paper.isEquivalentTo(chosen)) box.setCurrentIndex(box.count() - 1);
-  }
+  for (const QPageSize& paper : papers) box.addItem(paper.name(), QVariant::fromValue(paper));
+  const int index = wanted.isValid() ? IndexOf(papers, wanted) : -1;
+  box.setCurrentIndex(index >= 0 ? index : std::max(IndexOf(papers, usual), 0));
 }
 
 /// Offers the modes that the printer has; with a single one there is nothing to choose.
 template <class Mode, std::size_t kCount>
 void OfferModes(QComboBox& box, const std::pair<Mode, const char*> (&modes)[kCount],
-                const QList<Mode>& supported, Mode chosen) {
+                const QList<Mode>& supported, Mode wanted) {
   box.clear();
   for (const auto& [mode, name] : modes)
     if (supported.contains(mode)) box.addItem(name, static_cast<int>(mode));
-  box.setCurrentIndex(std::max(box.findData(static_cast<int>(chosen)), 0));
+  box.setCurrentIndex(std::max(box.findData(static_cast<int>(wanted)), 0));
   box.setEnabled(box.count() > 1);
 }
 
 }  // namespace
 
 PrinterSetup::PrinterSetup(const PrintSettings& settings, QWidget* parent)
-    : QDialog(parent), before_(settings), paper_(new QComboBox), orientation_(new QComboBox) {
+    : QDialog(parent), wanted_(settings), paper_(new QComboBox), orientation_(new QComboBox) {
   setWindowTitle("Printer Setup");
   auto* const rows = new QFormLayout;
   const bool hasPrinters = !QPrinterInfo::availablePrinterNames().isEmpty();
@@ -78,7 +83,7 @@ PrinterSetup::PrinterSetup(const PrintSettings& settings, QWidget* parent)
   orientation_->setCurrentIndex(orientation_->findData(settings.Orientation));
   if (hasPrinters) {
     AddPrinterOptions(*rows);
-    OfferPrinterOptions(settings);
+    OfferPrinterOptions();
   } else {
     OfferPapers(*paper_, UsualPapers(), settings.Paper, DefaultPaperOfPdf());
   }
@@ -92,7 +97,7 @@ PrinterSetup::PrinterSetup(const PrintSettings& settings, QWidget* parent)
 }
 
 void PrinterSetup::AddPdfFile(QFormLayout& rows) {
-  pdfFile_ = new QLineEdit(before_.PdfFile);
+  pdfFile_ = new QLineEdit(wanted_.PdfFile);
   pdfFile_->setAccessibleName("PDF file");
   pdfFile_->setMinimumWidth(pdfFile_->fontMetrics().averageCharWidth() * 40);
   auto* const browse = new QPushButton("Browse ...");
@@ -107,30 +112,31 @@ void PrinterSetup::AddPdfFile(QFormLayout& rows) {
 void PrinterSetup::AddPrinters(QFormLayout& rows) {
   printer_ = new QComboBox;
   printer_->addItems(QPrinterInfo::availablePrinterNames());
-  const int chosen = printer_->findText(before_.Printer);
+  const int chosen = printer_->findText(wanted_.Printer);
   const int usual = printer_->findText(QPrinterInfo::defaultPrinterName());
   printer_->setCurrentIndex(chosen >= 0 ? chosen : std::max(usual, 0));
-  // What both printers have stays chosen.
-  connect(printer_, &QComboBox::currentIndexChanged, this, [this] { OfferPrinterOptions(Settings()); });
+  connect(printer_, &QComboBox::currentIndexChanged, this, [this] { OfferPrinterOptions(); });
   rows.addRow("Printer:", printer_);
 }
 
 void PrinterSetup::AddPrinterOptions(QFormLayout& rows) {
   copies_ = new QSpinBox;
   copies_->setRange(1, kMostCopies);
-  copies_->setValue(before_.Copies);
+  copies_->setValue(wanted_.Copies);
   colour_ = new QComboBox;
   duplex_ = new QComboBox;
   rows.addRow("Copies:", copies_);
   rows.addRow("Colour:", colour_);
   rows.addRow("Two-sided:", duplex_);
+  for (QComboBox* const box : {paper_, colour_, duplex_})
+    connect(box, &QComboBox::activated, this, [this] { wanted_ = Settings(); });
 }
 
-void PrinterSetup::OfferPrinterOptions(const PrintSettings& settings) {
+void PrinterSetup::OfferPrinterOptions() {
   const QPrinterInfo printer = QPrinterInfo::printerInfo(printer_->currentText());
-  OfferPapers(*paper_, printer.supportedPageSizes(), settings.Paper, printer.defaultPageSize());
-  OfferModes(*colour_, kColourModes, printer.supportedColorModes(), settings.Colour);
-  OfferModes(*duplex_, kDuplexModes, printer.supportedDuplexModes(), settings.Duplex);
+  OfferPapers(*paper_, printer.supportedPageSizes(), wanted_.Paper, printer.defaultPageSize());
+  OfferModes(*colour_, kColourModes, printer.supportedColorModes(), wanted_.Colour);
+  OfferModes(*duplex_, kDuplexModes, printer.supportedDuplexModes(), wanted_.Duplex);
 }
 
 void PrinterSetup::Browse() {
@@ -141,17 +147,21 @@ void PrinterSetup::Browse() {
 }
 
 PrintSettings PrinterSetup::Settings() const {
-  PrintSettings settings = before_;
+  PrintSettings settings = wanted_;
   settings.Paper = paper_->currentData().value<QPageSize>();
   settings.Orientation = orientation_->currentData().value<QPageLayout::Orientation>();
   if (printer_ == nullptr) {
     settings.PdfFile = pdfFile_->text();
     return settings;
   }
+  settings.PdfFile.clear();
   settings.Printer = printer_->currentText();
   settings.Copies = copies_->value();
-  settings.Colour = static_cast<QPrinter::ColorMode>(colour_->currentData().toInt());
-  settings.Duplex = static_cast<QPrinter::DuplexMode>(duplex_->currentData().toInt());
+  // A printer with a single mode says nothing about the mode wanted on the next one.
+  if (colour_->isEnabled())
+    settings.Colour = static_cast<QPrinter::ColorMode>(colour_->currentData().toInt());
+  if (duplex_->isEnabled())
+    settings.Duplex = static_cast<QPrinter::DuplexMode>(duplex_->currentData().toInt());
   return settings;
 }
 

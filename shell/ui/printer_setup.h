@@ -16,7 +16,7 @@ namespace shell::ui {
 /// Start values are the system's own: its default printer with its default paper.
 struct PrintSettings {
   QString Printer;  ///< empty: the default printer
-  QString PdfFile;  ///< where there is no printer; empty: none chosen yet
+  QString PdfFile;  ///< chosen while there was no printer; goes before `Printer`; empty: none chosen
   QPageSize Paper;  ///< invalid: the target's default
   QPageLayout::Orientation Orientation = QPageLayout::Portrait;
   int Copies = 1;
@@ -37,10 +37,10 @@ class PrinterSetup final : public QDialog {
   void AddPrinters(QFormLayout& rows);
   void AddPdfFile(QFormLayout& rows);
   void AddPrinterOptions(QFormLayout& rows);
-  void OfferPrinterOptions(const PrintSettings& settings);
+  void OfferPrinterOptions();
   void Browse();
 
-  PrintSettings before_;
+  PrintSettings wanted_;  ///< as chosen, also what the shown printer does not offer
   QComboBox* printer_ = nullptr;  ///< null without printers
   QLineEdit* pdfFile_ = nullptr;  ///< null with printers
   QComboBox* paper_;

@@ -57,11 +57,14 @@ void Printing::SetUp() {
 }
 
 void Printing::Print(const render::Picture& picture, bool fit, const std::string& packagePath) {
-  if (!QPrinterInfo::availablePrinterNames().isEmpty()) return PrintOnPaper(picture, fit);
-  if (settings_.PdfFile.isEmpty())
-    return Complain("There is no printer. \"Printer Setup ...\" can choose a PDF file instead.");
-  const std::string file = QFile::encodeName(settings_.PdfFile).toStdString();
-  if (MayReplace(file, packagePath)) PrintToFile(picture, fit, file);
+  if (!settings_.PdfFile.isEmpty()) {
+    const std::string file = QFile::encodeName(settings_.PdfFile).toStdString();
+    if (MayReplace(file, packagePath)) PrintToFile(picture, fit, file);
+  } else if (!QPrinterInfo::availablePrinterNames().isEmpty()) {
+    PrintOnPaper(picture, fit);
+  } else {
+    Complain("There is no printer. \"Printer Setup ...\" can choose a PDF file instead.");
+  }
 }
 
 bool Printing::MayReplace(const std::string& file, const std::string& packagePath) const {

@@ -1,7 +1,10 @@
 #include <xcb/xcb.h>
 
 #include <QAbstractEventDispatcher>
+#include <QComboBox>
+#include <QDialog>
 #include <QMenu>
+#include <QPointer>
 #include <QProcess>
 #include <QScrollBar>
 #include <QWheelEvent>
@@ -116,6 +119,24 @@ TEST_F(MainWindowInput, AHeldKeyThatAMenuOrAnotherWindowTookDoesNothingHere) {
   Send(QEvent::KeyPress, Qt::Key_L, {}, false, 46);
   Send(QEvent::KeyPress, Qt::Key_L, {}, true, 46);
   EXPECT_EQ(Changes(), "heading 20");
+}
+
+TEST_F(MainWindowInput, AHeldEscapeThatClosesAListLeavesTheDialogOpen) {
+  Open();
+  QDialog below;
+  QComboBox box(&below);
+  box.addItems({"A4", "Letter"});
+  below.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&below));
+  box.showPopup();
+  const QPointer<QWidget> list = QApplication::activePopupWidget();
+  ASSERT_TRUE(list);
+  for (const bool repeats : {false, true, true}) {
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, {}, {}, repeats);
+    QApplication::sendEvent(below.windowHandle(), &escape);
+  }
+  EXPECT_FALSE(list->isVisible());
+  EXPECT_TRUE(below.isVisible());
 }
 
 TEST_F(MainWindowInput, KeysOfOtherLayoutsCountByTheirOwnCharacterThenByTheirPlace) {
