@@ -64,7 +64,8 @@ int main(int argc, char** argv) {
   const bool onX = shell::QtOption(arguments, "platform") == nullptr && qgetenv("QT_QPA_PLATFORM") == "xcb";
   const shell::ui::DisplayConnection display(shell::QtOption(arguments, "display"));
   const bool drawable = !onX || display.Answers();
-  // Wayland without X cannot show the view, but it can show why; with Qt's module for it missing, stderr does.
+  // Wayland without X cannot show the view, but it can show why; with Qt's module for it missing, stderr
+  // does.
   if (!drawable && !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
     qputenv("QT_QPA_PLATFORM", "wayland;offscreen");
   else if (!drawable)

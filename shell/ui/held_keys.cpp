@@ -17,8 +17,8 @@ quint32 CodeOf(const QKeyEvent& key) {
 
 bool ClosesPopup(int key) { return key == Qt::Key_Escape || key == Qt::Key_Return || key == Qt::Key_Enter; }
 
-/// The open list or other popup that takes the key. A completer's list takes what closes it and leaves the rest
-/// to the text box that the user types into.
+/// The open list or other popup that takes the key. A completer's list takes what closes it and leaves the
+/// rest to the text box that the user types into.
 const QObject* PopupThatTakes(int key) {
   const QWidget* const popup = QApplication::activePopupWidget();
   return popup == nullptr || (popup->focusProxy() != nullptr && !ClosesPopup(key)) ? nullptr : popup;

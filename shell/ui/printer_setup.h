@@ -40,7 +40,7 @@ class PrinterSetup final : public QDialog {
   void OfferPrinterOptions();
   void Browse();
 
-  PrintSettings wanted_;  ///< as chosen, also what the shown printer does not offer
+  PrintSettings wanted_;          ///< as chosen, also what the shown printer does not offer
   QComboBox* printer_ = nullptr;  ///< null without printers
   QLineEdit* pdfFile_ = nullptr;  ///< null with printers
   QComboBox* paper_;
