@@ -79,6 +79,13 @@ std::string Layout(const Decimal& decimal, int decimals) {
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
+/// Where the digits from `at` on end; appends them to `whole`, which wraps when there are too many.
+std::size_t AfterDigits(std::string_view text, std::size_t at, std::uint64_t& whole) {
+  for (; at < text.size() && IsDigit(text[at]); ++at)
+    whole = whole * 10 + static_cast<std::uint64_t>(text[at] - '0');
+  return at;
+}
+
 /// Converts the number that `text` begins with, its digits with at most one point and its exponent.
 float Convert(std::string text, std::size_t point) {
   if (point < text.size()) text[point] = '.';
@@ -99,24 +106,17 @@ float ToNumber(std::string_view text) {
   const bool negative = text.starts_with('-');
   if (negative || text.starts_with('+')) text.remove_prefix(1);
   std::uint64_t whole = 0;
-  std::size_t end = 0;
-  std::size_t point = std::string_view::npos;
-  for (; end < text.size(); ++end) {
-    const char c = text[end];
-    if (IsDigit(c)) {
-      whole = whole * 10 + static_cast<std::uint64_t>(c - '0');
-    } else if ((c == '.' || c == ',') && point == std::string_view::npos) {
-      point = end;  // The first comma counts as a point; a second mark of either kind ends the number.
-    } else {
-      break;
-    }
-  }
-  const std::size_t digits = point < end ? end - 1 : end;
+  const std::size_t point = AfterDigits(text, 0, whole);
+  // A comma counts as a point; a second mark of either kind ends the number.
+  const bool marked = point < text.size() && (text[point] == '.' || text[point] == ',');
+  const std::size_t end = marked ? AfterDigits(text, point + 1, whole) : point;
+  const std::size_t decimals = marked ? end - point - 1 : 0;
+  const std::size_t digits = point + decimals;
   if (digits == 0) return 0.0F;
   const bool exponent = end < text.size() && (text[end] == 'e' || text[end] == 'E');
   const float value = digits > kExactDigits || exponent
-                          ? Convert(std::string(text), point)
-                          : static_cast<float>(double(whole) / kTens[point < end ? end - 1 - point : 0]);
+                          ? Convert(std::string(text), marked ? point : text.size())
+                          : static_cast<float>(double(whole) / kTens[decimals]);
   return negative ? -value : value;
 }
 

@@ -10,6 +10,9 @@ char Upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + '
 
 bool IsBlank(char c) { return c == ' ' || c == '\t'; }
 
+/// Not blank; nearly every letter shows it with the first comparison.
+bool IsOfWord(char c) { return static_cast<unsigned char>(c) > ' ' || !IsBlank(c); }
+
 }  // namespace
 
 std::string UpperCase(std::string_view text) {
@@ -51,7 +54,7 @@ void Tokens::SplitLine(std::string_view line) {
     while (at != end && IsBlank(*at)) ++at;
     if (at == end) break;
     const char* const start = at;
-    while (at != end && !IsBlank(*at)) ++at;
+    while (at != end && IsOfWord(*at)) ++at;
     if (found_ < kCount) fields_[found_] = std::string_view(start, static_cast<std::size_t>(at - start));
     ++found_;
   }
