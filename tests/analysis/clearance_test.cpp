@@ -2,17 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cmath>
-#include <map>
 #include <nlohmann/json.hpp>
-#include <random>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "analysis/near_loops.h"
-#include "analysis/segment_distance.h"
 #include "formats/clearance_table.h"
 #include "tests/temporary_folder.h"
 #include "tests/yax/refusal.h"
@@ -187,154 +181,6 @@ TEST(Clearance, IsToldInColumnsAndInJson) {
   EXPECT_EQ(json["pairs"][1]["clearance"], 10.1803);
   EXPECT_EQ(json["pairs"][1]["y"], -25.0);
   EXPECT_TRUE(nlohmann::json::parse(formats::JsonOf(Measure(kHeader), kMil))["limit"].is_null());
-}
-
-// The search against every piece with every piece, by another formula.
-
-glm::dvec3 Sum(const glm::dvec3& a, double times, const glm::dvec3& b) { return a + times * b; }
-double Dot(const glm::dvec3& a, const glm::dvec3& b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
-double Apart(const glm::dvec3& a, const glm::dvec3& b) { return std::sqrt(Dot(a - b, a - b)); }
-
-double ToSegment(const glm::dvec3& p, const analysis::Segment& s) {
-  const glm::dvec3 along = Sum(s.B, -1, s.A);
-  const double squared = Dot(along, along);
-  const double part = squared == 0.0 ? 0.0 : std::clamp(Dot(Sum(p, -1, s.A), along) / squared, 0.0, 1.0);
-  return Apart(p, Sum(s.A, part, along));
-}
-
-/// Between the insides by the two equations of the common perpendicular, else from one of the four ends.
-double OfPieces(const analysis::Segment& a, const analysis::Segment& b) {
-  const double ends = std::min({ToSegment(a.A, b), ToSegment(a.B, b), ToSegment(b.A, a), ToSegment(b.B, a)});
-  const glm::dvec3 u = Sum(a.B, -1, a.A), v = Sum(b.B, -1, b.A), w = Sum(a.A, -1, b.A);
-  const double uu = Dot(u, u), vv = Dot(v, v), uv = Dot(u, v), uw = Dot(u, w), vw = Dot(v, w);
-  const double determinant = uu * vv - uv * uv;
-  if (determinant <= 1e-12 * uu * vv) return ends;
-  const double s = (uv * vw - vv * uw) / determinant;
-  const double t = (uu * vw - uv * uw) / determinant;
-  if (s < 0.0 || s > 1.0 || t < 0.0 || t > 1.0) return ends;
-  return std::min(ends, Apart(Sum(a.A, s, u), Sum(b.A, t, v)));
-}
-
-double PlainDistance(const analysis::LoopOfNet& a, const analysis::LoopOfNet& b) {
-  double least = HUGE_VAL;
-  for (std::size_t i = 0; i + 1 < a.Points.size(); ++i)
-    for (std::size_t j = 0; j + 1 < b.Points.size(); ++j)
-      least = std::min(least, OfPieces({a.Points[i], a.Points[i + 1]}, {b.Points[j], b.Points[j + 1]}));
-  return least;
-}
-
-/// A bound that no two pieces fall below: between the balls around the middles of the loops.
-double AtLeast(const analysis::LoopOfNet& a, const analysis::LoopOfNet& b) {
-  const auto radius = [](const analysis::LoopOfNet& loop) {
-    double largest = 0.0;
-    for (const glm::dvec3& point : loop.Points) largest = std::max(largest, Apart(point, loop.Points[3]));
-    return largest;
-  };
-  return Apart(a.Points[3], b.Points[3]) - radius(a) - radius(b);
-}
-
-class LoopMaker {
- public:
-  std::vector<analysis::LoopOfNet> Make(std::uint32_t count) {
-    std::vector<analysis::LoopOfNet> loops;
-    for (std::uint32_t i = 0; i < count; ++i) {
-      analysis::LoopOfNet loop{.Points = {}, .Net = i % 400, .Pads = {i, i % 7 == 0 ? i / 2 : i}};
-      switch (i % 6) {
-        case 0:
-          Crook(loop);
-          break;
-        case 1: {  // beside the one before it, or its first piece over that one's
-          const glm::dvec3 by = i / 6 % 4 == 0
-                                    ? Sum({}, 0.5, Sum(loops.back().Points[1], -1, loops.back().Points[0]))
-                                    : Sum({}, 0.25 * double(i / 6 % 4), {1.0, 1.0, 0.5});
-          for (glm::dvec3& point : loop.Points = loops.back().Points) point = Sum(point, 1, by);
-          break;
-        }
-        case 2:  // straight through the middle of the second piece of the one before it
-          Crossing(loops.back(), loop);
-          break;
-        case 3:  // a point
-          loop.Points.fill(At());
-          break;
-        case 4:  // straight, and back along itself
-          Crook(loop);
-          for (std::size_t k = 2; k < loop.Points.size(); ++k) loop.Points[k] = loop.Points[k % 2];
-          break;
-        default:  // very nearly along the one before it
-          loop.Points = loops.back().Points;
-          for (std::size_t k = 0; k < loop.Points.size(); ++k) loop.Points[k][2] += 1e-7 * double(k + 1);
-      }
-      loops.push_back(loop);
-    }
-    return loops;
-  }
-
- private:
-  glm::dvec3 At() {
-    const auto coordinate = [this] { return double(random_() >> 20) / 64; };
-    const double x = coordinate(), y = coordinate();
-    return {x, y, coordinate() / 8.0};
-  }
-  void Crook(analysis::LoopOfNet& loop) {
-    const glm::dvec3 start = At(), end = Sum(start, 0.2, At());
-    for (std::size_t k = 0; k < loop.Points.size(); ++k) {
-      loop.Points[k] = Sum(start, double(k) / 6.0, Sum(end, -1, start));
-      loop.Points[k][2] += double(random_() % 64) / 16.0;
-    }
-  }
-  void Crossing(const analysis::LoopOfNet& other, analysis::LoopOfNet& loop) {
-    const glm::dvec3 centre = Sum({}, 0.5, Sum(other.Points[1], 1, other.Points[2]));
-    const glm::dvec3 away{double(random_() % 9) - 4.0, 1.5, 0.25};
-    for (std::size_t k = 0; k < loop.Points.size(); ++k)
-      loop.Points[k] = Sum(centre, k < 3 ? -1.0 : 1.0, away);
-  }
-
-  std::mt19937 random_{20};
-};
-
-TEST(ClearanceSearch, FindsWhatEveryPieceWithEveryPieceFinds) {
-  constexpr double kReach = 0.4;
-  constexpr double kNear = 1e-9;
-  const std::vector<analysis::LoopOfNet> loops = LoopMaker().Make(1000);
-  std::map<std::pair<std::uint32_t, std::uint32_t>, double> inReach;
-  std::vector<double> nearest(loops.size(), HUGE_VAL);
-  for (std::uint32_t i = 0; i < loops.size(); ++i) {
-    for (std::uint32_t j = i + 1; j < loops.size(); ++j) {
-      if (!analysis::AreCompared(loops[i], loops[j])) continue;
-      if (AtLeast(loops[i], loops[j]) > std::max({kReach, nearest[i], nearest[j]})) continue;
-      const double distance = PlainDistance(loops[i], loops[j]);
-      if (distance <= kReach) inReach[{i, j}] = distance;
-      nearest[i] = std::min(nearest[i], distance);
-      nearest[j] = std::min(nearest[j], distance);
-    }
-  }
-  ASSERT_GT(inReach.size(), 200U);
-
-  const std::vector<analysis::LoopPair> found = analysis::FindNearLoops(loops, kReach);
-  std::vector<double> foundNearest(loops.size(), HUGE_VAL);
-  std::size_t foundInReach = 0;
-  double before = 0.0;
-  for (const analysis::LoopPair& pair : found) {
-    const analysis::LoopOfNet& first = loops[pair.First];
-    const analysis::LoopOfNet& second = loops[pair.Second];
-    ASSERT_LT(pair.First, pair.Second);
-    ASSERT_TRUE(analysis::AreCompared(first, second));
-    ASSERT_NEAR(pair.Distance, PlainDistance(first, second), kNear) << pair.First << " " << pair.Second;
-    ASSERT_LE(before, pair.Distance);
-    analysis::LoopOfNet where;
-    where.Points.fill(pair.Where);
-    for (const analysis::LoopOfNet* loop : {&first, &second})
-      ASSERT_NEAR(PlainDistance(where, *loop), pair.Distance / 2.0, kNear);
-    before = pair.Distance;
-    foundInReach += inReach.count({pair.First, pair.Second});
-    for (const std::uint32_t loop : {pair.First, pair.Second})
-      foundNearest[loop] = std::min(foundNearest[loop], pair.Distance);
-  }
-  EXPECT_EQ(foundInReach, inReach.size());
-  for (std::size_t i = 0; i < loops.size(); ++i) ASSERT_NEAR(foundNearest[i], nearest[i], kNear) << i;
-  EXPECT_LT(analysis::FindNearLoops(loops, -1.0).size(), loops.size() + 1) << "a pair a loop at most";
-  EXPECT_TRUE(analysis::FindNearLoops({}, 1.0).empty());
-  EXPECT_TRUE(analysis::FindNearLoops({analysis::LoopOfNet{}}, 1.0).empty());
 }
 
 }  // namespace
