@@ -174,6 +174,9 @@ void Assigner::TakeRow(const BondRow& row, std::size_t pad) {
       partners.PaddleRow = row.Row;
     } else if (!lead) {
       throw ImportError({request_.TableFile, row.Row}, "there is no lead " + Quoted(word), kAdviceOnLeads);
+    } else if (unused_.contains(*lead)) {
+      throw ImportError({request_.TableFile, row.Row}, "lead " + Quoted(word) + " is to stay free",
+                        "remove it from the row or from --unused");
     } else {
       Meet(pad, *lead);
     }

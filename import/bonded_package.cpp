@@ -214,7 +214,7 @@ void Maker::Judge() {
   for (const std::size_t pad : chip_.Bonds.PadsOver) over.push_back(chip_.Chip.Pads[pad].Name);
   if (!over.empty())
     made_.Findings.push_back(Counted(over.size(), "pad meets", "pads meet") + " no lead: " + Listed(over) +
-                             "; bond them with --bond, or leave them free with --bond PAD=");
+                             "; bond with --bond PAD=LEAD, or leave free with --bond PAD=");
   std::vector<std::size_t> netted;
   for (const std::size_t lead : free_) {
     const bool asked =
@@ -223,8 +223,8 @@ void Maker::Judge() {
   }
   if (!netted.empty() && chip_.Bonds.Judged)
     made_.Findings.push_back(Counted(netted.size(), "lead with a net stays", "leads with a net stay") +
-                             " free: " + Listed(NamesOf(netted)) +
-                             "; name them in --unused if that is meant");
+                             " free: " + Listed(NamesOf(netted)) + "; name " +
+                             (netted.size() == 1 ? "it" : "them") + " in --unused if that is meant");
   const auto crossings = Crossings(plan_);
   crossings_ = crossings.size();
   std::vector<std::string> pairs;

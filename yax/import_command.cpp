@@ -61,6 +61,8 @@ void TakeItem(CLI::App& command, const RecipeItem& item, ImportOptions& options)
                    "see yax import --help for the options' names");
   // The command line comes over the recipe.
   if (option->count() > 0) return;
+  // An empty list gives nothing.
+  if (item.Values.empty() && option->get_items_expected_max() > 1) return;
   if (item.Values.size() != 1 && option->get_items_expected_max() == 1)
     throw Unusable({file}, item.Key + ": it takes one value", "put a text with commas or blanks in quotes");
   const std::filesystem::path folder = std::filesystem::path(file).parent_path();

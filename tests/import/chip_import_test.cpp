@@ -146,6 +146,9 @@ TEST_F(ChipImportTest, RefusesWhatIsNotThere) {
   EXPECT_EQ(Refused(), "b.csv:3: there is no pad 'Z'; give the name or number of one pad of the die");
   Table("pad,lead\nA,99\n");
   EXPECT_EQ(Refused(), "b.csv:2: there is no lead '99'; give the number or name of one lead of the package");
+  request.Bonds.Unused = {"5"};
+  Table("pad,lead\nA,4\nB,5\n");
+  EXPECT_EQ(Refused(), "b.csv:3: lead '5' is to stay free; remove it from the row or from --unused");
   Table("pad,lead\nA,PADDLE\n");
   request.Package = "qfn:16,body=5x5,pitch=0.65,lead=0.4x0.3,paddle=2x2";
   EXPECT_EQ(Refused().substr(0, 68), "b.csv:2: pad 'A' cannot be bonded down: there the paddle does not re");
