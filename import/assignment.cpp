@@ -213,8 +213,9 @@ void Assigner::MatchGroup(std::string (*textOf)(const Lead&)) {
       leads[name].push_back(i);
   std::map<std::string, std::vector<std::size_t>> pads;
   for (const std::size_t pad : OpenPads()) {
-    // Of several pads of one pin each may meet a lead that bears the pin's name.
-    for (const std::string& name : {die_.Pads[pad].Pin, die_.Pads[pad].Name}) {
+    // Of several pads of one pin each may meet a lead that bears the pin's name, but for those that have a
+    // lead for themselves.
+    for (const std::string& name : {die_.Pads[pad].Name, die_.Pads[pad].Pin}) {
       if (!leads.contains(name)) continue;
       pads[name].push_back(pad);
       break;

@@ -91,6 +91,9 @@ TEST_F(ChipImportTest, MeetsLeadsByTheirNames) {
   ASSERT_EQ(made.Findings.size(), 3U);
   EXPECT_EQ(made.Findings[1].substr(0, 37), "3 pads meet no lead: GND, E, F; bond ");
   EXPECT_EQ(made.Findings[2].substr(0, 37), "1 lead with a net stays free: 13; nam");
+  // A lead for the second pad of a pin, although the first one's lead is nearer.
+  request.Package = Put("f.csv", "lead,x,y\nVDD,2,.3\nVDD_2,2,.1\n");
+  EXPECT_EQ(Wires(), "VDD>VDD VDD_2>VDD_2");
   request.Bonds.Plan = BondPlan::None;
   EXPECT_EQ(Wires(), "");
   EXPECT_EQ(made.Findings.size(), 1U) << "nothing was to be bonded";
