@@ -262,8 +262,10 @@ void AddBondOptions(CLI::App& command, ImportOptions& options) {
   add("--unused", options.Unused, "LIST", "Leads that stay free, separated by commas")->delimiter(',');
   add("--land", options.Land, "D",
       "Where wires land, from the leads' inner ends (default: half the lead, at most 0.2 mm)");
-  add("--power", options.Power, "REGEX", "Names of power nets, where the chip's file does not say");
-  add("--ground", options.Ground, "REGEX", "Names of ground nets, which come before power nets");
+  add("--power", options.Power, "REGEX",
+      "Names of power nets, where the chip's file does not say (default: names that begin like VDD, VCC)");
+  add("--ground", options.Ground, "REGEX",
+      "Names of ground nets, which come before power nets (default: like VSS, GND)");
   add("--unit", options.Unit, "",
       "The unit of lengths given here and in tables, and of the package (default: mm)")
       ->check(CLI::IsMember(std::vector<std::string>{"mm", "um", "mil"}));

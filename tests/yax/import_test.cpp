@@ -45,7 +45,9 @@ TEST_F(ImportProgram, MakesTheSamplesFromTheirRecipes) {
 
 TEST_F(ImportProgram, TakesTheCommandLineOverTheRecipe) {
   PutFile(folder / "r.recipe",
-          "die = \"" + kSources +
+          "\xEF\xBB\xBF"
+          "die = \"" +
+              kSources +
               "caravel-pads.def\"  # the frame\ndie-size = \"3.6x5.2\"\n"
               "die-height = 9\npackage = 'qfn:64,body=9x9,pitch=0.5,lead=0.4x0.25,paddle=7x7'\n"
               "lef = []\nunused = [19, 1]\nbond = [\"vssd2=9\",\n  \"vdda2=10\"]\n");
