@@ -45,7 +45,7 @@ std::string TierOf(const TextTable& table, const TableRow& row, Column column) {
 /// What is not known may hold what was meant, so that it is better said.
 void NoteUnknownColumns(const TextTable& table, std::vector<std::string>& notes) {
   if (const std::string unknown = table.UnknownColumns(); !unknown.empty())
-    notes.push_back(unknown + " left out");
+    notes.push_back("ignored: " + unknown);
 }
 
 /// True for the words that stand for no connection.

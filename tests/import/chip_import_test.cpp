@@ -191,6 +191,15 @@ TEST_F(ChipImportTest, MakesThePackage) {
   EXPECT_EQ(made.Findings.size(), 1U) << "a name with a blank";
 }
 
+TEST_F(ChipImportTest, NotesWhatTablesSayInVain) {
+  request.Chip.File = Put("d.csv", "name,x,y,width,height,Ort,length\nA,-.9,0,.07,.07,x,1\n");
+  Table("pad,lead\nA,NC\n");
+  const std::vector<SourceNote> notes = ImportChip(request).Notes;
+  ASSERT_EQ(notes.size(), 2U);
+  EXPECT_EQ(notes[0].Text, "ignored: 1 unknown column 'Ort'");
+  EXPECT_EQ(notes[1].Text, "none of its rows makes a wire");
+}
+
 TEST_F(ChipImportTest, FindsMarksAndWiresThatCannotBe) {
   request.Chip.File = Put("d.csv", "name,x,y,width,height\nM,0,0,.03,.03\nN,-.9,0,.03,.03\nO,-3,0,.03,.03\n");
   Wires();
