@@ -2,6 +2,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <set>
 #include <string>
 #include <string_view>
@@ -55,10 +56,25 @@ void Bond(std::string_view text, const importer::Die& die, const importer::LeadF
   });
 }
 
+void NameFingers(importer::LeadFrame& fingers) {
+  const std::vector<importer::Lead> before = fingers.Leads;
+  importer::NameLeads(fingers);
+  std::map<std::string, std::string> fieldOf;
+  std::set<std::string> fields;
+  for (std::size_t i = 0; i < before.size(); ++i) {
+    const std::string& field = fingers.Leads[i].Field;
+    Expect(field.find_first_of(" \t\n\r") == std::string::npos, "labels are fields");
+    const auto [known, isNew] = fieldOf.try_emplace(before[i].Label(), field);
+    Expect(known->second == field, "one label stays one");
+    if (isNew) Expect(fields.insert(field).second, "two labels stay two");
+  }
+}
+
 /// The table as fingers and as bonds of the same die.
 void BondOwnFingers(std::string_view text, const std::string& file, const importer::Die& die) {
   ReadOrRefuse(text, [&] {
-    const importer::LeadFrame fingers = importer::FingersFromTable(file, 1.0, kDieSize);
+    importer::LeadFrame fingers = importer::FingersFromTable(file, 1.0, kDieSize);
+    NameFingers(fingers);
     Bond(text, die, fingers, {.Plan = importer::BondPlan::Names});
     Bond(text, die, fingers, {.Plan = importer::BondPlan::Table, .TableFile = file});
   });

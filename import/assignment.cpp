@@ -22,7 +22,8 @@ constexpr char kAdviceOnLeads[] = "give the number or name of one lead of the pa
 struct Partners {
   bool Decided = false;  ///< by an exception or a table, be it to stay free
   bool OnPaddle = false;
-  std::size_t PaddleRow = 0;  ///< of the table that asks for the paddle; 0 for an exception
+  std::size_t PaddleRow = 0;         ///< of the table that asks for the paddle; 0 for an exception
+  std::vector<glm::dvec2> DownEnds;  ///< of wires to the paddle of which the table has both ends
   std::vector<std::size_t> Leads;
 };
 
@@ -58,6 +59,7 @@ class Assigner {
       leadNumbers_.Add(frame.Leads[i].Number, i);
       leadNames_.Add(frame.Leads[i].Name, i);
       leadNets_.Add(frame.Leads[i].PlainNet(), i);
+      leadFields_.Add(frame.Leads[i].Field, i);
     }
   }
 
@@ -84,7 +86,7 @@ class Assigner {
   std::vector<Partners> partners_;
   std::vector<bool> taken_;  ///< leads that a match must leave alone
   std::set<std::size_t> unused_;
-  Names padNames_, padPins_, padNumbers_, leadNumbers_, leadNames_, leadNets_;
+  Names padNames_, padPins_, padNumbers_, leadNumbers_, leadNames_, leadNets_, leadFields_;
 };
 
 std::optional<std::size_t> Assigner::FindPad(const std::string& name, const std::string& number) const {
@@ -98,7 +100,7 @@ std::optional<std::size_t> Assigner::FindPad(const std::string& name, const std:
 }
 
 std::optional<std::size_t> Assigner::FindLead(const std::string& word) const {
-  for (const Names* const names : {&leadNumbers_, &leadNames_, &leadNets_})
+  for (const Names* const names : {&leadNumbers_, &leadNames_, &leadNets_, &leadFields_})
     if (const auto lead = names->Find(word)) return lead;
   return std::nullopt;
 }
@@ -158,8 +160,13 @@ void Assigner::TakeTable() {
 void Assigner::TakeRow(const BondRow& row, std::size_t pad) {
   Partners& partners = partners_[pad];
   partners.Decided = true;
-  const auto own = frame_.LeadOfRow.find(row.Row);
-  if (request_.TableFile == frame_.File && own != frame_.LeadOfRow.end()) return Meet(pad, own->second);
+  if (request_.TableFile == frame_.File) {
+    // A table that serves as package too says by its rows where each wire ends.
+    const auto lead = frame_.LeadOfRow.find(row.Row);
+    if (lead != frame_.LeadOfRow.end()) return Meet(pad, lead->second);
+    const auto down = frame_.DownOfRow.find(row.Row);
+    if (down != frame_.DownOfRow.end()) return partners.DownEnds.push_back(down->second);
+  }
   for (const std::string& word : row.Leads) {
     const std::optional<std::size_t> lead = FindLead(word);
     if (IsPaddleWord(word) && (frame_.DiePaddle || !lead)) {
@@ -167,6 +174,9 @@ void Assigner::TakeRow(const BondRow& row, std::size_t pad) {
       partners.PaddleRow = row.Row;
     } else if (!lead) {
       throw ImportError({request_.TableFile, row.Row}, "there is no lead " + Quoted(word), kAdviceOnLeads);
+    } else if (unused_.contains(*lead)) {
+      throw ImportError({request_.TableFile, row.Row}, "lead " + Quoted(word) + " is to stay free",
+                        "remove it from the row or from --unused");
     } else {
       Meet(pad, *lead);
     }
@@ -203,8 +213,9 @@ void Assigner::MatchGroup(std::string (*textOf)(const Lead&)) {
       leads[name].push_back(i);
   std::map<std::string, std::vector<std::size_t>> pads;
   for (const std::size_t pad : OpenPads()) {
-    // Of several pads of one pin each may meet a lead that bears the pin's name.
-    for (const std::string& name : {die_.Pads[pad].Pin, die_.Pads[pad].Name}) {
+    // Of several pads of one pin each may meet a lead that bears the pin's name, but for those that have a
+    // lead for themselves.
+    for (const std::string& name : {die_.Pads[pad].Name, die_.Pads[pad].Pin}) {
       if (!leads.contains(name)) continue;
       pads[name].push_back(pad);
       break;
@@ -241,6 +252,7 @@ Assignment Assigner::Result() {
   for (std::size_t i = 0; i < partners_.size(); ++i) {
     const Partners& partners = partners_[i];
     if (partners.OnPaddle) result.Wires.push_back({i, std::nullopt, DownFrom(i)});
+    for (const glm::dvec2& end : partners.DownEnds) result.Wires.push_back({i, std::nullopt, end});
     for (const std::size_t lead : partners.Leads)
       result.Wires.push_back({i, lead, LandingOn(frame_.Leads[lead], request_.Land)});
     if (!partners.Decided && partners.Leads.empty() && result.Judged) result.PadsOver.push_back(i);

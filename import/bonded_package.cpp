@@ -6,6 +6,7 @@
 #include <unordered_set>
 
 #include "import/crossings.h"
+#include "import/names.h"
 #include "import/terminals.h"
 #include "model/numbers.h"
 #include "model/reader/package_writer.h"
@@ -14,15 +15,8 @@ namespace importer {
 
 namespace {
 
-/// More bonds than this the viewer does not draw.
-constexpr std::size_t kMostBonds = 32767;
-
 std::string Rounded(double value, int decimals) {
   return model::FixedText(static_cast<float>(value), decimals);
-}
-
-std::string Counted(std::size_t count, const char* one, const char* several) {
-  return std::to_string(count) + " " + (count == 1 ? one : several);
 }
 
 class Maker {
@@ -206,21 +200,21 @@ void Maker::JudgeSizes() {
   for (const DiePad& pad : pads)
     if (glm::length(glm::abs(pad.Size - size)) > kAlike) return;
   if (std::max(size.x, size.y) >= kSmallest - kAlike) return;
-  made_.Findings.push_back("all pads are " + Rounded(size.x * 1000.0, 1) + " x " +
-                           Rounded(size.y * 1000.0, 1) +
+  const std::string all = pads.size() == 1 ? "the pad is " : "all pads are ";
+  made_.Findings.push_back(all + Rounded(size.x * 1000.0, 1) + " x " + Rounded(size.y * 1000.0, 1) +
                            " um, which looks like marks, not openings; give --pad-size");
 }
 
 void Maker::Judge() {
   if (!leftOut_.empty())
     made_.Findings.push_back(
-        Counted(leftOut_.size(), "wire has", "wires have") +
-        " no length or start in the die's middle, and are left out: " + Listed(leftOut_));
+        Counted(leftOut_.size(), "wire is", "wires are") +
+        " left out, without length or from the die's middle, which cannot be drawn: " + Listed(leftOut_));
   std::vector<std::string> over;
   for (const std::size_t pad : chip_.Bonds.PadsOver) over.push_back(chip_.Chip.Pads[pad].Name);
   if (!over.empty())
     made_.Findings.push_back(Counted(over.size(), "pad meets", "pads meet") + " no lead: " + Listed(over) +
-                             "; bond them with --bond, or leave them free with --bond PAD=");
+                             "; bond with --bond PAD=LEAD, or leave free with --bond PAD=");
   std::vector<std::size_t> netted;
   for (const std::size_t lead : free_) {
     const bool asked =
@@ -229,13 +223,15 @@ void Maker::Judge() {
   }
   if (!netted.empty() && chip_.Bonds.Judged)
     made_.Findings.push_back(Counted(netted.size(), "lead with a net stays", "leads with a net stay") +
-                             " free: " + Listed(NamesOf(netted)) +
-                             "; name them in --unused if that is meant");
+                             " free: " + Listed(NamesOf(netted)) + "; name " +
+                             (netted.size() == 1 ? "it" : "them") + " in --unused if that is meant");
   const auto crossings = Crossings(plan_);
   crossings_ = crossings.size();
   std::vector<std::string> pairs;
   for (const auto& [a, b] : crossings) pairs.push_back(planNames_[a] + " and " + planNames_[b]);
-  if (!pairs.empty()) made_.Findings.push_back("wires cross: " + Listed(pairs));
+  if (!pairs.empty())
+    made_.Findings.push_back(Counted(pairs.size(), "pair of wires crosses: ", "pairs of wires cross: ") +
+                             Listed(pairs) + "; try another --rotate, --bonds or --bond");
   JudgeSizes();
 }
 
@@ -257,8 +253,8 @@ std::string Maker::Summary() const {
 
 Bonded Maker::Run() {
   const std::size_t bonds = chip_.Chip.Pads.size() + chip_.Bonds.Wires.size();
-  if (chip_.Chip.Pads.size() > kMostBonds || bonds > 2 * kMostBonds)
-    throw ImportError({chip_.Chip.File}, "it has more than " + std::to_string(kMostBonds) + " pads",
+  if (chip_.Chip.Pads.size() > kMostPads || bonds > 2 * kMostPads)
+    throw ImportError({chip_.Chip.File}, "it has more than " + std::to_string(kMostPads) + " pads",
                       "choose some of them with --pads");
   MakeHeader();
   for (const DiePad& pad : chip_.Chip.Pads) names_.insert(pad.Name);
@@ -276,8 +272,8 @@ Bonded Maker::Run() {
 
 NetPatterns UsualNets() {
   constexpr auto kRules = std::regex::ECMAScript | std::regex::icase;
-  return {std::regex("^([adp]|io|core)?v(dd|cc|pp|bat|in|ref)", kRules),
-          std::regex("^([adp]|io|core)?(vss|gnd|ground|vee)", kRules)};
+  return {std::regex("^([adps]|io|core)?(vdd|vcc|vpwr)", kRules),
+          std::regex("^([adps]|io|core)?(vss|gnd|vgnd|ground)", kRules)};
 }
 
 Bonded BondedPackage(const BondedChip& chip, double unit, const std::string& unitName) {

@@ -15,7 +15,8 @@ struct NetPatterns {
   std::regex Power, Ground;
 };
 
-/// The usual names of supplies.
+/// The usual names of supplies, such as VDD, AVDD, VCCIO, VPWR and VSS, DGND. Others that begin with V, such
+/// as VIN and VREF, are as often signals.
 NetPatterns UsualNets();
 
 /// What the package is made from.

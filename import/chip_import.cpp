@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "import/kicad_footprint.h"
+#include "import/names.h"
 #include "import/package_generator.h"
 #include "import/pad_table.h"
 #include "import/source_file.h"
@@ -24,14 +25,23 @@ void JudgePlaces(const Die& die, const LeadFrame& frame, Imported& imported) {
   for (const Lead& lead : frame.Leads)
     if (IsOver(lead.Inner, die.Size)) under.push_back(lead.Label());
   if (!under.empty())
-    imported.Notes.push_back(
-        {frame.File, "the die lies over leads: " + Listed(under) + "; see that all units are right"});
+    imported.Notes.push_back({frame.File, "the die lies over " + Counted(under.size(), "lead: ", "leads: ") +
+                                              Listed(under) + "; see that all units are right"});
   std::vector<std::string> outside;
   for (const DiePad& pad : die.Pads)
     if (!IsOver(pad.Middle, die.Size)) outside.push_back(pad.Name);
   if (!outside.empty())
-    imported.Made.Findings.push_back("pads lie outside the die: " + Listed(outside) +
-                                     "; see that --die-size and --unit are right");
+    imported.Made.Findings.push_back(Counted(outside.size(), "pad lies", "pads lie") + " outside the die: " +
+                                     Listed(outside) + "; see that --die-size and --unit are right");
+}
+
+/// One file may be die and package at once, and then says things twice.
+void AddNotes(const std::string& file, const std::vector<std::string>& texts,
+              std::vector<SourceNote>& notes) {
+  for (const std::string& text : texts) {
+    const auto same = [&](const SourceNote& note) { return note.File == file && note.Text == text; };
+    if (std::none_of(notes.begin(), notes.end(), same)) notes.push_back({file, text});
+  }
 }
 
 }  // namespace
@@ -55,15 +65,19 @@ LeadFrame FrameOf(const std::string& package, double unit, const glm::dvec2& die
 Imported ImportChip(const ImportRequest& request) {
   Die die = ReadDie(request.Chip);
   die.Height = request.Height;
-  const std::vector<std::string> renamed = NamePads(die.Pads);
+  std::vector<std::string> renamed = NamePads(die.Pads);
   FindSides(die);
   LeadFrame frame = FrameOf(request.Package, request.Unit, die.Size);
+  for (std::string& finding : NameLeads(frame)) renamed.push_back(std::move(finding));
   PlaceDie(frame, request.Degrees, request.Offset);
   const Assignment bonds = Assigned(die, frame, request.Bonds);
   Imported imported{BondedPackage({die, frame, bonds, request.Nets}, request.Unit, request.UnitName), {}};
-  imported.Made.Findings.insert(imported.Made.Findings.begin(), renamed.begin(), renamed.end());
-  for (const std::string& note : die.Notes) imported.Notes.push_back({die.File, note});
-  for (const std::string& note : frame.Notes) imported.Notes.push_back({frame.File, note});
+  std::vector<std::string>& findings = imported.Made.Findings;
+  findings.insert(findings.begin(), renamed.begin(), renamed.end());
+  AddNotes(die.File, die.Notes, imported.Notes);
+  AddNotes(frame.File, frame.Notes, imported.Notes);
+  if (bonds.Wires.empty() && request.Bonds.Plan == BondPlan::Table)
+    AddNotes(request.Bonds.TableFile, {"none of its rows makes a wire"}, imported.Notes);
   JudgePlaces(die, frame, imported);
   return imported;
 }

@@ -83,6 +83,10 @@ bool DefReader::ReadSection() {
     ReadItems("COMPONENTS", [this] { ReadComponent(); });
     return false;
   }
+  if (words_.Is("HISTORY")) {
+    words_.SkipText();
+    return false;
+  }
   if (words_.Is("BEGINEXT")) {
     while (!words_.Is("ENDEXT")) words_.Take();
     return false;
@@ -107,7 +111,7 @@ void DefReader::ReadUnits() {
   words_.TakeKeyword("MICRONS");
   chip_.UnitsPerMicron = words_.TakeNumber();
   if (!(chip_.UnitsPerMicron >= 1.0))
-    words_.Fail("there is less than 1 unit in a micron", "give 100 to 20000");
+    words_.Fail("there is less than 1 unit in a micron", "give 100 to 20000 units");
 }
 
 glm::dvec2 DefReader::TakePoint() {
@@ -133,13 +137,14 @@ void DefReader::ReadArea() {
 template <class ReadItem>
 void DefReader::ReadItems(std::string_view section, ReadItem&& readItem) {
   words_.SkipStatement();
+  words_.LetQuotesSpanLines(true);
   for (;;) {
     words_.Take();
     if (words_.Word() == "-") {
       readItem();
     } else if (words_.Is("END")) {
       words_.TakeKeyword(section);
-      return;
+      return words_.LetQuotesSpanLines(false);
     } else {
       words_.Fail(
           "there is " + Quoted(words_.Word()) + " where an item of " + std::string(section) + " begins",

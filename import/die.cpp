@@ -4,10 +4,9 @@
 #include <array>
 #include <cmath>
 #include <limits>
-#include <unordered_map>
-#include <unordered_set>
+#include <utility>
 
-#include "model/reader/package_writer.h"
+#include "import/names.h"
 
 namespace importer {
 
@@ -77,38 +76,15 @@ void FindSides(Die& die) {
   for (std::size_t i = 0; i < corners.size(); ++i) corners[i]->Side = chosen[i];
 }
 
-std::string Listed(const std::vector<std::string>& names) {
-  constexpr std::size_t kMost = 8;
-  std::string list;
-  for (std::size_t i = 0; i < std::min(names.size(), kMost); ++i) list += (i == 0 ? "" : ", ") + names[i];
-  if (names.size() > kMost) list += " and " + std::to_string(names.size() - kMost) + " more";
-  return list;
-}
-
 std::vector<std::string> NamePads(std::vector<DiePad>& pads) {
-  std::vector<std::string> cleaned;
-  std::vector<std::string> renamed;
-  std::unordered_set<std::string> given;
-  for (DiePad& pad : pads) {
-    std::string name = model::reader::FieldName(pad.Name);
-    if (name != pad.Name) cleaned.push_back(name);
-    if (pad.Pin.empty()) pad.Pin = pad.Name;
-    pad.Name = name;
-    given.insert(std::move(name));
+  std::vector<std::string> given;
+  for (const DiePad& pad : pads) given.push_back(pad.Name);
+  FieldNames fields = FieldNamesOf(given, Repeat::OtherThing, "pads");
+  for (std::size_t i = 0; i < pads.size(); ++i) {
+    if (pads[i].Pin.empty()) pads[i].Pin = given[i];
+    pads[i].Name = std::move(fields.Names[i]);
   }
-  std::unordered_map<std::string, std::size_t> seen;
-  for (DiePad& pad : pads) {
-    const std::size_t count = ++seen[pad.Name];
-    if (count == 1) continue;
-    pad.Name = FreeName(pad.Name, given, count);
-    given.insert(pad.Name);
-    renamed.push_back(pad.Name);
-  }
-  std::vector<std::string> changes;
-  if (!cleaned.empty())
-    changes.push_back("blanks or control characters in names became '_': " + Listed(cleaned));
-  if (!renamed.empty()) changes.push_back("names were made unique: " + Listed(renamed));
-  return changes;
+  return std::move(fields.Findings);
 }
 
 }  // namespace importer

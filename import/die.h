@@ -1,6 +1,7 @@
 /// A chip as an import sees it: its size and its pads, as values.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -9,6 +10,9 @@
 #include "import/import_error.h"
 
 namespace importer {
+
+/// More pads than this the viewer does not draw.
+inline constexpr std::size_t kMostPads = 32767;
 
 enum class NetType { Unknown, Power, Ground, Signal };
 
@@ -32,24 +36,12 @@ struct Die {
   std::unordered_map<std::size_t, std::size_t> PadOfRow = {};  ///< in a table: the pad of each row
 };
 
-/// Makes the names fit for a package: blanks and control bytes become "_", and of pads with one name the
-/// second becomes NAME_2 and so on, past all names that other pads have.
-/// Returns a finding for names with such bytes, and one for names that were not unique
+/// Makes the names fit for a package, and of pads with one name the second becomes NAME_2 and so on.
+/// Returns a finding for names with bytes that a package cannot hold, and one for names that were not unique
 std::vector<std::string> NamePads(std::vector<DiePad>& pads);
-
-/// A name that no other has: `name`, or `name` with the first free number from 2 on behind it.
-template <class Taken>
-std::string FreeName(const std::string& name, const Taken& taken, std::size_t number = 2) {
-  std::string free = name;
-  for (; taken.contains(free); ++number) free = name + "_" + std::to_string(number);
-  return free;
-}
 
 /// Gives each pad without an edge the nearest one. A pad in a corner, as far from one edge as from the other,
 /// joins the edge on which the row goes on.
 void FindSides(Die& die);
-
-/// Names of things in a message: the first ones, and how many more there are.
-std::string Listed(const std::vector<std::string>& names);
 
 }  // namespace importer

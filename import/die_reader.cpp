@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "import/def_reader.h"
+#include "import/names.h"
 #include "import/pad_table.h"
 #include "import/source_file.h"
 #include "model/text.h"
@@ -30,10 +31,6 @@ void MoveToMiddle(std::vector<Terminal>& terminals, const glm::dvec2& middle, do
                      (shape.Place.High - middle) / unitsPerMillimetre};
 }
 
-std::string Counted(std::size_t count, const std::string& what) {
-  return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
-}
-
 constexpr char kLessStrict[] = "try a smaller --pad-min, a larger --pad-aspect, or other --pads";
 
 Die DieOf(const DieRequest& request, const std::vector<Terminal>& terminals, const glm::dvec2& ownSize,
@@ -50,9 +47,10 @@ Die DieFromDef(const DieRequest& request) {
   LefLibrary library;
   for (const std::string& lef : request.LefFiles) ReadLef(ReadSource(lef), lef, library);
   DefChip chip = ReadDef(ReadSource(request.File), request.File, library);
-  const std::string found =
-      Counted(chip.Pins, "pin") + " with " + Counted(ShapeCount(chip.Terminals), "shape") + " and " +
-      Counted(chip.Cells, "cell") + " (" + std::to_string(chip.CellsInLibrary) + " of them in a --lef)";
+  const std::string found = Counted(chip.Pins, "pin", "pins") + " with " +
+                            Counted(ShapeCount(chip.Terminals), "shape", "shapes") + " and " +
+                            Counted(chip.Cells, "cell", "cells") + " (" +
+                            std::to_string(chip.CellsInLibrary) + " of them in a --lef)";
   if (!chip.Area) {
     if (!request.DieSize)
       throw ImportError({request.File}, "it has no DIEAREA", "give the die's size with --die-size");
@@ -104,7 +102,8 @@ Die DieFromLef(const DieRequest& request) {
   Die die = DieOf(request, pins, macro.Size / 1000.0, "the macro's SIZE");
   if (die.Pads.empty())
     throw ImportError(place,
-                      "no pads found among " + Counted(count, "pin") + " with " + Counted(shapes, "shape"),
+                      "no pads found among " + Counted(count, "pin", "pins") + " with " +
+                          Counted(shapes, "shape", "shapes"),
                       kLessStrict);
   return die;
 }

@@ -4,9 +4,11 @@
 #include <cmath>
 #include <glm/geometric.hpp>
 #include <map>
+#include <string_view>
+#include <utility>
 
 #include "import/body_outline.h"
-#include "import/die.h"
+#include "import/names.h"
 #include "import/s_expression.h"
 #include "import/source_file.h"
 
@@ -38,7 +40,37 @@ struct CopperPad {
 
 glm::dvec2 Up(const glm::dvec2& point) { return {point.x, -point.y}; }
 
-double NumberOr(const std::string& word, double other) { return NumberIn(word).value_or(other); }
+double AngleIn(const std::string& word, const SExpression& element) {
+  const std::optional<double> degrees = NumberIn(word);
+  if (!degrees) element.Fail("the angle " + Quoted(word) + " is not a number", "correct it");
+  return *degrees;
+}
+
+/// The third thing of "(at X Y [ANGLE] [unlocked])".
+double AngleOf(const std::vector<std::string>& at, const SExpression& element) {
+  return at.size() < 3 || at[2] == "unlocked" ? 0.0 : AngleIn(at[2], element);
+}
+
+/// A name without KiCad's own escapes, which stand for characters that it could not keep in names. Other
+/// braces, as in "~{RESET}", are the name's.
+std::string WithoutEscapes(const std::string& word) {
+  static constexpr std::pair<std::string_view, char> kEscapes[] = {
+      {"slash", '/'},    {"backslash", '\\'}, {"colon", ':'}, {"space", ' '},  {"quote", '\''},
+      {"dblquote", '"'}, {"lt", '<'},         {"gt", '>'},    {"bar", '|'},    {"comma", ','},
+      {"brace", '{'},    {"dollar", '$'},     {"tab", '\t'},  {"return", '\n'}};
+  std::string name;
+  for (std::size_t at = 0; at < word.size(); ++at) {
+    const std::size_t end = word[at] == '{' ? word.find('}', at) : std::string::npos;
+    const std::string_view inside =
+        end == std::string::npos ? std::string_view() : std::string_view(word).substr(at + 1, end - at - 1);
+    const auto* const found = std::find_if(std::begin(kEscapes), std::end(kEscapes),
+                                           [&](const auto& e) { return e.first == inside; });
+    const bool escape = found != std::end(kEscapes);
+    name += escape ? found->second : word[at];
+    if (escape) at = end;
+  }
+  return name;
+}
 
 /// A footprint, read.
 class Footprint {
@@ -87,9 +119,7 @@ void Footprint::Read(bool onBoard) {
     if (element.Name == "layer" && SExpression(element, file_).Word(0) == "B.Cu") side_ = 'B';
     if (element.Name == "at" && onBoard) {
       const SExpression at(element, file_);
-      const std::optional<double> degrees = at.Word(2).empty() ? 0.0 : NumberIn(at.Word(2));
-      if (!degrees) at.Fail("the angle " + Quoted(at.Word(2)) + " is not a number", "correct it");
-      degrees_ = *degrees;
+      degrees_ = at.Word(2).empty() ? 0.0 : AngleIn(at.Word(2), at);
     }
   }
   for (const ElementSpan& element : elements) {
@@ -116,11 +146,11 @@ void Footprint::ReadPad(const ElementSpan& span) {
   // A pad of any shape is drawn as its box.
   for (const glm::dvec2& point : pad.Points()) own = Around(own, {Up(point), Up(point)});
   CopperPad copper{.Number = pad.Word(0),
-                   .Function = pad.LastWordOf("pinfunction"),
-                   .Net = pad.LastWordOf("net"),
+                   .Function = WithoutEscapes(pad.LastWordOf("pinfunction")),
+                   .Net = WithoutEscapes(pad.LastWordOf("net")),
                    .Line = span.Line,
                    .Hole = type == "thru_hole"};
-  copper.Degrees = (at.size() > 2 ? at[2] : 0.0) - degrees_;
+  copper.Degrees = AngleOf(pad.WordsOf("at"), pad) - degrees_;
   copper.Middle = Up({at[0], at[1]}) + Turned(own.Middle() + Up(pad.PointOf("offset")), copper.Degrees);
   copper.Size = own.Size();
   pads_.push_back(std::move(copper));
@@ -139,7 +169,7 @@ void Footprint::ReadGraphic(const ElementSpan& span) {
   } else if (span.Name == "fp_arc") {
     // Since KiCad 6 an arc has both ends; before, its centre, one end and an angle, clockwise as seen.
     const std::string angle = graphic.LastWordOf("angle");
-    outline_.AddLine(angle.empty() ? start : start + Turned(end - start, -NumberOr(angle, 0.0)), end);
+    outline_.AddLine(angle.empty() ? start : start + Turned(end - start, -AngleIn(angle, graphic)), end);
   } else if (span.Name == "fp_poly") {
     const std::vector<glm::dvec2> points = graphic.Points();
     for (std::size_t i = 0; i < points.size(); ++i)

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "import/import_error.h"
+#include "import/names.h"
 
 namespace importer {
 
@@ -36,9 +37,18 @@ void PlaceDie(LeadFrame& frame, double degrees, const glm::dvec2& offset) {
     lead.Outer = seen(lead.Outer);
     SortEnds(lead);
   }
+  for (auto& [row, end] : frame.DownOfRow) end = seen(end);
   if (!frame.DiePaddle) return;
   frame.DiePaddle->Middle = seen(frame.DiePaddle->Middle);
   frame.DiePaddle->Degrees -= degrees;
+}
+
+std::vector<std::string> NameLeads(LeadFrame& frame) {
+  std::vector<std::string> given;
+  for (const Lead& lead : frame.Leads) given.push_back(lead.Label());
+  FieldNames fields = FieldNamesOf(given, Repeat::SameThing, "leads");
+  for (std::size_t i = 0; i < frame.Leads.size(); ++i) frame.Leads[i].Field = std::move(fields.Names[i]);
+  return std::move(fields.Findings);
 }
 
 void Mirror(LeadFrame& frame) {
@@ -57,7 +67,7 @@ void RefuseTwins(const LeadFrame& frame) {
     const auto [before, isNew] = seen.try_emplace(lead.Label(), &lead);
     if (!isNew)
       throw ImportError({frame.File, lead.Row}, "there is a second lead " + Quoted(lead.Label()),
-                        "give each lead a number of its own");
+                        "give each lead another number");
   }
 }
 

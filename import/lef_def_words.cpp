@@ -25,6 +25,12 @@ constexpr std::array<bool, 256> Blanks() {
 
 constexpr std::array<bool, 256> kBlanks = Blanks();
 
+/// True when no more than blanks stand before the line's end.
+bool EndsLine(std::string_view rest) {
+  const std::size_t next = rest.find_first_not_of(" \t\r\f\v");
+  return next == std::string_view::npos || rest[next] == '\n';
+}
+
 }  // namespace
 
 void LefDefWords::SkipBlanks() {
@@ -49,9 +55,10 @@ std::size_t LefDefWords::LengthOfWord() const {
   if (rest_.front() == '"') {
     for (std::size_t at = 1; at < rest_.size(); ++at) {
       if (rest_[at] == '"') return at + 1;
+      if (rest_[at] == '\n' && !quotesSpanLines_) break;
       if (rest_[at] == '\\') ++at;
     }
-    return rest_.size();
+    if (quotesSpanLines_) Fail("a quote is not closed", "close it, or remove it");
   }
   const char* const first = rest_.data();
   const char* const end = first + rest_.size();
@@ -128,6 +135,20 @@ std::string LefDefWords::TakeName() {
 
 void LefDefWords::SkipStatement() {
   while (word_ != ";") Take();
+}
+
+void LefDefWords::SkipText() {
+  const auto isBlank = [this](std::size_t at) {
+    return at >= rest_.size() || kBlanks[static_cast<unsigned char>(rest_[at])];
+  };
+  std::size_t end = rest_.find(';');
+  while (end != std::string_view::npos && end > 0 && !isBlank(end - 1) && !EndsLine(rest_.substr(end + 1)))
+    end = rest_.find(';', end + 1);
+  const std::size_t length = end == std::string_view::npos ? rest_.size() : end;
+  nextLine_ += static_cast<std::size_t>(
+      std::count(rest_.begin(), rest_.begin() + static_cast<std::ptrdiff_t>(length), '\n'));
+  rest_.remove_prefix(length);
+  Take();
 }
 
 void LefDefWords::SkipSection(std::string_view name) {

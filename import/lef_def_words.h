@@ -12,11 +12,15 @@ namespace importer {
 
 /// Goes through the words that blanks and line ends separate. "#" begins a comment where a word could begin,
 /// a text in double quotes is one word, and a ";" or bracket that sticks to its neighbour counts as a word by
-/// itself.
+/// itself. A quote that nothing closes is a word like any other.
 class LefDefWords {
  public:
   /// The text must outlive this; `file` stands in messages.
   LefDefWords(std::string_view text, std::string file) : rest_(text), file_(std::move(file)) {}
+
+  /// Whether a text in quotes may go on over line ends. Where it may not, a quote that stands alone in a
+  /// remark cannot swallow the lines behind it.
+  void LetQuotesSpanLines(bool span) { quotesSpanLines_ = span; }
 
   /// Goes to the next word; false at the end.
   bool Next();
@@ -44,6 +48,8 @@ class LefDefWords {
   std::string TakeName();
   /// Goes to the ";" that ends the statement, from any word of it.
   void SkipStatement();
+  /// The same for a statement of free text, which ends with a ";" that stands alone or ends its line.
+  void SkipText();
   /// Goes behind "END" and this name.
   void SkipSection(std::string_view name);
 
@@ -59,6 +65,7 @@ class LefDefWords {
   std::size_t nextLine_ = 1;  ///< of the first byte of rest_
   std::size_t line_ = 1;      ///< of word_
   bool again_ = false;
+  bool quotesSpanLines_ = false;
 };
 
 /// A name without the backslashes that escape its characters.

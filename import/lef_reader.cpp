@@ -1,5 +1,6 @@
 #include "import/lef_reader.h"
 
+#include <cmath>
 #include <utility>
 
 #include "import/lef_def_words.h"
@@ -15,7 +16,9 @@ class LefReader {
   void ReadInto(LefLibrary& library) {
     while (words_.Next()) {
       if (words_.Is("MACRO")) {
+        words_.LetQuotesSpanLines(true);
         LefMacro macro = ReadMacro();
+        words_.LetQuotesSpanLines(false);
         std::string name = macro.Name;
         library.insert_or_assign(std::move(name), std::move(macro));
       } else if (words_.Is("PROPERTYDEFINITIONS")) {
@@ -34,14 +37,63 @@ class LefReader {
   void ReadRectangle(Terminal& pin);
   void ReadPolygon(Terminal& pin);
   void SkipObstructions();
-  glm::dvec2 TakePoint() {
-    const double x = words_.TakeNumber();
-    return {x, words_.TakeNumber()};
-  }
+  bool TakeMaskAndIterate();
+  glm::dvec2 TakePoint();
+  void AddEach(Terminal& pin, const Box& first, bool repeated);
 
   LefDefWords words_;
   std::string layer_;
+  std::size_t repeated_ = 0;  ///< shapes that ITERATE has made so far
 };
+
+/// Two numbers, which may stand in brackets.
+glm::dvec2 LefReader::TakePoint() {
+  const bool bracket = words_.Take() == "(";
+  if (!bracket) words_.Again();
+  const double x = words_.TakeNumber();
+  const double y = words_.TakeNumber();
+  if (bracket) words_.TakeKeyword(")");
+  return {x, y};
+}
+
+/// [MASK n] [ITERATE] ahead of a shape's points; true with ITERATE.
+bool LefReader::TakeMaskAndIterate() {
+  words_.Take();
+  if (words_.Is("MASK")) {
+    words_.TakeNumber();
+    words_.Take();
+  }
+  const bool repeated = words_.Is("ITERATE");
+  if (!repeated) words_.Again();
+  return repeated;
+}
+
+/// Adds a shape, or all of "DO columns BY rows STEP x y".
+void LefReader::AddEach(Terminal& pin, const Box& first, bool repeated) {
+  if (!repeated) return pin.Shapes.push_back({layer_, first});
+  constexpr double kMost = 100'000;
+  const auto count = [this] {
+    const double number = words_.TakeNumber();
+    if (!(number >= 1.0 && number <= kMost && number == std::floor(number)))
+      words_.Fail(Quoted(words_.Word()) + " is not a number of repetitions", "give a whole number from 1 on");
+    return static_cast<std::size_t>(number);
+  };
+  words_.TakeKeyword("DO");
+  const std::size_t columns = count();
+  words_.TakeKeyword("BY");
+  const std::size_t rows = count();
+  words_.TakeKeyword("STEP");
+  const glm::dvec2 step = TakePoint();
+  repeated_ += columns * rows;
+  if (static_cast<double>(repeated_) > kMost)
+    words_.Fail("ITERATE makes more than 100000 shapes", "remove shapes that are not pads");
+  for (std::size_t row = 0; row < rows; ++row) {
+    for (std::size_t column = 0; column < columns; ++column) {
+      const glm::dvec2 move = step * glm::dvec2(static_cast<double>(column), static_cast<double>(row));
+      pin.Shapes.push_back({layer_, {first.Low + move, first.High + move}});
+    }
+  }
+}
 
 LefMacro LefReader::ReadMacro() {
   LefMacro macro{.Name = words_.TakeName(), .Line = words_.Line()};
@@ -100,7 +152,6 @@ void LefReader::ReadPort(Terminal& pin) {
       ReadRectangle(pin);
     } else if (words_.Is("POLYGON")) {
       ReadPolygon(pin);
-      continue;
     }
     words_.SkipStatement();
   }
@@ -108,32 +159,21 @@ void LefReader::ReadPort(Terminal& pin) {
 
 /// RECT [MASK n] [ITERATE] x y x y [DO ...] ;
 void LefReader::ReadRectangle(Terminal& pin) {
-  words_.Take();
-  if (words_.Is("MASK")) {
-    words_.TakeNumber();
-    words_.Take();
-  }
-  if (!words_.Is("ITERATE")) words_.Again();
+  const bool repeated = TakeMaskAndIterate();
   const glm::dvec2 corner = TakePoint();
-  pin.Shapes.push_back({layer_, BoxOf(corner, TakePoint())});
+  AddEach(pin, BoxOf(corner, TakePoint()), repeated);
 }
 
-/// POLYGON [MASK n] [ITERATE] x y x y x y ... ;
+/// POLYGON [MASK n] [ITERATE] x y x y x y ... [DO ...] ;
 void LefReader::ReadPolygon(Terminal& pin) {
+  const bool repeated = TakeMaskAndIterate();
   Outline outline;
-  words_.Take();
-  if (words_.Is("MASK")) {
-    words_.TakeNumber();
-    words_.Take();
+  while (words_.Take() != ";" && !words_.Is("DO")) {
+    words_.Again();
+    outline.Add(TakePoint());
   }
-  if (words_.Is("ITERATE")) words_.Take();
-  while (words_.Word() != ";" && !words_.Is("DO")) {
-    const double x = words_.Number();
-    outline.Add({x, words_.TakeNumber()});
-    words_.Take();
-  }
-  words_.SkipStatement();
-  if (outline.FillsItsBox()) pin.Shapes.push_back({layer_, outline.Bounds()});
+  words_.Again();
+  if (outline.FillsItsBox()) AddEach(pin, outline.Bounds(), repeated);
 }
 
 /// From "OBS" to its "END", which has no name behind it.

@@ -6,6 +6,8 @@
 #include <map>
 #include <tuple>
 
+#include "import/column_roles.h"
+#include "import/names.h"
 #include "import/source_file.h"
 #include "model/numbers.h"
 #include "model/text.h"
@@ -13,75 +15,6 @@
 namespace importer {
 
 namespace {
-
-using Column = std::optional<std::size_t>;
-
-/// Which column of a table holds what.
-struct Roles {
-  Column PadName, PadNumber, Net, Lead, Side, Tier, Type;
-  Column DieX, DieY, SubsX, SubsY, Width, Height, Angle;
-
-  bool HasBothEnds() const { return DieX && DieY && SubsX && SubsY; }
-};
-
-bool IsNumberColumn(const TextTable& table, Column column) {
-  return std::all_of(table.Rows().begin(), table.Rows().end(),
-                     [&](const TableRow& row) { return NumberIn(table.Field(row, column)).has_value(); });
-}
-
-/// Names of pads: a column of names before one of pads, nets or pins. A column of pads is one of numbers
-/// where another one has the names.
-void FindPadRoles(const TextTable& table, Roles& roles) {
-  const Column pad = table.Column({"pad"});
-  roles.PadNumber = table.Column({"die#", "number", "padnumber", "no"});
-  roles.PadName = table.Column({"name", "padname", "pinname", "signalname", "signal"});
-  if (!roles.PadName) roles.PadName = table.ColumnEnding("pinname");
-  if (!roles.PadName && pad && !(roles.Net && IsNumberColumn(table, pad))) {
-    roles.PadName = pad;
-  } else if (!roles.PadNumber) {
-    roles.PadNumber = pad;
-  }
-  if (!roles.PadName) roles.PadName = roles.Net;
-  if (!roles.PadName) roles.PadName = table.ColumnEnding("name");
-}
-
-Roles RolesOf(const TextTable& table) {
-  Roles roles;
-  if (!table.HasHeader()) {
-    // Pad number, net, lead, x, y; or pad, lead.
-    const bool two = table.Columns() == 2;
-    roles.PadName = two ? 0 : 1;
-    roles.Lead = two ? 1 : 2;
-    if (!two) roles.PadNumber = 0, roles.Net = 1, roles.DieX = 3, roles.DieY = 4;
-    return roles;
-  }
-  roles.Net = table.Column({"net", "netname"});
-  FindPadRoles(table, roles);
-  roles.Lead = table.Column({"subs#", "lead", "leadnumber", "leadname", "finger", "ball"});
-  const Column pin = table.Column({"pin"});
-  if (!roles.PadName) {
-    roles.PadName = pin;
-  } else if (!roles.Lead) {
-    roles.Lead = pin;
-  }
-  roles.DieX = table.Column({"diex", "x", "padx", "centerx", "xcenter", "xcoord"});
-  roles.DieY = table.Column({"diey", "y", "pady", "centery", "ycenter", "ycoord"});
-  roles.SubsX = table.Column({"subsx"});
-  roles.SubsY = table.Column({"subsy"});
-  roles.Width = table.Column({"width"});
-  roles.Height = table.Column({"height"});
-  roles.Angle = table.Column({"angle"});
-  roles.Side = table.Column({"side"});
-  roles.Tier = table.Column({"tier", "layer"});
-  roles.Type = table.Column({"type"});
-  const Column padName = table.Column({"padname"});
-  if (roles.HasBothEnds() && !roles.Lead && padName && roles.Net) {
-    // A list with one name for each end: the wire has the net's, the lead the pad's.
-    roles.Lead = padName;
-    roles.PadName = roles.Net;
-  }
-  return roles;
-}
 
 /// Where the places of the table count from, as seen from the die's middle. Only places on the die tell:
 /// leads lie on all sides of it.
@@ -107,6 +40,17 @@ std::string TierOf(const TextTable& table, const TableRow& row, Column column) {
   if (!(*tier >= 1.0 && *tier <= 4.0 && *tier == std::floor(*tier)))
     table.Fail(row, "there is no tier " + Quoted(table.Field(row, column)), "number tiers from 1 to 4");
   return std::to_string(static_cast<int>(*tier));
+}
+
+/// What is not known may hold what was meant, so that it is better said.
+void NoteUnknownColumns(const TextTable& table, std::vector<std::string>& notes) {
+  if (const std::string unknown = table.UnknownColumns(); !unknown.empty())
+    notes.push_back("ignored: " + unknown);
+}
+
+/// True for the words that stand for no connection.
+bool IsNotBonded(std::string_view word) {
+  return model::EqualsUpper(word, "NC") || model::EqualsUpper(word, "N/C");
 }
 
 constexpr char kAdviceOnPlaces[] = "give it a header with the columns x and y";
@@ -147,6 +91,98 @@ void GuessSizes(Die& die, const std::string& option) {
     die.Notes.push_back("pads without a size are drawn " + text + " x " + text + " um; give " + option);
 }
 
+/// Leads from a table of fingers, or from a list of wires with both ends.
+class FingerReader {
+ public:
+  FingerReader(const std::string& file, double unit, const glm::dvec2& dieSize)
+      : table_(ReadSource(file), file), roles_(RolesOf(table_)), unit_(unit), dieSize_(dieSize) {
+    frame_.File = file;
+    list_ = roles_.HasBothEnds();
+    if (list_) return;
+    if (!roles_.SubsX) roles_.SubsX = roles_.DieX, roles_.SubsY = roles_.DieY;
+    if (!roles_.Lead) roles_.Lead = roles_.PadNumber;
+    // In a list of wires the pads' names are not the leads'.
+    if (!roles_.LeadName && roles_.PadName != roles_.Net) roles_.LeadName = roles_.PadName;
+  }
+
+  LeadFrame Read();
+
+ private:
+  void TakeRow(const TableRow& row, const glm::dvec2& origin);
+  bool TakePaddleRow(const Lead& lead, const glm::dvec2& middle, const glm::dvec2& size, double degrees);
+  void AddLead(Lead lead, const glm::dvec2& middle);
+
+  TextTable table_;
+  Roles roles_;
+  double unit_;
+  glm::dvec2 dieSize_;
+  bool list_ = false, points_ = false;
+  LeadFrame frame_;
+  std::map<std::tuple<std::string, double, double>, std::size_t> places_;
+};
+
+LeadFrame FingerReader::Read() {
+  if (!table_.HasHeader() || !roles_.SubsX || !roles_.SubsY)
+    throw ImportError({frame_.File}, table_.WithUnknownColumns("it does not say where the fingers are"),
+                      kAdviceOnPlaces);
+  NoteUnknownColumns(table_, frame_.Notes);
+  const glm::dvec2 origin = OriginOf(table_, list_ ? roles_.DieX : roles_.SubsX,
+                                     list_ ? roles_.DieY : roles_.SubsY, dieSize_ / unit_);
+  for (const TableRow& row : table_.Rows())
+    if (!HasNoPlace(table_, row, roles_.SubsX, roles_.SubsY, frame_.Notes)) TakeRow(row, origin);
+  if (points_) frame_.Notes.push_back("fingers without a size are drawn as points, 25 x 25 um");
+  if (!list_) RefuseTwins(frame_);
+  return std::move(frame_);
+}
+
+void FingerReader::TakeRow(const TableRow& row, const glm::dvec2& origin) {
+  const glm::dvec2 place{table_.Number(row, *roles_.SubsX), table_.Number(row, *roles_.SubsY)};
+  const glm::dvec2 middle = (place + origin) * unit_;
+  const double length = table_.NumberIfAny(row, roles_.Width).value_or(0.0) * unit_;
+  Lead lead{.Number = table_.Field(row, roles_.Lead),
+            .Name = table_.Field(row, roles_.LeadName),
+            .Net = table_.Field(row, roles_.Net),
+            .Tier = TierOf(table_, row, roles_.Tier),
+            .Width = table_.NumberIfAny(row, roles_.Height).value_or(0.0) * unit_,
+            .Row = row.Line};
+  const std::optional<double> angle = table_.NumberIfAny(row, roles_.Angle);
+  if (length < 0.0 || lead.Width < 0.0) table_.Fail(row, "the finger's size is negative", "correct it");
+  if (TakePaddleRow(lead, middle, {length, lead.Width}, angle.value_or(0.0))) return;
+  // A row that a list leaves unbonded has no lead.
+  if (list_ && IsNotBonded(lead.Label())) return;
+  if (lead.Label().empty()) lead.Number = std::to_string(frame_.Leads.size() + 1);
+  points_ = points_ || length == 0.0 || lead.Width == 0.0;
+  const double across = std::fabs(middle.x) < std::fabs(middle.y) ? 90.0 : 0.0;
+  LayLead(lead, middle, length, angle.value_or(across));
+  AddLead(std::move(lead), middle);
+}
+
+/// True for a row of the paddle: in a list the end of a down bond, among fingers the paddle itself. A ground
+/// finger lies beside the die.
+bool FingerReader::TakePaddleRow(const Lead& lead, const glm::dvec2& middle, const glm::dvec2& size,
+                                 double degrees) {
+  if (!IsPaddleWord(lead.Label())) return false;
+  if (list_) {
+    frame_.DownOfRow[lead.Row] = middle;
+    return true;
+  }
+  const bool under = std::fabs(middle.x) < dieSize_.x / 2.0 && std::fabs(middle.y) < dieSize_.y / 2.0;
+  if (!under && !model::EqualsUpper(lead.Label(), "PADDLE")) return false;
+  if (size.x > 0.0 && size.y > 0.0) {
+    frame_.DiePaddle = Paddle{middle, size, degrees};
+  } else {
+    frame_.Notes.push_back("the paddle has no width and height, and is left out");
+  }
+  return true;
+}
+
+void FingerReader::AddLead(Lead lead, const glm::dvec2& middle) {
+  // In a list of wires a finger comes once for each of its wires.
+  const auto [at, isNew] = places_.try_emplace({lead.Label(), middle.x, middle.y}, frame_.Leads.size());
+  frame_.LeadOfRow[lead.Row] = list_ ? at->second : frame_.Leads.size();
+  if (isNew || !list_) frame_.Leads.push_back(std::move(lead));
+}
+
 }  // namespace
 
 Die DieFromTable(const DieRequest& request) {
@@ -155,9 +191,11 @@ Die DieFromTable(const DieRequest& request) {
   const TextTable table(ReadSource(request.File), request.File);
   const Roles roles = RolesOf(table);
   if (!roles.DieX || !roles.DieY)
-    throw ImportError({request.File}, "it does not say where the pads are", kAdviceOnPlaces);
+    throw ImportError({request.File}, table.WithUnknownColumns("it does not say where the pads are"),
+                      kAdviceOnPlaces);
   const glm::dvec2 origin = OriginOf(table, roles.DieX, roles.DieY, *request.DieSize / request.TableUnit);
   Die die{.File = request.File, .Pads = {}, .Size = *request.DieSize};
+  NoteUnknownColumns(table, die.Notes);
   std::map<std::pair<double, double>, std::size_t> places;
   for (const TableRow& row : table.Rows()) {
     DiePad pad{.Name = table.Field(row, roles.PadName), .Number = table.Field(row, roles.PadNumber)};
@@ -173,56 +211,24 @@ Die DieFromTable(const DieRequest& request) {
       pad.Size = glm::dvec2(table.NumberIfAny(row, roles.Width).value_or(0.0),
                             table.NumberIfAny(row, roles.Height).value_or(0.0)) *
                  request.TableUnit;
+    if (pad.Size.x < 0.0 || pad.Size.y < 0.0) table.Fail(row, "the pad's size is negative", "correct it");
     pad.Type = NetTypeOf(table.Field(row, roles.Type));
     pad.Side = SideOf(table.Field(row, roles.Side));
     // In a list of wires a pad comes once for each of its wires.
     const auto [at, isNew] = places.try_emplace({pad.Middle.x, pad.Middle.y}, die.Pads.size());
-    die.PadOfRow[row.Line] = roles.Lead ? at->second : die.Pads.size();
-    if (isNew || !roles.Lead) die.Pads.push_back(std::move(pad));
+    const bool hasLeads = roles.Lead || roles.LeadName;
+    die.PadOfRow[row.Line] = hasLeads ? at->second : die.Pads.size();
+    if (isNew || !hasLeads) die.Pads.push_back(std::move(pad));
   }
   if (die.Pads.empty())
-    throw ImportError({request.File}, "no pads found in " + std::to_string(table.Rows().size()) + " rows",
+    throw ImportError({request.File}, "no pads found in " + Counted(table.Rows().size(), "row", "rows"),
                       "give a row for each pad, or other --pads");
   if (!request.PadSize) GuessSizes(die, "--pad-size");
   return die;
 }
 
 LeadFrame FingersFromTable(const std::string& file, double unit, const glm::dvec2& dieSize) {
-  const TextTable table(ReadSource(file), file);
-  Roles roles = RolesOf(table);
-  const bool list = roles.HasBothEnds();
-  if (!list && !roles.SubsX) roles.SubsX = roles.DieX, roles.SubsY = roles.DieY;
-  const glm::dvec2 origin =
-      OriginOf(table, list ? roles.DieX : roles.SubsX, list ? roles.DieY : roles.SubsY, dieSize / unit);
-  if (!table.HasHeader() || !roles.SubsX || !roles.SubsY)
-    throw ImportError({file}, "it does not say where the fingers are", kAdviceOnPlaces);
-  if (!list && !roles.Lead) roles.Lead = roles.PadNumber;
-  LeadFrame frame{.File = file, .Leads = {}, .DiePaddle = {}};
-  bool points = false;
-  std::map<std::tuple<std::string, double, double>, std::size_t> places;
-  for (const TableRow& row : table.Rows()) {
-    Lead lead{.Number = table.Field(row, roles.Lead), .Net = table.Field(row, roles.Net), .Row = row.Line};
-    // In a list of wires the pads' names are not the leads'.
-    if (!list && roles.PadName != roles.Net) lead.Name = table.Field(row, roles.PadName);
-    if (lead.Label().empty()) lead.Number = std::to_string(frame.Leads.size() + 1);
-    if (HasNoPlace(table, row, roles.SubsX, roles.SubsY, frame.Notes)) continue;
-    lead.Tier = TierOf(table, row, roles.Tier);
-    const glm::dvec2 place{table.Number(row, *roles.SubsX), table.Number(row, *roles.SubsY)};
-    const glm::dvec2 middle = (place + origin) * unit;
-    const double length = table.NumberIfAny(row, roles.Width).value_or(0.0) * unit;
-    lead.Width = table.NumberIfAny(row, roles.Height).value_or(0.0) * unit;
-    if (length < 0.0 || lead.Width < 0.0) table.Fail(row, "the finger's size is negative", "correct it");
-    points = points || length == 0.0 || lead.Width == 0.0;
-    const double across = std::fabs(middle.x) < std::fabs(middle.y) ? 90.0 : 0.0;
-    LayLead(lead, middle, length, table.NumberIfAny(row, roles.Angle).value_or(across));
-    // In a list of wires a finger comes once for each of its wires.
-    const auto [at, isNew] = places.try_emplace({lead.Label(), middle.x, middle.y}, frame.Leads.size());
-    frame.LeadOfRow[row.Line] = list ? at->second : frame.Leads.size();
-    if (isNew || !list) frame.Leads.push_back(std::move(lead));
-  }
-  if (points) frame.Notes.push_back("fingers without a size are drawn as points, 25 x 25 um");
-  if (!list) RefuseTwins(frame);
-  return frame;
+  return FingerReader(file, unit, dieSize).Read();
 }
 
 std::vector<std::string> LeadWords(std::string_view field) {
@@ -233,9 +239,7 @@ std::vector<std::string> LeadWords(std::string_view field) {
     field.remove_prefix(std::min(end + 1, field.size()));
     while (word.starts_with(' ')) word.remove_prefix(1);
     while (word.ends_with(' ')) word.remove_suffix(1);
-    if (word.empty() || word == "0" || word == "-" || model::EqualsUpper(word, "NC") ||
-        model::EqualsUpper(word, "N/C"))
-      continue;
+    if (word.empty() || word == "0" || word == "-" || IsNotBonded(word)) continue;
     words.emplace_back(word);
   }
   return words;
@@ -248,14 +252,15 @@ bool IsPaddleWord(std::string_view word) {
 std::vector<BondRow> BondsFromTable(const std::string& file) {
   const TextTable table(ReadSource(file), file);
   const Roles roles = RolesOf(table);
-  if (!roles.Lead || (!roles.PadName && !roles.PadNumber))
-    throw ImportError({file}, "it does not say which pad meets which lead",
+  const bool hasLeads = roles.Lead || roles.LeadName;
+  if (!hasLeads || (!roles.PadName && !roles.PadNumber))
+    throw ImportError({file}, table.WithUnknownColumns("it does not say which pad meets which lead"),
                       "give it the columns pad and lead");
   std::vector<BondRow> bonds;
   for (const TableRow& row : table.Rows()) {
     BondRow bond{.PadName = table.Field(row, roles.PadName),
                  .PadNumber = table.Field(row, roles.PadNumber),
-                 .Leads = LeadWords(table.Field(row, roles.Lead)),
+                 .Leads = LeadWords(roles.LeadOf(table, row)),
                  .Row = row.Line};
     if (bond.PadName.empty() && bond.PadNumber.empty())
       table.Fail(row, "the row names no pad", "name one, or remove the row");

@@ -107,6 +107,8 @@ std::vector<Box> PadSearch::PadsOn(const Terminal& terminal) const {
         std::find_if(boxes.begin(), boxes.end(), [&](const Box& box) { return Overlap(box, shape.Place); });
     if (same == boxes.end()) {
       boxes.push_back(shape.Place);
+      // More pads than a package can have; to find the others takes time and changes nothing.
+      if (boxes.size() > kMostPads) break;
     } else if (shape.Place.Area() > same->Area()) {
       *same = shape.Place;
     }

@@ -8,6 +8,8 @@
 #include <new>
 #include <utility>
 
+#include "import/column_name.h"
+#include "import/names.h"
 #include "import/source_file.h"
 #include "model/text.h"
 
@@ -81,32 +83,13 @@ class RowParser {
   std::vector<TableRow> rows_;
 };
 
-/// What a header calls a column, without letter case, blanks, underscores and units in brackets.
-std::string PlainName(std::string_view text) {
-  std::string plain;
-  for (const char letter : text.substr(0, text.find_first_of("(["))) {
-    if (letter == ' ' || letter == '_' || letter == '\t' || letter == '\n') continue;
-    plain += letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-  }
-  return plain;
-}
-
-bool IsKnownName(const std::string& plain) {
-  static constexpr std::string_view kNames[] = {
-      "pad",  "net",   "pin",  "ball", "lead",    "number",  "finger",  "side",    "layer",  "tier",
-      "x",    "y",     "diex", "diey", "subsx",   "subsy",   "width",   "height",  "type",   "angle",
-      "die#", "subs#", "padx", "pady", "centerx", "centery", "xcenter", "ycenter", "xcoord", "ycoord"};
-  return plain.ends_with("name") ||
-         std::find(std::begin(kNames), std::end(kNames), plain) != std::end(kNames);
-}
-
 /// How many columns the first row names; 0 when it is no header.
 std::size_t KnownNames(const std::vector<TableRow>& rows) {
   if (rows.empty()) return 0;
   std::size_t known = 0;
   for (const std::string& field : rows.front().Fields) {
     if (NumberIn(field)) return 0;
-    if (IsKnownName(PlainName(field))) ++known;
+    if (IsKnownColumn(ColumnName(field))) ++known;
   }
   return known < 2 ? 0 : known;
 }
@@ -181,15 +164,17 @@ TextTable::TextTable(std::string_view text, std::string file) : file_(std::move(
     rows_ = std::move(parser.Rows());
     columns_ = plain;
     header_.clear();
+    asWritten_.clear();
     if (names == 0) continue;
-    for (const std::string& field : rows_.front().Fields) header_.push_back(PlainName(field));
+    asWritten_ = rows_.front().Fields;
+    for (const std::string& field : asWritten_) header_.push_back(ColumnName(field));
     columns_ = header_.size();
     rows_.erase(rows_.begin());
   }
   if (!header_.empty()) TakeSurplus();
   if (best == 0 && openSince != 0)
     throw ImportError({file_, openSince}, "a quote is not closed", "close it, or remove it");
-  if (best == 0) throw ImportError({file_}, "its columns cannot be told apart", std::string(kAdviceOnHeader));
+  if (best == 0) throw ImportError({file_}, "its columns are not clear", std::string(kAdviceOnHeader));
 }
 
 void TextTable::TakeSurplus() {
@@ -216,8 +201,24 @@ std::optional<std::size_t> TextTable::Column(std::initializer_list<std::string_v
 
 std::optional<std::size_t> TextTable::ColumnEnding(std::string_view ending) const {
   for (std::size_t i = 0; i < header_.size(); ++i)
-    if (header_[i].ends_with(ending)) return i;
+    if (header_[i].ends_with(ending) &&
+        !(header_[i] == "leadname" || header_[i] == "netname" || header_[i] == "pinname"))
+      return i;
   return std::nullopt;
+}
+
+std::string TextTable::UnknownColumns() const {
+  std::vector<std::string> unknown;
+  for (std::size_t i = 0; i < header_.size(); ++i)
+    if (!header_[i].empty() && !IsKnownColumn(header_[i]) && !IsNeedlessColumn(header_[i]))
+      unknown.push_back(Quoted(asWritten_[i]));
+  return unknown.empty() ? ""
+                         : Counted(unknown.size(), "unknown column ", "unknown columns ") + Listed(unknown);
+}
+
+std::string TextTable::WithUnknownColumns(const std::string& what) const {
+  const std::string unknown = UnknownColumns();
+  return unknown.empty() ? what : what + ", and has " + unknown;
 }
 
 const std::string& TextTable::Field(const TableRow& row, std::optional<std::size_t> column) const {

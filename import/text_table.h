@@ -29,11 +29,15 @@ class TextTable {
   bool HasHeader() const { return !header_.empty(); }
   std::size_t Columns() const { return columns_; }
 
-  /// The first column with one of these names, the earlier names first. Names are in lower case without
-  /// blanks and underscores.
+  /// The first column with one of these names, the earlier names first. Names are as ColumnName gives them.
   std::optional<std::size_t> Column(std::initializer_list<std::string_view> names) const;
-  /// The first column whose name ends so.
+  /// The first column whose name ends so, beside those that name leads, nets or the package's pins.
   std::optional<std::size_t> ColumnEnding(std::string_view ending) const;
+
+  /// The columns of the header that mean nothing to an import, for a message; empty without any.
+  std::string UnknownColumns() const;
+  /// The same behind what a message says.
+  std::string WithUnknownColumns(const std::string& what) const;
 
   /// The field, empty where the row ends before it or there is no such column.
   const std::string& Field(const TableRow& row, std::optional<std::size_t> column) const;
@@ -51,7 +55,7 @@ class TextTable {
   std::string file_;
   char separator_ = ',';
   std::size_t columns_ = 0;
-  std::vector<std::string> header_;
+  std::vector<std::string> header_, asWritten_;
   std::vector<TableRow> rows_;
 };
 

@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
+#include <deque>
 #include <new>
 #include <stdexcept>
 #include <system_error>
@@ -86,6 +87,7 @@ class Draft {
   Draft& operator=(const Draft&) = delete;
   ~Draft() {
     if (opened_ && !placed_) unlink(name_.c_str());
+    if (!old_.empty()) unlink(old_.c_str());
   }
 
   bool Opened() const { return opened_; }
@@ -100,16 +102,37 @@ class Draft {
     return true;
   }
 
-  bool Place(const std::string& target, mode_t mode, Durability durability) {
+  bool Complete(mode_t mode, Durability durability) {
     const bool settled =
         fchmod(file_.Number(), mode) == 0 && (durability == Durability::Fast || fsync(file_.Number()) == 0);
     // A network file system may report ENOSPC only at close().
-    placed_ = settled && file_.Close() && rename(name_.c_str(), target.c_str()) == 0;
+    return settled && file_.Close();
+  }
+
+  bool Place(const std::string& target) {
+    placed_ = rename(name_.c_str(), target.c_str()) == 0;
     return placed_;
+  }
+
+  /// Places the draft so that TakeBack can undo it: the old file keeps another name until the end.
+  bool PlaceForNow(const std::string& target) {
+    old_ = name_ + "o";
+    if (link(target.c_str(), old_.c_str()) != 0) {
+      old_.clear();
+      // Some file systems have no links; there the old file cannot come back.
+      isNew_ = errno == ENOENT;
+    }
+    return Place(target);
+  }
+  void TakeBack(const std::string& target) {
+    if (!old_.empty() && rename(old_.c_str(), target.c_str()) == 0) old_.clear();
+    if (isNew_) unlink(target.c_str());
   }
 
  private:
   std::string name_;
+  std::string old_;
+  bool isNew_ = false;
   Descriptor file_;
   bool opened_ = file_.Number() >= 0;
   bool placed_ = false;
@@ -159,8 +182,30 @@ void WriteWholeFile(const std::string& path, std::string_view bytes, Durability 
   const std::string target = TargetOf(path);
   const mode_t mode = ModeFor(target);
   Draft draft(target);
-  if (!draft.Opened() || !draft.Write(bytes) || !draft.Place(target, mode, durability))
+  if (!draft.Opened() || !draft.Write(bytes) || !draft.Complete(mode, durability) || !draft.Place(target))
     ThrowFault(errno, path);
+}
+
+void WriteWholeFiles(const std::vector<FileToWrite>& files, Durability durability, std::string& failed) {
+  std::vector<std::string> targets;
+  std::deque<Draft> drafts;
+  for (const FileToWrite& file : files) {
+    failed = file.Path;
+    targets.push_back(TargetOf(file.Path));
+    const mode_t mode = ModeFor(targets.back());
+    Draft& draft = drafts.emplace_back(targets.back());
+    if (!draft.Opened() || !draft.Write(file.Bytes) || !draft.Complete(mode, durability))
+      ThrowFault(errno, file.Path);
+  }
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    // Once the last one is in its place nothing is taken back.
+    if (i + 1 < files.size() ? drafts[i].PlaceForNow(targets[i]) : drafts[i].Place(targets[i])) continue;
+    const int error = errno;
+    failed = files[i].Path;
+    while (i > 0) --i, drafts[i].TakeBack(targets[i]);
+    ThrowFault(error, failed);
+  }
+  failed.clear();
 }
 
 }  // namespace model

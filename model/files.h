@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace model {
 
@@ -23,5 +24,16 @@ enum class Durability { Synced, Fast };
 /// Faults  FileFault with the system's reason; nothing is left behind then
 void WriteWholeFile(const std::string& path, std::string_view bytes,
                     Durability durability = Durability::Synced);
+
+/// A file to be written, which lasts until then.
+struct FileToWrite {
+  std::string Path;
+  std::string_view Bytes;
+};
+
+/// Writes several files that belong together as WriteWholeFile does, all or none: no old file gives way
+/// before all new ones are complete. Faults  FileFault, with the path of the file that cannot be written in
+/// `failed`
+void WriteWholeFiles(const std::vector<FileToWrite>& files, Durability durability, std::string& failed);
 
 }  // namespace model

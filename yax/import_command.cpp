@@ -61,6 +61,8 @@ void TakeItem(CLI::App& command, const RecipeItem& item, ImportOptions& options)
                    "see yax import --help for the options' names");
   // The command line comes over the recipe.
   if (option->count() > 0) return;
+  // An empty list gives nothing.
+  if (item.Values.empty() && option->get_items_expected_max() > 1) return;
   if (item.Values.size() != 1 && option->get_items_expected_max() == 1)
     throw Unusable({file}, item.Key + ": it takes one value", "put a text with commas or blanks in quotes");
   const std::filesystem::path folder = std::filesystem::path(file).parent_path();
@@ -68,7 +70,11 @@ void TakeItem(CLI::App& command, const RecipeItem& item, ImportOptions& options)
   try {
     option->run_callback();
   } catch (const CLI::ParseError& error) {
-    throw Unusable({file}, item.Key + ": " + error.what(), "see yax import --help");
+    // The library begins its message with the option's name.
+    const std::string name = "--" + item.Key + ": ";
+    const std::string what = error.what();
+    throw Unusable({file}, item.Key + ": " + (what.starts_with(name) ? what.substr(name.size()) : what),
+                   "see yax import --help");
   }
   options.FromRecipe.insert(item.Key);
 }
@@ -103,10 +109,18 @@ class Values {
       Refuse(options_, option, importer::Quoted(text) + " is not above 0", "give one such as 0.28");
     return number;
   }
+  double AtLeast(const std::string& option, const std::string& text, int least) const {
+    const double number = Number(option, text);
+    if (!(number >= least))
+      Refuse(options_, option, importer::Quoted(text) + " is below " + std::to_string(least),
+             "give " + std::to_string(least) + " or more");
+    return number;
+  }
   glm::dvec2 Size(const std::string& option, const std::string& text) const {
     const std::optional<glm::dvec2> size = importer::SizeIn(text);
     if (!size)
-      Refuse(options_, option, importer::Quoted(text) + " is not a size", "give two lengths such as 3.6x5.2");
+      Refuse(options_, option, importer::Quoted(text) + " is not two lengths above 0",
+             "give two such as 3.6x5.2");
     return *size;
   }
   glm::dvec2 Place(const std::string& option, const std::string& text) const {
@@ -144,8 +158,7 @@ importer::BondRequest BondsOf(const ImportOptions& options, const Values& values
     bonds.TableFile = options.Bonds;
   }
   if (!options.Land.empty()) {
-    bonds.Land = values.Number("land", options.Land) * unit;
-    if (*bonds.Land < 0.0) Refuse(options, "land", "it is negative", "give a length from 0 on");
+    bonds.Land = values.AtLeast("land", options.Land, 0) * unit;
   }
   return bonds;
 }
@@ -166,8 +179,8 @@ importer::ImportRequest RequestOf(const ImportOptions& options) {
   request.Chip.LefFiles = options.Lefs;
   request.Chip.Macro = options.Macro;
   request.Chip.TableUnit = request.Unit;
-  request.Chip.Rule.Least = values.Number("pad-min", options.PadMin) / 1000.0;
-  request.Chip.Rule.Aspect = values.Above0("pad-aspect", options.PadAspect);
+  request.Chip.Rule.Least = values.AtLeast("pad-min", options.PadMin, 0) / 1000.0;
+  request.Chip.Rule.Aspect = values.AtLeast("pad-aspect", options.PadAspect, 1);
   if (!options.Pads.empty()) request.Chip.Rule.Names = values.Pattern("pads", options.Pads, kRules);
   if (!options.PadSize.empty())
     request.Chip.PadSize = values.Size("pad-size", options.PadSize) * request.Unit;
@@ -189,16 +202,8 @@ importer::ImportRequest RequestOf(const ImportOptions& options) {
 void Write(const std::string& output, const model::Package& package) {
   const std::string text = model::reader::PackageText(package);
   if (IsStream(output)) return WriteOutput(output, text);
-  const std::string netTypes = output + ".vu";
-  std::error_code ignored;
-  const bool isNew = !std::filesystem::exists(netTypes, ignored);
-  WriteOutput(netTypes, model::reader::NetTypesText(package));
-  try {
-    WriteOutput(output, text);
-  } catch (...) {
-    if (isNew) std::filesystem::remove(netTypes, ignored);
-    throw;
-  }
+  const std::string netTypes = model::reader::NetTypesText(package);
+  WriteOutputs({{output, text}, {output + ".vu", netTypes}});
 }
 
 Status Import(CLI::App& command, ImportOptions& options) {
@@ -257,8 +262,10 @@ void AddBondOptions(CLI::App& command, ImportOptions& options) {
   add("--unused", options.Unused, "LIST", "Leads that stay free, separated by commas")->delimiter(',');
   add("--land", options.Land, "D",
       "Where wires land, from the leads' inner ends (default: half the lead, at most 0.2 mm)");
-  add("--power", options.Power, "REGEX", "Names of power nets, where the chip's file does not say");
-  add("--ground", options.Ground, "REGEX", "Names of ground nets, which come before power nets");
+  add("--power", options.Power, "REGEX",
+      "Names of power nets, where the chip's file does not say (default: names that begin like VDD, VCC)");
+  add("--ground", options.Ground, "REGEX",
+      "Names of ground nets, which come before power nets (default: like VSS, GND)");
   add("--unit", options.Unit, "",
       "The unit of lengths given here and in tables, and of the package (default: mm)")
       ->check(CLI::IsMember(std::vector<std::string>{"mm", "um", "mil"}));

@@ -8,7 +8,6 @@
 #include <system_error>
 
 #include "model/faults.h"
-#include "model/files.h"
 #include "yax/messages.h"
 
 namespace yax {
@@ -38,10 +37,15 @@ void WriteOutput(const std::string& output, std::string_view bytes) {
                                                                  std::fclose);
     return Send(stream.get(), output, bytes);
   }
+  WriteOutputs({{output, bytes}});
+}
+
+void WriteOutputs(const std::vector<model::FileToWrite>& files) {
+  std::string failed;
   try {
-    model::WriteWholeFile(output, bytes, model::Durability::Fast);
+    model::WriteWholeFiles(files, model::Durability::Fast, failed);
   } catch (const model::FileFault& fault) {
-    throw Unusable({.File = output}, fault.Kind(), "give a file in a folder that can be written");
+    throw Unusable({.File = failed}, fault.Kind(), "give a file in a folder that can be written");
   }
 }
 

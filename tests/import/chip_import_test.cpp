@@ -91,9 +91,48 @@ TEST_F(ChipImportTest, MeetsLeadsByTheirNames) {
   ASSERT_EQ(made.Findings.size(), 3U);
   EXPECT_EQ(made.Findings[1].substr(0, 37), "3 pads meet no lead: GND, E, F; bond ");
   EXPECT_EQ(made.Findings[2].substr(0, 37), "1 lead with a net stays free: 13; nam");
+  // A lead for the second pad of a pin, although the first one's lead is nearer.
+  request.Package = Put("f.csv", "lead,x,y\nVDD,2,.3\nVDD_2,2,.1\n");
+  EXPECT_EQ(Wires(), "VDD>VDD VDD_2>VDD_2");
   request.Bonds.Plan = BondPlan::None;
   EXPECT_EQ(Wires(), "");
   EXPECT_EQ(made.Findings.size(), 1U) << "nothing was to be bonded";
+}
+
+TEST_F(ChipImportTest, KeepsLeadsApartThatAPackageCannotName) {
+  request.Package = Put("f.csv", "lead,x,y\n\"L 1\",-2,.3\nL_1,-2,.1\n\"L\t1\",-2,-.1\nM,-2,-.3\n");
+  request.Bonds.Exceptions = {"E=", "F=", "VDD=", "VDD_2="};
+  EXPECT_EQ(Wires(), "A>L_1_2 B>L_1 C>L_1_3 GND>M");
+  ASSERT_EQ(made.Findings.size(), 3U);
+  EXPECT_EQ(made.Findings[1], "blanks or control characters in names of leads became '_': L_1, L_1");
+  EXPECT_EQ(made.Findings[2], "names of leads were made unique: L_1_2, L_1_3");
+  request.Bonds = {.Plan = BondPlan::None, .Exceptions = {"A=L 1", "B=L_1_3"}};
+  EXPECT_EQ(Wires(), "A>L_1_2 B>L_1_3") << "by the name in the table, and by the one in the package";
+}
+
+TEST_F(ChipImportTest, TakesBothEndsOfDownBondsFromAList) {
+  request.Chip.File = request.Package = request.Bonds.TableFile =
+      Put("l.csv",
+          "Net Name,Lead,Die X,Die Y,Subs X,Subs Y\nA,1,-.9,.3,-2,.3\nB,GND,-.9,.1,-1.3,.1\n"
+          "B,PADDLE,-.9,.1,-1.4,.1\nC,NC,-.9,-.1,-1.4,-.1\n");
+  request.Bonds.Plan = BondPlan::Table;
+  EXPECT_EQ(Wires(), "A>1 B>PADDLE B_2>PADDLE");
+  EXPECT_EQ(made.Summary.substr(0, 40), "3 pads, 1 lead, 3 wires; leads free: non");
+  EXPECT_FLOAT_EQ(made.Package.Bonds[2].WireEndX, -1.4F);
+  // The die turned by half a turn in its package: the ends lie on the other side of it.
+  request.Degrees = 180.0;
+  Wires();
+  EXPECT_FLOAT_EQ(made.Package.Bonds[2].WireEndX, 1.4F);
+}
+
+TEST_F(ChipImportTest, KnowsSuppliesByTheirObviousNames) {
+  const NetPatterns usual = UsualNets();
+  const std::pair<const char*, char> cases[] = {
+      {"VDD", 'P'},   {"vccd1", 'P'}, {"AVDD_2", 'P'}, {"iovdd", 'P'}, {"VPWR", 'P'}, {"VSS", 'G'},
+      {"dgnd", 'G'},  {"vssio", 'G'}, {"VGND", 'G'},   {"VIN", ' '},   {"VREF", ' '}, {"VINP", ' '},
+      {"AVREF", ' '}, {"VBAT", ' '},  {"NVDD", ' '},   {"CLK", ' '},   {"AGC", ' '}};
+  for (const auto& [name, type] : cases)
+    EXPECT_EQ(Matches(name, usual.Ground) ? 'G' : Matches(name, usual.Power) ? 'P' : ' ', type) << name;
 }
 
 TEST_F(ChipImportTest, RefusesWhatIsNotThere) {
@@ -110,6 +149,9 @@ TEST_F(ChipImportTest, RefusesWhatIsNotThere) {
   EXPECT_EQ(Refused(), "b.csv:3: there is no pad 'Z'; give the name or number of one pad of the die");
   Table("pad,lead\nA,99\n");
   EXPECT_EQ(Refused(), "b.csv:2: there is no lead '99'; give the number or name of one lead of the package");
+  request.Bonds.Unused = {"5"};
+  Table("pad,lead\nA,4\nB,5\n");
+  EXPECT_EQ(Refused(), "b.csv:3: lead '5' is to stay free; remove it from the row or from --unused");
   Table("pad,lead\nA,PADDLE\n");
   request.Package = "qfn:16,body=5x5,pitch=0.65,lead=0.4x0.3,paddle=2x2";
   EXPECT_EQ(Refused().substr(0, 68), "b.csv:2: pad 'A' cannot be bonded down: there the paddle does not re");
@@ -149,13 +191,22 @@ TEST_F(ChipImportTest, MakesThePackage) {
   EXPECT_EQ(made.Findings.size(), 1U) << "a name with a blank";
 }
 
+TEST_F(ChipImportTest, NotesWhatTablesSayInVain) {
+  request.Chip.File = Put("d.csv", "name,x,y,width,height,Ort,length\nA,-.9,0,.07,.07,x,1\n");
+  Table("pad,lead\nA,NC\n");
+  const std::vector<SourceNote> notes = ImportChip(request).Notes;
+  ASSERT_EQ(notes.size(), 2U);
+  EXPECT_EQ(notes[0].Text, "ignored: 1 unknown column 'Ort'");
+  EXPECT_EQ(notes[1].Text, "none of its rows makes a wire");
+}
+
 TEST_F(ChipImportTest, FindsMarksAndWiresThatCannotBe) {
   request.Chip.File = Put("d.csv", "name,x,y,width,height\nM,0,0,.03,.03\nN,-.9,0,.03,.03\nO,-3,0,.03,.03\n");
   Wires();
   ASSERT_EQ(made.Findings.size(), 3U);
-  EXPECT_EQ(made.Findings[0].substr(0, 12), "1 wire has n") << "from the die's middle";
+  EXPECT_EQ(made.Findings[0].substr(0, 14), "1 wire is left") << "from the die's middle";
   EXPECT_EQ(made.Findings[1].substr(0, 29), "all pads are 30.0 x 30.0 um, ");
-  EXPECT_EQ(made.Findings[2].substr(0, 30), "pads lie outside the die: O; s");
+  EXPECT_EQ(made.Findings[2].substr(0, 30), "1 pad lies outside the die: O;");
 }
 
 TEST(Crossings, CountWiresThatMeetBetweenTheirEnds) {

@@ -96,6 +96,19 @@ TEST_F(DieReaderTest, PassesOverOtherSectionsInAnyOrder) {
       "a -470 -370 60 60");
 }
 
+TEST_F(DieReaderTest, LetsNoQuoteInRemarksSwallowThePads) {
+  const std::string pin = "- a + PORT + LAYER m5 ( 0 0 ) ( 60000 60000 ) + FIXED ( 0 0 ) N";
+  for (const std::string remark : {"HISTORY say \" ;", "HISTORY moved; PINS were wrong ;", "HISTORY \"a b;",
+                                   "TECHNOLOGY \" ;", "NETS 1 ;\n- n\\[\" \" ( x ) ;\nEND NETS"})
+    EXPECT_EQ(Pads(kHead + remark + "\nPINS 1 ;\n" + pin + " ;\nEND PINS\nEND DESIGN\n"), "a -470 -370 60 60")
+        << remark;
+  // A pin's own text may go on over lines, and has to be closed.
+  EXPECT_EQ(Pads(kHead + "PINS 1 ;\n" + pin + " + PROPERTY note \"; \nEND PINS\" ;\nEND PINS\nEND DESIGN\n"),
+            "a -470 -370 60 60");
+  EXPECT_EQ(Refused("a.def", kHead + "PINS 1 ;\n" + pin + " + PROPERTY note \"x ;\nEND PINS\n").substr(0, 32),
+            "a.def:6: a quote is not closed; ");
+}
+
 constexpr char kCells[] =
     "MACRO BOND\n CLASS COVER ;\n ORIGIN 10 4 ;\n SIZE 80 BY 84 ;\n PIN PAD\n  USE POWER ;\n  PORT\n   LAYER "
     "m5 ;\n"
@@ -140,6 +153,30 @@ TEST_F(DieReaderTest, ReadsTheMacroOfAWholeChip) {
   EXPECT_EQ(ReadDie(request).Size, glm::dvec2(2.0, 1.0));
   request.PadSize = {0.05, 0.04};
   EXPECT_EQ(TextOf(ReadDie(request)), "PAD 0 0 50 40");
+}
+
+TEST_F(DieReaderTest, RepeatsTheShapesOfAMacro) {
+  const auto pads = [this](const std::string& shape) {
+    return TextOf(
+        ReadDie({.File = Put("a.lef", "MACRO m\n SIZE 1000 BY 800 ;\n PIN a\n  PORT\n   LAYER m5 ;\n   " +
+                                          shape + " ;\n  END\n END a\nEND m\n")}));
+  };
+  // Columns of 100, rows of 200 um; the die's middle is at (500, 400) um.
+  const std::string four = "a -470 -370 60 60; a -370 -370 60 60; a -470 -170 60 60; a -370 -170 60 60";
+  const std::string points = " 0 0 60 0 60 60 0 60";
+  EXPECT_EQ(pads("RECT ITERATE 0 0 60 60 DO 2 BY 2 STEP 100 200"), four);
+  EXPECT_EQ(pads("RECT MASK 1 ITERATE ( 0 0 ) ( 60 60 ) DO 2 BY 2 STEP 100 200"), four);
+  EXPECT_EQ(pads("POLYGON ITERATE" + points + " DO 2 BY 2 STEP 100 200"), four);
+  EXPECT_EQ(pads("POLYGON MASK 2" + points), "a -470 -370 60 60");
+  const std::pair<std::string, std::string> refused[] = {
+      {"DO 0 BY 1 STEP 1 1", "'0' is not a number of repetitions; "},
+      {"DO 1.5 BY 1 STEP 1 1", "'1.5' is not a number of repetitions; "},
+      {"DO 1000 BY 101 STEP 1 1", "ITERATE makes more than 100000 shapes; "},
+      {"", "there is ';' in place of 'DO'; "},
+      {"DO 2 BY 2", "there is ';' in place of 'STEP'; "}};
+  for (const auto& [steps, message] : refused)
+    EXPECT_EQ(RefusalOf([&] { pads("RECT ITERATE 0 0 60 60 " + steps); }).substr(0, 9 + message.size()),
+              "a.lef:6: " + message);
 }
 
 TEST_F(DieReaderTest, SaysWhatCannotBeReadAndWhere) {
@@ -214,12 +251,12 @@ TEST(Die, FindsEdgesAndUniqueNames) {
   for (const DiePad& found : die.Pads) sides += found.Side;
   EXPECT_EQ(sides, "LRTBLLBB");
 
-  std::vector<DiePad> pads{pad("A", 0, 0), pad("A", 0, 0), pad("A_2", 0, 0), pad("B C", 0, 0),
-                           pad("A", 0, 0)};
+  std::vector<DiePad> pads{pad("A", 0, 0),   pad("A", 0, 0), pad("A_2", 0, 0),
+                           pad("B C", 0, 0), pad("A", 0, 0), pad("B_C", 0, 0)};
   EXPECT_EQ(NamePads(pads).size(), 2U);
   std::string names;
   for (const DiePad& named : pads) names += named.Name + " ";
-  EXPECT_EQ(names, "A A_3 A_2 B_C A_4 ") << "A_2 is taken";
+  EXPECT_EQ(names, "A A_3 A_2 B_C_2 A_4 B_C ") << "A_2 is taken, and B_C is a pad's own name";
 }
 
 }  // namespace

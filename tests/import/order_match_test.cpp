@@ -81,8 +81,8 @@ void ExpectBest(const Places& pads, const Places& leads, const std::string& what
   const Partners partners = MatchInOrder(pads, leads);
   EXPECT_EQ(Matched(partners), std::min(pads.size(), leads.size())) << what;
   EXPECT_TRUE(KeepsOrder(pads, leads, partners)) << what;
-  // Places of random cases lie between the nanometres in which the match counts.
-  EXPECT_NEAR(SumOf(pads, leads, partners), LeastSum(pads, leads), 1e-4) << what;
+  // Squares are multiples of 1e-12 and sums below 300, so that two different sums lie farther apart.
+  EXPECT_NEAR(SumOf(pads, leads, partners), LeastSum(pads, leads), 4e-13) << what;
 }
 
 /// Places on a ring that is wider than high, at random angles and depths.
@@ -93,17 +93,30 @@ Places Ring(std::mt19937& random, std::size_t count, double radius) {
   for (std::size_t i = 0; i < count; ++i) {
     const double a = angle(random);
     const double r = radius * depth(random);
-    places.emplace_back(1.5 * r * std::cos(a), r * std::sin(a));
+    // On the grid of nanometres in which the match counts.
+    places.emplace_back(std::round(1.5e6 * r * std::cos(a)) / 1e6, std::round(1e6 * r * std::sin(a)) / 1e6);
   }
   return places;
 }
 
-TEST(OrderMatch, IsBestInEveryCaseUpToEightPadsAndTenLeads) {
+// Places are real numbers, so that "every case" means every pair of numbers of pads and leads, each with many
+// arrangements: on rings, and with all pads or all leads on one side, where most turns are bad ones.
+TEST(OrderMatch, IsBestForEachNumberUpToEightPadsAndTenLeads) {
+  constexpr int kArrangements = 24;
   std::mt19937 random(1);
-  for (std::size_t pads = 1; pads <= 8; ++pads)
-    for (std::size_t leads = 1; leads <= 10; ++leads)
-      ExpectBest(Ring(random, pads, 1.0), Ring(random, leads, 3.0),
-                 std::to_string(pads) + " pads, " + std::to_string(leads) + " leads");
+  for (std::size_t pads = 1; pads <= 8; ++pads) {
+    for (std::size_t leads = 1; leads <= 10; ++leads) {
+      for (int i = 0; i < kArrangements; ++i) {
+        Places inner = Ring(random, pads, 1.0);
+        Places outer = Ring(random, leads, i % 4 == 0 ? 1.0 : 3.0);
+        for (glm::dvec2& place : i % 3 == 0 ? inner : outer)
+          if (i % 3 != 2) place.x = std::fabs(place.x);
+        ExpectBest(inner, outer,
+                   std::to_string(pads) + " pads, " + std::to_string(leads) + " leads, arrangement " +
+                       std::to_string(i));
+      }
+    }
+  }
 }
 
 TEST(OrderMatch, IsBestInRandomCases) {

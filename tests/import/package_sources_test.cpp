@@ -143,6 +143,18 @@ TEST(KicadFootprint, LiesAsOnItsBoard) {
             "b.kicad_pcb: no footprint has the reference 'U2'; it has R1, U1");
 }
 
+TEST(KicadFootprint, UndoesEscapesInNames) {
+  const auto pad = [](const char* number, const char* at, const std::string& net) {
+    return std::string("(pad ") + number + " smd rect (at " + at + ") (size 1 0.3) (layers F.Cu) (net \"" +
+           net + "\") (pinfunction \"" + net + "\"))\n";
+  };
+  const LeadFrame frame =
+      FootprintOf("(footprint X\n" + pad("1", "2 0 0 unlocked", "/A{slash}B{colon}{space}") +
+                      pad("2", "-2 0", "~{RESET}{brace}{none}{backslash}") + ")",
+                  "f");
+  EXPECT_EQ(frame.Leads[0].PlainNet() + "|" + frame.Leads[1].Name, "A/B: |~{RESET}{{none}\\");
+}
+
 TEST(KicadFootprint, SaysWhatCannotBeReadAndWhere) {
   const std::string pad = "(pad 1 smd rect (at 2 0) (size 1 0.3) (layers F.Cu))\n";
   const std::pair<std::string, std::string> cases[] = {
@@ -159,6 +171,10 @@ TEST(KicadFootprint, SaysWhatCannotBeReadAndWhere) {
        "f:3: the pad has no size; "},
       {"(footprint X\n" + pad + "(pad 1 smd rect (at -2 0) (size 1 1) (layers F.Cu)))",
        "f:3: there is a second lead '1'; "},
+      {"(footprint X\n" + pad + "(pad 2 smd rect (at -2 0 left) (size 1 1) (layers F.Cu)))",
+       "f:3: the angle 'left' is not a number; "},
+      {"(footprint X\n" + pad + "(fp_arc (start 0 0) (end 1 0) (angle x) (layer F.Fab)))",
+       "f:3: the angle 'x' is not a number; "},
       {"(footprint X (pad 1 smd rect " + std::string(200, '(') + std::string(200, ')') + "))",
        "f:1: the element is too large to be part of a package; "},
   };

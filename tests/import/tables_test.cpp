@@ -26,6 +26,7 @@ TEST(TextTable, KnowsTheDialects) {
       {"  name   x\ty\n# remark\n\n  a 1 2 ; remark\n\"b c\" 3 4", "4:a|1|2; 5:b c|3|4"},
       {"Die#,Die X (um),die_y\n1,2,3\n", "2:1|2|3"},
       {"sep=;\r\nname;x;y\r\na;1;2\r\n", "3:a|1|2"},
+      {"Pad-Name,Lead No.\na,3\n", "2:a|3"},
       {"name,x,y\n\"a \"\"q\"\"\nb\",1,2\nc,3,4\n", "2:a \"q\"\nb|1|2; 4:c|3|4"},
       // Without a header: the number of columns tells.
       {"; pad lead\n1 1\n3 3,4\n", "2:1|1; 3:3|3,4"},
@@ -38,8 +39,8 @@ TEST(TextTable, KnowsTheDialects) {
 
 TEST(TextTable, SaysWhatCannotBeRead) {
   const std::pair<std::string, std::string> cases[] = {
-      {"", "t.csv: its columns cannot be told apart; "},
-      {"foo,bar,baz\n1,2,3\n", "t.csv: its columns cannot be told apart; "},
+      {"", "t.csv: its columns are not clear; "},
+      {"foo,bar,baz\n1,2,3\n", "t.csv: its columns are not clear; "},
       {"name,x,y\n\"a,1,2\nb,1,2\n", "t.csv:2: a quote is not closed; "},
       {std::string("PK\3\4\0", 5), "t.csv: it is not plain text; "},
   };
@@ -88,6 +89,9 @@ TEST_F(TablesTest, FindPadsByTheirColumns) {
        "Y\n1,9,VSS,VSS_1,-.9,.4,-2,1\n1,8,VSS,VSS_1,-.9,.4,-2,0\n",
        "VSS_1 1 -0.9 0.4"},
       {"Net Name,Pad Name,Die X,Die Y,Subs X,Subs Y\nVSS,12,-.9,.4,-2,1\n", "VSS  -0.9 0.4"},
+      {"Bond Pad No.,Signal Name,X Coord (um),Y Coord\n7,VDD,-.9,.4\n", "VDD 7 -0.9 0.4"},
+      {"Pad Number,Pin Name,Centre X,Centre Y\n7,VDD,-.9,.4\n", "VDD 7 -0.9 0.4"},
+      {"Lead Name,Pad #,Pad X,Pad Y\nL1,7,-.9,.4\n", "7 7 -0.9 0.4"},
   };
   for (const auto& [text, pads] : cases) EXPECT_EQ(Pads(text), pads) << text;
   EXPECT_EQ(Pads("name,x,y\nA,-900,400\n", 1e-3), "A  -0.9 0.4");
@@ -104,8 +108,31 @@ TEST_F(TablesTest, FindFingersByTheirColumns) {
       {"Net Name,Pad Name,Layer,Die X,Die Y,Subs X,Subs Y\nVSS,12,3,-.9,.4,-2,1\n", "12  VSS 3 -2 1 -2 1"},
       // Places count from the corner of the die if its pads do.
       {"lead,Die X,Die Y,Subs X,Subs Y\n1,0.1,0.8,-1,0.8\n", "1   1 -2 0 -2 0"},
+      {"Finger Number,Finger Name,Net Name,X,Y\n1,A,VDD,-2,0\n", "1 A VDD 1 -2 0 -2 0"},
+      // The paddle, and what a list bonds down or not at all, are no leads; a ground finger is one.
+      {"lead,x,y,width,height\nPADDLE,0,0,1,1\nGND,0,0,1,1\nGND,-2,0,0,0\n", "GND   1 -2 0 -2 0"},
+      {"lead,Die X,Die Y,Subs X,Subs Y\nGND,-.9,0,-2,0\nnc,-.9,0,-2,0\npaddle,-.9,0,-2,0\n1,0,0,-2,0\n",
+       "1   1 -2 0 -2 0"},
   };
   for (const auto& [text, fingers] : cases) EXPECT_EQ(Fingers(text), fingers) << text;
+}
+
+TEST_F(TablesTest, FindWhoMeetsWhomByTheirColumns) {
+  const std::pair<const char*, const char*> cases[] = {{"Pad Name,Lead Number,Remark\nA,3,x\n", "A  3"},
+                                                       {"Bond Pad,Package Pin\nA,3\n", "A  3"},
+                                                       {"Pad Number,Lead Name\n7,L3\n", " 7 L3"},
+                                                       {"pin number,net name\n3,VDD\n", "VDD  3"},
+                                                       {"pad#,pin name,lead\n7,L3,\n", " 7 L3"},
+                                                       {"Pad,Finger ID\nA,3\n", "A  3"},
+                                                       {"ball,pad name\n3,A\n", "A  3"}};
+  for (const auto& [text, bond] : cases) {
+    const BondRow row = BondsFromTable(Put("b.csv", text)).at(0);
+    EXPECT_EQ(row.PadName + " " + row.PadNumber + " " + row.Leads.at(0), bond) << text;
+  }
+  EXPECT_EQ(
+      RefusalOf([&] { BondsFromTable(Put("b.csv", "pad,net,wohin\nA,VDD,3\n")); }),
+      "b.csv: it does not say which pad meets which lead, and has 1 unknown column 'wohin'; give it the "
+      "columns pad and lead");
 }
 
 TEST_F(TablesTest, SayTheRowOfWhatCannotBeUsed) {
@@ -113,13 +140,15 @@ TEST_F(TablesTest, SayTheRowOfWhatCannotBeUsed) {
   EXPECT_EQ(refused("name,x,y\nA,-1,0\nB,1mm,0\n"), "d.csv:3: '1mm' is not a number; correct it");
   EXPECT_EQ(refused("name,x,y\n,-1,0\n"),
             "d.csv:2: the pad has no name; give it one in a column such as name or pad");
+  EXPECT_EQ(refused("name,x,y,width,height\nA,-1,0,-.1,.1\n"),
+            "d.csv:2: the pad's size is negative; correct it");
   EXPECT_EQ(refused("name,x\nA,-1\n"),
             "d.csv: it does not say where the pads are; give it a header with the columns x and y");
   EXPECT_EQ(refused("name,x,y\n"),
             "d.csv: no pads found in 0 rows; give a row for each pad, or other --pads");
   const auto fingers = [this](const std::string& text) { return RefusalOf([&] { Fingers(text); }); };
   EXPECT_EQ(fingers("lead,x,y\n1,-2,0\n1,-2,1\n"),
-            "f.csv:3: there is a second lead '1'; give each lead a number of its own");
+            "f.csv:3: there is a second lead '1'; give each lead another number");
   EXPECT_EQ(fingers("lead,tier,x,y\n1,7,-2,0\n"), "f.csv:2: there is no tier '7'; number tiers from 1 to 4");
   EXPECT_EQ(fingers("1 2\n").substr(0, 45), "f.csv: it does not say where the fingers are;");
 }

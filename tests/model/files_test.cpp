@@ -126,6 +126,27 @@ TEST(WholeFile, FaultsWhereNoFileCanBe) {
   EXPECT_EQ(GetFile(folder / "sub/inside"), "old");
 }
 
+TEST(WholeFiles, AreWrittenAllOrNone) {
+  const TemporaryFolder folder;
+  const std::string old = PutFile(folder / "old", "old");
+  const std::string fresh = folder / "fresh";
+  fs::create_directory(folder / "sub");
+  std::string failed;
+  WriteWholeFiles({{old, "1"}, {fresh, "2"}}, Durability::Fast, failed);
+  EXPECT_EQ(GetFile(old) + GetFile(fresh) + failed, "12");
+  fs::remove(fresh);
+  // The first cannot be opened; a name that is too long shows only once the others are in their places.
+  for (const std::string& bad : {folder / "sub", folder / std::string(256, 'n')}) {
+    EXPECT_NE(::FaultOf([&] {
+                WriteWholeFiles({{old, "3"}, {fresh, "4"}, {bad, "5"}}, Durability::Fast, failed);
+              }),
+              "");
+    EXPECT_EQ(failed, bad);
+    EXPECT_EQ(GetFile(old), "1");
+    EXPECT_EQ(folder.FileCount(), 2U) << "the old file and the folder";
+  }
+}
+
 TEST(Text, RaisesAsciiLettersOnly) {
   EXPECT_EQ(UpperCase("aZ_@[`{9\xe4\xc3\xa4"), "AZ_@[`{9\xe4\xc3\xa4");
   EXPECT_TRUE(EqualsUpper("rOuNd", "ROUND"));

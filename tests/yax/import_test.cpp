@@ -45,10 +45,12 @@ TEST_F(ImportProgram, MakesTheSamplesFromTheirRecipes) {
 
 TEST_F(ImportProgram, TakesTheCommandLineOverTheRecipe) {
   PutFile(folder / "r.recipe",
-          "die = \"" + kSources +
+          "\xEF\xBB\xBF"
+          "die = \"" +
+              kSources +
               "caravel-pads.def\"  # the frame\ndie-size = \"3.6x5.2\"\n"
               "die-height = 9\npackage = 'qfn:64,body=9x9,pitch=0.5,lead=0.4x0.25,paddle=7x7'\n"
-              "unused = [19, 1]\nbond = [\"vssd2=9\",\n  \"vdda2=10\"]\n");
+              "lef = []\nunused = [19, 1]\nbond = [\"vssd2=9\",\n  \"vdda2=10\"]\n");
   const std::string summary = Import("--die-height 0.28 --unused 19 --recipe " + (folder / "r.recipe"), 1);
   EXPECT_EQ(summary.substr(0, 59), "63 pads, 64 leads, 63 wires; leads free: 19; 1 crossing; lo");
   EXPECT_NE(GetFile(folder / "a.yax").find("\nCOMPZ 0.28\n"), std::string::npos);
@@ -62,7 +64,8 @@ TEST_F(ImportProgram, ReadsItsListsOfWiresBack) {
   const std::string summary =
       Import("--unit um --die " + list + " --die-size 2200x1800 --die-height 280 --package " + list +
              " --bonds " + list);
-  EXPECT_EQ(summary.substr(0, 27), "32 pads, 32 leads, 32 wires");
+  // One of the 32 wires goes down to the paddle, which is no lead.
+  EXPECT_EQ(summary.substr(0, 27), "32 pads, 31 leads, 32 wires");
   EXPECT_EQ(WiresOf(folder / "a.yax"), WiresOf(sample));
   ExpectSound();
 }
@@ -78,6 +81,16 @@ TEST_F(ImportProgram, WritesBothFilesOrNone) {
   ASSERT_EQ(std::system(("mkdir " + (folder / "b.yax")).c_str()), 0);
   EXPECT_EQ(Yax("import -o " + (folder / "b.yax") + " " + package).status, 2);
   EXPECT_EQ(folder.FileCount(), 4U) << "and the folder";
+  // Old files stay as they are when one of the new ones cannot be written.
+  PutFile(folder / "b.yax.vu", "old");
+  EXPECT_EQ(Yax("import -o " + (folder / "b.yax") + " " + package).status, 2);
+  EXPECT_EQ(GetFile(folder / "b.yax.vu"), "old");
+  PutFile(folder / "c.yax", "old");
+  ASSERT_EQ(std::system(("mkdir " + (folder / "c.yax.vu")).c_str()), 0);
+  const Ended refused = Yax("import -o " + (folder / "c.yax") + " " + package);
+  EXPECT_EQ(refused.err.substr(refused.err.rfind('/') + 1, 10), "c.yax.vu: ");
+  EXPECT_EQ(GetFile(folder / "c.yax"), "old");
+  EXPECT_EQ(folder.FileCount(), 7U);
   EXPECT_EQ(Import(package).substr(0, 24), "1 pad, 4 leads, 1 wire; ");
   EXPECT_EQ(GetFile(folder / "a.yax.vu"), "A SIGNAL\n");
 }
@@ -104,15 +117,19 @@ TEST_F(ImportProgram, RefusesWithOneLineAndWritesNothing) {
       {most + die + "--offset 1", "yax: --offset: '1' is not X,Y; "},
       {most + die + "--bond Z=1", "yax: --bond: there is no pad 'Z'; "},
       {most + die + "--unused 9", "yax: --unused: there is no lead '9'; "},
+      {most + die + "--pad-min -1", "yax: --pad-min: '-1' is below 0; "},
+      {most + die + "--pad-aspect 0.5", "yax: --pad-aspect: '0.5' is below 1; "},
+      {most + die + "--pad-size 0x5", "yax: --pad-size: '0x5' is not two lengths above 0; "},
+      {most + die + "--land -1", "yax: --land: '-1' is below 0; "},
       {most + die + "--rotate 45", "--rotate: 45 not in {0,90,180,270}"},
       {most + die + "--unit inch", "--unit: inch not in {mm,um,mil}"},
       {most + "--recipe " + (folder / "key.recipe"), "key.recipe: there is no key 'colour'; "},
       {"--die-height 1 --package qfn:4,body=9x9 --recipe " + (folder / "value.recipe"),
-       "value.recipe: die-size: '5' is not a size; "},
+       "value.recipe: die-size: '5' is not two lengths above 0; "},
       {"--recipe " + (folder / "comma.recipe"),
        "comma.recipe: package: it takes one value; put a text with commas"},
       {"--recipe " + (folder / "twice.recipe"), "twice.recipe: die is there twice; "},
-      {"--recipe " + (folder / "unit.recipe"), "unit.recipe: unit: "},
+      {"--recipe " + (folder / "unit.recipe"), "unit.recipe: unit: inch not in {mm,um,mil}; "},
       {"--recipe " + (folder / "none.recipe"), "none.recipe: there is no such file; "},
       {"--die-height 1 --die-size 1x1 " + die + "--package a.kicad_pcb",
        "yax: --package: a board has many footprints; "},

@@ -30,6 +30,8 @@ std::string_view WithoutComment(std::string_view line) {
 }  // namespace
 
 std::vector<RecipeItem> ReadRecipe(std::string_view text, const std::string& file) {
+  // Some editors begin a text with a byte order mark.
+  if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
   std::string plain;
   model::Lines lines(text);
   std::string_view line;
