@@ -141,6 +141,16 @@ std::string BytesOf(const sheet::Drawing& drawing, Format format) {
   return format == Format::Svg ? sheet::SvgOf(drawing) : sheet::DxfOf(drawing);
 }
 
+void ReportBoxes(const sheet::Drawing& drawing, const std::string& file) {
+  const std::vector<std::string> texts = sheet::TextsWithoutGlyphs(drawing);
+  if (texts.empty()) return;
+  const std::size_t others = texts.size() - 1;
+  Complain({file},
+           "note: no font has all characters of " + model::Quoted(texts.front()) +
+               (others == 0 ? "" : " and " + std::to_string(others) + " more") + "; they show as boxes",
+           "install a font for this script");
+}
+
 Status Diagram(const DiagramOptions& options) {
   const Format format = FormatOf(options.output);
   const sheet::Paper paper = PaperOf(options.paper);
@@ -177,6 +187,7 @@ Status Diagram(const DiagramOptions& options) {
                          .Into = trueToSize ? sheet::Split::None : SplitOf(options.split),
                          .Table = options.table});
   WriteOutput(options.output, BytesOf(drawing, format));
+  if (format == Format::Pdf) ReportBoxes(drawing, options.package.File);
   return judgement.Keeps ? Status::Done : Status::Findings;
 }
 

@@ -248,8 +248,8 @@ Values ValuesOf(const RuleSet& set, const std::vector<RuleRemark>& remarks) {
 
 void ExpectTheSame(const Measured& measured, double unit, const NetRule& nets, const std::string& what) {
   const Limits limits{2.0 * unit, 0.06 * unit, 0.15 * unit, 0.12 * unit, 0.35 * unit, 30.0};
-  const auto text = [](const char* rule, double value, const char* unit = " mm\n") {
-    return std::string(rule) + " " + std::to_string(value) + unit;
+  const auto text = [](const char* rule, double value, const char* after = " mm\n") {
+    return std::string(rule) + " " + std::to_string(value) + after;
   };
   // All in file units, which count as millimetres here.
   const std::string rules =
@@ -276,10 +276,13 @@ void ExpectTheSame(const Measured& measured, double unit, const NetRule& nets, c
 TEST(PlainRules, FindTheSameAsAPlainEvaluationOnEverySample) {
   NetRule nets;
   nets.Pattern = std::regex("^(V..)_");
-  for (const char* name : {"AAAc", "caravel-qfn64", "bga332", "lqfp100"})
-    ExpectTheSame(Measured(SamplePath(name)), 1.0, nets, name);
-  ExpectTheSame(Measured(SamplePath("stacked-ram")), 40.0, nets, "stacked-ram");
-  ExpectTheSame(Measured(SamplePath("flipchip-bigblade")), 40.0, nets, "flipchip-bigblade");
+  // Their units are mm, um (cob32) and mil.
+  for (const std::string name : kSamples)
+    ExpectTheSame(Measured(SamplePath(name)),
+                  name == "cob32"                                        ? 1000.0
+                  : name == "stacked-ram" || name == "flipchip-bigblade" ? 40.0
+                                                                         : 1.0,
+                  nets, name);
 }
 
 std::string RandomPackage(std::mt19937& random) {
