@@ -4,7 +4,6 @@
 #include <cctype>
 #include <cmath>
 #include <functional>
-#include <map>
 #include <set>
 
 #include "sheet/labels.h"
@@ -38,7 +37,7 @@ struct View {
 
 std::vector<View> ViewsOf(const DiagramInputs& inputs) {
   std::vector<View> views;
-  std::set<std::string> kinds;
+  std::set<std::string, NumbersInOrder> kinds;
   const auto kindOf = [tier = inputs.Into == Split::Tier](const DiagramWire& wire) {
     return tier ? wire.Tier : wire.NetType;
   };
@@ -246,7 +245,7 @@ class Composer {
     if (LeadOne() != nullptr) lines.push_back({.Before = Sign::Lead1, .Words = "lead 1"});
     if (HasDieMarks(in_, fit_.Scale))
       lines.push_back({.Before = Sign::DieCorner, .Words = "lower left corner of the base die"});
-    std::set<std::string> shown;
+    std::set<std::string, NumbersInOrder> shown;
     for (const DiagramWire& wire : in_.Wires)
       if (view.Shows(wire)) shown.insert(LayerOf(wire));
     if (looks_.size() > 1)
@@ -296,7 +295,7 @@ class Composer {
   std::vector<PlanShape> plan_;
   std::vector<Label> labels_;
   LabelNeeds needs_;
-  std::map<std::string, WireLook> looks_;  ///< of the layers that hold wires
+  WireLooks looks_;  ///< of the layers that hold wires
   std::optional<WireTable> table_;
   Box extent_;  ///< of the plan, millimetres in the package
   PlanFit fit_;

@@ -58,7 +58,7 @@ std::vector<glm::dvec2> PlacesAt(const DieEdge& edge, const glm::dvec2& half, co
   const glm::dvec2 along(-edge.Normal.y, edge.Normal.x);
   const double reach = std::fabs(glm::dot(along, half));
   std::vector<glm::dvec2> offsets;  // along the edge, and away from it
-  for (double away = 0.7; away < (inside ? 6.0 : 2.6); away += inside ? 0.3 : 0.1)
+  for (double away = 0.7; away < (inside ? 3.8 : 2.6); away += inside ? 0.3 : 0.1)
     for (const double beside : {0.0, 1.0, -1.0, 2.5, -2.5, 4.0, -4.0})
       if (std::fabs(beside) * size <= reach) offsets.emplace_back(beside, away);
   std::stable_sort(offsets.begin(), offsets.end(), [](const glm::dvec2& a, const glm::dvec2& b) {
@@ -99,7 +99,7 @@ void DrawArrow(const glm::dvec2& direction, double length, const char* name, Obs
              Area{.Outlines = {{tip, back + across * wide, back - across * wide}}, .Fill = kBlack});
   obstacles.AddOutline({from, tip});
   std::vector<glm::dvec2> places;
-  for (const double beyond : {1.8, 0.0, 3.0, 4.2, 5.4})
+  for (const double beyond : {1.8, 0.0, 3.0})
     for (const double beside : {0.0, 1.6, -1.6, 2.6, -2.6})
       places.push_back(tip + beyond * direction + beside * across);
   WriteLetter({name, kName, false, layer::kDie, true}, places, obstacles, pencil);

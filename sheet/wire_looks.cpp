@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
+#include <string_view>
 
 namespace sheet {
 
@@ -38,8 +40,15 @@ std::string LayerOf(const DiagramWire& wire) {
   return kPrefix + (IsTierNumber(wire.Tier) ? wire.Tier : "0");
 }
 
-std::map<std::string, WireLook> LooksOf(const std::vector<DiagramWire>& wires) {
-  std::map<std::string, WireLook> looks;
+bool NumbersInOrder::operator()(const std::string& a, const std::string& b) const {
+  const std::string_view before(a.data(), std::min(a.find_first_of("0123456789"), a.size()));
+  const bool alike =
+      b.starts_with(before) && b.find_first_of("0123456789") == before.size() && before.size() < a.size();
+  return alike && a.size() != b.size() ? a.size() < b.size() : a < b;
+}
+
+WireLooks LooksOf(const std::vector<DiagramWire>& wires) {
+  WireLooks looks;
   for (const DiagramWire& wire : wires) looks.emplace(LayerOf(wire), WireLook{});
   // The first one is that of wires without a tier.
   std::size_t next = 1;

@@ -19,9 +19,16 @@ struct WireLook {
   bool operator==(const WireLook&) const = default;
 };
 
-/// Each layer of wires with its look, in the layers' order. No two have one as long as the looks last, which
+/// Texts in their order, but numbers at their ends by their value: "2" before "12".
+struct NumbersInOrder {
+  bool operator()(const std::string& a, const std::string& b) const;
+};
+
+using WireLooks = std::map<std::string, WireLook, NumbersInOrder>;
+
+/// Each layer of wires with its look. No two have one as long as the looks last, which
 /// is for 25 layers.
-std::map<std::string, WireLook> LooksOf(const std::vector<DiagramWire>& wires);
+WireLooks LooksOf(const std::vector<DiagramWire>& wires);
 
 /// What a line of the legend says of a layer.
 std::string MeaningOf(const std::string& wireLayer);

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <map>
 #include <set>
 #include <string>
 
@@ -95,10 +94,13 @@ TEST(BondingDiagram, GivesEveryLayerOfWiresALookOfItsOwn) {
   for (const char* tier : {"", "0", "00", "x", "1", "2", "3", "4", "5", "12", "100", "101", "1000000"})
     wires.push_back({.Place = {model::RecordTable::Bonds, 0}, .Tier = tier});
   wires.push_back({.Place = {model::RecordTable::Stitches, 0}});
-  const std::map<std::string, WireLook> looks = LooksOf(wires);
+  const WireLooks looks = LooksOf(wires);
   // The first four have no number of a tier.
   EXPECT_EQ(looks.size(), 11U);
   EXPECT_TRUE(looks.contains("WIRES_0") && looks.contains("WIRES_1000000") && looks.contains("WIRES_STITCH"));
+  std::string order;
+  for (const auto& [layer, look] : looks) order += layer.substr(6) + " ";
+  EXPECT_EQ(order, "0 1 2 3 4 5 12 100 101 1000000 STITCH ");
   for (const auto& [a, look] : looks)
     for (const auto& [b, other] : looks) EXPECT_EQ(look == other, a == b) << a << " " << b;
 }
