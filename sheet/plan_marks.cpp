@@ -99,8 +99,8 @@ void DrawArrow(const glm::dvec2& direction, double length, const char* name, Obs
              Area{.Outlines = {{tip, back + across * wide, back - across * wide}}, .Fill = kBlack});
   obstacles.AddOutline({from, tip});
   std::vector<glm::dvec2> places;
-  for (const double beyond : {1.8, 1.2, 2.4, 0.6, 3.0, 0.0})
-    for (const double beside : {0.0, 0.8, -0.8, 1.6, -1.6, 2.4, -2.4})
+  for (const double beyond : {1.8, 1.2, 2.4, 0.6, 3.0, 0.0, 3.6})
+    for (const double beside : {0.0, 0.8, -0.8, 1.6, -1.6, 2.4, -2.4, 2.8, -2.8})
       places.push_back(tip + beyond * direction + beside * across);
   WriteLetter({name, kName, false, layer::kDie, true}, places, obstacles, pencil);
 }
