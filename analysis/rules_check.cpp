@@ -225,8 +225,10 @@ void RulesCheck::CheckPadsToEdge(const Rule& rule) {
   }
 }
 
-/// Whether there are two wires to compare at all. Found at once unless nearly all are of one net.
+/// Whether there are two wires to compare at all. With a second net nearly every wire finds one at once.
 bool RulesCheck::AnyPairOfWires(const Rule& rule) const {
+  const auto isOfFirstNet = [&](const LoopOfNet& loop) { return loop.Net == numbered_.front().Net; };
+  if (std::all_of(numbered_.begin(), numbered_.end(), isOfFirstNet)) return false;
   for (std::size_t a = 0; a < things_.Wires.size(); ++a) {
     if (!IsMeant(rule, things_.Wires[a])) continue;
     const auto isCompared = [&](const LoopOfNet& other) { return AreCompared(numbered_[a], other); };

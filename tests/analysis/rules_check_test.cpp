@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "analysis/rule_diagnostics.h"
 #include "tests/analysis/measured_package.h"
 #include "tests/temporary_folder.h"
 
@@ -76,6 +77,38 @@ TEST(Rules, ReportValuesBeyondTheirLimitWithTheLinesOfTheRecords) {
       {"max-wires 1 net SIGNAL", {}},
       {"max-wires 2", {}}};
   for (const auto& [rule, found] : rows) EXPECT_EQ(Texts(Check(rule, measured)), found) << rule;
+}
+
+TEST(Rules, SayWhatIsWrongWithBothValues) {
+  const TemporaryFolder folder;
+  const Measured measured(PutFile(folder / "board.yax", kPackage));
+  const std::pair<const char*, const char*> rows[] = {
+      {"max-length 3.1 mm plan error",
+       "13: max-length: wire 'C' is 3.203904 mm long in plan, over the limit of 3.1 mm"},
+      {"max-angle 22 deg",
+       "13: max-angle: wire 'C' turns 22.9638 deg from the normal of its pad's edge, over the "
+       "limit of 22 deg"},
+      {"no-crossing tier 1", "13: no-crossing: wire 'C' crosses wire 'A' of line 11"},
+      {"die-to-lead 2.5 mm",
+       "8: die-to-lead: substrate pad of 'A' is 2.4 mm away from the die, under the limit of 2.5 mm"},
+      {"pad-gap 0.1 mm",
+       "6: pad-gap: die pad 'B' leaves 0.05 mm to die pad 'A' of line 5, under the limit of 0.1 mm"},
+      {"pad-pitch 0.3 mm",
+       "6: pad-pitch: die pad 'B' has its centre 0.25 mm from that of die pad 'A' of line 5, under "
+       "the limit of 0.3 mm"},
+      {"max-wires 1", "9: max-wires: substrate pad of 'B' takes 2 wires, over the limit of 1 wire"},
+      {"pad-size 0.05 mm tier 7", "1: the package has nothing for pad-size 0.05 mm tier 7"}};
+  for (const auto& [rule, message] : rows) {
+    const RuleSet set = ReadRules("rules", rule);
+    const NetRule none;
+    const RulesReport report =
+        CheckRules(set, {measured.Package, measured.Lines, measured.Loops, none, 1.0, kDiameter});
+    Diagnostics found{.File = "board.yax"};
+    AddRuleDiagnostics(set, report, measured.Package, "rules", "mm", found);
+    ASSERT_EQ(found.List.size(), 1U) << rule;
+    EXPECT_EQ(std::to_string(found.List[0].Place.Line) + ": " + found.List[0].What, message);
+    EXPECT_EQ(found.List[0].Place.File, report.Remarks.empty() ? "rules" : "board.yax");
+  }
 }
 
 TEST(Rules, ThatHaveNothingToMeasureAreNamed) {
