@@ -44,6 +44,7 @@ std::vector<View> ViewsOf(const DiagramInputs& inputs) {
   if (inputs.Into != Split::None)
     for (const DiagramWire& wire : inputs.Wires) kinds.insert(kindOf(wire));
   const std::string what = inputs.Into == Split::Tier ? "tier" : "net type";
+  views.reserve(kinds.size() + 1);
   for (const std::string& kind : kinds)
     views.push_back({kind.empty() ? "Wires of no " + what : "Wires of " + what + " " + CleanText(kind),
                      [kind, kindOf](const DiagramWire& wire) { return kindOf(wire) == kind; }});

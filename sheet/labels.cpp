@@ -78,6 +78,7 @@ std::vector<Label> PadLabels(const DiagramInputs& inputs) {
   std::stable_sort(pads.begin(), pads.end(),
                    [](const Outer& a, const Outer& b) { return a.Depth < b.Depth; });
   std::vector<Label> labels;
+  labels.reserve(pads.size());
   for (Outer& pad : pads) labels.push_back(std::move(pad.What));
   return labels;
 }
@@ -143,6 +144,7 @@ LabelColumns ColumnsFor(const std::vector<Label>& labels, double size) {
 
 std::size_t DrawLabels(const std::vector<Label>& labels, const PlanFit& fit, Pencil& pencil) {
   std::vector<LabelWish> wishes;
+  wishes.reserve(labels.size());
   for (const Label& label : labels) wishes.push_back({pencil.OnPaper(label.Anchor), label.Towards});
   const std::vector<LabelPlace> places = PlaceLabels(wishes, fit.Room);
   for (const LabelPlace& place : places) {

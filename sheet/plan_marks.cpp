@@ -65,6 +65,7 @@ std::vector<glm::dvec2> PlacesAt(const DieEdge& edge, const glm::dvec2& half, co
     return std::fabs(a.x) + a.y < std::fabs(b.x) + b.y;
   });
   std::vector<glm::dvec2> places;
+  places.reserve(offsets.size());
   for (const glm::dvec2& offset : offsets)
     places.push_back(origin + edge.Normal * half + size * offset.x * along +
                      (inside ? -size : size) * offset.y * edge.Normal);

@@ -56,8 +56,7 @@ sheet::Paper PaperOf(const std::string& text) {
   if (by == std::string::npos)
     throw Unusable(CommandLine(), "--sheet '" + text + "' is no sheet",
                    "use a4, a3, a2, letter, tabloid, or WxH in millimetres");
-  const sheet::Paper paper{"", DoubleOf("--sheet", text.substr(0, by)),
-                           DoubleOf("--sheet", text.substr(by + 1))};
+  sheet::Paper paper{"", DoubleOf("--sheet", text.substr(0, by)), DoubleOf("--sheet", text.substr(by + 1))};
   // A PDF page ends at 200 inches.
   if (!(paper.Width >= 20.0 && paper.Height >= 20.0 && paper.Width <= 5080.0 && paper.Height <= 5080.0))
     throw Unusable(CommandLine(), "--sheet '" + text + "' is out of range",
