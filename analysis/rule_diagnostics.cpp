@@ -47,7 +47,9 @@ std::string WhatOf(const Rule& rule, const RuleRemark& remark, const model::Pack
                    const std::string& unit) {
   const Words& words = kWords[static_cast<std::size_t>(rule.Name)];
   const auto number = [&](double value) {
-    return model::GeneralText(static_cast<float>(value)) + (unit.empty() ? " wires" : " " + unit);
+    return model::GeneralText(static_cast<float>(value)) + (!unit.empty()  ? " " + unit
+                                                            : value == 1.0 ? " wire"
+                                                                           : " wires");
   };
   std::string what =
       std::string(KindOf(rule.Name).Word) + ": " + Named(package, remark.Place) + " " + words.Before;

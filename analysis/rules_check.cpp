@@ -6,7 +6,6 @@
 #include <functional>
 #include <glm/geometric.hpp>
 #include <map>
-#include <tuple>
 #include <utility>
 
 #include "analysis/clearance.h"
@@ -14,9 +13,9 @@
 #include "analysis/near_loops.h"
 #include "analysis/near_pairs.h"
 #include "analysis/pads.h"
+#include "analysis/rule_things.h"
 #include "analysis/segment_tree.h"
 #include "model/side.h"
-#include "model/text.h"
 
 namespace analysis {
 
@@ -25,38 +24,6 @@ namespace {
 /// A value as near to its limit as this keeps it.
 constexpr double kSlackMillimetres = 1e-5;
 constexpr double kSlackDegrees = 1e-3;
-
-/// A record with what limits by tier and net type go by: those of the wire list's entry of its name.
-struct Thing {
-  model::RecordPlace Place;
-  std::size_t Line = 0;
-  std::string_view Tier, NetType;
-};
-
-bool IsMeant(const Rule& rule, const Thing& thing) {
-  if (!rule.Tier.empty()) return thing.Tier == rule.Tier;
-  // Of a net type the first letter counts, in any case.
-  return rule.NetType.empty() ||
-         model::EqualsUpper(thing.NetType.substr(0, 1), std::string_view(rule.NetType).substr(0, 1));
-}
-
-/// A substrate pad that one record has, or several with the same place, size and angle.
-struct Lead {
-  PlanRectangle Shape;
-  std::vector<Thing> Records;      ///< in the order of the file's lines
-  std::vector<std::size_t> Wires;  ///< that end here
-};
-
-bool IsMeant(const Rule& rule, const Lead& lead) {
-  return std::any_of(lead.Records.begin(), lead.Records.end(),
-                     [&](const Thing& record) { return IsMeant(rule, record); });
-}
-
-struct DiePad {
-  PlanRectangle Shape;
-  Thing Record;
-  std::optional<model::Side> Edge;
-};
 
 PlanBox BoxOf(const PlanRectangle& shape) {
   const std::array<glm::dvec2, 4> corners = shape.Corners();
@@ -98,12 +65,8 @@ class RulesCheck {
       : set_(set),
         in_(inputs),
         rows_(MeasureLengths(inputs.Package, inputs.Loops)),
-        numbered_(LoopsByNumber(inputs.Loops, inputs.Nets)) {
-    for (const model::WireNameRec& entry : inputs.Package.WireNames) entries_.emplace(entry.Name, &entry);
-    CollectWires();
-    CollectLeads();
-    CollectDiePads();
-  }
+        things_(RuleThingsOf(inputs.Package, inputs.Lines, rows_)),
+        numbered_(LoopsByNumber(inputs.Loops, inputs.Nets)) {}
 
   RulesReport Run() {
     for (rule_ = 0; rule_ < set_.Rules.size(); ++rule_) {
@@ -116,11 +79,6 @@ class RulesCheck {
   }
 
  private:
-  Thing ThingOf(const Pad& pad) const;
-  void CollectWires();
-  void CollectLeads();
-  void CollectDiePads();
-
   void Check(const Rule& rule);
   void CheckWires(const Rule& rule, const std::function<double(std::size_t)>& valueOf);
   void CheckLeads(const Rule& rule, const std::function<double(const PlanRectangle&)>& valueOf);
@@ -139,18 +97,15 @@ class RulesCheck {
   bool AnyPairOfWires(const Rule& rule) const;
   const std::vector<WirePair>& WirePairs();
   double Slack() const { return kSlackMillimetres / in_.Millimetres; }
-  void Report(const Thing& thing, std::optional<double> value, std::vector<std::string> wires = {});
-  void ReportPair(const Thing& a, const Thing& b, std::optional<double> value,
+  void Report(const RuleThing& thing, std::optional<double> value, std::vector<std::string> wires = {});
+  void ReportPair(const RuleThing& a, const RuleThing& b, std::optional<double> value,
                   std::vector<std::string> wires = {});
 
   const RuleSet& set_;
   const RuleInputs& in_;
   std::vector<WireRow> rows_;
+  RuleThings things_;
   std::vector<LoopOfNet> numbered_;
-  std::map<std::string_view, const model::WireNameRec*> entries_;
-  std::vector<Thing> wires_;
-  std::vector<Lead> leads_;
-  std::vector<DiePad> diePads_;
   std::optional<std::vector<WirePair>> pairs_;  ///< as near as the widest limit for gaps
   RulesReport report_;
   // Of the rule being checked:
@@ -159,7 +114,7 @@ class RulesCheck {
   bool measured_ = false;
 };
 
-void RulesCheck::Report(const Thing& thing, std::optional<double> value, std::vector<std::string> wires) {
+void RulesCheck::Report(const RuleThing& thing, std::optional<double> value, std::vector<std::string> wires) {
   report_.Remarks.push_back({.Rule = rule_,
                              .Place = thing.Place,
                              .Line = thing.Line,
@@ -168,52 +123,12 @@ void RulesCheck::Report(const Thing& thing, std::optional<double> value, std::ve
                              .Wires = std::move(wires)});
 }
 
-void RulesCheck::ReportPair(const Thing& a, const Thing& b, std::optional<double> value,
+void RulesCheck::ReportPair(const RuleThing& a, const RuleThing& b, std::optional<double> value,
                             std::vector<std::string> wires) {
   const bool inOrder = a.Line <= b.Line;
   Report(inOrder ? b : a, value, std::move(wires));
   report_.Remarks.back().Other = (inOrder ? a : b).Place;
   report_.Remarks.back().OtherLine = (inOrder ? a : b).Line;
-}
-
-Thing RulesCheck::ThingOf(const Pad& pad) const {
-  Thing thing{pad.Place, in_.Lines.Of(pad.Place), {}, {}};
-  const auto entry = entries_.find(BondOf(in_.Package, pad).Name);
-  if (entry != entries_.end())
-    std::tie(thing.Tier, thing.NetType) = std::tie(entry->second->Tier, entry->second->NetType);
-  return thing;
-}
-
-void RulesCheck::CollectWires() {
-  for (const WireRow& row : rows_)
-    wires_.push_back({row.Place, in_.Lines.Of(row.Place), row.Tier, row.NetType});
-}
-
-void RulesCheck::CollectLeads() {
-  using Key = std::array<double, 6>;
-  std::map<Key, std::size_t> numbers;
-  std::map<std::pair<model::RecordTable, std::size_t>, std::size_t> leadOfBond;
-  for (const Pad& pad : SubstratePads(in_.Package)) {
-    const PlanRectangle& at = pad.Shape;
-    const Key key{at.Centre.x, at.Centre.y, at.Axis.x, at.Axis.y, at.Half.x, at.Half.y};
-    const auto [found, isNew] = numbers.try_emplace(key, leads_.size());
-    if (isNew) leads_.push_back({at, {}, {}});
-    leads_[found->second].Records.push_back(ThingOf(pad));
-    leadOfBond[{pad.Place.Table, pad.Place.Number}] = found->second;
-  }
-  for (Lead& lead : leads_)
-    std::stable_sort(lead.Records.begin(), lead.Records.end(),
-                     [](const Thing& a, const Thing& b) { return a.Line < b.Line; });
-  // A wire ends on the substrate pad of its bond.
-  for (std::size_t wire = 0; wire < wires_.size(); ++wire) {
-    const auto lead = leadOfBond.find({wires_[wire].Place.Table, wires_[wire].Place.Number});
-    if (lead != leadOfBond.end()) leads_[lead->second].Wires.push_back(wire);
-  }
-}
-
-void RulesCheck::CollectDiePads() {
-  for (const Pad& pad : DiePads(in_.Package))
-    diePads_.push_back({pad.Shape, ThingOf(pad), model::SideOf(BondOf(in_.Package, pad).DieSide)});
 }
 
 void RulesCheck::Check(const Rule& rule) {
@@ -270,17 +185,17 @@ double RulesCheck::HeightOf(std::size_t wire) const {
 
 void RulesCheck::CheckWires(const Rule& rule, const std::function<double(std::size_t)>& valueOf) {
   const double slack = rule.Unit == LimitUnit::Degree ? kSlackDegrees : Slack();
-  for (std::size_t wire = 0; wire < wires_.size(); ++wire) {
-    if (!IsMeant(rule, wires_[wire])) continue;
+  for (std::size_t wire = 0; wire < things_.Wires.size(); ++wire) {
+    if (!IsMeant(rule, things_.Wires[wire])) continue;
     measured_ = true;
     const double value = valueOf(wire);
     const double beyond = rule.Name == RuleName::MinLength ? limit_ - value : value - limit_;
-    if (beyond > slack) Report(wires_[wire], value, {in_.Loops[wire].Name});
+    if (beyond > slack) Report(things_.Wires[wire], value, {in_.Loops[wire].Name});
   }
 }
 
 void RulesCheck::CheckLeads(const Rule& rule, const std::function<double(const PlanRectangle&)>& valueOf) {
-  for (const Lead& lead : leads_) {
+  for (const RuleLead& lead : things_.Leads) {
     if (!IsMeant(rule, lead)) continue;
     measured_ = true;
     const double value = valueOf(lead.Shape);
@@ -289,7 +204,7 @@ void RulesCheck::CheckLeads(const Rule& rule, const std::function<double(const P
 }
 
 void RulesCheck::CheckPadSizes(const Rule& rule) {
-  for (const DiePad& pad : diePads_) {
+  for (const RuleDiePad& pad : things_.DiePads) {
     if (!IsMeant(rule, pad.Record)) continue;
     measured_ = true;
     if (pad.Shape.ShorterSide() < limit_ - Slack()) Report(pad.Record, pad.Shape.ShorterSide());
@@ -299,7 +214,7 @@ void RulesCheck::CheckPadSizes(const Rule& rule) {
 void RulesCheck::CheckPadsToEdge(const Rule& rule) {
   const PlanRectangle base = RectangleOf(BaseDieOf(in_.Package));
   const PlanRectangle stacked = RectangleOf(StackedDieOf(in_.Package));
-  for (const DiePad& pad : diePads_) {
+  for (const RuleDiePad& pad : things_.DiePads) {
     const bool isStacked = pad.Record.Place.Table == model::RecordTable::SDBonds;
     // Pads show without their die, too.
     const bool hasDie = IsDrawn(isStacked ? StackedDieOf(in_.Package) : BaseDieOf(in_.Package));
@@ -310,10 +225,12 @@ void RulesCheck::CheckPadsToEdge(const Rule& rule) {
   }
 }
 
-/// Whether there are two wires to compare at all. Found at once unless nearly all are of one net.
+/// Whether there are two wires to compare at all. With a second net nearly every wire finds one at once.
 bool RulesCheck::AnyPairOfWires(const Rule& rule) const {
-  for (std::size_t a = 0; a < wires_.size(); ++a) {
-    if (!IsMeant(rule, wires_[a])) continue;
+  const auto isOfFirstNet = [&](const LoopOfNet& loop) { return loop.Net == numbered_.front().Net; };
+  if (std::all_of(numbered_.begin(), numbered_.end(), isOfFirstNet)) return false;
+  for (std::size_t a = 0; a < things_.Wires.size(); ++a) {
+    if (!IsMeant(rule, things_.Wires[a])) continue;
     const auto isCompared = [&](const LoopOfNet& other) { return AreCompared(numbered_[a], other); };
     if (std::any_of(numbered_.begin(), numbered_.end(), isCompared)) return true;
   }
@@ -328,18 +245,19 @@ Segment RulesCheck::InPlan(std::size_t wire) const {
 void RulesCheck::CheckCrossings(const Rule& rule) {
   measured_ = AnyPairOfWires(rule);
   std::vector<WirePiece> pieces;
-  for (std::size_t wire = 0; wire < wires_.size(); ++wire)
+  for (std::size_t wire = 0; wire < things_.Wires.size(); ++wire)
     pieces.push_back({InPlan(wire), static_cast<std::uint32_t>(wire), numbered_[wire].Net});
   const SegmentTree tree(std::move(pieces));
   const double reach = Slack();
-  for (std::size_t wire = 0; wire < wires_.size(); ++wire) {
+  for (std::size_t wire = 0; wire < things_.Wires.size(); ++wire) {
     const Segment line = InPlan(wire);
     const std::array<glm::dvec3, 2> run{line.A, line.B};
     tree.Search({run, numbered_[wire].Net}, reach, [&](const WirePiece& piece) {
       if (piece.Wire <= wire || !AreCompared(numbered_[wire], numbered_[piece.Wire])) return;
-      if (!IsMeant(rule, wires_[wire]) && !IsMeant(rule, wires_[piece.Wire])) return;
+      if (!IsMeant(rule, things_.Wires[wire]) && !IsMeant(rule, things_.Wires[piece.Wire])) return;
       if (NearestPoints(line, piece.Line).Distance > reach) return;
-      ReportPair(wires_[wire], wires_[piece.Wire], {}, {in_.Loops[wire].Name, in_.Loops[piece.Wire].Name});
+      ReportPair(things_.Wires[wire], things_.Wires[piece.Wire], {},
+                 {in_.Loops[wire].Name, in_.Loops[piece.Wire].Name});
     });
   }
 }
@@ -360,21 +278,21 @@ void RulesCheck::CheckWireGaps(const Rule& rule) {
   measured_ = AnyPairOfWires(rule);
   for (const WirePair& pair : WirePairs()) {
     if (pair.Gap >= limit_ - Slack()) continue;
-    if (!IsMeant(rule, wires_[pair.First]) && !IsMeant(rule, wires_[pair.Second])) continue;
-    ReportPair(wires_[pair.First], wires_[pair.Second], pair.Gap,
+    if (!IsMeant(rule, things_.Wires[pair.First]) && !IsMeant(rule, things_.Wires[pair.Second])) continue;
+    ReportPair(things_.Wires[pair.First], things_.Wires[pair.Second], pair.Gap,
                {in_.Loops[pair.First].Name, in_.Loops[pair.Second].Name});
   }
 }
 
 void RulesCheck::CheckLeadGaps(const Rule& rule) {
   std::vector<PlanBox> boxes;
-  for (const Lead& lead : leads_) {
+  for (const RuleLead& lead : things_.Leads) {
     boxes.push_back(BoxOf(lead.Shape));
-    measured_ = measured_ || (leads_.size() > 1 && IsMeant(rule, lead));
+    measured_ = measured_ || (things_.Leads.size() > 1 && IsMeant(rule, lead));
   }
   ForEachNearPair(boxes, limit_, [&](std::size_t first, std::size_t second) {
-    const Lead& a = leads_[first];
-    const Lead& b = leads_[second];
+    const RuleLead& a = things_.Leads[first];
+    const RuleLead& b = things_.Leads[second];
     if (!IsMeant(rule, a) && !IsMeant(rule, b)) return;
     const double gap = DistanceBetween(a.Shape, b.Shape);
     if (gap < limit_ - Slack()) ReportPair(a.Records.front(), b.Records.front(), gap);
@@ -384,8 +302,9 @@ void RulesCheck::CheckLeadGaps(const Rule& rule) {
 /// Only pads of one die and edge are neighbours.
 void RulesCheck::CheckPadPairs(const Rule& rule) {
   std::map<std::pair<model::RecordTable, model::Side>, std::vector<std::size_t>> rows;
-  for (std::size_t k = 0; k < diePads_.size(); ++k)
-    if (diePads_[k].Edge) rows[{diePads_[k].Record.Place.Table, *diePads_[k].Edge}].push_back(k);
+  for (std::size_t k = 0; k < things_.DiePads.size(); ++k)
+    if (things_.DiePads[k].Edge)
+      rows[{things_.DiePads[k].Record.Place.Table, *things_.DiePads[k].Edge}].push_back(k);
   for (const auto& [key, row] : rows) CheckPadRow(rule, row);
 }
 
@@ -393,13 +312,13 @@ void RulesCheck::CheckPadRow(const Rule& rule, const std::vector<std::size_t>& r
   const bool pitch = rule.Name == RuleName::PadPitch;
   std::vector<PlanBox> boxes;
   for (const std::size_t k : row) {
-    const PlanRectangle& shape = diePads_[k].Shape;
+    const PlanRectangle& shape = things_.DiePads[k].Shape;
     boxes.push_back(pitch ? PlanBox{shape.Centre, shape.Centre} : BoxOf(shape));
-    measured_ = measured_ || (row.size() > 1 && IsMeant(rule, diePads_[k].Record));
+    measured_ = measured_ || (row.size() > 1 && IsMeant(rule, things_.DiePads[k].Record));
   }
   ForEachNearPair(boxes, limit_, [&](std::size_t first, std::size_t second) {
-    const DiePad& a = diePads_[row[first]];
-    const DiePad& b = diePads_[row[second]];
+    const RuleDiePad& a = things_.DiePads[row[first]];
+    const RuleDiePad& b = things_.DiePads[row[second]];
     if (!IsMeant(rule, a.Record) && !IsMeant(rule, b.Record)) return;
     const double value =
         pitch ? glm::distance(a.Shape.Centre, b.Shape.Centre) : DistanceBetween(a.Shape, b.Shape);
@@ -408,10 +327,10 @@ void RulesCheck::CheckPadRow(const Rule& rule, const std::vector<std::size_t>& r
 }
 
 void RulesCheck::CheckWiresOnLeads(const Rule& rule) {
-  for (const Lead& lead : leads_) {
+  for (const RuleLead& lead : things_.Leads) {
     std::vector<std::string> names;
     for (const std::size_t wire : lead.Wires)
-      if (IsMeant(rule, wires_[wire])) names.push_back(in_.Loops[wire].Name);
+      if (IsMeant(rule, things_.Wires[wire])) names.push_back(in_.Loops[wire].Name);
     if (names.empty()) continue;
     measured_ = true;
     const double count = static_cast<double>(names.size());

@@ -37,6 +37,8 @@ constexpr std::array<UnitWord, 4> kLengthUnits{{{LimitUnit::Millimetre, "mm"},
                                                 {LimitUnit::Mil, "mil"},
                                                 {LimitUnit::DieHeight, "die-height"}}};
 
+/// Begins the line that names the set.
+constexpr std::string_view kSetWord = "rules";
 constexpr std::array<std::string_view, 3> kNetTypes{"POWER", "GROUND", "SIGNAL"};
 constexpr std::array<std::string_view, 3> kLevels{"note", "finding", "error"};
 
@@ -111,7 +113,7 @@ std::optional<double> NumberOf(std::string_view word) {
 
 const RuleKind& TakeKind(Words& words) {
   const std::string_view word = words.Take();
-  std::vector<std::string_view> names;
+  std::vector<std::string_view> names{kSetWord};
   for (const RuleKind& kind : kKinds) {
     if (kind.Word == word) return kind;
     names.push_back(kind.Word);
@@ -152,12 +154,23 @@ void TakeLimit(const RuleKind& kind, Words& words, Rule& rule) {
                "write a number such as 2");
 }
 
+/// The wire list has tiers as texts, so a number has one spelling only.
+void TakeTier(Words& words, Rule& rule) {
+  const std::string_view tier = words.Need("tier has no number", "write a number such as tier 2");
+  if (tier.find_first_not_of("0123456789") != std::string_view::npos)
+    words.Fail("the tier " + model::Quoted(tier) + " is not a number", "write a number such as tier 2");
+  const std::size_t zeros = std::min(tier.find_first_not_of('0'), tier.size() - 1);
+  if (tier.size() - zeros > 9)
+    words.Fail("the tier " + model::Quoted(tier) + " is too large", "write a number such as tier 2");
+  if (zeros > 0)
+    words.Fail("the tier " + model::Quoted(tier) + " begins with 0",
+               "write tier " + std::string(tier.substr(zeros)));
+  rule.Tier = tier;
+}
+
 void TakeFilter(Words& words, Rule& rule) {
   if (words.TakeIf("tier")) {
-    const std::string_view tier = words.Need("tier has no number", "write tier N");
-    if (tier.size() > 3 || tier.find_first_not_of("0123456789") != std::string_view::npos)
-      words.Fail("the tier " + model::Quoted(tier) + " is not a number", "write tier N");
-    rule.Tier = tier;
+    TakeTier(words, rule);
   } else if (words.TakeIf("net")) {
     const std::string_view type = words.Need("net has no type", "write POWER, GROUND or SIGNAL");
     if (std::find(kNetTypes.begin(), kNetTypes.end(), type) == kNetTypes.end())
@@ -178,7 +191,13 @@ void TakeLevel(Words& words, Rule& rule) {
   constexpr std::array<std::string_view, 6> kWords{"plan", "tier", "net", "note", "finding", "error"};
   const std::string_view word = words.Take();
   if (kind.Limit == Quantity::None && NumberOf(word))
-    words.Fail(std::string(kind.Word) + " has no limit", "leave it out");
+    words.Fail(std::string(kind.Word) + " has no limit", "leave " + model::Quoted(word) + " out");
+  if (word == "deg" || std::any_of(kLengthUnits.begin(), kLengthUnits.end(),
+                                   [&](const UnitWord& unit) { return unit.Word == word; }))
+    words.Fail(std::string(kind.Word) + (kind.Limit == Quantity::None || kind.Limit == Quantity::Count
+                                             ? " has no unit"
+                                             : " has one unit"),
+               "leave " + model::Quoted(word) + " out");
   if (word == "plan" && !kind.HasPlan)
     words.Fail("plan does not go with " + std::string(kind.Word), "leave it out");
   if (std::find(kWords.begin(), kWords.end(), word) != kWords.end())
@@ -206,7 +225,7 @@ bool AreSame(const Rule& a, const Rule& b) {
 
 /// The text behind the word that was taken, up to a comment.
 std::string RestOf(std::string_view line) {
-  const std::string_view start = line.substr(line.find("rules") + 5);
+  const std::string_view start = line.substr(line.find(kSetWord) + kSetWord.size());
   const std::size_t first = start.find_first_not_of(" \t\r");
   if (first == std::string_view::npos) return {};
   std::size_t end = start.find(" #", first);
@@ -228,7 +247,7 @@ RuleSet ReadRules(const std::string& file, std::string_view text) {
   for (std::string_view line; lines.Next(line);) {
     Words words(line, {file, ++number});
     if (words.Done()) continue;
-    if (words.Peek() == "rules") {
+    if (words.Peek() == kSetWord) {
       if (!first) words.Fail("the set is named twice, or behind its first rule", "name it in the first line");
       set.Name = RestOf(line);
       if (set.Name.empty()) words.Fail("the set has no name", "write rules TEXT");

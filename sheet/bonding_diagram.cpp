@@ -13,21 +13,12 @@
 #include "sheet/plan_marks.h"
 #include "sheet/side_text.h"
 #include "sheet/title_block.h"
+#include "sheet/wire_looks.h"
 #include "sheet/wire_table.h"
 
 namespace sheet {
 
 namespace {
-
-bool IsTierNumber(const std::string& tier) {
-  return !tier.empty() && tier.size() < 3 && tier != "0" &&
-         std::all_of(tier.begin(), tier.end(), [](unsigned char c) { return std::isdigit(c) != 0; });
-}
-
-std::string LayerOf(const DiagramWire& wire) {
-  if (wire.IsStitch()) return "WIRES_STITCH";
-  return "WIRES_" + (IsTierNumber(wire.Tier) ? wire.Tier : "0");
-}
 
 /// "1", or letters and "1".
 bool IsLeadOne(const std::string& lead) {
@@ -38,21 +29,6 @@ bool IsLeadOne(const std::string& lead) {
 /// Wires that a sheet shows only for orientation.
 constexpr Ink kOthers = Grey(0.62);
 
-/// Dark enough to stay black when printed in grey.
-Ink InkOf(const std::string& wireLayer) {
-  if (wireLayer == "WIRES_2") return {0.0, 0.2, 0.65};
-  if (wireLayer == "WIRES_3") return {0.0, 0.38, 0.1};
-  if (wireLayer == "WIRES_4") return {0.5, 0.0, 0.5};
-  if (wireLayer == "WIRES_STITCH") return {0.5, 0.25, 0.0};
-  return kBlack;
-}
-
-std::string MeaningOf(const std::string& wireLayer) {
-  if (wireLayer == "WIRES_STITCH") return "stitch, pad to pad";
-  if (wireLayer == "WIRES_0") return "wire of no tier";
-  return "wire of tier " + wireLayer.substr(6);
-}
-
 /// A plan that shows all wires, or some with the others in grey.
 struct View {
   std::string Heading;
@@ -61,13 +37,14 @@ struct View {
 
 std::vector<View> ViewsOf(const DiagramInputs& inputs) {
   std::vector<View> views;
-  std::set<std::string> kinds;
+  std::set<std::string, NumbersInOrder> kinds;
   const auto kindOf = [tier = inputs.Into == Split::Tier](const DiagramWire& wire) {
     return tier ? wire.Tier : wire.NetType;
   };
   if (inputs.Into != Split::None)
     for (const DiagramWire& wire : inputs.Wires) kinds.insert(kindOf(wire));
   const std::string what = inputs.Into == Split::Tier ? "tier" : "net type";
+  views.reserve(kinds.size() + 1);
   for (const std::string& kind : kinds)
     views.push_back({kind.empty() ? "Wires of no " + what : "Wires of " + what + " " + CleanText(kind),
                      [kind, kindOf](const DiagramWire& wire) { return kindOf(wire) == kind; }});
@@ -81,7 +58,10 @@ class Composer {
       : in_(inputs),
         layout_(inputs.Paper),
         plan_(PlanOf(inputs.Package, inputs.Millimetres)),
-        labels_(LabelsOf(inputs)) {
+        labels_(LabelsOf(inputs)),
+        needs_(labels_),
+        looks_(LooksOf(inputs.Wires)) {
+    if (inputs.Table && !inputs.Wires.empty()) table_.emplace(inputs);
     if (plan_.empty() && inputs.Wires.empty()) return;
     extent_ = {glm::dvec2(1e300), glm::dvec2(-1e300)};
     for (const PlanShape& shape : plan_) IncludeShape(shape);
@@ -98,16 +78,15 @@ class Composer {
     drawing_.Origin = fit_.Origin;
     AddLayers();
     const std::vector<View> views = ViewsOf(in_);
-    const Box tableRoom{layout_.Frame.Low + glm::dvec2(0.0, 9.0), layout_.Frame.High};
-    std::optional<WireTable> table;
-    if (in_.Table && !in_.Wires.empty()) table.emplace(in_, tableRoom);
-    const std::size_t textPages = TextPages(SideLines(views.back()), tableRoom);
-    SheetNumber number{1, views.size() + textPages + (table ? table->Pages() : 0)};
+    const Box room = RoomOverStrip(layout_.Frame);
+    const std::size_t textPages = TextPages(SideLines(views.back()), room);
+    const std::size_t tablePages = table_ ? table_->Pages(room) : 0;
+    SheetNumber number{1, views.size() + textPages + tablePages};
     for (const View& view : views) DrawView(view, number), ++number.This;
     for (std::size_t k = 0; k < textPages; ++k, ++number.This) DrawTextPage(SideLines(views.back()), number);
-    for (std::size_t k = 0; table && k < table->Pages(); ++k, ++number.This) {
+    for (std::size_t k = 0; k < tablePages; ++k, ++number.This) {
       Pencil pencil(drawing_, drawing_.Pages.emplace_back());
-      table->Draw(k, DrawStrip(in_, number, layout_.Frame, pencil), pencil);
+      table_->Draw(k, DrawStrip(in_, number, layout_.Frame, pencil), pencil);
     }
     return std::move(drawing_);
   }
@@ -117,32 +96,53 @@ class Composer {
   static constexpr double kWidestPaper = 5080.0;
 
   PlanFit Fit() const {
-    if (const std::optional<PlanFit> fit = FitOn(in_.Paper)) return *fit;
-    std::string what = "the plan does not fit on " +
-                       (in_.Paper.Name.empty() ? "this sheet" : "a sheet " + in_.Paper.Name) +
-                       (in_.Scale ? " at " + Decimal(*in_.Scale, 3) + " : 1" : "") + "; use --sheet ";
+    const std::optional<PlanFit> fit = FitOn(in_.Paper);
+    if (fit) return *fit;
+    const bool planFits = FitPlanOn(in_.Paper).has_value();
+    const std::string what = std::string(planFits ? "the table" : "the plan") + " does not fit on " +
+                             (in_.Paper.Name.empty() ? "this sheet" : "a sheet " + in_.Paper.Name) +
+                             (in_.Scale && !planFits ? " at " + Decimal(*in_.Scale, 3) + " : 1" : "") +
+                             "; use --sheet ";
     for (const Paper& paper : NamedPapers())
       if (FitOn(paper)) throw DoesNotFit(what + paper.Name);
-    Paper large = NamedPapers().back();
-    while (!FitOn(large) && large.Width < kWidestPaper) large.Width *= 1.25, large.Height *= 1.25;
-    if (large.Width > kWidestPaper)
-      throw DoesNotFit(
-          "the plan is larger than any sheet; give a smaller --scale, or see that --unit is right");
-    throw DoesNotFit(what + Decimal(std::ceil(large.Width), 0) + "x" + Decimal(std::ceil(large.Height), 0));
+    Paper paper{"", kWidestPaper, kWidestPaper};
+    if (!FitOn(paper))
+      throw DoesNotFit(std::string(planFits ? "the table" : "the plan") +
+                       " is larger than any sheet; give a smaller --scale, or see that --unit is right");
+    const int width = LeastSide(paper, &Paper::Width);
+    throw DoesNotFit(what + std::to_string(width) + "x" + std::to_string(LeastSide(paper, &Paper::Height)));
   }
 
-  std::optional<PlanFit> FitOn(const Paper& paper) const {
+  /// Makes one side of a paper on which everything fits as short as it may be.
+  /// Units  whole tens of millimetres
+  int LeastSide(Paper& paper, double Paper::*side) const {
+    int small = 0, large = static_cast<int>(kWidestPaper) / 10;
+    while (large - small > 1) {
+      const int middle = (small + large) / 2;
+      paper.*side = 10.0 * middle;
+      (FitOn(paper) ? large : small) = middle;
+    }
+    paper.*side = 10.0 * large;
+    return 10 * large;
+  }
+
+  std::optional<PlanFit> FitPlanOn(const Paper& paper) const {
     const SheetLayout layout(paper);
     if (layout.Side.Size().y < 10.0) return std::nullopt;
-    return FitPlan(labels_, extent_, layout.Plan, in_.Scale);
+    return FitPlan(needs_, extent_, layout.Plan, in_.Scale);
+  }
+
+  /// The plan's fit on a paper that has room for the table, too.
+  std::optional<PlanFit> FitOn(const Paper& paper) const {
+    if (table_ && !table_->FitsIn(RoomOverStrip(FrameOf(paper)))) return std::nullopt;
+    return FitPlanOn(paper);
   }
 
   void AddLayers() {
     // Leaders run under leads and pads, but over a die, whose face is white.
     drawing_.Layers = {layer::kPaddle, layer::kRings, layer::kDie,
                        layer::kNames,  layer::kLeads, layer::kDiePads};
-    for (const DiagramWire& wire : in_.Wires) wireLayers_.insert(LayerOf(wire));
-    drawing_.Layers.insert(drawing_.Layers.end(), wireLayers_.begin(), wireLayers_.end());
+    for (const auto& [name, look] : looks_) drawing_.Layers.push_back(name);
     for (const char* name : {layer::kNumbers, layer::kFrame, layer::kTable, layer::kFindings})
       drawing_.Layers.emplace_back(name);
   }
@@ -183,21 +183,22 @@ class Composer {
   }
 
   void DrawView(const View& view, const SheetNumber& number) {
-    Pencil pencil(drawing_, drawing_.Pages.emplace_back());
+    Page& page = drawing_.Pages.emplace_back();
+    Pencil pencil(drawing_, page);
     pencil.Frame(layer::kFrame, layout_.Frame, 0.7);
     for (const PlanShape& shape : plan_) DrawShape(shape, pencil);
     std::vector<Label> shown;
     DrawWires(view, pencil);
+    if (const Label* lead = LeadOne()) DrawLeadMark(*lead, page, pencil);
     for (std::size_t k = 0; k < labels_.size(); ++k)
       if (in_.Wires.empty() || view.Shows(in_.Wires[k])) shown.push_back(labels_[k]);
     const std::size_t all = shown.size();
     // Fewer labels may be larger.
-    const PlanFit fit = FitPlan(shown, extent_, layout_.Plan, fit_.Scale).value_or(fit_);
+    const PlanFit fit = FitPlan(LabelNeeds(shown), extent_, layout_.Plan, fit_.Scale).value_or(fit_);
     if (in_.Wires.empty()) shown.resize(std::min(all, fit.Room.Capacity()));
     const std::size_t labelled = DrawLabels(shown, fit, pencil);
-    if (const Label* lead = LeadOne()) DrawLeadMark(*lead, pencil);
-    DrawDieMarks(in_, pencil);
-    DrawScaleBar(in_, layout_.ScaleBar.Low + glm::dvec2(1.0, 1.5), pencil);
+    DrawDieMarks(in_, page, pencil);
+    DrawScaleBar(in_, {layout_.ScaleBar.Low + glm::dvec2(1.0, 1.5), layout_.ScaleBar.High}, pencil);
     if (labelled < all) TellFewerLabels(labelled, all, pencil);
     if (!view.Heading.empty())
       pencil.Add(layer::kFrame, Text{.At = {layout_.Frame.Low.x + 5.0, layout_.Frame.High.y - 7.5},
@@ -224,8 +225,8 @@ class Composer {
     for (const DiagramWire& wire : in_.Wires) {
       const Line line{pencil.OnPaper(wire.From * in_.Millimetres), pencil.OnPaper(wire.To * in_.Millimetres)};
       const std::string wireLayer = LayerOf(wire);
-      const Ink ink = view.Shows(wire) ? InkOf(wireLayer) : kOthers;
-      pencil.Add(wireLayer, Line{line.From, line.To, {.Width = width, .Colour = ink}});
+      const WireLook look = view.Shows(wire) ? looks_.at(wireLayer) : WireLook{.Colour = kOthers};
+      pencil.Add(wireLayer, Line{line.From, line.To, {width, look.Colour, look.Pattern}});
       if (wire.Offends && view.Shows(wire))
         pencil.Add(layer::kFindings,
                    Line{line.From, line.To, {.Width = 2.0 * width, .Colour = {0.85, 0.0, 0.0}}});
@@ -235,23 +236,29 @@ class Composer {
   std::vector<SideLine> SideLines(const View& view) const {
     std::vector<SideLine> lines;
     lines.push_back({.Heading = true, .Words = "Measured"});
-    for (const Fact& fact : in_.Facts)
-      lines.push_back({.Words = CleanText(fact.Label), .Value = CleanText(fact.Value)});
+    const double width = layout_.Side.Size().x;
+    for (const Fact& fact : in_.Facts) AddFact(fact, width, lines);
     lines.push_back({.Heading = true, .Words = "Legend"});
+    if (!labels_.empty())
+      lines.push_back({.Words = std::string("labels, from the plan outwards: number") +
+                                (needs_.Columns.Lead > 0.0 ? ", lead" : "") +
+                                (in_.Wires.empty() ? ", pad" : ", net")});
     if (LeadOne() != nullptr) lines.push_back({.Before = Sign::Lead1, .Words = "lead 1"});
     if (HasDieMarks(in_, fit_.Scale))
       lines.push_back({.Before = Sign::DieCorner, .Words = "lower left corner of the base die"});
-    std::set<std::string> shown;
+    std::set<std::string, NumbersInOrder> shown;
     for (const DiagramWire& wire : in_.Wires)
       if (view.Shows(wire)) shown.insert(LayerOf(wire));
-    if (wireLayers_.size() > 1)
+    if (looks_.size() > 1)
       for (const std::string& name : shown)
-        lines.push_back({.Before = Sign::Wire, .Colour = InkOf(name), .Words = MeaningOf(name)});
+        lines.push_back({.Before = Sign::Wire,
+                         .Colour = looks_.at(name).Colour,
+                         .Pattern = looks_.at(name).Pattern,
+                         .Words = MeaningOf(name)});
     if (in_.Into != Split::None)
       lines.push_back({.Before = Sign::OtherWire, .Colour = kOthers, .Words = "wires of the other sheets"});
     if (std::any_of(in_.Wires.begin(), in_.Wires.end(), [](const DiagramWire& wire) { return wire.Offends; }))
       lines.push_back({.Before = Sign::Offender, .Colour = {0.85, 0.0, 0.0}, .Words = "wire with a finding"});
-    const double width = layout_.Side.Size().x;
     AddParagraphs("Findings", in_.Findings, width, lines);
     AddParagraphs("Notes", in_.Notes, width, lines);
     return lines;
@@ -288,9 +295,11 @@ class Composer {
   SheetLayout layout_;
   std::vector<PlanShape> plan_;
   std::vector<Label> labels_;
+  LabelNeeds needs_;
+  WireLooks looks_;  ///< of the layers that hold wires
+  std::optional<WireTable> table_;
   Box extent_;  ///< of the plan, millimetres in the package
   PlanFit fit_;
-  std::set<std::string> wireLayers_;
   std::size_t continued_ = 0;  ///< the first side line that found no room yet
   Drawing drawing_;
 };

@@ -23,7 +23,7 @@ struct Ink {
 inline constexpr Ink kBlack{};
 inline constexpr Ink Grey(double lightness) { return {lightness, lightness, lightness}; }
 
-enum class Dash { Solid, Dashed, Centre };
+enum class Dash { Solid, Dashed, Centre, Dotted, DashDot, DashDotDot };
 
 struct Stroke {
   double Width = 0.25;
@@ -92,8 +92,8 @@ std::string CleanText(std::string_view bytes);
 /// How wide a text is in the font that the PDF file embeds. All writers place texts by it.
 double TextWidth(std::string_view words, double size, bool bold = false);
 
-/// How many characters of the text no installed font can draw.
-std::size_t MissingGlyphs(std::string_view words);
+/// The texts, each once, with characters that no installed font can draw: a PDF file shows boxes for these.
+std::vector<std::string> TextsWithoutGlyphs(const Drawing& drawing);
 
 // The same drawing gives the same bytes.
 

@@ -1,7 +1,11 @@
 #include <glib.h>
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
 #include <limits>
+#include <string_view>
+#include <utility>
 
 #include "sheet/drawing.h"
 #include "sheet/paint_order.h"
@@ -38,6 +42,24 @@ std::string Encoded(std::string_view words) {
     }
   }
   return text;
+}
+
+constexpr std::array<std::pair<Dash, const char*>, 6> kLineTypes{{{Dash::Solid, "CONTINUOUS"},
+                                                                  {Dash::Dashed, "DASHED"},
+                                                                  {Dash::Centre, "CENTER"},
+                                                                  {Dash::Dotted, "DOT"},
+                                                                  {Dash::DashDot, "DASHDOT"},
+                                                                  {Dash::DashDotDot, "DIVIDE"}}};
+
+const char* NameOf(Dash pattern) { return kLineTypes[static_cast<std::size_t>(pattern)].second; }
+
+/// The nearest colour of the fixed palette. 7 is black on white and white on black, 8 grey; 1 is
+/// red, 3 green, 5 blue, 6 magenta, 30 orange.
+std::string_view PaletteOf(const Ink& ink) {
+  if (ink == Grey(ink.Red)) return ink.Red > 0.3 ? "8" : "7";
+  const double most = std::max({ink.Red, ink.Green, ink.Blue});
+  if (most == ink.Red) return ink.Blue == most ? "6" : ink.Green > 0.3 * most ? "30" : "1";
+  return most == ink.Green ? "3" : "5";
 }
 
 class Writer {
@@ -130,10 +152,8 @@ class Writer {
     Pair(0, kind);
     Pair(8, layer_);
     if (stroke == nullptr) return;
-    if (stroke->Pattern != Dash::Solid) Pair(6, stroke->Pattern == Dash::Dashed ? "DASHED" : "CENTER");
-    // Numbers of the fixed palette: 1 is red, 8 grey. Black and the tiers' inks are the layers' own colours.
-    if (stroke->Colour.Red > 0.7 && stroke->Colour.Green < 0.3) Pair(62, "1");
-    if (stroke->Colour.Red > 0.3 && stroke->Colour == Grey(stroke->Colour.Red)) Pair(62, "8");
+    if (stroke->Pattern != Dash::Solid) Pair(6, NameOf(stroke->Pattern));
+    if (PaletteOf(stroke->Colour) != ColourOf(layer_)) Pair(62, PaletteOf(stroke->Colour));
   }
 
   void Solid(const std::vector<glm::dvec2>& outline) {
@@ -168,10 +188,8 @@ class Writer {
 
   void Tables() {
     Start("TABLES");
-    Table("LTYPE", 3);
-    LineType("CONTINUOUS", Dash::Solid);
-    LineType("DASHED", Dash::Dashed);
-    LineType("CENTER", Dash::Centre);
+    Table("LTYPE", kLineTypes.size());
+    for (const auto& [pattern, name] : kLineTypes) LineType(name, pattern);
     Pair(0, "ENDTAB");
     Table("LAYER", drawing_.Layers.size());
     for (const std::string& layer : drawing_.Layers) {
@@ -221,12 +239,12 @@ class Writer {
     Pair(4, "");
   }
 
-  /// 7 is black on white and white on black; red, yellow, green, cyan, blue are 1 to 5.
-  static const char* ColourOf(std::string_view layer) {
+  static std::string_view ColourOf(std::string_view layer) {
     if (layer == "FINDINGS") return "1";
     if (layer == "WIRES_2") return "5";
     if (layer == "WIRES_3") return "3";
     if (layer == "WIRES_4") return "6";
+    if (layer == "WIRES_STITCH") return "30";
     return layer == "PADDLE" || layer == "RINGS" ? "8" : "7";
   }
 

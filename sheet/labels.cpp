@@ -14,7 +14,6 @@ namespace {
 
 /// From a label's text to the knee of its leader.
 constexpr double kStub = 1.6;
-constexpr double kTipOfMark = 0.5, kLengthOfMark = 2.6;
 const Stroke kLeader{.Width = 0.1, .Colour = Grey(0.45)};
 
 double ColumnGap(double size) { return 0.7 * size; }
@@ -79,6 +78,7 @@ std::vector<Label> PadLabels(const DiagramInputs& inputs) {
   std::stable_sort(pads.begin(), pads.end(),
                    [](const Outer& a, const Outer& b) { return a.Depth < b.Depth; });
   std::vector<Label> labels;
+  labels.reserve(pads.size());
   for (Outer& pad : pads) labels.push_back(std::move(pad.What));
   return labels;
 }
@@ -144,6 +144,7 @@ LabelColumns ColumnsFor(const std::vector<Label>& labels, double size) {
 
 std::size_t DrawLabels(const std::vector<Label>& labels, const PlanFit& fit, Pencil& pencil) {
   std::vector<LabelWish> wishes;
+  wishes.reserve(labels.size());
   for (const Label& label : labels) wishes.push_back({pencil.OnPaper(label.Anchor), label.Towards});
   const std::vector<LabelPlace> places = PlaceLabels(wishes, fit.Room);
   for (const LabelPlace& place : places) {
@@ -159,13 +160,6 @@ std::size_t DrawLabels(const std::vector<Label>& labels, const PlanFit& fit, Pen
     DrawLabel(labels[place.Wish], place, fit, pencil);
   }
   return places.size();
-}
-
-void DrawLeadMark(const Label& label, Pencil& pencil) {
-  const glm::dvec2 tip = pencil.OnPaper(label.Anchor) + kTipOfMark * label.Towards;
-  const glm::dvec2 back = tip + kLengthOfMark * label.Towards;
-  const glm::dvec2 across = 0.45 * kLengthOfMark * glm::dvec2(-label.Towards.y, label.Towards.x);
-  pencil.Add(layer::kLeads, Area{.Outlines = {{tip, back + across, back - across}}, .Fill = kBlack});
 }
 
 }  // namespace sheet

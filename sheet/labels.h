@@ -47,7 +47,4 @@ struct PlanFit {
 /// Returns  how many
 std::size_t DrawLabels(const std::vector<Label>& labels, const PlanFit& fit, Pencil& pencil);
 
-/// Draws the triangle that points at a lead from outside.
-void DrawLeadMark(const Label& label, Pencil& pencil);
-
 }  // namespace sheet

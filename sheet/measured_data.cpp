@@ -10,6 +10,7 @@
 #include "model/side.h"
 #include "model/text.h"
 #include "sheet/paint_order.h"
+#include "sheet/wire_looks.h"
 
 namespace sheet {
 
@@ -71,7 +72,7 @@ class Collector {
 
   template <class KeyOf>
   void AddCounts(const char* label, KeyOf&& keyOf) {
-    std::map<std::string, std::size_t> counts;
+    std::map<std::string, std::size_t, NumbersInOrder> counts;
     for (const DiagramWire& wire : in_.Wires) ++counts[keyOf(wire)];
     std::string text;
     for (const auto& [key, count] : counts)

@@ -15,8 +15,20 @@ std::vector<const Item*> InPaintOrder(const Drawing& drawing, const std::vector<
 }
 
 std::vector<double> DashLengths(Dash pattern) {
-  if (pattern == Dash::Dashed) return {2.0, 1.0};
-  if (pattern == Dash::Centre) return {6.0, 1.2, 0.6, 1.2};
+  switch (pattern) {
+    case Dash::Solid:
+      break;
+    case Dash::Dashed:
+      return {2.0, 1.0};
+    case Dash::Centre:
+      return {6.0, 1.2, 0.6, 1.2};
+    case Dash::Dotted:
+      return {0.2, 0.8};
+    case Dash::DashDot:
+      return {2.0, 0.7, 0.2, 0.7};
+    case Dash::DashDotDot:
+      return {2.0, 0.7, 0.2, 0.7, 0.2, 0.7};
+  }
   return {};
 }
 

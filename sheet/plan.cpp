@@ -65,23 +65,31 @@ void AddDie(const analysis::DieOutline& die, double unit, std::vector<PlanShape>
                                       .Fill = Grey(1.0)}});
 }
 
-/// Bands overlap. With all the edges first and the fills over them only the outline of the whole shows.
+Outline OutlineOf(const model::DapRec& dap, double unit) {
+  // Bands count y downwards.
+  const glm::dvec2 from = glm::dvec2(dap.D1, -dap.D2) * unit;
+  const glm::dvec2 to = glm::dvec2(dap.D3, -dap.D4) * unit;
+  const glm::dvec2 axis = from == to ? glm::dvec2(1.0, 0.0) : glm::normalize(to - from);
+  const glm::dvec2 along = axis * (std::fabs(double(dap.D5)) * unit / 2.0);
+  const glm::dvec2 across(-along.y, along.x);
+  return {from - along - across, to + along - across, to + along + across, from - along + across};
+}
+
+/// Bands overlap. With all the edges first and the fills over them only the outline of the whole shows, the
+/// outer half of its line.
 void AddBands(const model::Package& package, double millimetres, std::vector<PlanShape>& shapes) {
   const double unit = double(package.UnitScale) * millimetres;
+  const double width = package.Daps.Count() == 1 ? 0.25 : 0.5;
   std::vector<PlanShape> fills;
   for (const model::DapRec& dap : package.Daps) {
-    // Bands count y downwards.
-    const glm::dvec2 from = glm::dvec2(dap.D1, -dap.D2) * unit;
-    const glm::dvec2 to = glm::dvec2(dap.D3, -dap.D4) * unit;
-    const glm::dvec2 axis = from == to ? glm::dvec2(1.0, 0.0) : glm::normalize(to - from);
-    const glm::dvec2 along = axis * (std::fabs(double(dap.D5)) * unit / 2.0);
-    const glm::dvec2 across(-along.y, along.x);
-    const Outline outline{from - along - across, to + along - across, to + along + across,
-                          from - along + across};
-    shapes.push_back(
-        {layer::kPaddle, Area{.Outlines = {outline}, .Pen = Stroke{.Width = 0.36, .Colour = Grey(0.3)}}});
-    fills.push_back({layer::kPaddle, Area{.Outlines = {outline}, .Fill = kPaddleFill}});
+    const Outline outline = OutlineOf(dap, unit);
+    const Area edges{.Outlines = {outline}, .Pen = Stroke{.Width = width, .Colour = Grey(0.3)}};
+    const Area fill{.Outlines = {outline}, .Fill = kPaddleFill};
+    shapes.push_back({layer::kPaddle, edges});
+    fills.push_back({layer::kPaddle, fill});
   }
+  // A band alone shows its whole line.
+  if (fills.size() == 1) std::swap(shapes.back(), fills.back());
   shapes.insert(shapes.end(), fills.begin(), fills.end());
 }
 

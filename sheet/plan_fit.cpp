@@ -40,18 +40,18 @@ SheetLayout::SheetLayout(const Paper& paper)
   ScaleBar = {Frame.Low + kInset, {split - kInset, Frame.Low.y + kInset + kScaleBarHeight}};
 }
 
-std::optional<PlanFit> FitPlan(const std::vector<Label>& labels, const Box& extent, const Box& room,
+std::optional<PlanFit> FitPlan(const LabelNeeds& labels, const Box& extent, const Box& room,
                                const std::optional<double>& scale) {
   const std::vector<double> scales =
       scale ? std::vector<double>{*scale} : std::vector<double>{50.0, 20.0, 10.0, 5.0, 2.0, 1.0};
-  const LabelColumns unit = ColumnsFor(labels, 1.0);
   for (const double tried : scales) {
     std::optional<PlanFit> fit;
     for (const double size : {2.5, 2.2, 1.9, 1.6, 1.4}) {
-      const std::optional<PlanFit> next = TryFit(labels.size(), Scaled(unit, size), extent, room, tried);
+      const std::optional<PlanFit> next =
+          TryFit(labels.Count, Scaled(labels.Columns, size), extent, room, tried);
       if (!next) continue;
       fit = next;
-      if (labels.size() <= fit->Room.Capacity()) break;
+      if (labels.Count <= fit->Room.Capacity()) break;
     }
     if (fit) return fit;
   }

@@ -17,11 +17,20 @@ struct SheetLayout {
   explicit SheetLayout(const Paper& paper);
 };
 
+/// How many labels there are, and their columns at size 1.
+struct LabelNeeds {
+  std::size_t Count;
+  LabelColumns Columns;
+
+  explicit LabelNeeds(const std::vector<Label>& labels)
+      : Count(labels.size()), Columns(ColumnsFor(labels, 1.0)) {}
+};
+
 /// The largest of the usual scales (or `scale` alone) at which the plan fits with its labels. The labels are
 /// as large as leaves room for all of them.
 /// Units  `extent` in millimetres of the package
 /// Returns  nothing where no scale fits
-std::optional<PlanFit> FitPlan(const std::vector<Label>& labels, const Box& extent, const Box& room,
+std::optional<PlanFit> FitPlan(const LabelNeeds& labels, const Box& extent, const Box& room,
                                const std::optional<double>& scale);
 
 }  // namespace sheet

@@ -1,153 +1,172 @@
 #include "sheet/plan_marks.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <glm/common.hpp>
+#include <glm/geometric.hpp>
 
 #include "analysis/pads.h"
+#include "sheet/obstacles.h"
 #include "sheet/paint_order.h"
 
 namespace sheet {
 
 namespace {
 
-/// Boxes and lines on paper that a letter must keep clear of.
-class Obstacles {
- public:
-  Obstacles(const DiagramInputs& inputs, const Pencil& pencil) {
-    const double unit = inputs.Millimetres;
-    for (const analysis::Pad& pad : analysis::DiePads(inputs.Package)) {
-      const glm::dvec2 at = pencil.OnPaper(pad.Shape.Centre * unit);
-      const double half = std::max(pad.Shape.Half.x, pad.Shape.Half.y) * unit * pencil.On().Scale;
-      boxes_.push_back({at - half, at + half});
-    }
-    for (const DiagramWire& wire : inputs.Wires)
-      AddLine(pencil.OnPaper(wire.From * unit), pencil.OnPaper(wire.To * unit));
-    if (inputs.Package.SDCompW == 0.0F) return;
-    const std::array<glm::dvec2, 4> corners =
-        analysis::RectangleOf(analysis::StackedDieOf(inputs.Package)).Corners();
-    for (std::size_t k = 0; k < 4; ++k)
-      AddLine(pencil.OnPaper(corners[k] * unit), pencil.OnPaper(corners[(k + 1) % 4] * unit));
-  }
+constexpr double kSmallestDie = 2.0;
+constexpr double kSmallestLetter = 1.8;
 
-  bool Meet(const Box& box) const {
-    return std::any_of(boxes_.begin(), boxes_.end(),
-                       [&](const Box& other) {
-                         return box.Low.x < other.High.x && other.Low.x < box.High.x &&
-                                box.Low.y < other.High.y && other.Low.y < box.High.y;
-                       }) ||
-           std::any_of(lines_.begin(), lines_.end(),
-                       [&](const Box& line) { return Cuts(line.Low, line.High, box); });
-  }
+Box Around(const glm::dvec2& middle, double half) { return {middle - half, middle + half}; }
 
- private:
-  void AddLine(const glm::dvec2& from, const glm::dvec2& to) { lines_.push_back({from, to}); }
-
-  /// Whether any of a line lies in a box: its share that lies within both of the box's strips.
-  static bool Cuts(const glm::dvec2& from, const glm::dvec2& to, const Box& box) {
-    double first = 0.0, last = 1.0;
-    for (int axis = 0; axis < 2; ++axis) {
-      const double step = to[axis] - from[axis];
-      if (step == 0.0) {
-        if (from[axis] < box.Low[axis] || from[axis] > box.High[axis]) return false;
-        continue;
-      }
-      const double low = (box.Low[axis] - from[axis]) / step, high = (box.High[axis] - from[axis]) / step;
-      first = std::max(first, std::min(low, high));
-      last = std::min(last, std::max(low, high));
-    }
-    return first <= last;
-  }
-
-  std::vector<Box> boxes_;
-  std::vector<Box> lines_;  ///< from Low to High, in any direction
+struct Letter {
+  const char* Words;
+  double Size;
+  bool Bold;
+  const char* Layer;
+  bool OverLeaders;
 };
 
-void WriteLetter(const char* letter, const glm::dvec2& middle, double size, Pencil& pencil) {
-  pencil.Add(layer::kNumbers, Text{.At = middle - glm::dvec2(0.0, 0.36 * size),
-                                   .Words = letter,
-                                   .Size = size,
-                                   .Alignment = Align::Middle,
-                                   .Bold = true});
+/// Writes a letter at the first place where it covers nothing, or nothing but leaders.
+/// Returns  whether there is one
+bool WriteLetter(const Letter& letter, const std::vector<glm::dvec2>& places, Obstacles& obstacles,
+                 Pencil& pencil) {
+  for (const bool leadersCount : {true, false}) {
+    if (!leadersCount && !letter.OverLeaders) break;
+    for (const glm::dvec2& middle : places) {
+      const Box box = Around(middle, 0.6 * letter.Size);
+      if (obstacles.Meet(box, leadersCount)) continue;
+      obstacles.AddBox(box);
+      pencil.Add(letter.Layer, Text{.At = middle - glm::dvec2(0.0, 0.36 * letter.Size),
+                                    .Words = letter.Words,
+                                    .Size = letter.Size,
+                                    .Alignment = Align::Middle,
+                                    .Bold = letter.Bold});
+      return true;
+    }
+  }
+  return false;
 }
 
-/// Writes the letter of an edge inside the die, near the edge's middle, where it covers nothing.
-void DrawEdgeLetter(const char* letter, const glm::dvec2& normal, const glm::dvec2& half,
-                    const Obstacles& obstacles, Pencil& pencil) {
+struct DieEdge {
+  const char* Letter;
+  glm::dvec2 Normal;
+};
+
+/// Places for the letter of an edge, those nearest to the edge's middle first.
+std::vector<glm::dvec2> PlacesAt(const DieEdge& edge, const glm::dvec2& half, const glm::dvec2& origin,
+                                 double size, bool inside) {
+  const glm::dvec2 along(-edge.Normal.y, edge.Normal.x);
+  const double reach = std::fabs(glm::dot(along, half));
+  std::vector<glm::dvec2> offsets;  // along the edge, and away from it
+  for (double away = 0.7; away < (inside ? 3.8 : 2.6); away += inside ? 0.3 : 0.1)
+    for (const double beside : {0.0, 1.0, -1.0, 2.5, -2.5, 4.0, -4.0})
+      if (std::fabs(beside) * size <= reach) offsets.emplace_back(beside, away);
+  std::stable_sort(offsets.begin(), offsets.end(), [](const glm::dvec2& a, const glm::dvec2& b) {
+    return std::fabs(a.x) + a.y < std::fabs(b.x) + b.y;
+  });
+  std::vector<glm::dvec2> places;
+  places.reserve(offsets.size());
+  for (const glm::dvec2& offset : offsets)
+    places.push_back(origin + edge.Normal * half + size * offset.x * along +
+                     (inside ? -size : size) * offset.y * edge.Normal);
+  return places;
+}
+
+/// Writes the letter of an edge where it covers nothing: inside the die, else outside near the edge, else
+/// not.
+void DrawEdgeLetter(const DieEdge& edge, const glm::dvec2& half, Obstacles& obstacles, Pencil& pencil) {
   const double largest = std::min(4.0, 0.35 * std::min(half.x, half.y));
-  const glm::dvec2 edge = pencil.On().Origin + normal * half;
-  const glm::dvec2 along(-normal.y, normal.x);
+  const auto write = [&](double size, bool inside) {
+    return WriteLetter({edge.Letter, size, true, layer::kNumbers, inside},
+                       PlacesAt(edge, half, pencil.On().Origin, size, inside), obstacles, pencil);
+  };
   for (const double size : {largest, 0.75 * largest, 0.5 * largest})
-    for (double depth = 0.7 * size; depth < 6.0 * size; depth += 0.3 * size)
-      for (const double beside : {0.0, 1.0, -1.0, 2.5, -2.5, 4.0, -4.0}) {
-        const glm::dvec2 middle = edge - depth * normal + beside * size * along;
-        if (obstacles.Meet({middle - 0.6 * size, middle + 0.6 * size})) continue;
-        return WriteLetter(letter, middle, size, pencil);
-      }
-  WriteLetter(letter, edge - largest * normal, largest, pencil);
+    if (size >= kSmallestLetter && write(size, true)) return;
+  for (const double size : {3.0, 2.4, kSmallestLetter})
+    if (write(size, false)) return;
 }
 
-void DrawArrow(const glm::dvec2& from, const glm::dvec2& direction, double length, const char* name,
+/// An axis with its name beside the tip, where the name covers nothing.
+void DrawArrow(const glm::dvec2& direction, double length, const char* name, Obstacles& obstacles,
                Pencil& pencil) {
+  constexpr double kName = 2.3;
+  const glm::dvec2 from = pencil.On().Origin;
   const glm::dvec2 tip = from + direction * length;
   const glm::dvec2 across(-direction.y, direction.x);
-  const Stroke thin{.Width = 0.18};
-  pencil.Add(layer::kDie, Line{from, tip, thin});
-  pencil.Add(
-      layer::kDie,
-      Area{.Outlines = {{tip, tip - direction * 2.0 + across * 0.5, tip - direction * 2.0 - across * 0.5}},
-           .Fill = kBlack});
-  pencil.Add(layer::kDie, Text{.At = tip + direction * 1.8 - glm::dvec2(0.0, 0.8),
-                               .Words = name,
-                               .Size = 2.3,
-                               .Alignment = Align::Middle});
+  const glm::dvec2 back = tip - direction * std::min(2.0, 0.4 * length);
+  const double wide = std::min(0.5, 0.1 * length);
+  pencil.Add(layer::kDie, Line{from, tip, {.Width = 0.18}});
+  pencil.Add(layer::kDie,
+             Area{.Outlines = {{tip, back + across * wide, back - across * wide}}, .Fill = kBlack});
+  obstacles.AddOutline({from, tip});
+  std::vector<glm::dvec2> places;
+  for (const double beyond : {1.8, 1.2, 2.4, 0.6, 3.0, 0.0, 3.6})
+    for (const double beside : {0.0, 0.8, -0.8, 1.6, -1.6, 2.4, -2.4, 2.8, -2.8})
+      places.push_back(tip + beyond * direction + beside * across);
+  WriteLetter({name, kName, false, layer::kDie, true}, places, obstacles, pencil);
 }
 
 }  // namespace
 
 bool HasDieMarks(const DiagramInputs& inputs, double scale) {
-  constexpr double kSmallest = 2.0;
   const analysis::PlanRectangle die = analysis::RectangleOf(analysis::BaseDieOf(inputs.Package));
-  return die.ShorterSide() * inputs.Millimetres * scale >= kSmallest;
+  return die.ShorterSide() * inputs.Millimetres * scale >= kSmallestDie;
 }
 
-void DrawDieMarks(const DiagramInputs& inputs, Pencil& pencil) {
+void DrawDieMarks(const DiagramInputs& inputs, const Page& page, Pencil& pencil) {
   const glm::dvec2 half = analysis::RectangleOf(analysis::BaseDieOf(inputs.Package)).Half *
                           inputs.Millimetres * pencil.On().Scale;
   if (!HasDieMarks(inputs, pencil.On().Scale)) return;
   const glm::dvec2 origin = pencil.On().Origin;
-  const double corner = std::min(3.0, 0.25 * std::min(half.x, half.y));
+  // Letters beside the die stand up to 10 mm from it.
+  Obstacles obstacles(pencil.On(), page, {origin - half - 12.0, origin + half + 12.0});
+  const double shorter = std::min(half.x, half.y);
+  const double corner = std::clamp(0.25 * shorter, 0.8, 3.0);
   const glm::dvec2 low = origin - half;
-  pencil.Add(layer::kDie,
-             Area{.Outlines = {{low, low + glm::dvec2(corner, 0.0), low + glm::dvec2(0.0, corner)}},
-                  .Fill = kBlack});
+  const std::vector<glm::dvec2> mark{low, low + glm::dvec2(corner, 0.0), low + glm::dvec2(0.0, corner)};
+  pencil.Add(layer::kDie, Area{.Outlines = {mark}, .Fill = kBlack});
+  obstacles.AddOutline(mark);
 
   const Stroke centre{.Width = 0.13, .Colour = Grey(0.4), .Pattern = Dash::Centre};
   // They end before the edges' letters.
   const glm::dvec2 reach = half - glm::min(glm::dvec2(9.0), 0.3 * half);
   pencil.Add(layer::kDie, Line{origin - glm::dvec2(reach.x, 0.0), origin + glm::dvec2(reach.x, 0.0), centre});
   pencil.Add(layer::kDie, Line{origin - glm::dvec2(0.0, reach.y), origin + glm::dvec2(0.0, reach.y), centre});
-  const double arrow = std::min(12.0, 0.4 * std::min(half.x, half.y));
-  pencil.Add(layer::kDie, Circle{.Centre = origin, .Radius = 0.9, .Pen = Stroke{.Width = 0.18}});
-  DrawArrow(origin, {1.0, 0.0}, arrow, "x", pencil);
-  DrawArrow(origin, {0.0, 1.0}, arrow, "y", pencil);
-
-  const Obstacles obstacles(inputs, pencil);
-  DrawEdgeLetter("T", {0.0, 1.0}, half, obstacles, pencil);
-  DrawEdgeLetter("B", {0.0, -1.0}, half, obstacles, pencil);
-  DrawEdgeLetter("L", {-1.0, 0.0}, half, obstacles, pencil);
-  DrawEdgeLetter("R", {1.0, 0.0}, half, obstacles, pencil);
+  pencil.Add(layer::kDie,
+             Circle{.Centre = origin, .Radius = std::min(0.9, 0.25 * shorter), .Pen = Stroke{.Width = 0.18}});
+  const double arrow = std::clamp(0.4 * shorter, 3.0, 12.0);
+  DrawArrow({1.0, 0.0}, arrow, "x", obstacles, pencil);
+  DrawArrow({0.0, 1.0}, arrow, "y", obstacles, pencil);
+  for (const DieEdge& edge : {DieEdge{"T", {0.0, 1.0}}, DieEdge{"B", {0.0, -1.0}}, DieEdge{"L", {-1.0, 0.0}},
+                              DieEdge{"R", {1.0, 0.0}}})
+    DrawEdgeLetter(edge, half, obstacles, pencil);
 }
 
-void DrawScaleBar(const DiagramInputs& inputs, const glm::dvec2& start, Pencil& pencil) {
-  constexpr double kLongest = 50.0;
+void DrawLeadMark(const Label& label, const Page& page, Pencil& pencil) {
+  constexpr double kTip = 0.5;
+  const glm::dvec2 tip = pencil.OnPaper(label.Anchor) + kTip * label.Towards;
+  const glm::dvec2 across(-label.Towards.y, label.Towards.x);
+  const Obstacles obstacles(pencil.On(), page, Around(tip, 5.0));
+  // The leader of the lead itself runs out of the tip.
+  for (const double length : {2.6, 2.0, 1.5}) {
+    const glm::dvec2 back = tip + length * label.Towards;
+    const std::vector<glm::dvec2> mark{tip, back + 0.45 * length * across, back - 0.45 * length * across};
+    Box box{tip, tip};
+    for (const glm::dvec2& point : mark) box.Include(point);
+    if (length > 1.5 && obstacles.Meet(box)) continue;
+    return pencil.Add(layer::kLeads, Area{.Outlines = {mark}, .Fill = kBlack});
+  }
+}
+
+void DrawScaleBar(const DiagramInputs& inputs, const Box& room, Pencil& pencil) {
+  const double longest = std::min(50.0, room.Size().x);
+  const glm::dvec2 start = room.Low;
   // The largest of 1, 2, 5 times a power of ten that is not longer than that on paper.
   const double paperPerUnit = inputs.Millimetres / inputs.NumberScale * pencil.On().Scale;
-  const double power = std::pow(10.0, std::floor(std::log10(kLongest / paperPerUnit)));
+  const double power = std::pow(10.0, std::floor(std::log10(longest / paperPerUnit)));
   double length = power;
   for (const double step : {2.0, 5.0})
-    if (step * power * paperPerUnit <= kLongest) length = step * power;
+    if (step * power * paperPerUnit <= longest) length = step * power;
   const glm::dvec2 end = start + glm::dvec2(length * paperPerUnit, 0.0);
   const Stroke stroke{.Width = 0.35};
   pencil.Add(layer::kFrame, Line{start, end, stroke});

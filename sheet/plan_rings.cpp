@@ -13,7 +13,7 @@ using Outline = std::vector<glm::dvec2>;
 
 constexpr int kSteps = 48;
 constexpr Ink kRingFill = Grey(0.88);
-const Stroke kRingEdge{.Width = 0.26, .Colour = Grey(0.3)};
+const Stroke kRingEdge{.Width = 0.4, .Colour = Grey(0.3)};
 
 /// The centre lines of a ring's four sides, which may bow outwards.
 /// Units  millimetres, y down as rings count it

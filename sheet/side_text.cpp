@@ -1,5 +1,9 @@
 #include "sheet/side_text.h"
 
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
 #include "sheet/title_block.h"
 
 namespace sheet {
@@ -24,7 +28,7 @@ void DrawSign(const SideLine& line, const glm::dvec2& at, Pencil& pencil) {
     pencil.Add(line.Before == Sign::Offender ? layer::kFindings : layer::kFrame,
                Line{middle - glm::dvec2(4.0, 0.0),
                     middle + glm::dvec2(4.0, 0.0),
-                    {.Width = width, .Colour = line.Colour}});
+                    {.Width = width, .Colour = line.Colour, .Pattern = line.Pattern}});
   };
   switch (line.Before) {
     case Sign::None:
@@ -67,32 +71,57 @@ void DrawLine(const SideLine& line, const glm::dvec2& at, double width, Pencil& 
                                  .Size = kSize});
 }
 
-/// Words into lines; a word that is wider than a line alone is cut.
-void Wrap(const std::string& text, double width, std::vector<SideLine>& lines) {
+/// The first characters of a word that fit into a line, at least one.
+std::string_view FittingStart(std::string_view word, double width) {
+  const auto next = [&](std::size_t at) {
+    for (++at; at < word.size() && (static_cast<unsigned char>(word[at]) & 0xC0U) == 0x80U;) ++at;
+    return at;
+  };
+  if (word.size() < 40 && TextWidth(word, kSize) <= width) return word;
+  std::size_t end = next(0);
+  while (end < word.size() && TextWidth(word.substr(0, next(end)), kSize) <= width) end = next(end);
+  return word.substr(0, end);
+}
+
+/// Text in lines no wider than `width`. Lines end between words; a longer word is broken.
+std::vector<std::string> Wrapped(std::string_view text, double width) {
+  std::vector<std::string> lines;
   std::string line;
-  std::size_t at = 0;
-  while (at <= text.size()) {
+  for (std::size_t at = 0; at <= text.size();) {
     const std::size_t end = std::min(text.find(' ', at), text.size());
-    const std::string word = text.substr(at, end - at);
-    const std::string longer = line.empty() ? word : line + " " + word;
-    if (!line.empty() && TextWidth(longer, kSize) > width) {
-      lines.push_back({.Words = line});
-      line = word;
-    } else {
-      line = longer;
-    }
+    std::string_view word = text.substr(at, end - at);
     at = end + 1;
+    std::string_view start = word.empty() ? word : FittingStart(word, width);
+    const std::string longer = line + " " + std::string(word);
+    if (!line.empty() && start == word && TextWidth(longer, kSize) <= width) {
+      line = longer;
+      continue;
+    }
+    if (!line.empty()) lines.push_back(line);
+    for (; start != word; start = FittingStart(word, width)) {
+      lines.emplace_back(start);
+      word.remove_prefix(start.size());
+    }
+    line = word;
   }
-  lines.push_back({.Words = line});
+  lines.push_back(line);
+  return lines;
 }
 
 }  // namespace
+
+void AddFact(const Fact& fact, double width, std::vector<SideLine>& lines) {
+  std::string label = CleanText(fact.Label);
+  for (std::string& value : Wrapped(CleanText(fact.Value), (1.0 - kValueShare) * width))
+    lines.push_back({.Words = std::exchange(label, ""), .Value = std::move(value)});
+}
 
 void AddParagraphs(const char* heading, const std::vector<std::string>& texts, double width,
                    std::vector<SideLine>& lines) {
   if (texts.empty()) return;
   lines.push_back({.Heading = true, .Words = heading});
-  for (const std::string& text : texts) Wrap(CleanText(text), width, lines);
+  for (const std::string& text : texts)
+    for (std::string& line : Wrapped(CleanText(text), width)) lines.push_back({.Words = std::move(line)});
 }
 
 std::size_t DrawSideText(const std::vector<SideLine>& lines, std::size_t first, const Box& box,

@@ -17,10 +17,14 @@ enum class Sign { None, Lead1, DieCorner, Wire, Offender, OtherWire };
 struct SideLine {
   bool Heading = false;
   Sign Before = Sign::None;
-  Ink Colour = kBlack;     ///< of the sign
+  Ink Colour = kBlack;  ///< of the sign
+  Dash Pattern = Dash::Solid;
   std::string Words = {};  ///< a heading, a label of the measured data, a line
   std::string Value = {};  ///< stands in a second column when there is one
 };
+
+/// Label and value beside each other, both in lines no wider than their columns.
+void AddFact(const Fact& fact, double width, std::vector<SideLine>& lines);
 
 /// The text under `heading` as lines no wider than `width`; nothing for no text.
 void AddParagraphs(const char* heading, const std::vector<std::string>& texts, double width,

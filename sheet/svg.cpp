@@ -1,3 +1,5 @@
+#include <cmath>
+
 #include "sheet/drawing.h"
 #include "sheet/paint_order.h"
 
@@ -35,7 +37,7 @@ std::string Hex(const Ink& ink) {
   constexpr char kDigits[] = "0123456789abcdef";
   std::string text = "#";
   for (const double part : {ink.Red, ink.Green, ink.Blue}) {
-    const int value = static_cast<int>(part * 255.0 + 0.5);
+    const auto value = static_cast<std::size_t>(std::lround(part * 255.0));
     text += {kDigits[value / 16 % 16], kDigits[value % 16]};
   }
   return text;

@@ -1,5 +1,6 @@
 #include "sheet/title_block.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "sheet/paint_order.h"
@@ -41,14 +42,18 @@ std::vector<Row> RowsOf(const DiagramInputs& inputs, const Drawing& drawing, con
 
 /// A field: its caption small in the upper corner, what it says below.
 void DrawField(const Field& field, const Box& box, double size, bool bold, Pencil& pencil) {
-  constexpr double kInset = 1.2;
+  constexpr double kInset = 1.2, kSmallest = 1.6;
   pencil.Add(layer::kFrame, Text{.At = {box.Low.x + kInset, box.High.y - 2.2},
                                  .Words = field.Caption,
                                  .Size = 1.7,
                                  .Colour = Grey(0.35)});
   const double width = box.Size().x - 2.0 * kInset;
+  // Longer words are smaller, and cut when they would be too small to read.
+  const std::string words = CleanText(field.Words);
+  const double fitting = width / std::max(TextWidth(words, 1.0, bold), 1e-9);
+  size = std::clamp(0.999 * fitting, std::min(kSmallest, size), size);
   pencil.Add(layer::kFrame, Text{.At = {box.Low.x + kInset, box.Low.y + 1.7},
-                                 .Words = Fitted(CleanText(field.Words), size, width, bold),
+                                 .Words = Fitted(words, size, width, bold),
                                  .Size = size,
                                  .Bold = bold});
 }
@@ -79,6 +84,8 @@ std::string Fitted(const std::string& words, double size, double width, bool bol
 
 Box FrameOf(const Paper& paper) { return Box{{0.0, 0.0}, {paper.Width, paper.Height}}.Inset(10.0); }
 
+Box RoomOverStrip(const Box& frame) { return {{frame.Low.x, frame.Low.y + kStrip}, frame.High}; }
+
 double TitleBlockHeight() { return kTitleRow + 4.0 * kRow; }
 
 void DrawTitleBlock(const DiagramInputs& inputs, const Drawing& drawing, const SheetNumber& sheet,
@@ -98,7 +105,7 @@ void DrawTitleBlock(const DiagramInputs& inputs, const Drawing& drawing, const S
 
 Box DrawStrip(const DiagramInputs& inputs, const SheetNumber& sheet, const Box& frame, Pencil& pencil) {
   pencil.Frame(layer::kFrame, frame, 0.7);
-  const double top = frame.Low.y + kStrip;
+  const double top = RoomOverStrip(frame).Low.y;
   pencil.Add(layer::kFrame, Line{{frame.Low.x, top}, {frame.High.x, top}, {.Width = 0.5}});
   DrawRow({{"Title", inputs.Title.Title, 0.3},
            {"Part", inputs.Title.Part, 0.15},
@@ -108,7 +115,7 @@ Box DrawStrip(const DiagramInputs& inputs, const SheetNumber& sheet, const Box& 
            {"SHA-256", inputs.Digest, 0.12},
            {"Sheet", SheetText(sheet), 0.08}},
           {frame.Low, {frame.High.x, top}}, 2.5, false, pencil);
-  return {{frame.Low.x, top}, frame.High};
+  return RoomOverStrip(frame);
 }
 
 }  // namespace sheet

@@ -24,6 +24,9 @@ double TitleBlockHeight();
 void DrawTitleBlock(const DiagramInputs& inputs, const Drawing& drawing, const SheetNumber& sheet,
                     const Box& frame, double width, Pencil& pencil);
 
+/// What DrawStrip leaves inside a frame.
+Box RoomOverStrip(const Box& frame);
+
 /// Draws the frame and, along its lower edge, the one line that further sheets have.
 /// Returns  what is left inside
 Box DrawStrip(const DiagramInputs& inputs, const SheetNumber& sheet, const Box& frame, Pencil& pencil);

@@ -2,6 +2,9 @@
 
 #include <pango/pangocairo.h>
 
+#include <algorithm>
+#include <set>
+
 #include "sheet/drawing.h"
 
 namespace sheet {
@@ -98,8 +101,20 @@ double TextWidth(std::string_view words, double size, bool bold) {
   return Measure(words, bold).Width() * size;
 }
 
-std::size_t MissingGlyphs(std::string_view words) {
-  return static_cast<std::size_t>(Measure(words, false).MissingGlyphs());
+std::vector<std::string> TextsWithoutGlyphs(const Drawing& drawing) {
+  std::vector<std::string> texts;
+  std::set<std::string_view> tried;
+  for (const Page& page : drawing.Pages)
+    for (const Item& item : page.Items) {
+      const auto* const text = std::get_if<Text>(&item.What);
+      // Every font has ASCII.
+      if (text == nullptr ||
+          std::all_of(text->Words.begin(), text->Words.end(), [](unsigned char c) { return c < 0x80; }))
+        continue;
+      if (tried.insert(text->Words).second && Measure(text->Words, text->Bold).MissingGlyphs() > 0)
+        texts.push_back(text->Words);
+    }
+  return texts;
 }
 
 }  // namespace sheet

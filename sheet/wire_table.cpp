@@ -31,7 +31,7 @@ std::string Fixed(double value, int decimals) {
 
 }  // namespace
 
-WireTable::WireTable(const DiagramInputs& inputs, const Box& room) : rows_(inputs.Wires.size()) {
+WireTable::WireTable(const DiagramInputs& inputs) : rows_(inputs.Wires.size()), unit_(inputs.Unit) {
   const int decimals = DecimalsOf(inputs.Unit);
   const auto add = [&](const char* caption, bool atRight, auto&& text) {
     Column column{caption, atRight, {}, TextWidth(caption, 1.0, true)};
@@ -59,35 +59,35 @@ WireTable::WireTable(const DiagramInputs& inputs, const Box& room) : rows_(input
   add("Plan", true, length([](const DiagramWire& wire) { return wire.PlanLength; }));
   add("Loop", true, length([](const DiagramWire& wire) { return wire.Length; }));
   add("Angle", true, [](const DiagramWire& wire) { return Fixed(wire.Angle, 1); });
-
-  unit_ = inputs.Unit;
-  LayOut(room.Inset(kInset).Size() - glm::dvec2(0.0, kHeading));
 }
 
-void WireTable::LayOut(const glm::dvec2& room) {
+std::optional<WireTable::Layout> WireTable::LayoutIn(const Box& whole) const {
+  const glm::dvec2 room = whole.Inset(kInset).Size() - glm::dvec2(0.0, kHeading);
+  Layout layout;
   // The largest text with which all rows stand on one page, else the usual one.
-  for (size_ = kLargest; size_ > kUsual && Capacity(room) < rows_;) size_ -= 0.1;
-  while (size_ > kSmallest && WidthOfRow(size_) > room.x) size_ -= 0.1;
-  if (Capacity(room) == 0)
-    throw DoesNotFit("the table does not fit on the sheet; it needs " +
-                     Decimal(std::ceil(WidthOfRow(size_) + 2.0 * kInset + 20.0), 0) +
-                     " mm in width and 100 in height");
-  blocks_ = BlocksIn(room);
-  rowsPerBlock_ = Capacity(room) / blocks_;
+  for (layout.Size = kLargest; layout.Size > kUsual && Capacity(room, layout.Size) < rows_;)
+    layout.Size -= 0.1;
+  while (layout.Size > kSmallest && WidthOfRow(layout.Size) > room.x) layout.Size -= 0.1;
+  const std::size_t capacity = Capacity(room, layout.Size);
+  if (capacity == 0) return std::nullopt;
+  layout.Blocks = BlocksIn(room, layout.Size);
+  layout.RowsPerBlock = capacity / layout.Blocks;
   // Blocks of one page are of one height.
-  if (rows_ <= rowsPerBlock_ * blocks_) {
-    blocks_ = (rows_ + rowsPerBlock_ - 1) / rowsPerBlock_;
-    rowsPerBlock_ = (rows_ + blocks_ - 1) / blocks_;
+  if (rows_ <= capacity) {
+    layout.Blocks = (rows_ + layout.RowsPerBlock - 1) / layout.RowsPerBlock;
+    layout.RowsPerBlock = (rows_ + layout.Blocks - 1) / layout.Blocks;
   }
+  return layout;
 }
 
-std::size_t WireTable::BlocksIn(const glm::dvec2& room) const {
-  return static_cast<std::size_t>((room.x + kBlockGap) / (WidthOfRow(size_) + kBlockGap));
+std::size_t WireTable::BlocksIn(const glm::dvec2& room, double size) const {
+  const double blocks = (room.x + kBlockGap) / (WidthOfRow(size) + kBlockGap);
+  return blocks < 1.0 ? 0 : static_cast<std::size_t>(blocks);
 }
 
-std::size_t WireTable::Capacity(const glm::dvec2& room) const {
-  const double lines = room.y / RowHeight(size_) - 3.0;
-  return lines < 1.0 ? 0 : static_cast<std::size_t>(lines) * BlocksIn(room);
+std::size_t WireTable::Capacity(const glm::dvec2& room, double size) const {
+  const double lines = room.y / RowHeight(size) - 3.0;
+  return lines < 1.0 ? 0 : static_cast<std::size_t>(lines) * BlocksIn(room, size);
 }
 
 double WireTable::WidthOfRow(double size) const {
@@ -96,12 +96,13 @@ double WireTable::WidthOfRow(double size) const {
   return size * (width - kColumnGap);
 }
 
-std::size_t WireTable::Pages() const {
-  const std::size_t perPage = rowsPerBlock_ * blocks_;
-  return (rows_ + perPage - 1) / perPage;
+std::size_t WireTable::Pages(const Box& room) const {
+  const std::optional<Layout> layout = LayoutIn(room);
+  return layout ? (rows_ + layout->RowsPerPage() - 1) / layout->RowsPerPage() : 0;
 }
 
 void WireTable::Draw(std::size_t page, const Box& room, Pencil& pencil) const {
+  const Layout layout = LayoutIn(room).value();
   const Box inside = room.Inset(kInset);
   glm::dvec2 corner(inside.Low.x, inside.High.y - kHeading);
   pencil.Add(layer::kTable,
@@ -113,18 +114,19 @@ void WireTable::Draw(std::size_t page, const Box& room, Pencil& pencil) const {
                            "the pad's edge",
                   .Size = 2.3,
                   .Colour = Grey(0.25)});
-  for (std::size_t block = 0; block < blocks_; ++block) {
-    const std::size_t first = (page * blocks_ + block) * rowsPerBlock_;
+  for (std::size_t block = 0; block < layout.Blocks; ++block) {
+    const std::size_t first = (page * layout.Blocks + block) * layout.RowsPerBlock;
     if (first >= rows_) break;
-    DrawBlock(first, corner, pencil);
-    corner.x += WidthOfRow(size_) + kBlockGap;
+    DrawBlock(first, layout, corner, pencil);
+    corner.x += WidthOfRow(layout.Size) + kBlockGap;
   }
 }
 
-void WireTable::DrawBlock(std::size_t first, const glm::dvec2& corner, Pencil& pencil) const {
-  const std::size_t last = std::min(first + rowsPerBlock_, rows_);
-  const double height = RowHeight(size_);
-  const double width = WidthOfRow(size_);
+void WireTable::DrawBlock(std::size_t first, const Layout& layout, const glm::dvec2& corner,
+                          Pencil& pencil) const {
+  const std::size_t last = std::min(first + layout.RowsPerBlock, rows_);
+  const double height = RowHeight(layout.Size);
+  const double width = WidthOfRow(layout.Size);
   const auto rule = [&](double y, double stroke, double lightness = 0.0) {
     pencil.Add(layer::kTable,
                Line{{corner.x, y}, {corner.x + width, y}, {.Width = stroke, .Colour = Grey(lightness)}});
@@ -138,17 +140,18 @@ void WireTable::DrawBlock(std::size_t first, const glm::dvec2& corner, Pencil& p
   rule(captionLine - (static_cast<double>(last - first) + 0.3) * height, 0.35);
   double left = corner.x;
   for (const Column& column : columns_) {
-    const double at = column.AtRight ? left + column.Width * size_ : left;
+    const double at = column.AtRight ? left + column.Width * layout.Size : left;
     const Align align = column.AtRight ? Align::End : Align::Start;
     const auto write = [&](double y, const std::string& words, bool bold) {
       if (!words.empty())
-        pencil.Add(layer::kTable,
-                   Text{.At = {at, y}, .Words = words, .Size = size_, .Alignment = align, .Bold = bold});
+        pencil.Add(
+            layer::kTable,
+            Text{.At = {at, y}, .Words = words, .Size = layout.Size, .Alignment = align, .Bold = bold});
     };
     write(corner.y - height, column.Caption, true);
     for (std::size_t row = first; row < last; ++row)
       write(captionLine - (static_cast<double>(row - first) + 0.95) * height, column.Cells[row], false);
-    left += (column.Width + kColumnGap) * size_;
+    left += (column.Width + kColumnGap) * layout.Size;
   }
 }
 

@@ -1,6 +1,8 @@
 /// The sheets that list every wire.
 #pragma once
 
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "sheet/bonding_diagram.h"
@@ -8,13 +10,16 @@
 
 namespace sheet {
 
-/// The rows of the table laid out in columns as many pages as they need.
+/// The rows of the table in blocks beside each other, on as many pages as they need.
 class WireTable {
  public:
-  /// Faults  DoesNotFit where the paper is narrower than a row
-  WireTable(const DiagramInputs& inputs, const Box& room);
+  explicit WireTable(const DiagramInputs& inputs);
 
-  std::size_t Pages() const;
+  /// Whether a row has room.
+  bool FitsIn(const Box& room) const { return LayoutIn(room).has_value(); }
+  /// How many sheets the table takes when each has this room.
+  std::size_t Pages(const Box& room) const;
+  /// Needs  FitsIn(room)
   void Draw(std::size_t page, const Box& room, Pencil& pencil) const;
 
  private:
@@ -24,16 +29,20 @@ class WireTable {
     std::vector<std::string> Cells;
     double Width = 0.0;  ///< of the widest cell at size 1
   };
-  /// Chooses the size of the text and how many rows stand in a block.
-  void LayOut(const glm::dvec2& room);
-  std::size_t BlocksIn(const glm::dvec2& room) const;
-  std::size_t Capacity(const glm::dvec2& room) const;
+  struct Layout {
+    double Size = 2.3;  ///< of the text
+    std::size_t RowsPerBlock = 1, Blocks = 1;
+
+    std::size_t RowsPerPage() const { return RowsPerBlock * Blocks; }
+  };
+  std::optional<Layout> LayoutIn(const Box& room) const;
+  std::size_t BlocksIn(const glm::dvec2& room, double size) const;
+  std::size_t Capacity(const glm::dvec2& room, double size) const;
   double WidthOfRow(double size) const;
-  void DrawBlock(std::size_t first, const glm::dvec2& corner, Pencil& pencil) const;
+  void DrawBlock(std::size_t first, const Layout& layout, const glm::dvec2& corner, Pencil& pencil) const;
 
   std::vector<Column> columns_;
-  std::size_t rows_ = 0, rowsPerBlock_ = 1, blocks_ = 1;
-  double size_ = 2.3;
+  std::size_t rows_ = 0;
   std::string unit_;
 };
 

@@ -56,8 +56,7 @@ sheet::Paper PaperOf(const std::string& text) {
   if (by == std::string::npos)
     throw Unusable(CommandLine(), "--sheet '" + text + "' is no sheet",
                    "use a4, a3, a2, letter, tabloid, or WxH in millimetres");
-  const sheet::Paper paper{"", DoubleOf("--sheet", text.substr(0, by)),
-                           DoubleOf("--sheet", text.substr(by + 1))};
+  sheet::Paper paper{"", DoubleOf("--sheet", text.substr(0, by)), DoubleOf("--sheet", text.substr(by + 1))};
   // A PDF page ends at 200 inches.
   if (!(paper.Width >= 20.0 && paper.Height >= 20.0 && paper.Width <= 5080.0 && paper.Height <= 5080.0))
     throw Unusable(CommandLine(), "--sheet '" + text + "' is out of range",
@@ -141,6 +140,16 @@ std::string BytesOf(const sheet::Drawing& drawing, Format format) {
   return format == Format::Svg ? sheet::SvgOf(drawing) : sheet::DxfOf(drawing);
 }
 
+void ReportBoxes(const sheet::Drawing& drawing, const std::string& file) {
+  const std::vector<std::string> texts = sheet::TextsWithoutGlyphs(drawing);
+  if (texts.empty()) return;
+  const std::size_t others = texts.size() - 1;
+  Complain({file},
+           "note: no font has all characters of " + model::Quoted(texts.front()) +
+               (others == 0 ? "" : " and " + std::to_string(others) + " more") + "; they show as boxes",
+           "install a font for this script");
+}
+
 Status Diagram(const DiagramOptions& options) {
   const Format format = FormatOf(options.output);
   const sheet::Paper paper = PaperOf(options.paper);
@@ -177,6 +186,7 @@ Status Diagram(const DiagramOptions& options) {
                          .Into = trueToSize ? sheet::Split::None : SplitOf(options.split),
                          .Table = options.table});
   WriteOutput(options.output, BytesOf(drawing, format));
+  if (format == Format::Pdf) ReportBoxes(drawing, options.package.File);
   return judgement.Keeps ? Status::Done : Status::Findings;
 }
 

@@ -6,85 +6,14 @@
 #include <set>
 #include <string>
 
-#include "sheet/measured_data.h"
 #include "sheet/title_fields.h"
+#include "sheet/wire_looks.h"
 #include "tests/samples.h"
+#include "tests/sheet/drawn_diagram.h"
 #include "tests/temporary_folder.h"
-#include "yax/options/opened_package.h"
 
 namespace sheet {
 namespace {
-
-const std::vector<Paper>& Papers() { return NamedPapers(); }
-Paper PaperNamed(const std::string& name) {
-  return *std::find_if(Papers().begin(), Papers().end(),
-                       [&](const Paper& paper) { return paper.Name == name; });
-}
-
-yax::LoopOptions AtDieHeight() {
-  yax::LoopOptions options;
-  options.DieHeight = true;
-  return options;
-}
-
-/// A package and its diagram.
-struct Drawn {
-  yax::OpenedPackage Opened;
-  std::vector<DiagramWire> Wires;
-  std::vector<Fact> Facts = {};
-  std::vector<std::string> Notes = {}, Findings = {};
-
-  explicit Drawn(const std::string& path) : Opened({path}, AtDieHeight()) {
-    Wires = DiagramWiresOf(Opened.Package, Opened.Loops(), Opened.Lines);
-  }
-
-  Drawing On(const Paper& paper, std::optional<double> scale = {}, Split split = Split::None,
-             bool table = false) {
-    Facts = MeasuredData({Opened.Package, Wires, Opened.Settings, "mm", 1.0, "", ""});
-    return BondingDiagram({.Package = Opened.Package,
-                           .Wires = Wires,
-                           .Facts = Facts,
-                           .Notes = Notes,
-                           .Findings = Findings,
-                           .Title = {.Title = "T"},
-                           .FileName = "board.yax",
-                           .Digest = "0123456789ab",
-                           .Paper = paper,
-                           .Scale = scale,
-                           .Into = split,
-                           .Table = table});
-  }
-};
-
-std::string PutPackage(const TemporaryFolder& folder, const std::string& wires) {
-  return PutFile(folder / "board.yax", "TECHNOLOGY WIRE_BOND\nCOMPL 4\nCOMPW 4\nCOMPZ 0.3\n" + wires);
-}
-
-/// A wire to the right from (1.9, y), with a lead of 1 x 0.2 that ends at x = 4.5.
-std::string Wire(const std::string& name, double y, const std::string& lead) {
-  const std::string at = std::to_string(y);
-  return "CBP " + name + " 1.9 " + at + " 0 0.08 0.08 0 R RECTANGLE\nSBP " + name + " 4 " + at +
-         " 0 1 0.2 0 RECTANGLE 1 1\nWB " + name + " 1.9 " + at + " " + lead + " 4 " + at + " 0.3 0\n";
-}
-
-template <class Kind>
-std::vector<Kind> OfLayer(const Drawing& drawing, std::size_t page, const std::string& layer) {
-  std::vector<Kind> found;
-  for (const Item& item : drawing.Pages.at(page).Items)
-    if (drawing.Layers[item.Layer] == layer)
-      if (const auto* const shape = std::get_if<Kind>(&item.What)) found.push_back(*shape);
-  return found;
-}
-
-std::vector<std::string> WordsOf(const Drawing& drawing, const std::string& layer) {
-  std::vector<std::string> words;
-  for (const Text& text : OfLayer<Text>(drawing, 0, layer)) words.push_back(text.Words);
-  return words;
-}
-
-bool Has(const std::vector<std::string>& words, const std::string& wanted) {
-  return std::find(words.begin(), words.end(), wanted) != words.end();
-}
 
 TEST(BondingDiagram, DrawsWiresToScaleFromTheDiesOrigin) {
   const TemporaryFolder folder;
@@ -160,37 +89,20 @@ TEST(BondingDiagram, SplitsIntoASheetForEachTierWithTheOthersInGrey) {
   for (const DiagramWire& wire : drawn.Wires) EXPECT_TRUE(listed.contains(wire.Name)) << wire.Name;
 }
 
-/// Around a text, with the room that its letters take.
-struct TextBox {
-  glm::dvec2 Low, High;
-};
-
-TextBox BoxOf(const Text& text) {
-  const double width = TextWidth(text.Words, text.Size);
-  const double start = text.Alignment == Align::Start    ? 0.0
-                       : text.Alignment == Align::Middle ? -width / 2
-                                                         : -width;
-  const glm::dvec2 low(start, -0.24 * text.Size), high(start + width, 0.76 * text.Size);
-  if (!text.Upright) return {text.At + low, text.At + high};
-  return {text.At + glm::dvec2(-high.y, low.x), text.At + glm::dvec2(-low.y, high.x)};
-}
-
-TEST(BondingDiagram, NoTwoLabelsOverlapOnAnySample) {
-  for (const char* name :
-       {"AAAc", "caravel-qfn64", "bga332", "stacked-ram", "flipchip-bigblade", "lqfp100"}) {
-    Drawn drawn(SamplePath(name));
-    const bool mils = drawn.Opened.Package.UnitScale > 1.0F;
-    const Drawing drawing = drawn.On(PaperNamed("a2"), mils ? 0.5 : 20.0);
-    std::vector<TextBox> boxes;
-    for (const char* layer : {"NUMBERS", "NAMES"})
-      for (const Text& text : OfLayer<Text>(drawing, 0, layer)) boxes.push_back(BoxOf(text));
-    EXPECT_GT(boxes.size(), 60U) << name;
-    for (std::size_t a = 0; a < boxes.size(); ++a)
-      for (std::size_t b = a + 1; b < boxes.size(); ++b)
-        ASSERT_FALSE(boxes[a].Low.x < boxes[b].High.x && boxes[b].Low.x < boxes[a].High.x &&
-                     boxes[a].Low.y < boxes[b].High.y && boxes[b].Low.y < boxes[a].High.y)
-            << name << ": " << a << " and " << b;
-  }
+TEST(BondingDiagram, GivesEveryLayerOfWiresALookOfItsOwn) {
+  std::vector<DiagramWire> wires;
+  for (const char* tier : {"", "0", "00", "x", "1", "2", "3", "4", "5", "12", "100", "101", "1000000"})
+    wires.push_back({.Place = {model::RecordTable::Bonds, 0}, .Tier = tier});
+  wires.push_back({.Place = {model::RecordTable::Stitches, 0}});
+  const WireLooks looks = LooksOf(wires);
+  // The first four have no number of a tier.
+  EXPECT_EQ(looks.size(), 11U);
+  EXPECT_TRUE(looks.contains("WIRES_0") && looks.contains("WIRES_1000000") && looks.contains("WIRES_STITCH"));
+  std::string order;
+  for (const auto& [layer, look] : looks) order += layer.substr(6) + " ";
+  EXPECT_EQ(order, "0 1 2 3 4 5 12 100 101 1000000 STITCH ");
+  for (const auto& [a, look] : looks)
+    for (const auto& [b, other] : looks) EXPECT_EQ(look == other, a == b) << a << " " << b;
 }
 
 TEST(BondingDiagram, TakesOddNamesAndNotesAndPackagesWithoutWires) {

@@ -81,6 +81,24 @@ TEST(Dxf, IsTrueToSizeWithFurtherPagesAtTheRight) {
   EXPECT_NE(dxf.find("0\nCIRCLE\n8\nWIRES_1\n10\n13\n20\n0.5\n30\n0\n40\n0.5\n"), std::string::npos);
 }
 
+TEST(Dxf, GivesLinesThePatternAndTheNearestColourOfThePalette) {
+  Drawing drawing{.Title = "T", .Scale = 1.0};
+  drawing.Pages.resize(1);
+  const std::tuple<const char*, Stroke, const char*> rows[] = {
+      {"FRAME", {}, "10\n"},
+      {"FRAME", {.Pattern = Dash::DashDot}, "6\nDASHDOT\n10\n"},
+      {"FRAME", {.Colour = {0.0, 0.2, 0.65}, .Pattern = Dash::Dotted}, "6\nDOT\n62\n5\n10\n"},
+      {"FRAME", {.Colour = {0.5, 0.25, 0.0}}, "62\n30\n10\n"},
+      {"FRAME", {.Colour = Grey(0.4)}, "62\n8\n10\n"},
+      {"WIRES_2", {.Colour = {0.0, 0.2, 0.65}}, "10\n"},
+      {"WIRES_2", {.Colour = {0.85, 0.0, 0.0}}, "62\n1\n10\n"}};
+  for (const auto& [layer, stroke, codes] : rows) {
+    drawing.Pages[0].Items = {{drawing.LayerOf(layer), Line{{1.0, 2.0}, {3.0, 4.0}, stroke}}};
+    const std::string wanted = "0\nLINE\n8\n" + std::string(layer) + "\n" + codes;
+    EXPECT_NE(DxfOf(drawing).find(wanted), std::string::npos) << wanted;
+  }
+}
+
 TEST(Dxf, EncodesWhatTheFormatDoesNotTake) {
   const std::pair<std::string, std::string> rows[] = {
       {"VDD", "VDD"},

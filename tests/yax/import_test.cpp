@@ -1,3 +1,4 @@
+#include <filesystem>
 #include <sstream>
 
 #include "tests/yax/yax_program.h"
@@ -58,15 +59,32 @@ TEST_F(ImportProgram, TakesTheCommandLineOverTheRecipe) {
 }
 
 TEST_F(ImportProgram, ReadsItsListsOfWiresBack) {
+  const std::string kept = folder / "kept.yax", again = folder / "a.yax", list = folder / "list.csv";
+  const auto ends = [&](const std::string& package) {
+    return Yax("wires --format bond-list " + package).out;
+  };
+  // From a chip and an outline; the wire to the paddle crosses its neighbour, so that the status is 1.
+  const std::string sources = "--die " + kSources +
+                              "caravel-pads.def --die-size 3.6x5.2 --die-height 0.28 --package "
+                              "qfn:64,body=9x9,pitch=0.5,lead=0.4x0.25,paddle=7x7 ";
+  Import(sources + "--bond vssa=PADDLE", 1);
+  std::filesystem::rename(again, kept);
+  for (const std::string format : {"bond-list", "net-list"}) {
+    ASSERT_EQ(Yax("wires --format " + format + " -o " + list + " " + kept).status, 0);
+    Import(sources + "--bonds " + list, 1);
+    EXPECT_EQ(WiresOf(again), WiresOf(kept)) << format;
+    EXPECT_EQ(ends(again), ends(kept)) << format;
+    ExpectSound();
+  }
+  // A bond list alone is die, package and wires; leads without a size are points at the wires' ends.
   const std::string sample = YAX_SAMPLES "/cob32.yax";
-  const std::string list = folder / "list.csv";
   ASSERT_EQ(Yax("wires --format bond-list -o " + list + " " + sample).status, 0);
   const std::string summary =
       Import("--unit um --die " + list + " --die-size 2200x1800 --die-height 280 --package " + list +
              " --bonds " + list);
   // One of the 32 wires goes down to the paddle, which is no lead.
   EXPECT_EQ(summary.substr(0, 27), "32 pads, 31 leads, 32 wires");
-  EXPECT_EQ(WiresOf(folder / "a.yax"), WiresOf(sample));
+  EXPECT_EQ(WiresOf(again), WiresOf(sample));
   ExpectSound();
 }
 

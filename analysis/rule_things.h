@@ -1,0 +1,54 @@
+/// The wires, leads and die pads of a package, as rules measure them.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "analysis/lengths.h"
+#include "analysis/plan_rectangle.h"
+#include "analysis/record_lines.h"
+#include "analysis/rules.h"
+#include "model/package.h"
+#include "model/record_place.h"
+#include "model/side.h"
+
+namespace analysis {
+
+/// A record with what limits by tier and net type go by: those of the wire list's entry of its name.
+struct RuleThing {
+  model::RecordPlace Place;
+  std::size_t Line = 0;
+  std::string_view Tier, NetType;
+};
+
+/// A substrate pad that one record has, or several with the same place, size and angle.
+struct RuleLead {
+  PlanRectangle Shape;
+  std::vector<RuleThing> Records;  ///< in the order of the file's lines
+  std::vector<std::size_t> Wires;  ///< that end here, as indices into RuleThings::Wires
+};
+
+struct RuleDiePad {
+  PlanRectangle Shape;
+  RuleThing Record;
+  std::optional<model::Side> Edge;
+};
+
+/// The texts belong to the package and to the rows.
+struct RuleThings {
+  std::vector<RuleThing> Wires;  ///< in the order of the rows
+  std::vector<RuleLead> Leads;
+  std::vector<RuleDiePad> DiePads;
+};
+
+/// `rows` are those of every wire.
+RuleThings RuleThingsOf(const model::Package& package, const RecordLines& lines,
+                        const std::vector<WireRow>& rows);
+
+/// Whether a rule's tier or net type, where it has one, is that of a thing, or of a lead's record.
+bool IsMeant(const Rule& rule, const RuleThing& thing);
+bool IsMeant(const Rule& rule, const RuleLead& lead);
+
+}  // namespace analysis

@@ -1,0 +1,31 @@
+/// Packages with all that rules measure, for the tests of the rules.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "analysis/record_lines.h"
+#include "analysis/wire_loops.h"
+#include "model/package.h"
+#include "yax/options/loops.h"
+#include "yax/options/package_options.h"
+
+namespace analysis {
+
+struct Measured {
+  RecordLines Lines;
+  model::Package Package;
+  std::vector<WireLoop> Loops;
+
+  explicit Measured(const std::string& path) : Package(yax::LoadPackage({path}, &Lines)) {
+    yax::LoopOptions options;
+    options.DieHeight = true;
+    const model::WireBondSettings settings = yax::SettingsOf(options, Package);
+    Loops = WireLoopsOf({Package, settings, {}, nullptr});
+  }
+};
+
+/// Of all wires, file units.
+inline constexpr double kDiameter = 0.0254;
+
+}  // namespace analysis
