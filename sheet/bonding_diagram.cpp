@@ -122,13 +122,14 @@ class Composer {
                        (in_.Paper.Name.empty() ? "this sheet" : "a sheet " + in_.Paper.Name) +
                        (in_.Scale ? " at " + Decimal(*in_.Scale, 3) + " : 1" : "") + "; use --sheet ";
     for (const Paper& paper : NamedPapers())
-      if (FitOn(paper)) throw DoesNotFit(what + paper.Name);
-    Paper large = NamedPapers().back();
-    while (!FitOn(large) && large.Width < kWidestPaper) large.Width *= 1.25, large.Height *= 1.25;
+      if (FitOn(paper)) throw DoesNotFit(what + paper.Name, paper);
+    Paper large{"", NamedPapers().back().Width, NamedPapers().back().Height};
+    while (!FitOn(large) && large.Width < kWidestPaper)
+      large.Width = std::ceil(1.25 * large.Width), large.Height = std::ceil(1.25 * large.Height);
     if (large.Width > kWidestPaper)
       throw DoesNotFit(
           "the plan is larger than any sheet; give a smaller --scale, or see that --unit is right");
-    throw DoesNotFit(what + Decimal(std::ceil(large.Width), 0) + "x" + Decimal(std::ceil(large.Height), 0));
+    throw DoesNotFit(what + Decimal(large.Width, 0) + "x" + Decimal(large.Height, 0), large);
   }
 
   std::optional<PlanFit> FitOn(const Paper& paper) const {

@@ -46,7 +46,7 @@ class EstimatorWindowTest : public testing::Test {
 
 constexpr int kName = 0, kLength = 5, kResistance = 7;
 
-TEST_F(EstimatorWindowTest, ShowsSortsAndSeeksTheWires) {
+TEST_F(EstimatorWindowTest, ShowsSortsAndSearchesTheWires) {
   const auto window = Opened();
   auto* const table = window->findChild<QTableView*>();
   ASSERT_EQ(table->model()->rowCount(), 63);
@@ -78,10 +78,17 @@ TEST_F(EstimatorWindowTest, ReadsAgainWhenTheFileIsWrittenAgain) {
       << State(*window).toStdString();
 }
 
-TEST_F(EstimatorWindowTest, SaysThatThePackageIsMissing) {
-  const auto window = Opened(folder / "");
-  EXPECT_TRUE(State(*window).startsWith("caravel-qfn64.yax: there is no such package"))
-      << State(*window).toStdString();
+TEST_F(EstimatorWindowTest, SaysThatThePackageIsMissingAndShowsAllOfTheText) {
+  std::string deep = folder / "<b>";
+  for (int k = 0; k < 20; ++k) deep += "/a rather long name of a folder";
+  const auto window = Opened(deep);
+  auto* const label = window->findChild<QStatusBar*>()->findChild<QLabel*>();
+  const auto room = [label] { return label->height() - label->heightForWidth(label->width()); };
+  EXPECT_TRUE(QTest::qWaitFor([&] { return room() >= 0; })) << room();
+  EXPECT_LE(window->width(), 960);
+  EXPECT_TRUE(label->text().startsWith("caravel-qfn64.yax: there is no such package"))
+      << qPrintable(label->text());
+  EXPECT_TRUE(label->text().contains(QString::fromStdString(deep)));
   EXPECT_EQ(window->findChild<QTableView*>()->model()->rowCount(), 0);
 }
 

@@ -6,6 +6,7 @@
 
 #include "formats/json.h"
 #include "model/version.h"
+#include "render/tube.h"
 #include "yax/page/page_parts.h"
 
 namespace yax {
@@ -43,7 +44,10 @@ Json Bytes(const model::Colour& paint) {
 
 /// The wires as rows without keys, which would take most of the room.
 std::string PackageJson(const PageInputs& inputs) {
-  Json json{{"unit", inputs.Unit}, {"light", Json::array()}, {"wires", Json::array()}};
+  Json json{{"unit", inputs.Unit},
+            {"tubeSides", render::kTubeSides},
+            {"light", Json::array()},
+            {"wires", Json::array()}};
   for (const model::Colour& paint : inputs.model.Light) json["light"].push_back(Bytes(paint));
   for (std::size_t k = 0; k < inputs.wires.size(); ++k) {
     const analysis::WireRow& row = inputs.wires[k];

@@ -53,7 +53,7 @@ class Page {
       return undefined;
     }
     const primitives = primitivesOf(JSON.parse(element("model").textContent));
-    return new Stage(canvas, context, new Shape(primitives, this.wires, this.data.light));
+    return new Stage(canvas, context, new Shape(primitives, this.wires, this.data.light), this.data.tubeSides);
   }
 
   addStage() {
@@ -144,7 +144,7 @@ class Page {
     this.shown = [...this.wires.keys()].filter(
       (index) => this.switches.shows(index) && this.wires[index].name.toLowerCase().includes(sought));
     element("count").textContent = this.wires.length === 0
-      ? "This package has no wires." : `${this.shown.length} of ${this.wires.length} wires`;
+      ? "This package has no wires." : `${this.shown.length} of ${this.wires.length} ${this.wires.length === 1 ? "wire" : "wires"}`;
     this.list.show(this.shown);
     if (!this.shown.includes(this.chosen)) this.choose(-1);
     if (this.stage) this.stage.setWires(this.shown);
