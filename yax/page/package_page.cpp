@@ -18,11 +18,11 @@ namespace yax {
 
 namespace {
 
-/// Of each wire the nearest other one, for all loops of the package.
+/// The nearest other wire of each wire, among all loops of the package.
 std::vector<NearestWire> NearestOf(const std::vector<analysis::WireLoop>& loops,
                                    const analysis::Clearances& clearances, const analysis::LengthUnit& unit) {
   std::vector<NearestWire> nearest(loops.size());
-  // The closest pairs come first, so the first pair of a wire is that with its nearest other one.
+  // The closest pairs come first, so the first pair of a wire has its nearest other wire.
   for (const analysis::ClearanceRow& pair : clearances.Rows) {
     const std::string clearance = formats::LengthText(pair.Clearance, unit);
     if (nearest[pair.First].Name.empty()) nearest[pair.First] = {clearance, pair.Other};
@@ -31,7 +31,7 @@ std::vector<NearestWire> NearestOf(const std::vector<analysis::WireLoop>& loops,
   return nearest;
 }
 
-/// Of the chosen wires alone, which are some of all loops in the same order.
+/// The entries of the chosen wires, which are some of all loops in the same order.
 std::vector<NearestWire> Chosen(const std::vector<NearestWire>& nearest,
                                 const std::vector<analysis::WireLoop>& loops,
                                 const std::vector<analysis::WireRow>& rows) {

@@ -1,4 +1,4 @@
-// The package's triangles in one piece, so that thousands of wires are drawn at once.
+// All triangles of the package on one set of vertices, so that thousands of wires are drawn with one call.
 
 import { BufferAttribute, BufferGeometry } from "three";
 
@@ -34,7 +34,7 @@ export class Shape {
     }
   }
 
-  // Gives everything its colour on a dark or a light background.
+  // Sets all colours for a dark or a light background.
   paint(isDark) {
     let at = 0;
     this.primitives.forEach(({ points, colour }, number) => {
@@ -44,7 +44,7 @@ export class Shape {
     if (this.colour) this.colour.needsUpdate = true;
   }
 
-  // Everything but the wires.
+  // All triangles but those of the wires.
   restOf(wires) {
     const isWire = this.triangles.map((triangles) => new Uint8Array(triangles.length / 3));
     for (const { primitive, first, count } of wires) isWire[primitive].fill(1, first, first + count);

@@ -22,7 +22,7 @@ export class Stage {
     this.controls.enableKeys = false; // they would move the picture while a list is read
     this.controls.screenSpacePanning = true;
     this.controls.addEventListener("change", () => this.draw());
-    // From now on the eye is where the reader put it.
+    // After a drag the view has no name, so a new size of the window does not reset it.
     this.controls.addEventListener("start", () => (this.view = null));
     this.scene = new Scene();
     this.scene.background = new Color();
@@ -33,7 +33,7 @@ export class Stage {
     const solid = new MeshPhongMaterial({ vertexColors: true, flatShading: true, side: DoubleSide, shininess: 0 });
     this.scene.add(new Mesh(shape.geometry(shape.bodyTriangles), solid));
     this.wires = new Mesh(shape.geometryOfWires([]), solid);
-    // A wire that is pointed out shows through whatever lies before it.
+    // A highlighted wire is visible even behind other things.
     const marked = new MeshBasicMaterial({ color: kHighlight, depthTest: false, side: DoubleSide });
     this.marked = new Mesh(shape.geometryOfWires([]), marked);
     this.marked.renderOrder = 1;
@@ -47,7 +47,7 @@ export class Stage {
     return { width: this.canvas.clientWidth || 1, height: this.canvas.clientHeight || 1 };
   }
 
-  // Places the eye for a view of that name.
+  // Moves the eye to the view of that name.
   show(view) {
     const { width, height } = this.size;
     const { position, target } = fit(kViews[view], this.shape.low, this.shape.high, width / height);
@@ -90,7 +90,7 @@ export class Stage {
     this.drawNow();
   }
 
-  // Once before the screen is next painted, however much has changed.
+  // Several changes before the next frame draw once.
   draw() {
     if (this.waiting) return;
     this.waiting = true;
@@ -103,7 +103,7 @@ export class Stage {
     this.renderer.render(this.scene, this.camera);
   }
 
-  // Depth has the fewest steps to waste where near and far plane touch the package.
+  // Near and far plane touch the package, which makes the most of the depth buffer's precision.
   placePlanes() {
     const { low, high } = this.shape;
     const middle = [0, 1, 2].map((axis) => (low[axis] + high[axis]) / 2);
@@ -145,7 +145,7 @@ export class Stage {
     return this.picker.wireAt(this.shown, [x, y], kReach[pointer] || kReach.mouse, look);
   }
 
-  // What the picture shows, as the address of an image in the colours of paper.
+  // The picture as the address of an image, in colours for white paper.
   picture() {
     const shown = [this.isDark, `#${this.scene.background.getHexString()}`];
     this.setTheme(false, "#ffffff");
