@@ -26,22 +26,24 @@ QString StateText(const Estimate& estimate) {
   const std::size_t wires = estimate.Costs.Rows.size();
   QString text = QString::fromStdString(estimate.Note.Conditions);
   if (!estimate.Costs.Coupled && wires > 1)
-    text += QStringLiteral("; no couplings: they are for up to %1 wires").arg(analysis::kCoupledUnasked);
+    text += QStringLiteral("; no couplings for more than %1 wires").arg(analysis::kCoupledUnasked);
   return text;
 }
 
 }  // namespace
 
-EstimatorWindow::EstimatorWindow(Request request)
-    : request_(std::move(request)),
-      model_(new CostModel(this)),
-      filter_(new CostFilter(*model_)),
-      table_(new QTableView),
-      search_(new QLineEdit),
-      unit_(new QComboBox),
-      state_(new QLabel) {
+EstimatorWindow::EstimatorWindow(Request request) : request_(std::move(request)) {
   setWindowTitle(QStringLiteral("ZU Estimator"));
   resize(960, 600);
+}
+
+void EstimatorWindow::Fill() {
+  model_ = new CostModel(this);
+  filter_ = new CostFilter(*model_);
+  table_ = new QTableView;
+  search_ = new QLineEdit;
+  unit_ = new QComboBox;
+  state_ = new QLabel;
   AddBar();
   AddTable();
   AddState();
@@ -94,16 +96,22 @@ void EstimatorWindow::AddTable() {
   table_->setAccessibleName(QStringLiteral("Wires"));
   // Column widths follow from the first rows; measuring thousands would take too long.
   table_->horizontalHeader()->setResizeContentsPrecision(50);
-  setCentralWidget(table_);
+  // A status bar would cut long texts; here they get the lines that they need.
+  auto* const centre = new QWidget;
+  auto* const column = new QVBoxLayout(centre);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->addWidget(table_, 1);
+  column->addWidget(state_);
+  setCentralWidget(centre);
 }
 
-/// Problems name files with their folders, so their texts wrap, can be copied, and stand in the tool tip too.
+/// A problem's text names files with their folders. It wraps, can be copied, and is the tool tip too.
 void EstimatorWindow::AddState() {
   state_->setTextFormat(Qt::PlainText);  // names may look like mark-up
   state_->setWordWrap(true);
-  state_->setMinimumWidth(1);  // else a long word would widen the window
+  state_->setMinimumWidth(1);  // or else a long word would widen the window
+  state_->setMargin(4);
   state_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  statusBar()->addWidget(state_, 1);
 }
 
 void EstimatorWindow::ShowState(const QString& text) {

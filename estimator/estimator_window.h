@@ -20,9 +20,13 @@ namespace estimator {
 
 class EstimatorWindow final : public QMainWindow {
  public:
-  /// Starts the work at once, in another thread.
+  /// An empty window.
   explicit EstimatorWindow(Request request);
   ~EstimatorWindow() override;
+
+  /// Adds the table and its controls, and starts the work in another thread. Fonts and controls take as long
+  /// as all the rest of the start, so this is for a window that is on the screen already.
+  void Fill();
 
  private:
   /// The result of the work.
@@ -49,12 +53,12 @@ class EstimatorWindow final : public QMainWindow {
   QFutureWatcher<std::shared_ptr<const Result>> work_;
   QFileSystemWatcher files_;
   QTimer settle_;
-  CostModel* model_;
-  CostFilter* filter_;
-  QTableView* table_;
-  QLineEdit* search_;
-  QComboBox* unit_;
-  QLabel* state_;
+  CostModel* model_ = nullptr;
+  CostFilter* filter_ = nullptr;
+  QTableView* table_ = nullptr;
+  QLineEdit* search_ = nullptr;
+  QComboBox* unit_ = nullptr;
+  QLabel* state_ = nullptr;
 };
 
 }  // namespace estimator
