@@ -58,14 +58,15 @@ export class Picker {
   // hides; -1 for none. `look` says how the eye sees: its place `eye`, `matrix` from the package to the
   // screen, `near`, the canvas's `size`, and `scale`, the pixels of a length of 1 at a depth of 1.
   wireAt(shown, place, reach, look) {
+    this.project(look);
     const found = [];
     for (const index of shown) {
-      const candidate = this.nearestOf(this.lines[index], place, look);
+      const candidate = this.nearestOf(this.lines[index], this.seenLines[index], place, look);
       if (candidate.away <= reach) found.push({ index, ...candidate });
     }
     if (found.length === 0) return -1;
     found.sort((a, b) => a.away - b.away || a.depth - b.depth);
-    const bodies = this.bodiesNear(place, reach, look);
+    const bodies = this.bodiesNear(place, reach, look.near);
     const visible = found.find(({ at }) => {
       const ray = at.map((c, axis) => c - look.eye[axis]);
       const surface = 1 - (1.5 * this.radius) / Math.hypot(...ray);
@@ -77,46 +78,59 @@ export class Picker {
     return visible ? visible.index : -1;
   }
 
+  // While the eye rests, everything stays where it is on the screen.
+  project({ matrix, size }) {
+    const key = `${matrix.join()} ${size.width} ${size.height}`;
+    if (key === this.key) return;
+    this.key = key;
+    this.seen = projected(this.shape.positions, matrix, size);
+    this.seenLines = this.lines.map((line) => projected(line, matrix, size));
+  }
+
   // How many pixels away a wire's surface is, and the depth and the point of its line there.
-  nearestOf(line, place, look) {
+  nearestOf(line, seen, place, look) {
     const [x, y] = place;
     const { near } = look;
-    const seen = projected(line, look.matrix, look.size);
     let best = { away: Infinity };
-    const isBetter = ({ away, depth }) => away < best.away || (away === best.away && depth < best.depth);
+    const isBetter = (away, depth) => away < best.away || (away === best.away && depth < best.depth);
     for (let k = 3; k < seen.length; k += 3) {
-      const [depthA, depthB] = [seen[k - 1], seen[k + 2]];
-      const [a, b] = [pointAt(line, k / 3 - 1), pointAt(line, k / 3)];
+      const depthA = seen[k - 1];
+      const depthB = seen[k + 2];
       if (depthA < near && depthB < near) continue;
       if (depthA < near || depthB < near) {
+        const [a, b] = [pointAt(line, k / 3 - 1), pointAt(line, k / 3)];
         const cut = between(a, b, (1.001 * near - depthA) / (depthB - depthA));
-        const candidate = this.nearestOf(depthA < near ? [...cut, ...b] : [...a, ...cut], place, look);
-        if (isBetter(candidate)) best = candidate;
+        const part = depthA < near ? [...cut, ...b] : [...a, ...cut];
+        const candidate = this.nearestOf(part, projected(part, look.matrix, look.size), place, look);
+        if (isBetter(candidate.away, candidate.depth)) best = candidate;
         continue;
       }
-      const [toX, toY] = [x - seen[k - 3], y - seen[k - 2]];
-      const [alongX, alongY] = [seen[k] - seen[k - 3], seen[k + 1] - seen[k - 2]];
+      const toX = x - seen[k - 3];
+      const toY = y - seen[k - 2];
+      const alongX = seen[k] - seen[k - 3];
+      const alongY = seen[k + 1] - seen[k - 2];
       const squared = alongX * alongX + alongY * alongY;
       const part = squared === 0 ? 0 : Math.min(Math.max((toX * alongX + toY * alongY) / squared, 0), 1);
       const depth = 1 / ((1 - part) / depthA + part / depthB);
-      const radius = (this.radius * look.scale) / depth;
-      const away = Math.max(Math.hypot(toX - part * alongX, toY - part * alongY) - radius, 0);
+      const toAxis = Math.hypot(toX - part * alongX, toY - part * alongY);
+      const away = Math.max(toAxis - (this.radius * look.scale) / depth, 0);
+      if (!isBetter(away, depth)) continue;
       // Halfway on the screen is not halfway in space.
-      if (isBetter({ away, depth })) best = { away, depth, at: between(a, b, (part * depth) / depthB) };
+      const at = between(pointAt(line, k / 3 - 1), pointAt(line, k / 3), (part * depth) / depthB);
+      best = { away, depth, at };
     }
     return best;
   }
 
   // The triangles of bodies that may hide a wire there: those whose box on the screen holds the place.
-  bodiesNear([x, y], reach, { matrix, near, size }) {
+  bodiesNear([x, y], reach, near) {
     const { positions, bodyTriangles } = this.shape;
-    const key = `${matrix.join()} ${size.width} ${size.height}`;
-    if (key !== this.key) this.seen = projected(positions, matrix, size);
-    this.key = key;
     const { seen } = this;
     const found = [];
     for (let k = 0; k < bodyTriangles.length; k += 3) {
-      const [a, b, c] = [3 * bodyTriangles[k], 3 * bodyTriangles[k + 1], 3 * bodyTriangles[k + 2]];
+      const a = 3 * bodyTriangles[k];
+      const b = 3 * bodyTriangles[k + 1];
+      const c = 3 * bodyTriangles[k + 2];
       const isBehind = seen[a + 2] < near || seen[b + 2] < near || seen[c + 2] < near;
       const isAway = Math.min(seen[a], seen[b], seen[c]) > x + reach || Math.max(seen[a], seen[b], seen[c]) < x - reach ||
         Math.min(seen[a + 1], seen[b + 1], seen[c + 1]) > y + reach ||
