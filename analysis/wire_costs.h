@@ -18,9 +18,11 @@ namespace analysis {
 /// Units   ohm metres at room temperature
 std::optional<double> ResistivityOf(std::string_view material);
 
-/// The couplings of so many wires are worked out without being asked for: about a second.
+/// Couplings of up to so many wires are worked out without being asked for. They take 0.7 seconds of
+/// processor time.
 inline constexpr std::size_t kCoupledUnasked = 1000;
-/// And of no more than so many at all: about half a minute, and a gigabyte where all are written.
+/// Couplings of more wires than these are refused. They take 16 seconds of processor time, and a gigabyte
+/// when a circuit has them all.
 inline constexpr std::size_t kMostCoupled = 5000;
 
 struct WireCost {

@@ -83,7 +83,7 @@ std::string CircuitText(const analysis::WireCosts& costs, const CircuitNote& not
     text.append(" L_").append(first).append(" L_").append(second);
     text.append(" ").append(Number(Rounded(pair.K))).append("\n");
   }
-  return text + ".ends " + name + "\n";
+  return text.append(".ends ").append(name).append("\n");
 }
 
 void RoundCouplings(std::vector<analysis::Coupling>& couplings) {
