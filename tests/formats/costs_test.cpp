@@ -65,7 +65,8 @@ TEST(CircuitTest, HasAPortPairForEachWireAndSaysWhatIsLeftOut) {
 TEST(CircuitTest, OneIsSingular) {
   analysis::WireCosts costs = Three();
   costs.LeftOut = 1;
-  const CircuitNote note{.Package = "a.yax", .Conditions = ConditionsText(1, {.Material = "Au"}), .LeastCoupling = 0.1};
+  const CircuitNote note{
+      .Package = "a.yax", .Conditions = ConditionsText(1, {.Material = "Au"}), .LeastCoupling = 0.1};
   const std::string text = CircuitText(costs, note);
   EXPECT_NE(text.find("a.yax: 1 wire, Au, "), std::string::npos) << text;
   EXPECT_NE(text.find("Left out: 1 coupling below 0.1, of 0.0625.\n"), std::string::npos);
