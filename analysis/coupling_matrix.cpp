@@ -10,7 +10,7 @@ namespace analysis {
 
 namespace {
 
-/// Of the lower triangle, all that the decompositions read.
+/// Fills the lower triangle alone, since the decompositions read no more.
 bool DenseIsPositiveDefinite(Eigen::Index wires, const std::vector<Coupling>& couplings) {
   Eigen::MatrixXd matrix = Eigen::MatrixXd::Identity(wires, wires);
   for (const Coupling& pair : couplings) matrix(pair.Second, pair.First) = pair.K;
@@ -31,7 +31,7 @@ bool SparseIsPositiveDefinite(Eigen::Index wires, const std::vector<Coupling>& c
 }  // namespace
 
 bool IsPositiveDefinite(std::size_t wires, const std::vector<Coupling>& couplings) {
-  // Where more than a tenth of the pairs couple, the sparse decomposition fills up and is the slower one.
+  // When more than a tenth of the pairs couple, the sparse decomposition fills up and is slower.
   const bool dense = couplings.size() * 20 > wires * wires;
   const auto count = static_cast<Eigen::Index>(wires);
   return dense ? DenseIsPositiveDefinite(count, couplings) : SparseIsPositiveDefinite(count, couplings);

@@ -15,8 +15,9 @@ using glm::dvec3;
 
 constexpr double kVacuumOver4Pi = 1e-7;  ///< the magnetic constant over 4 pi, henry per metre
 
-/// Below this sine of their angle two filaments count as parallel: the closed form for any position divides
-/// by it, and what it loses to rounding grows as fast as what the formula for parallel ones neglects.
+/// Two filaments count as parallel when the sine of their angle is smaller. The closed form for any position
+/// divides by the sine and loses digits; at this sine it loses as much as the formula for parallel filaments
+/// neglects.
 constexpr double kParallelSine = 1e-6;
 
 /// A point of Gauss and Legendre's rule on -1 to 1.
@@ -33,11 +34,11 @@ constexpr std::array<RulePoint, 4> kFourPoints{{{-0.86113631159405258, 0.3478548
                                                 {0.33998104358485626, 0.65214515486254614},
                                                 {0.86113631159405258, 0.34785484513745386}}};
 
-/// Nearer than so many half lengths the rule of four points would miss 1e-7.
+/// The rule of four points keeps its error below 1e-7 from this distance on, in half lengths.
 constexpr double kNearest = 4.0;
 
-/// The rule for a filament whose middle is `distance` half lengths away. Its error is (q + sqrt(q^2 - 1)) to
-/// the power of -2n for n points at a distance of q.
+/// The rule for a filament whose middle is `distance` half lengths away. With n points the relative error at
+/// a distance of q is about (q + sqrt(q^2 - 1))^(-2n).
 std::span<const RulePoint> RuleFor(double distance) {
   if (distance >= 30.0) return kTwoPoints;
   if (distance >= 8.0) return kThreePoints;
@@ -48,7 +49,7 @@ dvec3 At(const FilamentFrame& filament, double at) {
   return filament.Middle + (at * filament.Length / 2.0) * filament.Along;
 }
 
-/// The integral of 1 / sqrt(R^2 + r^2) over both filaments by points on both.
+/// The integral of 1 / sqrt(R^2 + r^2) over both filaments, by points on both.
 double FarIntegral(const FilamentFrame& a, const FilamentFrame& b, std::span<const RulePoint> ruleA,
                    std::span<const RulePoint> ruleB, double squaredRadius) {
   double sum = 0.0;
@@ -70,12 +71,13 @@ double DistanceFrom(const FilamentFrame& filament, const dvec3& point) {
   return glm::distance(point, filament.Start + along * filament.Along);
 }
 
-/// The integral of 1 / R over a side of length `side` of a triangle whose other sides are r1 and r2.
+/// The integral of 1 / R over the side of a triangle, R the distance from the opposite corner; the other
+/// sides are r1 and r2.
 double LineIntegral(double r1, double r2, double side) {
   return std::log((r1 + r2 + side) / (r1 + r2 - side));
 }
 
-/// The same double integral in closed form over `line`, by points on `piece`.
+/// The same double integral, over `line` in closed form and over `piece` by points.
 double HalfFarIntegral(const FilamentFrame& line, const FilamentFrame& piece, std::span<const RulePoint> rule,
                        double squaredRadius) {
   double sum = 0.0;
@@ -88,7 +90,8 @@ double HalfFarIntegral(const FilamentFrame& line, const FilamentFrame& piece, st
   return sum * piece.Length / 2.0;
 }
 
-/// Filament b as it lies beside a: turned to run the same way, which changes no integral of a distance.
+/// Filament b, turned around where it runs against a. The integrals of distances do not depend on the
+/// direction.
 struct SameWay {
   SameWay(const FilamentFrame& a, const FilamentFrame& b)
       : Start(b.Start), Along(b.Along), Cosine(glm::dot(a.Along, b.Along)) {
@@ -108,7 +111,7 @@ double ParallelIntegral(const FilamentFrame& a, const FilamentFrame& b, const Sa
                         double squaredRadius) {
   const double start = glm::dot(turned.Start - a.Start, a.Along);
   const double end = start + b.Length;
-  // Filaments that are not quite parallel are as far apart as in the middle of where they lie side by side.
+  // The distance of filaments that are not quite parallel is that in the middle of their common stretch.
   const double middle = (std::max(0.0, start) + std::min(a.Length, end)) / 2.0;
   const dvec3 apart = turned.Start + (middle - start) * turned.Along - (a.Start + middle * a.Along);
   const dvec3 across = glm::cross(apart, a.Along);
@@ -143,7 +146,7 @@ double SkewIntegral(const FilamentFrame& a, const FilamentFrame& b, const SameWa
   const double r21 = between(apart + alongA);
   const double r22 = between(apart + alongA - alongB);
 
-  // The difference of two arcs in one call, exact because each arc is less than a right angle.
+  // The difference of two angles by one arc tangent, which is safe because each is less than a right angle.
   struct Arc {
     double Cosine, Sine;
     double Minus(const Arc& other) const {
@@ -168,7 +171,7 @@ double NearIntegral(const FilamentFrame& a, const FilamentFrame& b, double squar
   return SkewIntegral(a, b, turned, normal, squaredRadius);
 }
 
-/// The double integral by the cheapest of the ways that reach 1e-7.
+/// The double integral by the fastest way whose error is below 1e-7.
 double Integral(const FilamentFrame& a, const FilamentFrame& b, double squaredRadius) {
   const auto& [longer, shorter] = a.Length >= b.Length ? std::tie(a, b) : std::tie(b, a);
   const double halfLonger = longer.Length / 2.0;

@@ -1,5 +1,4 @@
-/// The mutual inductance of straight thin conductors in any position, from which that of every wire is
-/// summed.
+/// The mutual inductance of straight thin conductors in any position. A wire's inductance is a sum of these.
 #pragma once
 
 #include <glm/vec3.hpp>
@@ -11,7 +10,7 @@ struct Filament {
   glm::dvec3 A{}, B{};
 };
 
-/// What the inductance of a filament needs again for every other one.
+/// A filament with what every one of its mutual inductances needs.
 struct FilamentFrame {
   explicit FilamentFrame(const Filament& filament);
 
@@ -20,16 +19,20 @@ struct FilamentFrame {
   double Length;
 };
 
-/// Neumann's double integral over both filaments, with the distance R of two points replaced by
-/// sqrt(R^2 + radius^2): the mutual partial inductance of two pieces of round wire, and with one filament
-/// given twice the external self-inductance of a straight piece. Units   metres, henry Needs   radius > 0
+/// The mutual partial inductance of two pieces of round wire: Neumann's double integral over their axes, with
+/// the distance R of two points replaced by sqrt(R^2 + radius^2). A filament with itself gives the external
+/// self-inductance of a straight piece.
+///
+/// Units   metres, henry
+/// Needs   radius > 0
 /// Returns 0 for a filament without length
 /// Source  G. A. Campbell, "Mutual inductances of circuits composed of straight wires", Physical Review 5
-///         (1915) 452; F. W. Grover, "Inductance Calculations" (1946), chapter 7: the closed form for
-///         filaments in any position, with their lines' distance d replaced by sqrt(d^2 + radius^2). E. B.
-///         Rosa, Bulletin of the Bureau of Standards 4 (1908) 301: parallel filaments. Filaments at least two
-///         of their own lengths apart are integrated by Gauss and Legendre's rule, to 1e-7
-/// Range   radius small against the filaments' lengths; wires much shorter than the wavelength
+///         (1915) 452, and F. W. Grover, "Inductance Calculations" (1946), chapter 7: filaments in any
+///         position in closed form, here with the distance d of their lines replaced by
+///         sqrt(d^2 + radius^2). E. B. Rosa, Bulletin of the Bureau of Standards 4 (1908) 301: parallel
+///         filaments. Filaments that are two or more of their lengths apart: the rule of Gauss and Legendre,
+///         to 1e-7
+/// Range   a radius small against the filaments' lengths; wires much shorter than the wavelength
 double MutualInductance(const FilamentFrame& a, const FilamentFrame& b, double radius);
 
 }  // namespace analysis

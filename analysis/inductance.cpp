@@ -11,7 +11,7 @@ namespace analysis {
 
 namespace {
 
-/// How many wires' couplings are worth handing to a thread.
+/// Threads take so many wires at a time.
 constexpr std::size_t kBlock = 16;
 
 std::vector<FilamentFrame> PiecesOf(const std::vector<glm::dvec3>& axis) {
@@ -50,7 +50,7 @@ Inductances::Inductances(const BondWires& wires) : radius_(wires.Conductor.Radiu
   }
 }
 
-/// The image of a current flows back: with the mirrored axis run from start to end its part is subtracted.
+/// The image of a current flows back, so its part is subtracted.
 double Inductances::External(std::size_t first, std::size_t second) const {
   const double direct = Sum(wires_[first], wires_[second], radius_);
   return images_.empty() ? direct : direct - Sum(wires_[first], images_[second], radius_);
@@ -60,13 +60,13 @@ double Inductances::CouplingOf(std::size_t first, std::size_t second) const {
   return External(first, second) / std::sqrt(impedances_[first].Inductance * impedances_[second].Inductance);
 }
 
-/// What one thread finds.
+/// The couplings that one thread finds.
 class Inductances::Search {
  public:
   Search(const Inductances& wires, double least)
       : Nearest(wires.wires_.size()), wires_(&wires), least_(least) {}
 
-  /// The couplings of wires in a block with all after them; those to be kept go to `kept`.
+  /// Couples each wire of a block with all wires after it. Couplings that are large enough go to `kept`.
   void RunBlock(std::size_t block, std::vector<Coupling>& kept) {
     const std::size_t count = Nearest.size();
     for (std::size_t first = block * kBlock; first < std::min((block + 1) * kBlock, count); ++first)
@@ -76,7 +76,7 @@ class Inductances::Search {
              kept);
   }
 
-  /// It does not matter which thread found what: of equal couplings the first wire's counts.
+  /// The result does not depend on which thread found what, because of equal couplings the first wire counts.
   void Merge(const Search& other) {
     for (std::uint32_t wire = 0; wire < Nearest.size(); ++wire)
       if (other.Nearest[wire].Wire != Neighbour::kNone) TakeNearest(wire, other.Nearest[wire]);
@@ -123,8 +123,13 @@ Couplings Inductances::Couple(double least) const {
   Search& all = searches.front();
   for (std::size_t k = 1; k < searches.size(); ++k) all.Merge(searches[k]);
   Couplings found{.Kept = {}, .Nearest = std::move(all.Nearest), .LargestLeftOut = all.LargestLeftOut};
-  for (const std::vector<Coupling>& block : kept)
+  std::size_t count = 0;
+  for (const std::vector<Coupling>& block : kept) count += block.size();
+  found.Kept.reserve(count);
+  for (std::vector<Coupling>& block : kept) {
     found.Kept.insert(found.Kept.end(), block.begin(), block.end());
+    block = {};
+  }
   return found;
 }
 

@@ -12,59 +12,62 @@
 
 namespace analysis {
 
-/// Wires of one kind, metres and hertz.
+/// Wires of one material and diameter.
+/// Units   metres, hertz
 struct BondWires {
   std::vector<std::vector<glm::dvec3>> Axes;  ///< from start to end, as the currents run
   RoundConductor Conductor;
   double Frequency = 0.0;
-  std::optional<double> Plane;  ///< the height of a conducting plane, which no point of a wire lies below
+  std::optional<double> Plane;  ///< height of a conducting plane; no point of a wire lies below it
 };
 
-/// Of one wire alone.
+/// The impedance of one wire.
+/// Units   metres, ohms, henry
 struct WireImpedance {
   double Length = 0.0;
-  double DirectResistance = 0.0, Resistance = 0.0;  ///< for direct current, at the frequency; ohms
-  double Inductance = 0.0;                          ///< at the frequency, henry
+  double DirectResistance = 0.0, Resistance = 0.0;  ///< for direct current, and at the frequency
+  double Inductance = 0.0;                          ///< at the frequency
 };
 
-/// M / sqrt(L1 L2) of two wires, below 0 where their currents run against each other.
+/// The coupling M / sqrt(L1 L2) of two wires. It is negative where their currents run in opposite directions.
 struct Coupling {
   std::uint32_t First = 0, Second = 0;  ///< First < Second
   double K = 0.0;
 };
 
-/// Of a wire the one that it couples with most, the first of equals.
+/// The wire that a wire couples with most; of equal couplings the first one counts.
 struct Neighbour {
   static constexpr std::uint32_t kNone = UINT32_MAX;
   std::uint32_t Wire = kNone;
   double K = 0.0;
 };
 
+/// All couplings of some wires.
 struct Couplings {
-  std::vector<Coupling> Kept;      ///< those of at least the size asked for, in order
-  std::vector<Neighbour> Nearest;  ///< of each wire
-  double LargestLeftOut = 0.0;     ///< absolute; 0 where all are kept
+  std::vector<Coupling> Kept;      ///< at least as large as asked for; in the order of the wires
+  std::vector<Neighbour> Nearest;  ///< one for each wire
+  double LargestLeftOut = 0.0;     ///< absolute value; 0 when all are kept
 };
 
 /// The inductances of a package's wires.
 ///
 /// The external part is Neumann's double integral over the wires' axes (see MutualInductance), the internal
-/// part that of a round conductor; a conducting plane adds the wires' images, which carry the currents back.
-/// Source  A. E. Ruehli, "Inductance calculations in a complex integrated circuit environment", IBM Journal
-/// of
-///         Research and Development 16 (1972) 470: partial inductances
-/// Range   wires much shorter than the wavelength, so 20 GHz for 1 mm; the field's crowding where wires
-/// nearly
-///         touch does not count
+/// part that of a round conductor. A conducting plane adds the images of the wires, which carry the currents
+/// back.
+///
+/// Source  A. E. Ruehli, "Inductance calculations in a complex integrated circuit environment", IBM
+///         Journal of Research and Development 16 (1972) 470: partial inductances
+/// Range   wires much shorter than the wavelength: a wire of 1 mm up to 20 GHz. The model leaves out that
+///         wires crowd each other's current to one side when they nearly touch
 class Inductances {
  public:
   /// Needs   a radius and a resistivity above 0, two points in each axis
   explicit Inductances(const BondWires& wires);
 
-  /// Returns not finite numbers where a wire's size is beyond what doubles can square
+  /// Returns infinity or NaN for a wire so large or small that squares of its size leave the range of doubles
   const std::vector<WireImpedance>& Wires() const { return impedances_; }
 
-  /// The coupling of each pair; takes a microsecond or two a pair. `least` is the smallest that is kept.
+  /// Works out the coupling of each pair, one or two microseconds each, and keeps those of at least `least`.
   Couplings Couple(double least) const;
 
  private:

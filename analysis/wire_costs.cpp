@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 namespace analysis {
@@ -68,9 +69,12 @@ WireCosts Reduced(WireCosts costs, double leastCoupling) {
 }
 
 std::optional<std::size_t> WireWithoutCost(const WireCosts& costs) {
+  // Tables show singles, in millimetres, milliohms and nanohenries.
+  constexpr double kLargest = double(std::numeric_limits<float>::max()) * 1e-9;
   const auto found = std::find_if(costs.Rows.begin(), costs.Rows.end(), [](const WireCost& wire) {
-    return !(std::isfinite(wire.Impedance.Inductance) && wire.Impedance.Inductance > 0.0 &&
-             std::isfinite(wire.Impedance.Resistance));
+    const WireImpedance& impedance = wire.Impedance;
+    return !(impedance.Inductance > 0.0 && impedance.Inductance < kLargest &&
+             impedance.Resistance < kLargest && impedance.Length < kLargest);
   });
   if (found == costs.Rows.end()) return std::nullopt;
   return static_cast<std::size_t>(found - costs.Rows.begin());

@@ -8,11 +8,11 @@ namespace estimator {
 
 namespace {
 
-/// What a column's cells are, in the order of formats::CostCells.
+/// A column of the table. The columns are those of formats::CostCells.
 struct Column {
   const char* Heading;
   bool IsNumber;
-  bool IsSought;
+  bool IsSearched;
 };
 
 constexpr Column kColumns[] = {
@@ -73,16 +73,16 @@ CostFilter::CostFilter(CostModel& model) : QSortFilterProxyModel(&model) {
   setSortRole(Qt::UserRole);
 }
 
-void CostFilter::Seek(const QString& text) {
-  sought_ = text;
+void CostFilter::Search(const QString& text) {
+  searched_ = text;
   invalidateFilter();
 }
 
 bool CostFilter::filterAcceptsRow(int row, const QModelIndex&) const {
-  if (sought_.isEmpty()) return true;
+  if (searched_.isEmpty()) return true;
   for (int column = 0; column < sourceModel()->columnCount(); ++column)
-    if (kColumns[column].IsSought &&
-        sourceModel()->index(row, column).data().toString().contains(sought_, Qt::CaseInsensitive))
+    if (kColumns[column].IsSearched &&
+        sourceModel()->index(row, column).data().toString().contains(searched_, Qt::CaseInsensitive))
       return true;
   return false;
 }

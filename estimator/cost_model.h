@@ -10,10 +10,10 @@
 
 namespace estimator {
 
-/// The texts of every row, made once, so that scrolling, sorting and searching take no time.
+/// The cells of all rows. They are made once, so that scrolling, sorting and searching are fast.
 struct CostTexts {
   std::vector<QStringList> Rows;
-  std::vector<std::vector<double>> Numbers;  ///< of the columns that are numbers; otherwise 0
+  std::vector<std::vector<double>> Numbers;  ///< the same as numbers; 0 in columns of text
 };
 
 CostTexts TextsOf(const analysis::WireCosts& costs);
@@ -26,7 +26,7 @@ class CostModel final : public QAbstractTableModel {
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
-  /// Sorts by Qt::UserRole.
+  /// Qt::UserRole is the value to sort by.
   QVariant data(const QModelIndex& index, int role) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
@@ -34,18 +34,18 @@ class CostModel final : public QAbstractTableModel {
   CostTexts texts_;
 };
 
-/// The rows in which a wire's names hold the text sought.
+/// The rows whose names contain the searched text.
 class CostFilter final : public QSortFilterProxyModel {
  public:
   explicit CostFilter(CostModel& model);
 
-  void Seek(const QString& text);
+  void Search(const QString& text);
 
  protected:
   bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
 
  private:
-  QString sought_;
+  QString searched_;
 };
 
 }  // namespace estimator

@@ -40,15 +40,15 @@ std::string PackageFileOf(const Request& request, const setup::ParameterValues& 
   }
   throw model::InputError(
       {.File = *values.PackageName},
-      "there is no such package in " + request.Folder + " nor beside " + request.ParameterFile,
-      "start the estimator in the package's folder");
+      "there is no such package in " + request.Folder + " or beside " + request.ParameterFile,
+      "put it there, or start the estimator in the package's folder");
 }
 
 model::Package ReadPackage(const std::string& file) {
   model::PackageScalars before;
   before.PackagePath = file;
   std::optional<model::Package> package = model::reader::ReadPackage(before);
-  // Only a COMPZ line sets the height, which is never 0 after it.
+  // A file without a COMPZ line is no package. After such a line the height is never 0.
   if (!package || package->CompZ == 0.0F)
     throw model::InputError({.File = file}, "it holds no package", "give the path of a .yax file");
   return *std::move(package);
@@ -88,10 +88,12 @@ Estimate Work(const Request& request) {
 
 std::string CircuitOf(const Estimate& estimate) {
   const std::size_t count = estimate.Costs.Rows.size();
-  if (analysis::IsPositiveDefinite(count, formats::AsWritten(estimate.Costs.Couplings)))
+  std::vector<analysis::Coupling> written = estimate.Costs.Couplings;
+  formats::RoundCouplings(written);
+  if (analysis::IsPositiveDefinite(count, written))
     return formats::CircuitText(estimate.Costs, estimate.Note);
   formats::CircuitNote note = estimate.Note;
-  note.LeastCoupling = analysis::UsableLeast(count, estimate.Costs.Couplings, note.LeastCoupling);
+  note.LeastCoupling = analysis::UsableLeast(count, written, note.LeastCoupling);
   return formats::CircuitText(analysis::Reduced(estimate.Costs, note.LeastCoupling), note);
 }
 

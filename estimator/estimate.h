@@ -1,4 +1,4 @@
-/// What the estimator shows: the costs of a package's wires at the settings of a parameter file.
+/// The costs of a package's wires with the settings of a parameter file.
 #pragma once
 
 #include <optional>
@@ -12,23 +12,24 @@ namespace estimator {
 
 struct Request {
   std::string ParameterFile;
-  std::string Folder;               ///< where the package is looked for before the parameter file's folder
-  std::optional<std::string> Unit;  ///< of the package file; nothing for the one that suits its die
+  std::string Folder;  ///< searched for the package first; the parameter file's folder comes second
+  std::optional<std::string> Unit;  ///< of the package file; without it the likely one
 };
 
 struct Estimate {
   std::string PackageFile;
   analysis::LengthUnit Unit{};
   analysis::WireCosts Costs;
-  formats::CircuitNote Note;  ///< for the wires as a circuit
+  formats::CircuitNote Note;  ///< for the wires as a circuit; the window shows its conditions
 };
 
-/// Reads parameter file and package and works out the wires. Settings that the file leaves out are those of a
-/// package just loaded.
+/// Reads both files and works out the wires' costs. A setting that the parameter file leaves out has the
+/// value that it has after a load.
 /// Faults  InputError when one of the files cannot be used, Fault when a wire cannot be drawn
 Estimate Work(const Request& request);
 
-/// The wires as a circuit: with the couplings of at least 0.1, or of what more it takes for a circuit.
+/// The wires as a circuit, with couplings of at least 0.1. Where a circuit cannot have these alone, the limit
+/// is higher.
 std::string CircuitOf(const Estimate& estimate);
 
 }  // namespace estimator

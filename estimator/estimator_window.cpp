@@ -17,7 +17,7 @@ namespace estimator {
 
 namespace {
 
-/// A file is often written in several steps; they are over when nothing has happened for so long.
+/// Programs may write a file in several steps. After so long without a change they have finished.
 constexpr int kSettled = 100;  // milliseconds
 
 std::string CsvOf(const Estimate& estimate) { return formats::CostsCsv(estimate.Costs); }
@@ -26,32 +26,33 @@ QString StateText(const Estimate& estimate) {
   const std::size_t wires = estimate.Costs.Rows.size();
   QString text = QString::fromStdString(estimate.Note.Conditions);
   if (!estimate.Costs.Coupled && wires > 1)
-    text +=
-        QStringLiteral("; couplings of more than %1 wires are not worked out").arg(analysis::kCoupledUnasked);
+    text += QStringLiteral("; no couplings for more than %1 wires").arg(analysis::kCoupledUnasked);
   return text;
 }
 
 }  // namespace
 
-EstimatorWindow::EstimatorWindow(Request request)
-    : request_(std::move(request)),
-      model_(new CostModel(this)),
-      filter_(new CostFilter(*model_)),
-      table_(new QTableView),
-      search_(new QLineEdit),
-      unit_(new QComboBox),
-      state_(new QLabel) {
+EstimatorWindow::EstimatorWindow(Request request) : request_(std::move(request)) {
   setWindowTitle(QStringLiteral("ZU Estimator"));
   resize(960, 600);
+}
+
+void EstimatorWindow::Fill() {
+  model_ = new CostModel(this);
+  filter_ = new CostFilter(*model_);
+  table_ = new QTableView;
+  search_ = new QLineEdit;
+  unit_ = new QComboBox;
+  state_ = new QLabel;
   AddBar();
   AddTable();
-  statusBar()->addWidget(state_, 1);
+  AddState();
   connect(&work_, &QFutureWatcherBase::finished, this, [this] { ShowResult(); });
   ReadAgainWhenWritten();
   Begin();
 }
 
-/// The work refers to nothing of the window, but its threads should end before the program does.
+/// The work uses nothing of the window, but its threads must end before the program does.
 EstimatorWindow::~EstimatorWindow() { work_.waitForFinished(); }
 
 void EstimatorWindow::AddBar() {
@@ -61,7 +62,7 @@ void EstimatorWindow::AddBar() {
   search_->setAccessibleName(QStringLiteral("Search wires"));
   search_->setClearButtonEnabled(true);
   bar->addWidget(search_);
-  connect(search_, &QLineEdit::textChanged, this, [this](const QString& text) { filter_->Seek(text); });
+  connect(search_, &QLineEdit::textChanged, this, [this](const QString& text) { filter_->Search(text); });
   auto* const label = new QLabel(QStringLiteral(" &Unit of the package: "));
   label->setBuddy(unit_);
   unit_->addItems({QStringLiteral("mil"), QStringLiteral("mm"), QStringLiteral("um")});
@@ -88,14 +89,34 @@ void EstimatorWindow::AddBar() {
 void EstimatorWindow::AddTable() {
   table_->setModel(filter_);
   table_->setSortingEnabled(true);
-  table_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);  // the package's order
+  table_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);  // in the package's order
   table_->setSelectionBehavior(QAbstractItemView::SelectRows);
   table_->setAlternatingRowColors(true);
   table_->setWordWrap(false);
   table_->setAccessibleName(QStringLiteral("Wires"));
-  // All columns' widths are those of the first rows; thousands would take too long to measure.
+  // Column widths follow from the first rows; measuring thousands would take too long.
   table_->horizontalHeader()->setResizeContentsPrecision(50);
-  setCentralWidget(table_);
+  // A status bar would cut long texts; here they get the lines that they need.
+  auto* const centre = new QWidget;
+  auto* const column = new QVBoxLayout(centre);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->addWidget(table_, 1);
+  column->addWidget(state_);
+  setCentralWidget(centre);
+}
+
+/// A problem's text names files with their folders. It wraps, can be copied, and is the tool tip too.
+void EstimatorWindow::AddState() {
+  state_->setTextFormat(Qt::PlainText);  // names may look like mark-up
+  state_->setWordWrap(true);
+  state_->setMinimumWidth(1);  // or else a long word would widen the window
+  state_->setMargin(4);
+  state_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+}
+
+void EstimatorWindow::ShowState(const QString& text) {
+  state_->setText(text);
+  state_->setToolTip(QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped()));
 }
 
 EstimatorWindow::Result EstimatorWindow::WorkOut(const Request& request) {
@@ -119,7 +140,7 @@ void EstimatorWindow::Begin() {
     again_ = true;
     return;
   }
-  state_->setText(QStringLiteral("Working ..."));
+  ShowState(QStringLiteral("Working ..."));
   work_.setFuture(QtConcurrent::run([request = request_]() -> std::shared_ptr<const Result> {
     return std::make_shared<const Result>(WorkOut(request));
   }));
@@ -133,16 +154,16 @@ void EstimatorWindow::ShowResult() {
   table_->resizeColumnsToContents();
   if (!shown_->Problem.empty()) {
     setWindowTitle(QStringLiteral("ZU Estimator"));
-    state_->setText(QString::fromStdString(shown_->Problem));
+    ShowState(QString::fromStdString(shown_->Problem));
     return;
   }
   setWindowTitle(QStringLiteral("ZU Estimator - ") +
                  QString::fromStdString(std::string(model::FileNameOf(found.PackageFile))));
   unit_->setCurrentText(QString::fromLatin1(found.Unit.Name));
-  state_->setText(StateText(found));
+  ShowState(StateText(found));
 }
 
-/// A file that is written by way of another one is a new file, which only its folder reports.
+/// A program that writes a new file and renames it replaces the file; only the folder reports this.
 void EstimatorWindow::ReadAgainWhenWritten() {
   const QString file = QString::fromStdString(request_.ParameterFile);
   settle_.setSingleShot(true);
@@ -159,7 +180,7 @@ void EstimatorWindow::ReadAgainWhenWritten() {
   connect(&files_, &QFileSystemWatcher::directoryChanged, this, [this] { settle_.start(); });
 }
 
-/// The selected rows, or all of them, as a spreadsheet takes them.
+/// Copies the selected rows, or else all rows, with tabs between the cells as spreadsheets expect.
 void EstimatorWindow::Copy() const {
   QModelIndexList rows = table_->selectionModel()->selectedRows();
   std::sort(rows.begin(), rows.end());

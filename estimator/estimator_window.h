@@ -1,4 +1,4 @@
-/// The estimator's window: the wires' costs as a table that can be sorted, searched, copied and saved.
+/// The estimator's window: a table of the wires' costs that can be sorted, searched, copied and saved.
 #pragma once
 
 #include <QFileSystemWatcher>
@@ -20,12 +20,16 @@ namespace estimator {
 
 class EstimatorWindow final : public QMainWindow {
  public:
-  /// Starts to work at once, beside the window.
+  /// An empty window.
   explicit EstimatorWindow(Request request);
   ~EstimatorWindow() override;
 
+  /// Adds the table and its controls, and starts the work in another thread. Fonts and controls take as long
+  /// as all the rest of the start, so this is for a window that is on the screen already.
+  void Fill();
+
  private:
-  /// What the work beside the window ends with.
+  /// The result of the work.
   struct Result {
     Estimate Found;
     CostTexts Texts;
@@ -35,6 +39,8 @@ class EstimatorWindow final : public QMainWindow {
   static Result WorkOut(const Request& request);
   void AddBar();
   void AddTable();
+  void AddState();
+  void ShowState(const QString& text);
   void Begin();
   void ShowResult();
   void ReadAgainWhenWritten();
@@ -43,16 +49,16 @@ class EstimatorWindow final : public QMainWindow {
 
   Request request_;
   std::shared_ptr<const Result> shown_;
-  bool again_ = false;  ///< the file was written while the work went on
+  bool again_ = false;  ///< the file or the unit has changed since the work began
   QFutureWatcher<std::shared_ptr<const Result>> work_;
   QFileSystemWatcher files_;
   QTimer settle_;
-  CostModel* model_;
-  CostFilter* filter_;
-  QTableView* table_;
-  QLineEdit* search_;
-  QComboBox* unit_;
-  QLabel* state_;
+  CostModel* model_ = nullptr;
+  CostFilter* filter_ = nullptr;
+  QTableView* table_ = nullptr;
+  QLineEdit* search_ = nullptr;
+  QComboBox* unit_ = nullptr;
+  QLabel* state_ = nullptr;
 };
 
 }  // namespace estimator

@@ -20,5 +20,7 @@ int main(int argc, char** argv) {
                                      .Folder = QFile::encodeName(QDir::currentPath()).toStdString(),
                                      .Unit = {}});
   window.show();
+  QApplication::processEvents();  // or else the window would wait for its contents
+  window.Fill();
   return QApplication::exec();
 }

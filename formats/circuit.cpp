@@ -17,7 +17,9 @@ std::string Number(double value) {
   return {text, std::to_chars(text, text + sizeof text, value, std::chars_format::general, 9).ptr};
 }
 
-/// The file's name without its ending, in the characters that every simulator takes.
+double Rounded(double coupling) { return std::round(coupling * 1e9) / 1e9; }
+
+/// The file's name without its ending, with only characters that every simulator accepts.
 std::string SubcircuitName(const std::string& package) {
   std::string name = package.substr(0, package.rfind('.'));
   for (char& c : name)
@@ -26,7 +28,7 @@ std::string SubcircuitName(const std::string& package) {
   return beginsWell ? name : "wires_" + name;
 }
 
-/// A name in a comment must not end its line.
+/// A name without line ends, which would end a comment.
 std::string OneLine(std::string name) {
   std::replace_if(
       name.begin(), name.end(), [](char c) { return std::iscntrl(static_cast<unsigned char>(c)) != 0; }, ' ');
@@ -36,7 +38,8 @@ std::string OneLine(std::string name) {
 std::string LeftOutText(const analysis::WireCosts& costs, double least) {
   if (!costs.Coupled && costs.Rows.size() > 1) return "the couplings, which were not worked out";
   if (costs.LeftOut == 0) return "nothing";
-  return std::to_string(costs.LeftOut) + " couplings below " + Number(least) + ", the largest " +
+  if (costs.LeftOut == 1) return "1 coupling below " + Number(least) + ", of " + Number(costs.LargestLeftOut);
+  return std::to_string(costs.LeftOut) + " couplings below " + Number(least) + ", the largest of " +
          Number(costs.LargestLeftOut);
 }
 
@@ -60,7 +63,7 @@ std::string WireText(const analysis::WireCost& wire, const std::string& number) 
 }  // namespace
 
 std::string ConditionsText(std::size_t wires, const model::WireBondSettings& settings) {
-  return std::to_string(wires) + " wires, " + settings.Material + ", diameter " +
+  return std::to_string(wires) + (wires == 1 ? " wire, " : " wires, ") + settings.Material + ", diameter " +
          model::GeneralText(settings.WireDiameter) + " mil, " + model::GeneralText(settings.Frequency) +
          " Hz";
 }
@@ -73,19 +76,18 @@ std::string CircuitText(const analysis::WireCosts& costs, const CircuitNote& not
                      Ports(costs.Rows.size()) + "\n";
   for (std::size_t wire = 0; wire < costs.Rows.size(); ++wire)
     text += WireText(costs.Rows[wire], std::to_string(wire + 1));
-  for (const analysis::Coupling& pair : AsWritten(costs.Couplings)) {
+  for (const analysis::Coupling& pair : costs.Couplings) {
     const std::string first = std::to_string(pair.First + 1);
     const std::string second = std::to_string(pair.Second + 1);
     text.append("K_").append(first).append("_").append(second);
     text.append(" L_").append(first).append(" L_").append(second);
-    text.append(" ").append(Number(pair.K)).append("\n");
+    text.append(" ").append(Number(Rounded(pair.K))).append("\n");
   }
-  return text + ".ends " + name + "\n";
+  return text.append(".ends ").append(name).append("\n");
 }
 
-std::vector<analysis::Coupling> AsWritten(std::vector<analysis::Coupling> couplings) {
-  for (analysis::Coupling& pair : couplings) pair.K = std::round(pair.K * 1e9) / 1e9;
-  return couplings;
+void RoundCouplings(std::vector<analysis::Coupling>& couplings) {
+  for (analysis::Coupling& pair : couplings) pair.K = Rounded(pair.K);
 }
 
 }  // namespace formats

@@ -2,26 +2,29 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "analysis/wire_costs.h"
 
 namespace formats {
 
-/// What the circuit says about itself.
+/// What the comments of a circuit say.
 struct CircuitNote {
   std::string Package;     ///< the name of the package's file, after which the subcircuit is named
   std::string Conditions;  ///< the wires' material and diameter, the frequency, the plane
   double LeastCoupling = 0.0;
 };
 
-/// How many wires there are, of what and at which frequency.
+/// Number, material and diameter of the wires, and the frequency.
 std::string ConditionsText(std::size_t wires, const model::WireBondSettings& settings);
 
-/// A subcircuit with two ports for each wire, its start and its end, in the wires' order: a resistance and an
-/// inductance in series, and the couplings. A comment says what each stands for, and what was left out.
+/// A subcircuit with two ports for each wire, its start and its end, in the order of the wires. Each wire is
+/// a resistance and an inductance in series; couplings follow. Comments name the wires and say what was left
+/// out.
 std::string CircuitText(const analysis::WireCosts& costs, const CircuitNote& note);
 
-/// The couplings as the circuit has them, to nine digits.
-std::vector<analysis::Coupling> AsWritten(std::vector<analysis::Coupling> couplings);
+/// Rounds the couplings to the nine decimals with which a circuit is written. A circuit is checked with what
+/// it says.
+void RoundCouplings(std::vector<analysis::Coupling>& couplings);
 
 }  // namespace formats

@@ -1,4 +1,4 @@
-/// The costs of wires as a table: CSV, JSON, and the cells that a window shows.
+/// The costs of wires as a table: CSV, JSON, and cells for a window.
 #pragma once
 
 #include <string>
@@ -8,20 +8,21 @@
 
 namespace formats {
 
-/// One value of a wire. Numbers have as many digits as a single holds; what is not known is empty.
+/// One value of a wire. Numbers have the digits of a single; an unknown value is empty.
 struct CostCell {
   const char* Column;
   std::string Text;
   bool IsNumber;
 };
 
-/// Every value of a wire in the columns' order: lengths in millimetres, milliohms, nanohenries.
+/// The values of a wire, in the order of the columns.
+/// Units   millimetres, milliohms, nanohenries
 std::vector<CostCell> CostCells(const analysis::WireCost& wire);
 
 /// A line of column names and a line for each wire.
 std::string CostsCsv(const analysis::WireCosts& costs);
 
-/// One object with "wires", each with the columns' names.
+/// An object with the list "wires"; the keys of a wire are the names of the columns.
 std::string CostsJson(const analysis::WireCosts& costs);
 
 }  // namespace formats

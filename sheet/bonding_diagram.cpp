@@ -104,13 +104,14 @@ class Composer {
                              (in_.Scale && !planFits ? " at " + Decimal(*in_.Scale, 3) + " : 1" : "") +
                              "; use --sheet ";
     for (const Paper& paper : NamedPapers())
-      if (FitOn(paper)) throw DoesNotFit(what + paper.Name);
+      if (FitOn(paper)) throw DoesNotFit(what + paper.Name, paper);
     Paper paper{"", kWidestPaper, kWidestPaper};
     if (!FitOn(paper))
       throw DoesNotFit(std::string(planFits ? "the table" : "the plan") +
                        " is larger than any sheet; give a smaller --scale, or see that --unit is right");
     const int width = LeastSide(paper, &Paper::Width);
-    throw DoesNotFit(what + std::to_string(width) + "x" + std::to_string(LeastSide(paper, &Paper::Height)));
+    const int height = LeastSide(paper, &Paper::Height);
+    throw DoesNotFit(what + std::to_string(width) + "x" + std::to_string(height), paper);
   }
 
   /// Makes one side of a paper on which everything fits as short as it may be.

@@ -7,6 +7,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "analysis/record_lines.h"
@@ -74,10 +75,13 @@ struct DiagramInputs {
   bool Table = false;
 };
 
-/// The sheet is too small. Its text is what to do.
+/// The sheet is too small. The text says what to do.
 class DoesNotFit : public std::runtime_error {
  public:
-  using std::runtime_error::runtime_error;
+  explicit DoesNotFit(const std::string& text, std::optional<Paper> fitting = {})
+      : std::runtime_error(text), Fitting(std::move(fitting)) {}
+
+  std::optional<Paper> Fitting;  ///< a paper that the plan fits on, where there is one
 };
 
 /// Faults  DoesNotFit; DivisionByZero for a bowed ring without bulge

@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "analysis/coupling_matrix.h"
@@ -31,7 +32,8 @@ struct EstimateOptions {
   WireOptions wires;
 };
 
-constexpr double kLeastCoupling = 0.1;  ///< of a circuit, where no other is given
+constexpr double kLeastCoupling = 0.1;  ///< of a circuit, when the option is not given
+constexpr double kNoCoupling = 2.0;     ///< more than any coupling
 
 std::string Text(double value) { return model::GeneralText(static_cast<float>(value)); }
 
@@ -50,7 +52,7 @@ analysis::BondWires ConductorsOf(const EstimateOptions& options, const std::vect
   return analysis::ConductorsOf(loops, settings, unit, ResistivityFor(options, settings), options.plane);
 }
 
-/// The place of a message about a wire.
+/// The line of the wire, for a message.
 Place PlaceOf(const EstimateOptions& options, const OpenedPackage& opened, const analysis::WireLoop& loop) {
   return {options.package.File, opened.Lines.Of(loop.Place)};
 }
@@ -69,29 +71,31 @@ void CheckPlane(const EstimateOptions& options, const OpenedPackage& opened,
   }
 }
 
-/// The least coupling to keep; nothing where couplings take long and the option does not ask for them.
+/// The least coupling to keep; nothing when couplings take long and the option does not ask for them.
 std::optional<double> LeastCoupling(const EstimateOptions& options, std::size_t wires) {
+  const std::string fewer =
+      "choose at most " + std::to_string(analysis::kMostCoupled) + " with --tier, --net or --name";
   if (options.coupling && wires > analysis::kMostCoupled)
-    throw Unusable(
-        {.File = options.package.File}, "couplings of " + std::to_string(wires) + " wires are too many",
-        "choose at most " + std::to_string(analysis::kMostCoupled) + " with --tier, --net or --name");
+    throw Unusable({.File = options.package.File},
+                   "couplings of " + std::to_string(wires) + " wires are too many", fewer);
   if (options.coupling || wires <= analysis::kCoupledUnasked)
-    return options.coupling.value_or(kLeastCoupling);
+    // A table has the nearest wires alone.
+    return options.format == "spice" ? options.coupling.value_or(kLeastCoupling) : kNoCoupling;
   Complain({.File = options.package.File},
            "note: the couplings of " + std::to_string(wires) + " wires are not worked out",
-           "ask for them with --coupling");
+           wires > analysis::kMostCoupled ? fewer : "ask for them with --coupling");
   return std::nullopt;
 }
 
-std::string CircuitOf(const EstimateOptions& options, const analysis::WireCosts& costs,
-                      const OpenedPackage& opened, const analysis::LengthUnit& unit) {
+std::string CircuitOf(const EstimateOptions& options, analysis::WireCosts costs, const OpenedPackage& opened,
+                      const analysis::LengthUnit& unit) {
   const double least = options.coupling.value_or(kLeastCoupling);
-  const std::vector<analysis::Coupling> written = formats::AsWritten(costs.Couplings);
-  if (!analysis::IsPositiveDefinite(costs.Rows.size(), written))
-    throw Unusable({.File = options.package.File},
-                   "the couplings of at least " + Text(least) + " alone are none that a circuit can have",
-                   "give --coupling " + Text(analysis::UsableLeast(costs.Rows.size(), written, least)) +
-                       ", or 0 for all");
+  formats::RoundCouplings(costs.Couplings);
+  if (!analysis::IsPositiveDefinite(costs.Rows.size(), costs.Couplings))
+    throw Unusable(
+        {.File = options.package.File}, "no circuit can have only the couplings of at least " + Text(least),
+        "give --coupling " + Text(analysis::UsableLeast(costs.Rows.size(), costs.Couplings, least)) +
+            ", or 0 for all");
   std::string conditions = formats::ConditionsText(costs.Rows.size(), opened.Settings);
   if (options.resistivity) conditions += ", resistivity given";
   if (options.plane) conditions += ", a plane at " + Text(*options.plane) + " " + unit.Name;
@@ -106,14 +110,14 @@ Status Estimate(const EstimateOptions& options) {
   const std::vector<analysis::WireLoop> loops = opened.Loops();
   const analysis::BondWires wires = ConductorsOf(options, loops, opened.Settings, unit);
   CheckPlane(options, opened, loops, unit);
-  const analysis::WireCosts costs =
+  analysis::WireCosts costs =
       analysis::CostsOf(opened.Package, loops, wires, LeastCoupling(options, loops.size()));
   if (const auto wire = analysis::WireWithoutCost(costs))
     throw Unusable(PlaceOf(options, opened, loops[*wire]),
                    "wire " + model::Quoted(loops[*wire].Name) + " is too long or too thin to be worked out",
-                   "see its coordinates and --wire-diameter");
+                   "check its coordinates, --wire-diameter and --resistivity");
   if (options.format == "spice")
-    WriteOutput(options.output, CircuitOf(options, costs, opened, unit));
+    WriteOutput(options.output, CircuitOf(options, std::move(costs), opened, unit));
   else
     WriteOutput(options.output,
                 options.format == "json" ? formats::CostsJson(costs) : formats::CostsCsv(costs));
@@ -135,11 +139,12 @@ Command AddEstimate(CLI::App& program) {
   AddPackageOption(*command, options->package);
   command->add_option("-o,--output", options->output, "Where to write; - for standard output (the default)")
       ->type_name("FILE");
-  command->add_option("--format", options->format, "A table, one JSON object, or a subcircuit (default: csv)")
+  command->add_option("--format", options->format, "A table (the default), a JSON object, or a subcircuit")
       ->check(CLI::IsMember(std::vector<std::string>{"csv", "json", "spice"}));
-  AddNumber(*command, "--resistivity", "OHM_M", "Of the wires, in ohm metres (default: the material's)",
-            options->resistivity);
-  AddNumber(*command, "--plane", "UNITS", "A conducting plane at this height below the wires, in file units",
+  AddNumber(*command, "--resistivity", "OHM_M",
+            "Resistivity of the wires in ohm metres (default: that of the material)", options->resistivity);
+  AddNumber(*command, "--plane", "UNITS",
+            "Add a conducting plane below the wires, at this height over the substrate in file units",
             options->plane);
   command
       ->add_option_function<std::string>(
@@ -147,10 +152,13 @@ Command AddEstimate(CLI::App& program) {
           [options](const std::string& text) {
             const double least = DoubleOf("--coupling", text);
             if (!(least >= 0.0 && least <= 1.0))
-              throw Unusable(CommandLine(), "--coupling '" + text + "' is not from 0 to 1", "0 takes all");
+              throw Unusable(CommandLine(), "--coupling '" + text + "' is not from 0 to 1", "0 writes all");
             options->coupling = least;
           },
-          "The smallest coupling of a subcircuit, 0 to 1 (default: 0.1; 0 takes all)")
+          "The smallest coupling that a subcircuit has, 0 to 1 (default: 0.1; 0 writes all). More than " +
+              std::to_string(analysis::kCoupledUnasked) +
+              " wires have no couplings without this option, more than " +
+              std::to_string(analysis::kMostCoupled) + " cannot have them")
       ->type_name("K");
   AddUnitOption(*command, options->unit);
   AddLoopOptions(*command, options->loops);

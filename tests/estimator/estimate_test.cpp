@@ -94,7 +94,8 @@ TEST_F(EstimateTest, ACircuitLeavesOutWhatWouldMakeItImpossible) {
                  .LeftOut = 1,
                  .LargestLeftOut = 0.05};
   three.Note.LeastCoupling = 0.1;
-  EXPECT_NE(CircuitOf(three).find("Left out: 3 couplings below 0.801, the largest 0.8."), std::string::npos)
+  EXPECT_NE(CircuitOf(three).find("Left out: 3 couplings below 0.801, the largest of 0.8."),
+            std::string::npos)
       << CircuitOf(three);
 }
 

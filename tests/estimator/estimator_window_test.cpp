@@ -6,7 +6,6 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
-#include <QStatusBar>
 #include <QTableView>
 #include <QTest>
 #include <filesystem>
@@ -31,12 +30,12 @@ class EstimatorWindowTest : public testing::Test {
     auto window = std::make_unique<EstimatorWindow>(
         Request{.ParameterFile = File(), .Folder = packages, .Unit = std::nullopt});
     window->show();
+    window->Fill();
     EXPECT_TRUE(QTest::qWaitFor([&] { return !State(*window).startsWith("Working"); }, 20000));
     return window;
   }
-  static QString State(const EstimatorWindow& window) {
-    return window.findChild<QStatusBar*>()->findChild<QLabel*>()->text();
-  }
+  static QLabel* Label(const EstimatorWindow& window) { return window.centralWidget()->findChild<QLabel*>(); }
+  static QString State(const EstimatorWindow& window) { return Label(window)->text(); }
   static QString Cell(const EstimatorWindow& window, int row, int column) {
     return window.findChild<QTableView*>()->model()->index(row, column).data().toString();
   }
@@ -46,7 +45,7 @@ class EstimatorWindowTest : public testing::Test {
 
 constexpr int kName = 0, kLength = 5, kResistance = 7;
 
-TEST_F(EstimatorWindowTest, ShowsSortsAndSeeksTheWires) {
+TEST_F(EstimatorWindowTest, ShowsSortsAndSearchesTheWires) {
   const auto window = Opened();
   auto* const table = window->findChild<QTableView*>();
   ASSERT_EQ(table->model()->rowCount(), 63);
@@ -78,10 +77,18 @@ TEST_F(EstimatorWindowTest, ReadsAgainWhenTheFileIsWrittenAgain) {
       << State(*window).toStdString();
 }
 
-TEST_F(EstimatorWindowTest, SaysThatThePackageIsMissing) {
-  const auto window = Opened(folder / "");
-  EXPECT_TRUE(State(*window).startsWith("caravel-qfn64.yax: there is no such package"))
-      << State(*window).toStdString();
+TEST_F(EstimatorWindowTest, SaysThatThePackageIsMissingAndShowsAllOfTheText) {
+  std::string deep = folder / "<b>";
+  for (int k = 0; k < 20; ++k) deep += "/a rather long name of a folder";
+  const auto window = Opened(deep);
+  const QLabel* const label = Label(*window);
+  const auto room = [label] { return label->height() - label->heightForWidth(label->width()); };
+  EXPECT_TRUE(QTest::qWaitFor([&] { return room() == 0; })) << room();
+  EXPECT_EQ(window->width(), 960);
+  EXPECT_LT(label->height(), 150) << "some lines";
+  EXPECT_TRUE(label->text().startsWith("caravel-qfn64.yax: there is no such package"))
+      << qPrintable(label->text());
+  EXPECT_TRUE(label->text().contains(QString::fromStdString(deep)));
   EXPECT_EQ(window->findChild<QTableView*>()->model()->rowCount(), 0);
 }
 

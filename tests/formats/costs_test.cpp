@@ -53,13 +53,23 @@ TEST(CircuitTest, HasAPortPairForEachWireAndSaysWhatIsLeftOut) {
   EXPECT_EQ(CircuitText(Three(), {.Package = "a b.yax", .Conditions = "3 wires", .LeastCoupling = 0.1}),
             "* The bond wires of a b.yax: 3 wires.\n"
             "* Wire n runs from port sn to port en. R, L and k hold at this frequency.\n"
-            "* Left out: 2 couplings below 0.1, the largest 0.0625.\n"
+            "* Left out: 2 couplings below 0.1, the largest of 0.0625.\n"
             ".subckt a_b\n+ s1 e1\n+ s2 e2\n+ s3 e3\n"
             "* 1: A\nR_1 s1 m1 0.0654225\nL_1 m1 e1 1.25e-09\n"
             "* 2: B:C\nR_2 s2 m2 0.0654225\nL_2 m2 e2 1.25e-09\n"
             "* 3: D,\"E\nR_3 s3 m3 0.0654225\nL_3 m3 e3 1.25e-09\n"
             "K_1_2 L_1 L_2 -0.25\n"
             ".ends a_b\n");
+}
+
+TEST(CircuitTest, OneIsSingular) {
+  analysis::WireCosts costs = Three();
+  costs.LeftOut = 1;
+  const CircuitNote note{
+      .Package = "a.yax", .Conditions = ConditionsText(1, {.Material = "Au"}), .LeastCoupling = 0.1};
+  const std::string text = CircuitText(costs, note);
+  EXPECT_NE(text.find("a.yax: 1 wire, Au, "), std::string::npos) << text;
+  EXPECT_NE(text.find("Left out: 1 coupling below 0.1, of 0.0625.\n"), std::string::npos);
 }
 
 TEST(CircuitTest, NamesThatNoSimulatorTakesStayInComments) {

@@ -28,8 +28,9 @@ def page_of(package, *options):
     meshes = folder / (package.stem + ".glb")
     for output in (page, meshes):
         subprocess.run([yax, "export", "-o", output, *options, package], check=True)
-    size, limit = page.stat().st_size, 750_000 + meshes.stat().st_size * 4 / 3
-    assert size <= limit + DIAGRAM, f"{page.name}: {size} bytes"
+    text = page.read_bytes()
+    diagram = text[text.index(b"<svg"):text.index(b"</svg>")]
+    assert len(text) <= 750_000 + meshes.stat().st_size * 4 / 3 + len(diagram), f"{page.name}: {len(text)} bytes"
     return page
 
 
@@ -86,38 +87,64 @@ def check_list(browser):
     assert about(browser) == ""
 
 
+def met(browser, view, across):
+    """The wires under a pointer that goes down the picture, in their order."""
+    browser.run("[...document.querySelectorAll('button')].find((one) => one.textContent === arguments[0]).click()", view)
+    box = browser.run("const box = document.getElementById('view').getBoundingClientRect();"
+                      "return [box.left, box.top, box.width, box.height]")
+    names = []
+    for step in range(90):
+        browser.point(box[0] + across * box[2], box[1] + box[3] * (0.05 + 0.01 * step))
+        name = about(browser).split("\n")[1] if about(browser) else ""
+        if name and name not in names:
+            names.append(name)
+    return names
+
+
 def check_pointer(browser):
     """From above the wires of the odd package lie one below the other, to the right of the die."""
     browser.open(folder / "odd.html")
-    browser.run("[...document.querySelectorAll('#views button')].find((view) => view.textContent === 'Top').click()")
-    box = browser.run("const box = document.getElementById('view').getBoundingClientRect();"
-                      "return [box.left, box.top, box.width, box.height]")
-    met = []
-    x = box[0] + 0.65 * box[2]
-    for step in range(90):
-        browser.point(x, box[1] + box[3] * (0.05 + 0.01 * step))
-        name = about(browser).split("\n")[1] if about(browser) else ""
-        if name and name not in met:
-            met.append(name)
-    # The package's y points up on the screen.
-    assert met == NAMES[::-1], met
+    found = met(browser, "Top", 0.65)
+    assert found == NAMES[::-1], found  # the package's y points up on the screen
+    over = folder / "over.yax"  # this wire lies over the die, which hides it from below
+    over.write_text("TECHNOLOGY WIRE_BOND\nCOMPL 40\nCOMPW 40\nCOMPZ 5\nCBP A 15 0 0 3 3 0 R RECTANGLE\n"
+                    "SBP A -15 0 0 3 3 0 RECTANGLE 0 1\nWB A 15 0 0 -15 0 5 5\n")
+    browser.open(page_of(over, "--unit", "mil"))
+    found = met(browser, "Top", 0.5), met(browser, "Bottom", 0.5)
+    assert found == (["A"], []), found
+
+
+def check_diagram(browser):
+    """The second tab by keyboard, and larger."""
+    browser.open(folder / "bga332.html")
+    browser.run("document.getElementById('model-tab').focus()")
+    browser.press("\ue014")  # arrow right
+    width = "return document.querySelector('#diagram-panel svg').getBoundingClientRect().width"
+    assert browser.run("return document.activeElement.id") == "diagram-tab"
+    assert "VSS_L_1" in browser.run("return document.getElementById('diagram-panel').textContent")
+    whole = browser.run(width)
+    assert 1000 < whole < 1280, whole
+    for name, factor in (("Larger", 1.5), ("Whole sheet", 1)):
+        browser.run("[...document.querySelectorAll('button')].find((one) => one.textContent === arguments[0]).click()", name)
+        assert abs(browser.run(width) - factor * whole) < 0.02 * whole, name
 
 
 def check_paper(browser):
     paper = folder / "page.pdf"
     paper.write_bytes(base64.b64decode(browser.send("POST", "/print", {})))
     text = subprocess.run(["pdftotext", "-layout", paper, "-"], check=True, capture_output=True, text=True).stdout
-    for expected in ("odd.yax", "Length (mil)", "45.73618", "@STYLE@"):
+    for expected in ("odd.yax", "Length (mil)", "45.73618", "@STYLE@", "Smallest opening"):
         assert expected in text, text
-    assert "Search" not in text and "Top" not in text
+    assert not any(control in text for control in ("Search", "Top", "Larger"))
 
 
-DIAGRAM = 0
 browser = Browser(1280, 800)
 try:
     check_names(browser)
     check_list(browser)
     check_pointer(browser)
+    check_diagram(browser)
+    browser.open(folder / "odd.html")
     check_paper(browser)
     browser.open(page_of(samples / "flipchip-bigblade.yax", "--unit", "mm"))
     assert count(browser) == "This package has no wires."

@@ -67,6 +67,24 @@ TEST_F(PageTest, AWireHasItsMeasuresAndTheNearestOfAllWires) {
   EXPECT_EQ(wires[0][7], "A");
 }
 
+TEST_F(PageTest, TheDiagramStandsOnASheetThatIsLargeEnough) {
+  const struct {
+    const char* Side;  ///< of the die, mm
+    bool HasDiagram;
+  } rows[] = {{"4", true}, {"700", true}, {"90000", false}};  // no sheet is longer than 5080 mm
+  for (const auto& [side, hasDiagram] : rows) {
+    const std::string size(side);
+    const std::string file = PutFile(
+        folder / "large.yax", "TECHNOLOGY WIRE_BOND\nCOMPL " + size + "\nCOMPW " + size + "\nCOMPZ 1\n");
+    testing::internal::CaptureStderr();
+    const std::string page = PageOf({{file}, {}, {}}, *analysis::UnitNamed("mm"), {});
+    const std::string note = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(Count(page, "id=\"diagram-tab\""), hasDiagram ? 1U : 0U) << side;
+    EXPECT_EQ(Count(page, "<svg"), hasDiagram ? 1U : 0U) << side;
+    EXPECT_EQ(Count(note, "large.yax: note: the page has no diagram, "), hasDiagram ? 0U : 1U) << note;
+  }
+}
+
 TEST_F(PageTest, EachWiresTrianglesLieAroundItsLine) {
   const OpenedPackage opened = Opened();
   const double scale = double(opened.Package.UnitScale);

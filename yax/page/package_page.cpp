@@ -9,6 +9,7 @@
 #include "sheet/bonding_diagram.h"
 #include "sheet/measured_data.h"
 #include "yax/meshes/mesh_files.h"
+#include "yax/messages.h"
 #include "yax/options/text_file.h"
 #include "yax/options/unit.h"
 #include "yax/page/page_html.h"
@@ -17,13 +18,11 @@ namespace yax {
 
 namespace {
 
-constexpr double kSmallestDiagram = 420.0;  ///< the width of an A3 sheet, millimetres
-
-/// Of each wire the nearest other one, for all loops of the package.
+/// The nearest other wire of each wire, among all loops of the package.
 std::vector<NearestWire> NearestOf(const std::vector<analysis::WireLoop>& loops,
                                    const analysis::Clearances& clearances, const analysis::LengthUnit& unit) {
   std::vector<NearestWire> nearest(loops.size());
-  // The closest pairs come first, so the first pair of a wire is that with its nearest other one.
+  // The closest pairs come first, so the first pair of a wire has its nearest other wire.
   for (const analysis::ClearanceRow& pair : clearances.Rows) {
     const std::string clearance = formats::LengthText(pair.Clearance, unit);
     if (nearest[pair.First].Name.empty()) nearest[pair.First] = {clearance, pair.Other};
@@ -32,7 +31,7 @@ std::vector<NearestWire> NearestOf(const std::vector<analysis::WireLoop>& loops,
   return nearest;
 }
 
-/// Of the chosen wires alone, which are some of all loops in the same order.
+/// The entries of the chosen wires, which are some of all loops in the same order.
 std::vector<NearestWire> Chosen(const std::vector<NearestWire>& nearest,
                                 const std::vector<analysis::WireLoop>& loops,
                                 const std::vector<analysis::WireRow>& rows) {
@@ -45,35 +44,38 @@ std::vector<NearestWire> Chosen(const std::vector<NearestWire>& nearest,
   return chosen;
 }
 
-/// The bonding diagram on the smallest sheet from A3 on that it fits; empty where it fits none.
+/// The bonding diagram on a sheet A3, or on a larger one that the plan fits on. Empty, with a note, where no
+/// sheet is large enough.
 std::string DiagramOf(const OpenedPackage& opened, const std::vector<analysis::WireLoop>& loops,
                       const analysis::LengthUnit& unit) {
   const std::vector<sheet::DiagramWire> wires = sheet::DiagramWiresOf(opened.Package, loops, opened.Lines);
   const std::vector<sheet::Fact> facts =
       sheet::MeasuredData({opened.Package, wires, opened.Settings, unit.Name, 1.0, "", ""});
-  for (const sheet::Paper& paper : sheet::NamedPapers()) {
-    if (paper.Width < kSmallestDiagram) continue;
-    try {
-      return sheet::SvgOf(
-          sheet::BondingDiagram({.Package = opened.Package,
-                                 .Wires = wires,
-                                 .Facts = facts,
-                                 .Notes = {},
-                                 .Findings = {},
-                                 .Title = {},
-                                 .FileName = std::string(model::FileNameOf(opened.Package.PackagePath)),
-                                 .Digest = DigestOf(opened.Package.PackagePath),
-                                 .Millimetres = unit.Metres * 1e3,
-                                 .Unit = unit.Name,
-                                 .NumberScale = 1.0,
-                                 .Paper = paper,
-                                 .Scale = {},
-                                 .Into = sheet::Split::None,
-                                 .Table = false}));
-    } catch (const sheet::DoesNotFit&) {
-      continue;
+  sheet::DiagramInputs inputs{.Package = opened.Package,
+                              .Wires = wires,
+                              .Facts = facts,
+                              .Notes = {},
+                              .Findings = {},
+                              .Title = {},
+                              .FileName = std::string(model::FileNameOf(opened.Package.PackagePath)),
+                              .Digest = DigestOf(opened.Package.PackagePath),
+                              .Millimetres = unit.Metres * 1e3,
+                              .Unit = unit.Name,
+                              .NumberScale = 1.0,
+                              .Paper = {.Name = "a3"},
+                              .Scale = {},
+                              .Into = sheet::Split::None,
+                              .Table = false};
+  try {
+    return sheet::SvgOf(sheet::BondingDiagram(inputs));
+  } catch (const sheet::DoesNotFit& small) {
+    if (small.Fitting) {
+      inputs.Paper = *small.Fitting;
+      return sheet::SvgOf(sheet::BondingDiagram(inputs));
     }
   }
+  Complain({.File = opened.Package.PackagePath},
+           "note: the page has no diagram, because the plan is larger than any sheet", "check --unit");
   return "";
 }
 

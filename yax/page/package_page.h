@@ -9,7 +9,7 @@
 
 namespace yax {
 
-/// The page with the wires chosen; clearances are those to all wires.
+/// The page with the chosen wires. Their clearances are measured to all wires.
 /// Faults  Fault when something cannot be drawn
 std::string PageOf(const OpenedPackage& opened, const analysis::LengthUnit& unit,
                    const analysis::NetRule& nets);

@@ -6,6 +6,7 @@
 
 #include "formats/json.h"
 #include "model/version.h"
+#include "render/tube.h"
 #include "yax/page/page_parts.h"
 
 namespace yax {
@@ -14,8 +15,8 @@ namespace {
 
 using formats::Json;
 
-/// In an element whose text is JSON nothing but its end has a meaning; that begins with "<", which may be
-/// written as an escape wherever JSON has one.
+/// JSON that can stand in a script element. Only "<" can end the element; in JSON it occurs in strings alone,
+/// where it can be an escape.
 std::string InElement(const std::string& json) {
   std::string text;
   for (const char c : json) text += c == '<' ? "\\u003c" : std::string(1, c);
@@ -41,9 +42,12 @@ Json Bytes(const model::Colour& paint) {
   return bytes;
 }
 
-/// The wires as rows without keys, which would take most of the room.
+/// The wires as lists of values: keys would take more space than the values.
 std::string PackageJson(const PageInputs& inputs) {
-  Json json{{"unit", inputs.Unit}, {"light", Json::array()}, {"wires", Json::array()}};
+  Json json{{"unit", inputs.Unit},
+            {"tubeSides", render::kTubeSides},
+            {"light", Json::array()},
+            {"wires", Json::array()}};
   for (const model::Colour& paint : inputs.model.Light) json["light"].push_back(Bytes(paint));
   for (std::size_t k = 0; k < inputs.wires.size(); ++k) {
     const analysis::WireRow& row = inputs.wires[k];
@@ -56,7 +60,7 @@ std::string PackageJson(const PageInputs& inputs) {
 }
 
 std::string DiagramPanel(const std::string& svg) {
-  // A stand-alone file begins with a declaration that a page must not repeat.
+  // The XML declaration before the element must not stand in a page.
   const std::size_t begin = svg.find("<svg");
   return "<section role=\"tabpanel\" id=\"diagram-panel\" aria-labelledby=\"diagram-tab\" hidden>\n" +
          svg.substr(begin) + "</section>\n";
@@ -81,7 +85,7 @@ std::string PartOf(const PageInputs& inputs, std::string_view name) {
 
 std::string PageHtml(const PageInputs& inputs) {
   std::string page;
-  // Every second piece of the frame is the name of a part.
+  // The frame splits at "@" into text and names of parts by turns.
   bool isName = false;
   for (std::string_view rest = kPageFrame; !rest.empty(); isName = !isName) {
     const std::size_t end = std::min(rest.find('@'), rest.size());

@@ -10,23 +10,23 @@
 
 namespace yax {
 
-/// What the page says about a wire besides its row.
+/// The nearest other wire of a wire.
 struct NearestWire {
-  std::string Clearance;  ///< in file units, as it is shown
+  std::string Clearance;  ///< in file units, as text
   std::string Name;       ///< the other wire; empty where there is none
 };
 
 struct PageInputs {
   std::string Title;  ///< the name of the package's file
-  std::string Unit;   ///< of the rows' lengths
+  std::string Unit;   ///< of lengths in the rows
   const PageModel& model;
-  const std::string& gltf;  ///< the model's groups as text
+  const std::string& gltf;  ///< the model's groups as glTF
   const std::vector<analysis::WireRow>& wires;
   const std::vector<NearestWire>& nearest;  ///< of each wire
-  std::string Diagram = {};                 ///< the bonding diagram as SVG; empty for no such tab
+  std::string Diagram = {};  ///< the bonding diagram as SVG; when empty the page has no tab for it
 };
 
-/// The whole file: viewer, meshes and wires. Names stand in it as text, whatever their characters.
+/// The whole file: viewer, meshes and wires. Names are text, whatever their characters.
 /// Needs   a wire of the model for each of `wires`
 std::string PageHtml(const PageInputs& inputs);
 

@@ -9,7 +9,7 @@ namespace yax {
 
 namespace {
 
-/// What makes a mesh: shapes of one kind and of one pair of colours.
+/// A mesh holds the shapes of one kind with the same colours.
 struct Kind {
   const char* Name;
   model::Colour OnBlack, OnWhite;
@@ -26,7 +26,7 @@ bool AreSame(const Kind& a, const Kind& b) {
 constexpr const char* kKindNames[] = {"die",      "stacked die",    "die attach", "rings",
                                       "die pads", "substrate pads", "wires",      "stitches"};
 
-/// The colours of all shapes, one after the other.
+/// Collects the colours of all shapes, in the order of drawing.
 class PaintPen final : public model::Pen {
  public:
   void Quad(const model::Face& face) override { Paints.push_back(face.Paint); }
@@ -36,7 +36,7 @@ class PaintPen final : public model::Pen {
   std::vector<model::Colour> Paints;
 };
 
-/// Sorts the shapes drawn on black, whose colours on white are known, and keeps where each wire came to lie.
+/// Sorts the shapes into meshes by their colours on black and on white, and remembers the triangles of wires.
 class PagePen final : public model::Pen {
  public:
   PagePen(std::vector<model::Colour> onWhite, double wireRadius)
@@ -58,7 +58,7 @@ class PagePen final : public model::Pen {
     wires_.push_back({current_, first, mesh.Triangles.size() - first});
   }
 
-  /// Takes the meshes away.
+  /// Moves the meshes out.
   PageModel Model();
 
  private:
@@ -79,7 +79,7 @@ class PagePen final : public model::Pen {
   std::vector<WireTriangles> wires_;
 };
 
-/// A file has no meshes without triangles, so these do not count.
+/// Meshes without triangles are left out, as glTF files do.
 PageModel PagePen::Model() {
   PageModel model;
   std::vector<std::size_t> places;

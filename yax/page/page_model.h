@@ -1,4 +1,4 @@
-/// A package as meshes for a page: few of them, in which every wire can be found again.
+/// A package as a few meshes for a page, with the triangles of each wire.
 #pragma once
 
 #include <cstddef>
@@ -9,18 +9,18 @@
 
 namespace yax {
 
-/// The triangles of a wire: in which of all meshes, and which of them.
+/// The triangles of a wire: `Count` triangles of a mesh, from number `First` on.
 struct WireTriangles {
   std::size_t Mesh = 0, First = 0, Count = 0;
 };
 
 struct PageModel {
   std::vector<render::MeshGroup> Groups;  ///< a group for each kind of thing
-  std::vector<model::Colour> Light;  ///< of each mesh, the groups' meshes counted on, its colour on white
-  std::vector<WireTriangles> Wires;  ///< in the order in which they are drawn
+  std::vector<model::Colour> Light;       ///< the colour on white of each mesh, through all groups
+  std::vector<WireTriangles> Wires;       ///< in the order in which they are drawn
 };
 
-/// Draws the package as on black.
+/// Draws the package with its colours on black, and notes those on white.
 /// Units   `wireRadius` in scene units
 /// Faults  as Scene::DrawPackage
 PageModel ModelOf(const render::SceneInputs& inputs, double wireRadius);

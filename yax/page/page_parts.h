@@ -1,4 +1,4 @@
-/// The parts of a page that are the same for every package, from the files in viewer/.
+/// The parts that are the same in every page, made from the files in viewer/.
 #pragma once
 
 namespace yax {

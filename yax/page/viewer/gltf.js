@@ -1,4 +1,4 @@
-// A glTF file as text, as far as an export writes one: indexed triangles in plain colours, one buffer in base 64.
+// Reads the subset of glTF that the export writes: indexed triangles in plain colours, one buffer in base 64.
 
 export function bytesOf(uri) {
   const text = atob(uri.slice(uri.indexOf(",") + 1));
@@ -7,15 +7,15 @@ export function bytesOf(uri) {
   return bytes;
 }
 
-// glTF's colours are linear, a screen's are sRGB; white is the one that a file need not name.
+// glTF's colours are linear, a screen's are sRGB. A material without a colour is white.
 function screenColour(material) {
   const { baseColorFactor = [1, 1, 1] } = material.pbrMetallicRoughness || {};
   return baseColorFactor.slice(0, 3).map((c) =>
     Math.round(255 * (c <= 0.0031308 ? 12.92 * c : 1.055 * Math.pow(c, 1 / 2.4) - 0.055)));
 }
 
-// The primitives in the file's order, each with its points (x, y, z after each other), its triangles (three
-// points each) and its colour (0 to 255).
+// The primitives in the order of the file, each with its points (x, y, z), its triangles (three numbers of
+// points) and its colour (three values from 0 to 255).
 export function primitivesOf(file) {
   const meshes = file.meshes || [];
   if (meshes.length === 0) return [];

@@ -1,10 +1,9 @@
-// The package's triangles in one piece, so that thousands of wires are drawn at once.
+// All triangles of the package on one set of vertices, so that thousands of wires are drawn with one call.
 
 import { BufferAttribute, BufferGeometry } from "three";
 
-// Puts all primitives into one set of vertices. Each has its colour and the number of its wire (from 1; 0 for
-// everything else) in three bytes. `lightColours` holds the colours of primitives that have another one on a
-// light background, by their numbers.
+// Puts all primitives into one set of vertices, each with its colour. `lightColours` has, by the number of a
+// primitive, its colour on a light background.
 export class Shape {
   constructor(primitives, wires, lightColours) {
     this.primitives = primitives;
@@ -12,12 +11,12 @@ export class Shape {
     const total = primitives.reduce((sum, primitive) => sum + primitive.points.length, 0);
     this.positions = new Float32Array(total);
     this.colours = new Uint8Array(total);
-    this.numbers = new Uint8Array(total);
     this.low = [Infinity, Infinity, Infinity];
     this.high = [-Infinity, -Infinity, -Infinity];
     this.triangles = [];
     this.addAll(primitives);
-    this.wireTriangles = wires.map((wire, index) => this.takeWire(wire, index + 1));
+    this.wireTriangles = wires.map(({ primitive, first, count }) =>
+      this.triangles[primitive].subarray(3 * first, 3 * (first + count)));
     this.bodyTriangles = this.restOf(wires);
   }
 
@@ -35,7 +34,7 @@ export class Shape {
     }
   }
 
-  // Gives everything its colour on a dark or a light background.
+  // Sets all colours for a dark or a light background.
   paint(isDark) {
     let at = 0;
     this.primitives.forEach(({ points, colour }, number) => {
@@ -45,17 +44,7 @@ export class Shape {
     if (this.colour) this.colour.needsUpdate = true;
   }
 
-  takeWire({ primitive, first, count }, number) {
-    const own = this.triangles[primitive].subarray(3 * first, 3 * (first + count));
-    for (const vertex of own) {
-      this.numbers[3 * vertex] = number >> 16;
-      this.numbers[3 * vertex + 1] = (number >> 8) & 255;
-      this.numbers[3 * vertex + 2] = number & 255;
-    }
-    return own;
-  }
-
-  // Everything but the wires.
+  // All triangles but those of the wires.
   restOf(wires) {
     const isWire = this.triangles.map((triangles) => new Uint8Array(triangles.length / 3));
     for (const { primitive, first, count } of wires) isWire[primitive].fill(1, first, first + count);
@@ -68,7 +57,6 @@ export class Shape {
     const geometry = new BufferGeometry();
     geometry.setAttribute("position", (this.position = this.position || new BufferAttribute(this.positions, 3)));
     geometry.setAttribute("color", (this.colour = this.colour || new BufferAttribute(this.colours, 3, true)));
-    geometry.setAttribute("number", (this.number = this.number || new BufferAttribute(this.numbers, 3, true)));
     geometry.setIndex(new BufferAttribute(triangles, 1));
     return geometry;
   }

@@ -1,27 +1,19 @@
 // The picture: camera, light, drawing when something has changed, and which wire is under the pointer.
 
 import {
-  AmbientLight, Color, DirectionalLight, DoubleSide, Mesh, MeshBasicMaterial, MeshPhongMaterial, NearestFilter,
-  PerspectiveCamera, Scene, ShaderMaterial, WebGLRenderTarget, WebGLRenderer,
+  AmbientLight, Color, DirectionalLight, DoubleSide, Mesh, MeshBasicMaterial, MeshPhongMaterial, PerspectiveCamera,
+  Scene, WebGLRenderer,
 } from "three";
 import { OrbitControls } from "three-examples/controls/OrbitControls.js";
+import { Picker } from "./picking.js";
 import { fit, kFieldOfView, kViews } from "./views.js";
 
 const kHighlight = 0xff5a1f;
-// How far from the pointer a wire is still meant, in pixels of the page: a finger is less exact than a mouse.
+// The pointer means a wire that is at most so many pixels away; a finger is less exact than a mouse.
 const kReach = { mouse: 3, touch: 9 };
 
-// Draws each vertex's number as a colour.
-const numberMaterial = () =>
-  new ShaderMaterial({
-    vertexShader: `attribute vec3 number; varying vec3 shown;
-      void main() { shown = number; gl_Position = projectionMatrix * modelViewMatrix * vec4(position, 1.0); }`,
-    fragmentShader: "varying vec3 shown; void main() { gl_FragColor = vec4(shown, 1.0); }",
-    side: DoubleSide,
-  });
-
 export class Stage {
-  constructor(canvas, context, shape) {
+  constructor(canvas, context, shape, tubeSides) {
     this.canvas = canvas;
     this.shape = shape;
     this.renderer = new WebGLRenderer({ canvas, context });
@@ -30,7 +22,7 @@ export class Stage {
     this.controls.enableKeys = false; // they would move the picture while a list is read
     this.controls.screenSpacePanning = true;
     this.controls.addEventListener("change", () => this.draw());
-    // From now on the eye is where the reader put it.
+    // After a drag the view has no name, so a new size of the window does not reset it.
     this.controls.addEventListener("start", () => (this.view = null));
     this.scene = new Scene();
     this.scene.background = new Color();
@@ -41,12 +33,13 @@ export class Stage {
     const solid = new MeshPhongMaterial({ vertexColors: true, flatShading: true, side: DoubleSide, shininess: 0 });
     this.scene.add(new Mesh(shape.geometry(shape.bodyTriangles), solid));
     this.wires = new Mesh(shape.geometryOfWires([]), solid);
-    // A wire that is pointed out shows through whatever lies before it.
+    // A highlighted wire is visible even behind other things.
     const marked = new MeshBasicMaterial({ color: kHighlight, depthTest: false, side: DoubleSide });
     this.marked = new Mesh(shape.geometryOfWires([]), marked);
     this.marked.renderOrder = 1;
     this.scene.add(this.wires, this.marked);
-    this.numbers = numberMaterial();
+    this.picker = new Picker(shape, tubeSides);
+    this.shown = [];
     this.show("Iso");
   }
 
@@ -54,7 +47,7 @@ export class Stage {
     return { width: this.canvas.clientWidth || 1, height: this.canvas.clientHeight || 1 };
   }
 
-  // Places the eye for a view of that name.
+  // Moves the eye to the view of that name.
   show(view) {
     const { width, height } = this.size;
     const { position, target } = fit(kViews[view], this.shape.low, this.shape.high, width / height);
@@ -73,6 +66,7 @@ export class Stage {
   }
 
   setWires(indices) {
+    this.shown = indices;
     this.replace(this.wires, indices);
   }
 
@@ -96,7 +90,7 @@ export class Stage {
     this.drawNow();
   }
 
-  // Once before the screen is next painted, however much has changed.
+  // Several changes before the next frame draw once.
   draw() {
     if (this.waiting) return;
     this.waiting = true;
@@ -109,7 +103,7 @@ export class Stage {
     this.renderer.render(this.scene, this.camera);
   }
 
-  // Depth has the fewest steps to waste where near and far plane touch the package.
+  // Near and far plane touch the package, which makes the most of the depth buffer's precision.
   placePlanes() {
     const { low, high } = this.shape;
     const middle = [0, 1, 2].map((axis) => (low[axis] + high[axis]) / 2);
@@ -141,34 +135,17 @@ export class Stage {
     this.draw();
   }
 
-  // The index of the wire at a place of the canvas, or -1: all around it is drawn as numbers and read back.
+  // The index of the wire at a place of the canvas, or -1.
   wireAt(x, y, pointer) {
-    const reach = kReach[pointer] || kReach.mouse;
-    const side = 2 * reach + 1;
-    const { width, height } = this.size;
-    this.target = this.target || {};
-    const target = (this.target[side] = this.target[side] ||
-      new WebGLRenderTarget(side, side, { minFilter: NearestFilter, magFilter: NearestFilter }));
-    const { background } = this.scene;
-    this.scene.background = null;
-    this.scene.overrideMaterial = this.numbers;
-    this.marked.visible = false;
-    this.camera.setViewOffset(width, height, x - reach, y - reach, side, side);
-    this.renderer.setRenderTarget(target);
-    this.renderer.setClearColor(0, 1);
-    this.renderer.clear();
-    this.renderer.render(this.scene, this.camera);
-    const pixels = new Uint8Array(4 * side * side);
-    this.renderer.readRenderTargetPixels(target, 0, 0, side, side, pixels);
-    this.renderer.setRenderTarget(null);
-    this.camera.clearViewOffset();
-    this.marked.visible = this.marked.geometry.index.count > 0;
-    this.scene.overrideMaterial = null;
-    this.scene.background = background;
-    return nearestNumber(pixels, reach) - 1;
+    const { camera, size } = this;
+    camera.updateMatrixWorld(); // which also sets its inverse
+    const matrix = camera.projectionMatrix.clone().multiply(camera.matrixWorldInverse).elements;
+    const scale = size.height / 2 / Math.tan((kFieldOfView / 2) * (Math.PI / 180));
+    const look = { eye: camera.position.toArray(), matrix, near: camera.near, size, scale };
+    return this.picker.wireAt(this.shown, [x, y], kReach[pointer] || kReach.mouse, look);
   }
 
-  // What the picture shows, as the address of an image in the colours of paper.
+  // The picture as the address of an image, in colours for white paper.
   picture() {
     const shown = [this.isDark, `#${this.scene.background.getHexString()}`];
     this.setTheme(false, "#ffffff");
@@ -177,21 +154,4 @@ export class Stage {
     this.setTheme(...shown);
     return address;
   }
-}
-
-// The number nearest to the middle of a square of pixels, 0 for none.
-function nearestNumber(pixels, reach) {
-  const side = 2 * reach + 1;
-  let number = 0;
-  let least = reach * reach + 1;
-  for (let k = 0; k < side * side; ++k) {
-    const found = (pixels[4 * k] << 16) | (pixels[4 * k + 1] << 8) | pixels[4 * k + 2];
-    const across = (k % side) - reach;
-    const down = Math.floor(k / side) - reach;
-    const distance = across * across + down * down;
-    if (found === 0 || distance >= least) continue;
-    least = distance;
-    number = found;
-  }
-  return number;
 }

@@ -4,10 +4,10 @@
 const kTypes = { P: "Power", G: "Ground", S: "Signal" };
 
 const tierOf = (wire) => (wire.tier === "" ? "No tier" : `Tier ${wire.tier}`);
-// As everywhere, the first letter says the type.
+// The first letter decides, as in the side file of a package.
 const typeOf = (wire) => kTypes[wire.netType.slice(0, 1).toUpperCase()] || "No net type";
 
-// What has no tier comes last.
+// "No tier" sorts last.
 const rank = (tier) => (tier === "No tier" ? "Tier~" : tier);
 
 export class Switches {

@@ -1,4 +1,4 @@
-// Tabs after the usual pattern: one of them is reached with Tab, the arrow keys go on to the others.
+// Tabs as usual on the web: Tab reaches the selected one, the arrow keys select the others.
 
 export function addTabs(list, onChange) {
   const tabs = [...list.querySelectorAll('[role="tab"]')];

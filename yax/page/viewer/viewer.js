@@ -1,6 +1,7 @@
-// The page of one package: ties its parts together. What it shows stands in the page itself: the wires in the
+// The page of one package: connects the parts of the viewer. The data stand in the page itself: the wires in the
 // element "package", the meshes in "model".
 
+import { addDiagram } from "./diagram.js";
 import { primitivesOf } from "./gltf.js";
 import { Shape } from "./shape.js";
 import { Stage } from "./stage.js";
@@ -12,7 +13,7 @@ import { addPrinting } from "./printing.js";
 
 const element = (id) => document.getElementById(id);
 
-// The page holds a wire as a row, which takes less room than names do.
+// In the page a wire is a list of values, which is shorter than an object with names.
 function wiresOf(packageData) {
   return packageData.wires.map(
     ([name, other, tier, netType, length, angle, clearance, nearest, primitive, first, count]) => ({
@@ -37,13 +38,14 @@ class Page {
     element("search").addEventListener("input", () => this.select());
     document.addEventListener("keydown", (event) => event.key === "Escape" && this.choose(-1));
     addTabs(document.querySelector('[role="tablist"]'), () => this.stage && this.stage.resize());
+    if (element("diagram-panel")) addDiagram(element("diagram-panel"));
     addPrinting(this);
     this.addTheme();
     if (this.stage) this.addStage();
     this.select();
   }
 
-  // Nothing when the browser cannot draw in three dimensions; the list serves without.
+  // Returns nothing when the browser cannot draw in three dimensions; the list works without.
   makeStage() {
     const canvas = element("view");
     const wanted = { antialias: true };
@@ -53,7 +55,7 @@ class Page {
       return undefined;
     }
     const primitives = primitivesOf(JSON.parse(element("model").textContent));
-    return new Stage(canvas, context, new Shape(primitives, this.wires, this.data.light));
+    return new Stage(canvas, context, new Shape(primitives, this.wires, this.data.light), this.data.tubeSides);
   }
 
   addStage() {
@@ -80,7 +82,7 @@ class Page {
     return this.stage.wireAt(event.clientX - box.left, event.clientY - box.top, event.pointerType);
   }
 
-  // A press that moves turns the picture; one that stays chooses a wire.
+  // A drag turns the picture, a click chooses a wire.
   release(event) {
     if (event.button !== 0 || !this.pressed) return;
     const moved = Math.hypot(event.clientX - this.pressed[0], event.clientY - this.pressed[1]);
@@ -109,17 +111,17 @@ class Page {
   mark(index) {
     if (index === this.marked) return;
     this.marked = index;
-    this.tell();
+    this.describe();
   }
 
   choose(index) {
     this.chosen = index;
     this.list.choose(index);
-    this.tell();
+    this.describe();
   }
 
-  // About the wire that is pointed at, else about the one that is chosen.
-  tell() {
+  // Describes the wire that is pointed at, else the one that is chosen.
+  describe() {
     if (this.stage) this.stage.mark([...new Set([this.marked, this.chosen])].filter((index) => index >= 0));
     const index = this.marked >= 0 ? this.marked : this.chosen;
     element("about").replaceChildren(...(index < 0 ? [] : this.factsOf(this.wires[index]).flatMap(([name, value]) => {
@@ -138,13 +140,13 @@ class Page {
             ["Length", `${wire.length} ${unit}`], ["Angle", `${wire.angle}\u00b0`], ["Clearance", clearance]];
   }
 
-  // List and picture show the same wires: those that the switches and the search leave.
+  // List and picture show the same wires: those that match the switches and the search.
   select() {
     const sought = element("search").value.trim().toLowerCase();
     this.shown = [...this.wires.keys()].filter(
       (index) => this.switches.shows(index) && this.wires[index].name.toLowerCase().includes(sought));
     element("count").textContent = this.wires.length === 0
-      ? "This package has no wires." : `${this.shown.length} of ${this.wires.length} wires`;
+      ? "This package has no wires." : `${this.shown.length} of ${this.wires.length} ${this.wires.length === 1 ? "wire" : "wires"}`;
     this.list.show(this.shown);
     if (!this.shown.includes(this.chosen)) this.choose(-1);
     if (this.stage) this.stage.setWires(this.shown);

@@ -1,9 +1,9 @@
-// From where the package is seen, and how far away the eye has to be. The scene's y is up; the package's
-// positive y lies at its negative z.
+// The directions of the named views, and the distance from which the whole package is visible. In the scene y is
+// up, and the package's y runs along -z.
 
 export const kFieldOfView = 60;
 const kMargin = 1.05;
-// An orbit has no direction at its poles; this much off them it keeps the one that the picture has.
+// At its poles an orbit loses its direction. Views from above and below stay this far off.
 const kOffPole = 1e-4;
 
 export const kViews = {
@@ -27,8 +27,8 @@ function cornersOf(low, high) {
   return corners;
 }
 
-// Where an eye at this distance has as much room on one side as on the other. The outermost points change with
-// the eye; after a few steps they no longer do.
+// The place along an axis from which an eye at this distance has the same margin on both sides. The outermost
+// points depend on the place, so it is found in steps; a few are enough.
 function middleFor(points, axis, distance) {
   let middle = points[0][axis];
   for (let step = 0; step < 8; ++step) {
@@ -42,7 +42,7 @@ function middleFor(points, axis, distance) {
   return middle;
 }
 
-// The nearest eye in this direction that sees the whole box, and the point in its middle that it looks at.
+// The nearest eye in this direction that sees the whole box, and the point in the middle that it looks at.
 export function fit(direction, low, high, aspect) {
   const out = unit(direction);
   const right = unit(cross([0, 1, 0], out));

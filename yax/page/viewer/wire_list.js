@@ -1,11 +1,11 @@
-// The list of wires. Only the rows in sight are in the document, so that thousands of wires scroll at once.
+// The list of wires. Only visible rows are in the document, so that thousands of wires scroll without delay.
 
 const kRowHeight = 28;
 const kSpare = 8;
 
 export class WireList {
-  // `texts` gives the cells of a wire's row; `onMark` hears the index that is pointed at or -1, `onChoose` the
-  // one that is chosen.
+  // `texts` returns the cells of a wire's row. `onMark` gets the index of the wire under the pointer or the
+  // focus, or -1; `onChoose` gets the index of a clicked wire.
   constructor(box, { texts, onMark, onChoose }) {
     this.box = box;
     this.texts = texts;
@@ -13,7 +13,7 @@ export class WireList {
     this.onChoose = onChoose;
     this.indices = [];
     this.chosen = -1;
-    this.current = 0; // the row that Tab reaches
+    this.current = 0; // the row that the Tab key reaches
     this.rows = document.createElement("ul");
     this.rows.setAttribute("role", "list");
     this.rows.setAttribute("aria-label", "Wires");
@@ -44,7 +44,7 @@ export class WireList {
     if (lowest > this.box.scrollTop) this.box.scrollTop = lowest;
   }
 
-  // Rows that stay in sight stay in the document: one of them may have the focus.
+  // A visible row stays in the document, since it may have the focus.
   fill() {
     const first = Math.max(Math.floor(this.box.scrollTop / kRowHeight) - kSpare, 0);
     const count = Math.ceil(this.box.clientHeight / kRowHeight) + 2 * kSpare;
