@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::uint32_t kNoLoop = UINT32_MAX;
 /// How many loops are worth a thread. Not a matter of the machine, so that all give the same pairs.
-constexpr std::size_t kBlock = 4096;
+constexpr std::size_t kLoopsPerBlock = 4096;
 
 std::vector<WirePiece> PiecesOf(const std::vector<LoopOfNet>& loops) {
   std::vector<WirePiece> pieces;
@@ -125,12 +125,12 @@ bool AreCompared(const LoopOfNet& a, const LoopOfNet& b) {
 
 std::vector<LoopPair> FindNearLoops(const std::vector<LoopOfNet>& loops, double reach) {
   const SegmentTree tree(PiecesOf(loops));
-  std::vector<std::vector<LoopPair>> blocks((loops.size() + kBlock - 1) / kBlock);
+  std::vector<std::vector<LoopPair>> blocks((loops.size() + kLoopsPerBlock - 1) / kLoopsPerBlock);
   std::atomic<std::size_t> next = 0;
   const auto search = [&] {
     for (std::size_t block = next++; block < blocks.size(); block = next++)
-      blocks[block] =
-          LoopSearch(loops, tree, reach).Run(block * kBlock, std::min((block + 1) * kBlock, loops.size()));
+      blocks[block] = LoopSearch(loops, tree, reach)
+                          .Run(block * kLoopsPerBlock, std::min((block + 1) * kLoopsPerBlock, loops.size()));
   };
   {
     std::vector<std::jthread> helpers;

@@ -11,7 +11,7 @@ namespace {
 
 /// "WIRE is VALUE long, over the limit of LIMIT": the words before and after the value, which stand before
 /// the other record of a pair.
-struct Words {
+struct Wording {
   const char* Before;
   const char* After;
   bool Least;  ///< the limit is a least value
@@ -19,7 +19,7 @@ struct Words {
 };
 
 // In the order of RuleName.
-constexpr std::array<Words, 15> kWords{
+constexpr std::array<Wording, 15> kWordings{
     {{"is", "long", false, "move its pad or its end"},
      {"is", "long", true, "move its pad or its end"},
      {"turns", "from the normal of its pad's edge", false, "move its pad or its end"},
@@ -45,7 +45,7 @@ std::string Named(const model::Package& package, const model::RecordPlace& place
 
 std::string WhatOf(const Rule& rule, const RuleRemark& remark, const model::Package& package,
                    const std::string& unit) {
-  const Words& words = kWords[static_cast<std::size_t>(rule.Name)];
+  const Wording& words = kWordings[static_cast<std::size_t>(rule.Name)];
   const auto number = [&](double value) {
     return model::GeneralText(static_cast<float>(value)) + (!unit.empty()  ? " " + unit
                                                             : value == 1.0 ? " wire"
@@ -87,7 +87,7 @@ void AddRuleDiagnostics(const RuleSet& set, const RulesReport& report, const mod
                                 "rule",
                                 {diagnostics.File, remark.Line},
                                 WhatOf(rule, remark, package, unitOfValue),
-                                kWords[static_cast<std::size_t>(rule.Name)].Advice,
+                                kWordings[static_cast<std::size_t>(rule.Name)].Advice,
                                 RuleValue{std::string(KindOf(rule.Name).Word), remark.Value, remark.Limit,
                                           unitOfValue, remark.Other ? remark.OtherLine : 0}});
   }

@@ -8,8 +8,6 @@ namespace formats {
 
 namespace {
 
-std::string Number(double value) { return model::GeneralText(static_cast<float>(value)); }
-
 /// The bond that a wire is part of; none for a stitch.
 const model::BondRec* BondOf(const model::Package& package, const model::RecordPlace& place) {
   if (place.Table == model::RecordTable::Bonds) return &package.Bonds[place.Number];
@@ -32,10 +30,10 @@ std::string BondList(const BondListInputs& inputs) {
     const analysis::WireLoop& loop = inputs.Loops[k];
     const analysis::WireRow& row = inputs.Rows[k];
     const model::BondRec* const bond = BondOf(inputs.Package, loop.Place);
-    text +=
-        Joined({loop.Name, bond == nullptr ? "" : bond->Lead, bond == nullptr ? "" : bond->DieSide, row.Tier,
-                Number(row.Length), Number(row.Angle), Number(loop.Points.front().x),
-                Number(loop.Points.front().y), Number(loop.Points.back().x), Number(loop.Points.back().y)});
+    text += Joined({loop.Name, bond == nullptr ? "" : bond->Lead, bond == nullptr ? "" : bond->DieSide,
+                    row.Tier, model::GeneralText(row.Length), model::GeneralText(row.Angle),
+                    model::GeneralText(loop.Points.front().x), model::GeneralText(loop.Points.front().y),
+                    model::GeneralText(loop.Points.back().x), model::GeneralText(loop.Points.back().y)});
   }
   return text;
 }
@@ -47,7 +45,7 @@ std::string NetList(const BondListInputs& inputs) {
     const analysis::WireLoop& loop = inputs.Loops[k];
     const model::BondRec* const bond = BondOf(inputs.Package, loop.Place);
     text += Joined({std::to_string(numbers[k]), loop.Name, bond == nullptr ? "" : bond->Lead,
-                    Number(loop.Points.front().x), Number(loop.Points.front().y)});
+                    model::GeneralText(loop.Points.front().x), model::GeneralText(loop.Points.front().y)});
   }
   return text;
 }

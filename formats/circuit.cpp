@@ -12,7 +12,7 @@ namespace formats {
 
 namespace {
 
-std::string Number(double value) {
+std::string NineDigits(double value) {
   char text[32];
   return {text, std::to_chars(text, text + sizeof text, value, std::chars_format::general, 9).ptr};
 }
@@ -38,9 +38,10 @@ std::string OneLine(std::string name) {
 std::string LeftOutText(const analysis::WireCosts& costs, double least) {
   if (!costs.Coupled && costs.Rows.size() > 1) return "the couplings, which were not worked out";
   if (costs.LeftOut == 0) return "nothing";
-  if (costs.LeftOut == 1) return "1 coupling below " + Number(least) + ", of " + Number(costs.LargestLeftOut);
-  return std::to_string(costs.LeftOut) + " couplings below " + Number(least) + ", the largest of " +
-         Number(costs.LargestLeftOut);
+  if (costs.LeftOut == 1)
+    return "1 coupling below " + NineDigits(least) + ", of " + NineDigits(costs.LargestLeftOut);
+  return std::to_string(costs.LeftOut) + " couplings below " + NineDigits(least) + ", the largest of " +
+         NineDigits(costs.LargestLeftOut);
 }
 
 std::string Ports(std::size_t wires) {
@@ -55,9 +56,10 @@ std::string Ports(std::size_t wires) {
 std::string WireText(const analysis::WireCost& wire, const std::string& number) {
   const std::string name =
       wire.Wire.OtherName.empty() ? wire.Wire.Name : wire.Wire.Name + ":" + wire.Wire.OtherName;
-  return "* " + number + ": " + OneLine(name) + "\n" +                                                     //
-         "R_" + number + " s" + number + " m" + number + " " + Number(wire.Impedance.Resistance) + "\n" +  //
-         "L_" + number + " m" + number + " e" + number + " " + Number(wire.Impedance.Inductance) + "\n";
+  return "* " + number + ": " + OneLine(name) + "\n" +  //
+         "R_" + number + " s" + number + " m" + number + " " + NineDigits(wire.Impedance.Resistance) +
+         "\n" +  //
+         "L_" + number + " m" + number + " e" + number + " " + NineDigits(wire.Impedance.Inductance) + "\n";
 }
 
 }  // namespace
@@ -81,7 +83,7 @@ std::string CircuitText(const analysis::WireCosts& costs, const CircuitNote& not
     const std::string second = std::to_string(pair.Second + 1);
     text.append("K_").append(first).append("_").append(second);
     text.append(" L_").append(first).append(" L_").append(second);
-    text.append(" ").append(Number(Rounded(pair.K))).append("\n");
+    text.append(" ").append(NineDigits(Rounded(pair.K))).append("\n");
   }
   return text.append(".ends ").append(name).append("\n");
 }

@@ -11,8 +11,6 @@ namespace formats {
 
 namespace {
 
-std::string Number(double value) { return model::GeneralText(static_cast<float>(value)); }
-
 template <class TextOf>
 void AddLine(const std::vector<CostCell>& cells, TextOf&& textOf, std::string& text) {
   bool first = true;
@@ -32,12 +30,12 @@ std::vector<CostCell> CostCells(const analysis::WireCost& wire) {
           {"table", TableOf(wire.Wire.Place), false},
           {"tier", wire.Wire.Tier, false},
           {"net_type", wire.Wire.NetType, false},
-          {"length_mm", Number(impedance.Length * 1e3), true},
-          {"r_dc_mohm", Number(impedance.DirectResistance * 1e3), true},
-          {"r_mohm", Number(impedance.Resistance * 1e3), true},
-          {"l_nh", Number(impedance.Inductance * 1e9), true},
+          {"length_mm", model::GeneralText(impedance.Length * 1e3), true},
+          {"r_dc_mohm", model::GeneralText(impedance.DirectResistance * 1e3), true},
+          {"r_mohm", model::GeneralText(impedance.Resistance * 1e3), true},
+          {"l_nh", model::GeneralText(impedance.Inductance * 1e9), true},
           {"nearest", wire.Nearest, false},
-          {"k", wire.K ? Number(*wire.K) : "", true}};
+          {"k", wire.K ? model::GeneralText(*wire.K) : "", true}};
 }
 
 std::string CostsCsv(const analysis::WireCosts& costs) {

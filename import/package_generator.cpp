@@ -18,7 +18,7 @@ namespace {
 constexpr char kForm[] =
     "write qfn:64,body=9x9,pitch=0.5,lead=0.4x0.25,paddle=7x7, or qfp: with lead=0.2,tip=3";
 
-struct Outline {
+struct LeadOutline {
   std::size_t Count = 0;
   glm::dvec2 Body{0.0}, DiePaddle{0.0};
   double Pitch = 0.0, Length = 0.0, Width = 0.0, Tip = 0.0;
@@ -31,7 +31,7 @@ double LengthIn(std::string_view key, std::string_view text) {
   return *number;
 }
 
-void TakePart(std::string_view key, std::string_view text, Outline& outline) {
+void TakePart(std::string_view key, std::string_view text, LeadOutline& outline) {
   const std::optional<glm::dvec2> size = SizeIn(text);
   const auto sized = [&] {
     if (!size)
@@ -57,8 +57,8 @@ void TakePart(std::string_view key, std::string_view text, Outline& outline) {
   }
 }
 
-Outline Parsed(std::string_view text) {
-  Outline outline;
+LeadOutline Parsed(std::string_view text) {
+  LeadOutline outline;
   text.remove_prefix(text.find(':') + 1);
   for (bool first = true; !text.empty() || first; first = false) {
     const std::size_t end = std::min(text.find(','), text.size());
@@ -77,7 +77,7 @@ Outline Parsed(std::string_view text) {
   return outline;
 }
 
-void Check(const Outline& outline) {
+void Check(const LeadOutline& outline) {
   if (outline.Count % 4 != 0) Refuse("the leads do not divide among four sides", "give a multiple of 4");
   if (outline.Body.x == 0.0) Refuse("body= is missing", kForm);
   if (outline.Pitch == 0.0 && outline.Count > 4) Refuse("pitch= is missing", kForm);
@@ -96,7 +96,7 @@ void Check(const Outline& outline) {
 }
 
 /// The ends of the k-th lead of the left side, whose body reaches `half` to the left.
-void LayOnLeft(Lead& lead, const Outline& outline, std::size_t k, double half) {
+void LayOnLeft(Lead& lead, const LeadOutline& outline, std::size_t k, double half) {
   const double last = static_cast<double>(outline.Count / 4 - 1);
   const double y = (last / 2.0 - static_cast<double>(k)) * outline.Pitch;
   lead.Outer = {-half, y};
@@ -120,7 +120,7 @@ std::optional<glm::dvec2> SizeIn(std::string_view text) {
 }
 
 LeadFrame Outlined(const std::string& text, double unit) {
-  Outline outline = Parsed(text);
+  LeadOutline outline = Parsed(text);
   Check(outline);
   for (double* const length : {&outline.Body.x, &outline.Body.y, &outline.DiePaddle.x, &outline.DiePaddle.y,
                                &outline.Pitch, &outline.Length, &outline.Width, &outline.Tip})

@@ -18,7 +18,7 @@ namespace importer {
 namespace {
 
 /// Runs of blanks and tabs.
-constexpr char kBlanks = ' ';
+constexpr char kBlankRuns = ' ';
 
 constexpr std::string_view kAdviceOnHeader =
     "begin with a header line of names such as name,x,y or pad,lead; without one a table has the columns "
@@ -41,8 +41,8 @@ class RowParser {
     if (!open_) {
       const std::size_t start = line.find_first_not_of(" \t");
       if (start == std::string::npos || line[start] == '#' || line[start] == ';') return;
-      if (separator_ == kBlanks || separator_ == '\t') CutComment(line);
-      if (separator_ == kBlanks) std::replace(line.begin(), line.end(), '\t', ' ');
+      if (separator_ == kBlankRuns || separator_ == '\t') CutComment(line);
+      if (separator_ == kBlankRuns) std::replace(line.begin(), line.end(), '\t', ' ');
       row_.Line = number;
       open_ = true;
     }
@@ -67,7 +67,7 @@ class RowParser {
   }
   static void OnField(void* bytes, std::size_t size, void* self) {
     auto& parser = *static_cast<RowParser*>(self);
-    if (parser.separator_ == kBlanks && size == 0) return;
+    if (parser.separator_ == kBlankRuns && size == 0) return;
     parser.row_.Fields.emplace_back(static_cast<const char*>(bytes), size);
   }
   static void OnRow(int, void* self) {
@@ -144,9 +144,9 @@ TextTable::TextTable(std::string_view text, std::string file) : file_(std::move(
     throw ImportError({file_}, "it is not plain text", "save the table as CSV in UTF-8");
   std::size_t best = 0;
   std::size_t openSince = 0;
-  for (const char separator : {'\t', ';', ',', kBlanks}) {
+  for (const char separator : {'\t', ';', ',', kBlankRuns}) {
     // Names of columns may hold blanks.
-    if (separator == kBlanks && !header_.empty()) break;
+    if (separator == kBlankRuns && !header_.empty()) break;
     RowParser parser(separator);
     Parse(text, parser);
     if (parser.Open()) {
@@ -157,7 +157,8 @@ TextTable::TextTable(std::string_view text, std::string file) : file_(std::move(
     const std::size_t plain = names != 0 ? 0 : PlainColumns(parser.Rows(), separator);
     const std::size_t worth = names != 0 ? names + kBestPlain : plain;
     // The commas of "1 3,4" list leads.
-    const bool listsLeads = separator == kBlanks && worth == best && separator_ == ',' && HaveBlanks(rows_);
+    const bool listsLeads =
+        separator == kBlankRuns && worth == best && separator_ == ',' && HaveBlanks(rows_);
     if (worth <= best && !listsLeads) continue;
     best = worth;
     separator_ = separator;

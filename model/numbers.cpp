@@ -122,6 +122,8 @@ float ToNumber(std::string_view text) {
 
 std::string GeneralText(float value) { return GeneralText(value, 7); }
 
+std::string GeneralText(double value) { return GeneralText(static_cast<float>(value)); }
+
 std::string GeneralText(float value, int digits) { return Layout(ToDecimal(value, digits), 0); }
 
 double SevenDigits(double value) {

@@ -14,6 +14,8 @@ float ToNumber(std::string_view text);
 /// The general number format: at most 7 significant digits, no exponent, no trailing zeros ("0.7",
 /// "1000000000").
 std::string GeneralText(float value);
+/// The same of a double, which is rounded to a single first.
+std::string GeneralText(double value);
 /// The same with this many significant digits.
 std::string GeneralText(float value, int digits);
 
