@@ -178,6 +178,12 @@ std::string ReadWholeFile(const std::string& path) {
   }
 }
 
+std::string ReadToEnd(const std::string& path) {
+  const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  if (file.Number() < 0) ThrowFault(errno, path);
+  return ReadFrom(file.Number(), 0, path);
+}
+
 void WriteWholeFile(const std::string& path, std::string_view bytes, Durability durability) {
   const std::string target = TargetOf(path);
   const mode_t mode = ModeFor(target);

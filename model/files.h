@@ -15,6 +15,10 @@ bool FileExists(const std::string& path);
 ///         than 256 megabytes
 std::string ReadWholeFile(const std::string& path);
 
+/// The same for pipes and devices too, to whose end it waits: `--rules <(...)`, `/dev/stdin`.
+/// Faults  FileFault when it cannot be opened or read, is a folder, or gives more than 256 megabytes
+std::string ReadToEnd(const std::string& path);
+
 /// Whether to fsync before the rename. Output that can be regenerated skips it: the sync can cost more than
 /// all the rest.
 enum class Durability { Synced, Fast };

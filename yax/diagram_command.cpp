@@ -122,6 +122,8 @@ Judgement Judge(const DiagramOptions& options, const OpenedPackage& opened, cons
       judgement.Lines.push_back(analysis::RuleText(found.Set.Rules[k]) + ": " + std::to_string(counts[k]));
   for (sheet::DiagramWire& wire : wires) wire.Offends = offenders.contains(wire.Name);
   judgement.Verdict = judgement.Keeps ? "keeps all rules" : "does not keep all rules";
+  if (found.Report.Unmeasured.size() == found.Set.Rules.size())
+    judgement.Verdict = "there is nothing to measure";
   return judgement;
 }
 

@@ -57,6 +57,8 @@ TEST_F(YaxTest, EndsWithAStatusThatTellsWhatWasFound) {
       {"diagram --unit mil -o " + (folder / "b.svg") + " --set part=\xf4\x8f\xbf\xbd " + one, 0, "", ""},
       {"diagram --unit mil -o " + (folder / "b.pdf") + " --title " + (folder / "absent") + " " + one, 2, "",
        "absent: there is no such file"},
+      {"diagram --unit mil -o " + (folder / "b.pdf") + " --title " + (folder / "") + " " + one, 2, "",
+       ": Is a directory; give the path of a text file"},
       {"estimate " + one, 0, "\nA,,base,1,,0.", ""},
       {"estimate --plane 1 " + one, 2, "",
        "one.yax:7: the plane at 1 lies above a point of wire 'A', at 0 mil; give a plane below"},
@@ -109,6 +111,28 @@ TEST_F(YaxTest, LeavesInSilenceWhoHasReadEnough) {
                               " 2>" + (folder / "err") + " | true; exit ${PIPESTATUS[0]}'";
   EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 0);
   EXPECT_EQ(GetFile(folder / "err"), "");
+}
+
+TEST_F(YaxTest, ReadsRulesFromAPipe) {
+  const auto pipe = [](const std::string& rule) {
+    return "sh -c '(sleep .1; echo " + rule + ") | \"$0\" \"$@\"'";
+  };
+  // From x 15 to 30.
+  const Ended ended = Yax("check --unit mil --rules /dev/stdin " + OneWire(), pipe("max-length 14 mil plan"));
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_NE(ended.err.find("one.yax:7: finding: max-length: wire 'A' is 15 mil long in plan"),
+            std::string::npos)
+      << ended.err;
+  // The sheet claims no more than was measured.
+  const std::string sheet = folder / "a.svg";
+  const std::pair<const char*, const char*> rows[] = {
+      {"max-length 15 mil plan", "keeps all rules"},
+      {"max-length 1 mil tier 9", "there is nothing to measure"}};
+  for (const auto& [rule, verdict] : rows) {
+    EXPECT_EQ(Yax("diagram --unit mil --rules /dev/stdin -o " + sheet + " " + OneWire(), pipe(rule)).status,
+              0);
+    EXPECT_NE(GetFile(sheet).find(verdict), std::string::npos) << rule;
+  }
 }
 
 TEST_F(YaxTest, ExportsAnObjectWithItsColoursBesideIt) {

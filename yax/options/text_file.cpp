@@ -2,7 +2,9 @@
 
 #include <glib.h>
 
+#include <filesystem>
 #include <string_view>
+#include <system_error>
 
 #include "model/faults.h"
 #include "model/files.h"
@@ -13,12 +15,14 @@ namespace yax {
 namespace {
 
 std::string BytesOf(const std::string& file) {
+  std::error_code ignored;
+  if (!std::filesystem::exists(file, ignored))
+    throw Unusable({.File = file}, "there is no such file", "give the path of a text file");
   try {
-    if (model::FileExists(file)) return model::ReadWholeFile(file);
-  } catch (const model::Fault& fault) {
-    throw Unusable({.File = file}, fault.what(), "give the path of a text file");
+    return model::ReadToEnd(file);
+  } catch (const model::FileFault& fault) {
+    throw Unusable({.File = file}, fault.Kind(), "give the path of a text file");
   }
-  throw Unusable({.File = file}, "there is no such file", "give the path of a text file");
 }
 
 }  // namespace

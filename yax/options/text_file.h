@@ -5,7 +5,7 @@
 
 namespace yax {
 
-/// The whole file, without the byte order mark that some editors write.
+/// The whole file or pipe, without the byte order mark that some editors write.
 /// Faults  Unusable when there is no such file or it cannot be read
 std::string TextOf(const std::string& file);
 

@@ -9,7 +9,7 @@ namespace yax {
 
 LoopValues ReadParameterFile(const std::string& path) {
   try {
-    return ReadParameterText(path, model::ReadWholeFile(path));
+    return ReadParameterText(path, model::ReadToEnd(path));
   } catch (const model::FileFault& fault) {
     throw Unusable({.File = path}, fault.Kind(), "give the path of a .zu file");
   }
