@@ -239,7 +239,16 @@ class Composer {
     lines.push_back({.Heading = true, .Words = "Measured"});
     const double width = layout_.Side.Size().x;
     for (const Fact& fact : in_.Facts) AddFact(fact, width, lines);
-    lines.push_back({.Heading = true, .Words = "Legend"});
+    const std::vector<SideLine> legend = LegendOf(view);
+    if (!legend.empty()) lines.push_back({.Heading = true, .Words = "Legend"});
+    lines.insert(lines.end(), legend.begin(), legend.end());
+    AddParagraphs("Findings", in_.Findings, width, lines);
+    AddParagraphs("Notes", in_.Notes, width, lines);
+    return lines;
+  }
+
+  std::vector<SideLine> LegendOf(const View& view) const {
+    std::vector<SideLine> lines;
     if (!labels_.empty())
       lines.push_back({.Words = std::string("labels, from the plan outwards: number") +
                                 (needs_.Columns.Lead > 0.0 ? ", lead" : "") +
@@ -256,12 +265,12 @@ class Composer {
                          .Colour = looks_.at(name).Colour,
                          .Pattern = looks_.at(name).Pattern,
                          .Words = MeaningOf(name)});
-    if (in_.Into != Split::None)
+    const auto isHidden = [&](const DiagramWire& wire) { return !view.Shows(wire); };
+    if (std::any_of(in_.Wires.begin(), in_.Wires.end(), isHidden))
       lines.push_back({.Before = Sign::OtherWire, .Colour = kOthers, .Words = "wires of the other sheets"});
-    if (std::any_of(in_.Wires.begin(), in_.Wires.end(), [](const DiagramWire& wire) { return wire.Offends; }))
+    const auto isRed = [&](const DiagramWire& wire) { return wire.Offends && view.Shows(wire); };
+    if (std::any_of(in_.Wires.begin(), in_.Wires.end(), isRed))
       lines.push_back({.Before = Sign::Offender, .Colour = {0.85, 0.0, 0.0}, .Words = "wire with a finding"});
-    AddParagraphs("Findings", in_.Findings, width, lines);
-    AddParagraphs("Notes", in_.Notes, width, lines);
     return lines;
   }
 

@@ -56,6 +56,21 @@ TEST(BondingDiagram, MarksLeadOneWhereThereIsOneAlone) {
   }
 }
 
+TEST(BondingDiagram, HasALegendOnlyForWhatTheSheetShows) {
+  const TemporaryFolder folder;
+  // A die without a size has no marks.
+  Drawn bare(PutFile(folder / "bare.yax", "TECHNOLOGY WIRE_BOND\nCOMPZ 0.3\n"));
+  EXPECT_FALSE(Has(WordsOf(bare.On(PaperNamed("a3")), "FRAME"), "Legend"));
+  // All wires are of tier 1: there is no other sheet.
+  Drawn one(PutPackage(folder, Wire("A", 0.5, "1") + Wire("B", -0.5, "2")));
+  const std::vector<std::string> words = WordsOf(one.On(PaperNamed("a3"), {}, Split::Tier), "FRAME");
+  EXPECT_TRUE(Has(words, "Legend") && Has(words, "lead 1"));
+  EXPECT_FALSE(Has(words, "wires of the other sheets"));
+  Drawn several(SamplePath("AAAc"));
+  EXPECT_TRUE(
+      Has(WordsOf(several.On(PaperNamed("a3"), {}, Split::Tier), "FRAME"), "wires of the other sheets"));
+}
+
 TEST(BondingDiagram, PutsWiresOnTheLayersOfTheirTiersAndFindingsTwice) {
   Drawn drawn(SamplePath("AAAc"));
   drawn.Wires[4].Offends = true;
