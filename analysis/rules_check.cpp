@@ -97,9 +97,9 @@ class RulesCheck {
   bool AnyPairOfWires(const Rule& rule) const;
   const std::vector<WirePair>& WirePairs();
   double Slack() const { return kSlackMillimetres / in_.Millimetres; }
-  void Report(const RuleThing& thing, std::optional<double> value, std::vector<std::string> wires = {});
+  void Report(const RuleThing& thing, std::optional<double> value, std::vector<std::size_t> wires = {});
   void ReportPair(const RuleThing& a, const RuleThing& b, std::optional<double> value,
-                  std::vector<std::string> wires = {});
+                  std::vector<std::size_t> wires = {});
 
   const RuleSet& set_;
   const RuleInputs& in_;
@@ -114,7 +114,7 @@ class RulesCheck {
   bool measured_ = false;
 };
 
-void RulesCheck::Report(const RuleThing& thing, std::optional<double> value, std::vector<std::string> wires) {
+void RulesCheck::Report(const RuleThing& thing, std::optional<double> value, std::vector<std::size_t> wires) {
   report_.Remarks.push_back({.Rule = rule_,
                              .Place = thing.Place,
                              .Line = thing.Line,
@@ -124,7 +124,7 @@ void RulesCheck::Report(const RuleThing& thing, std::optional<double> value, std
 }
 
 void RulesCheck::ReportPair(const RuleThing& a, const RuleThing& b, std::optional<double> value,
-                            std::vector<std::string> wires) {
+                            std::vector<std::size_t> wires) {
   const bool inOrder = a.Line <= b.Line;
   Report(inOrder ? b : a, value, std::move(wires));
   report_.Remarks.back().Other = (inOrder ? a : b).Place;
@@ -190,7 +190,7 @@ void RulesCheck::CheckWires(const Rule& rule, const std::function<double(std::si
     measured_ = true;
     const double value = valueOf(wire);
     const double beyond = rule.Name == RuleName::MinLength ? limit_ - value : value - limit_;
-    if (beyond > slack) Report(things_.Wires[wire], value, {in_.Loops[wire].Name});
+    if (beyond > slack) Report(things_.Wires[wire], value, {wire});
   }
 }
 
@@ -256,8 +256,7 @@ void RulesCheck::CheckCrossings(const Rule& rule) {
       if (piece.Wire <= wire || !AreCompared(numbered_[wire], numbered_[piece.Wire])) return;
       if (!IsMeant(rule, things_.Wires[wire]) && !IsMeant(rule, things_.Wires[piece.Wire])) return;
       if (NearestPoints(line, piece.Line).Distance > reach) return;
-      ReportPair(things_.Wires[wire], things_.Wires[piece.Wire], {},
-                 {in_.Loops[wire].Name, in_.Loops[piece.Wire].Name});
+      ReportPair(things_.Wires[wire], things_.Wires[piece.Wire], {}, {wire, piece.Wire});
     });
   }
 }
@@ -279,8 +278,7 @@ void RulesCheck::CheckWireGaps(const Rule& rule) {
   for (const WirePair& pair : WirePairs()) {
     if (pair.Gap >= limit_ - Slack()) continue;
     if (!IsMeant(rule, things_.Wires[pair.First]) && !IsMeant(rule, things_.Wires[pair.Second])) continue;
-    ReportPair(things_.Wires[pair.First], things_.Wires[pair.Second], pair.Gap,
-               {in_.Loops[pair.First].Name, in_.Loops[pair.Second].Name});
+    ReportPair(things_.Wires[pair.First], things_.Wires[pair.Second], pair.Gap, {pair.First, pair.Second});
   }
 }
 
@@ -328,13 +326,13 @@ void RulesCheck::CheckPadRow(const Rule& rule, const std::vector<std::size_t>& r
 
 void RulesCheck::CheckWiresOnLeads(const Rule& rule) {
   for (const RuleLead& lead : things_.Leads) {
-    std::vector<std::string> names;
+    std::vector<std::size_t> meant;
     for (const std::size_t wire : lead.Wires)
-      if (IsMeant(rule, things_.Wires[wire])) names.push_back(in_.Loops[wire].Name);
-    if (names.empty()) continue;
+      if (IsMeant(rule, things_.Wires[wire])) meant.push_back(wire);
+    if (meant.empty()) continue;
     measured_ = true;
-    const double count = static_cast<double>(names.size());
-    if (count > limit_) Report(lead.Records.front(), count, std::move(names));
+    const double count = static_cast<double>(meant.size());
+    if (count > limit_) Report(lead.Records.front(), count, std::move(meant));
   }
 }
 

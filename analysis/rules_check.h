@@ -32,7 +32,7 @@ struct RuleRemark {
   std::optional<model::RecordPlace> Other = {};  ///< the other one of a pair
   std::size_t OtherLine = 0;
   std::optional<double> Value = {}, Limit = {};  ///< file units, degrees or a number of wires
-  std::vector<std::string> Wires = {};           ///< the wires that offend, by their text in the wire list
+  std::vector<std::size_t> Wires = {};           ///< the wires that offend: indices into the loops
 };
 
 struct RulesReport {

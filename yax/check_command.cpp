@@ -61,7 +61,7 @@ Offenders AddRules(const CheckOptions& options, const analysis::RuleSet& set, co
   Offenders offenders{.Shown = true, .Names = {}};
   for (const analysis::RuleRemark& remark : found.Report.Remarks)
     if (analysis::Offends(found.Set, remark))
-      offenders.Names.insert(remark.Wires.begin(), remark.Wires.end());
+      for (const std::size_t wire : remark.Wires) offenders.Names.insert(loops[wire].Name);
   return offenders;
 }
 

@@ -4,6 +4,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "analysis/rule_diagnostics.h"
@@ -109,18 +110,20 @@ Judgement Judge(const DiagramOptions& options, const OpenedPackage& opened, cons
   const RulesFound found = MeasureRules(options.rules, ReadRulesFile(options.rules),
                                         {opened.Package, opened.Lines, loops, opened.Settings, unit});
   judgement.Rules = found.Name;
-  std::set<std::string> offenders;
+  std::set<std::pair<model::RecordTable, std::size_t>> offenders;
   std::vector<std::size_t> counts(found.Set.Rules.size());
   for (const analysis::RuleRemark& remark : found.Report.Remarks) {
     if (!analysis::Offends(found.Set, remark)) continue;
     judgement.Keeps = false;
     ++counts[remark.Rule];
-    offenders.insert(remark.Wires.begin(), remark.Wires.end());
+    for (const std::size_t wire : remark.Wires)
+      offenders.insert({loops[wire].Place.Table, loops[wire].Place.Number});
   }
   for (std::size_t k = 0; k < counts.size(); ++k)
     if (counts[k] > 0)
       judgement.Lines.push_back(analysis::RuleText(found.Set.Rules[k]) + ": " + std::to_string(counts[k]));
-  for (sheet::DiagramWire& wire : wires) wire.Offends = offenders.contains(wire.Name);
+  for (sheet::DiagramWire& wire : wires)
+    wire.Offends = offenders.contains({wire.Place.Table, wire.Place.Number});
   judgement.Verdict = judgement.Keeps ? "keeps all rules" : "does not keep all rules";
   if (found.Report.Unmeasured.size() == found.Set.Rules.size())
     judgement.Verdict = "there is nothing to measure";
