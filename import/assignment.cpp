@@ -16,6 +16,8 @@ namespace importer {
 namespace {
 
 constexpr char kAdviceOnPads[] = "give the name or number of one pad of the die";
+constexpr char kAdviceOnHeader[] =
+    "give the name or number of one pad of the die, or, in a header, the columns pad and lead";
 constexpr char kAdviceOnLeads[] = "give the number or name of one lead of the package";
 
 /// What a pad meets, before it is known where on it the wires land.
@@ -152,7 +154,7 @@ void Assigner::TakeTable() {
     if (!pad)
       throw ImportError({request_.TableFile, row.Row},
                         "there is no pad " + Quoted(row.PadName.empty() ? row.PadNumber : row.PadName),
-                        kAdviceOnPads);
+                        row.MayBeHeader ? kAdviceOnHeader : kAdviceOnPads);
     if (!excepted[*pad]) TakeRow(row, *pad);
   }
 }

@@ -31,6 +31,15 @@ void MoveToMiddle(std::vector<Terminal>& terminals, const glm::dvec2& middle, do
                      (shape.Place.High - middle) / unitsPerMillimetre};
 }
 
+/// An option that has no effect on this file was meant for another one.
+void RefuseNeedless(const DieRequest& request, bool isDef, bool isLef) {
+  if (!isDef && !request.LefFiles.empty())
+    throw ArgumentError("lef", "only a DEF places cells of another file",
+                        "remove it, or give a DEF as --die");
+  if (!isLef && !request.Macro.empty())
+    throw ArgumentError("macro", "only a LEF has macros", "remove it, or give a LEF as --die");
+}
+
 constexpr char kLessStrict[] = "try a smaller --pad-min, a larger --pad-aspect, or other --pads";
 
 Die DieOf(const DieRequest& request, const std::vector<Terminal>& terminals, const glm::dvec2& ownSize,
@@ -62,6 +71,8 @@ Die DieFromDef(const DieRequest& request) {
   const Box area = chip.Area.value_or(Box{});
   MoveToMiddle(chip.Terminals, area.Middle(), units);
   Die die = DieOf(request, chip.Terminals, area.Size() / units, "DIEAREA");
+  if (die.Pads.empty() && chip.Pins + chip.Cells == 0)
+    throw ImportError({request.File}, "it has neither pins nor cells", "give the DEF of the pad frame");
   if (die.Pads.empty())
     throw ImportError({request.File}, "no pads found among " + found,
                       chip.CellsInLibrary < chip.Cells && chip.CellsInLibrary == 0
@@ -131,10 +142,13 @@ void RefuseKind(const std::string& file, const std::string& wanted) {
 }
 
 Die ReadDie(const DieRequest& request) {
+  const bool isDef = EndsWith(request.File, ".DEF") || EndsWith(request.File, ".DEF.GZ");
+  const bool isLef = EndsWith(request.File, ".LEF") || EndsWith(request.File, ".LEF.GZ");
+  RefuseNeedless(request, isDef, isLef);
   Die die;
-  if (EndsWith(request.File, ".DEF") || EndsWith(request.File, ".DEF.GZ")) {
+  if (isDef) {
     die = DieFromDef(request);
-  } else if (EndsWith(request.File, ".LEF") || EndsWith(request.File, ".LEF.GZ")) {
+  } else if (isLef) {
     die = DieFromLef(request);
   } else if (IsTableFile(request.File)) {
     die = DieFromTable(request);

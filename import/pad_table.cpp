@@ -261,7 +261,8 @@ std::vector<BondRow> BondsFromTable(const std::string& file) {
     BondRow bond{.PadName = table.Field(row, roles.PadName),
                  .PadNumber = table.Field(row, roles.PadNumber),
                  .Leads = LeadWords(roles.LeadOf(table, row)),
-                 .Row = row.Line};
+                 .Row = row.Line,
+                 .MayBeHeader = !table.HasHeader() && bonds.empty()};
     if (bond.PadName.empty() && bond.PadNumber.empty())
       table.Fail(row, "the row names no pad", "name one, or remove the row");
     bonds.push_back(std::move(bond));

@@ -24,8 +24,8 @@ LeadFrame FingersFromTable(const std::string& file, double unit, const glm::dvec
 struct BondRow {
   std::string PadName, PadNumber;  ///< either may be empty
   std::vector<std::string> Leads;  ///< numbers or names; none for a pad that stays free
-  bool OnPaddle = false;           ///< a down bond
   std::size_t Row = 0;
+  bool MayBeHeader = false;  ///< the first row of a table in which no header was found
 };
 
 /// Faults  ImportError with the row

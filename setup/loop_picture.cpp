@@ -12,7 +12,7 @@ namespace {
 
 // Pixels.
 constexpr double kMargin = 10.0;
-constexpr double kTopMargin = 32.0;
+constexpr double kTopMargin = 32.0;     ///< the dimension line and the label of the highest loop go here
 constexpr double kBottomMargin = 26.0;  ///< the labels of what stands on the substrate go here
 constexpr double kPadThickness = 3.0;
 constexpr float kDimensionGap = 8.0F;     ///< between a loop and its dimension lines
@@ -38,14 +38,15 @@ class Scale {
     right_ += room;
   }
 
-  void Fit(float width, float height) {
+  /// Keeps `topMargin` pixels free above the highest point.
+  void Fit(float width, float height, double topMargin) {
     const double across = std::max(double(width) - 2.0 * kMargin, 1.0);
-    const double up = std::max(double(height) - kTopMargin - kBottomMargin, 1.0);
+    const double up = std::max(double(height) - topMargin - kBottomMargin, 1.0);
     perUnit_ = across / (right_ - left_);
     if (high_ > low_) perUnit_ = std::min(perUnit_, up / (high_ - low_));
     originX_ = kMargin + (across - perUnit_ * (right_ - left_)) / 2.0 - perUnit_ * left_;
     // The substrate stays at the bottom however high the loops are.
-    originY_ = kTopMargin + up + perUnit_ * low_;
+    originY_ = topMargin + up + perUnit_ * low_;
   }
 
   PicturePoint At(double out, double up) const {
@@ -83,12 +84,16 @@ class Drawing {
 
  private:
   void Fit(float width, float height) {
-    for (const SideWire* wire : {&wires_.Base, &wires_.Stack, &wires_.Stitch})
+    double topMargin = kTopMargin - double(kLabelHeight);
+    for (const SideWire* wire : {&wires_.Base, &wires_.Stack, &wires_.Stitch}) {
       for (const SidePoint& point : wire->Points) scale_.Include(point);
+      // The labels of loops of one height stand one over the other.
+      if (!wire->Points.empty()) topMargin += double(kLabelHeight);
+    }
     scale_.Include({0.0, dieHeight_});
     if (stacked_) scale_.Include({0.0, dieHeight_ + stackHeight_});
     scale_.WidenSides();
-    scale_.Fit(width, height);
+    scale_.Fit(width, height, topMargin);
   }
 
   void Bodies() {

@@ -147,6 +147,11 @@ TEST_F(ChipImportTest, RefusesWhatIsNotThere) {
   request.Bonds.Exceptions.clear();
   Table("pad,lead\nA,1\nZ,1\n");
   EXPECT_EQ(Refused(), "b.csv:3: there is no pad 'Z'; give the name or number of one pad of the die");
+  // One known column of two may be a pad called so.
+  Table("Pad Name,Wohin\nA,1\n");
+  EXPECT_EQ(Refused(),
+            "b.csv:1: there is no pad 'Pad Name'; give the name or number of one pad of the die, or, in a "
+            "header, the columns pad and lead");
   Table("pad,lead\nA,99\n");
   EXPECT_EQ(Refused(), "b.csv:2: there is no lead '99'; give the number or name of one lead of the package");
   request.Bonds.Unused = {"5"};

@@ -198,6 +198,7 @@ TEST_F(DieReaderTest, SaysWhatCannotBeReadAndWhere) {
       {"a.def", kHead + open + "( 9 9 ) + FIXED ( 0 0 ) N ;\nEND PINS\nEND DESIGN\n",
        "a.def: no pads found among 1 pin with 1 shape and 0 cells (0 of them in a --lef); try a smaller "
        "--pad-min"},
+      {"a.def", kHead + "END DESIGN\n", "a.def: it has neither pins nor cells; "},
       {"a.def.gz", "\x1f\x8b\x08", "a.def.gz: the gzip file ends too early; "},
       {"a.lef", macro + "END m\n", "a.lef:1: the macro 'm' has no pins; "},
       {"a.lef", port + "x ;\n", "a.lef:6: 'x' is not a number; "},
@@ -215,6 +216,12 @@ TEST_F(DieReaderTest, SaysWhatCannotBeReadAndWhere) {
     EXPECT_EQ(Refused(file, text).substr(0, message.size()), message) << text;
   EXPECT_EQ(RefusalOf([&] { ReadDie({.File = folder / "none.def"}); }),
             "none.def: there is no such file; correct its path");
+  for (const char* const file : {"a.lef", "a.csv"})
+    EXPECT_EQ(RefusalOf([&] { ReadDie({.File = file, .LefFiles = {"b.lef"}}); }),
+              "--lef: only a DEF places cells of another file; remove it, or give a DEF as --die");
+  for (const char* const file : {"a.def", "a.csv"})
+    EXPECT_EQ(RefusalOf([&] { ReadDie({.File = file, .Macro = "m"}); }),
+              "--macro: only a LEF has macros; remove it, or give a LEF as --die");
 }
 
 TEST(SourceFile, UnpacksMembersAndRefusesDamage) {
