@@ -45,6 +45,14 @@ class EstimatorWindowTest : public testing::Test {
 
 constexpr int kName = 0, kLength = 5, kResistance = 7;
 
+TEST_F(EstimatorWindowTest, TypingSearchesFromTheStart) {
+  EstimatorWindow window(Request{.ParameterFile = File(), .Folder = YAX_SAMPLES, .Unit = std::nullopt});
+  window.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  window.Fill();
+  EXPECT_EQ(window.focusWidget(), window.findChild<QLineEdit*>());
+}
+
 TEST_F(EstimatorWindowTest, ShowsSortsAndSearchesTheWires) {
   const auto window = Opened();
   auto* const table = window->findChild<QTableView*>();
