@@ -50,6 +50,8 @@ void EstimatorWindow::Fill() {
   connect(&work_, &QFutureWatcherBase::finished, this, [this] { ShowResult(); });
   ReadAgainWhenWritten();
   Begin();
+  // A window that became active while it was empty gives the focus to none of its widgets.
+  search_->setFocus();
 }
 
 /// The work uses nothing of the window, but its threads must end before the program does.

@@ -68,7 +68,7 @@ Status ParseAndRun(const std::vector<std::string>& arguments) {
     command->group("Commands");
     AddHelpAndVersion(*command);
   }
-  program.footer(endings + "\n\nyax COMMAND --help tells the options of a command.");
+  program.footer(endings + "\n\nyax COMMAND --help lists the options of a command.");
   try {
     // The parser takes them from the back, and takes them away.
     program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));

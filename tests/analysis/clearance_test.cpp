@@ -144,7 +144,8 @@ TEST(Units, AreAskedForWhereMilsMakeNoSense) {
   package.UnitScale = 10.0F;
   package.CompL = 1.9F;
   package.CompW = 1.0F;
-  EXPECT_EQ(Refusal([&] { UnitOf({}, package); }), "small.yax: this looks like mm; pass --unit")
+  EXPECT_EQ(Refusal([&] { UnitOf({}, package); }),
+            "small.yax: this looks like mm; pass --unit mm, or the unit that the file has")
       << "19 mil is no die";
   EXPECT_STREQ(UnitOf({"mil"}, package).Name, "mil");
   package.CompW = 2.0F;

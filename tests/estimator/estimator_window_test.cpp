@@ -45,6 +45,16 @@ class EstimatorWindowTest : public testing::Test {
 
 constexpr int kName = 0, kLength = 5, kResistance = 7;
 
+TEST_F(EstimatorWindowTest, TypingSearchesFromTheStart) {
+  EstimatorWindow window(Request{.ParameterFile = File(), .Folder = YAX_SAMPLES, .Unit = std::nullopt});
+  window.show();
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  window.Fill();
+  // Widgets in a window that is shown already appear with its next events.
+  EXPECT_TRUE(QTest::qWaitFor([&] { return window.findChild<QLineEdit*>()->hasFocus(); }));
+}
+
 TEST_F(EstimatorWindowTest, ShowsSortsAndSearchesTheWires) {
   const auto window = Opened();
   auto* const table = window->findChild<QTableView*>();

@@ -17,7 +17,8 @@ void AddUnitOption(CLI::App& command, UnitOptions& options) {
 analysis::LengthUnit UnitOf(const UnitOptions& options, const model::Package& package) {
   if (const auto named = analysis::UnitNamed(options.Name)) return *named;
   if (const auto likely = analysis::LikelyUnitOf(package)) return *likely;
-  throw Unusable({.File = package.PackagePath}, "this looks like mm", "pass --unit");
+  throw Unusable({.File = package.PackagePath}, "this looks like mm",
+                 "pass --unit mm, or the unit that the file has");
 }
 
 double WireDiameterIn(const analysis::LengthUnit& unit, const model::WireBondSettings& settings) {

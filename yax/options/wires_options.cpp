@@ -53,7 +53,8 @@ void AddWireOptions(CLI::App& command, WireOptions& options) {
   command.add_flag("--stitches", options.Stitches, "Only stitches")->group(kWiresGroup);
   command
       .add_option("--name", options.Names,
-                  "Only the wire of this name, a stitch as A:B; may be repeated. Filters add up")
+                  "Only the wire of this name, a stitch as A:B; may be repeated. With several filters, wires "
+                  "that match any of them")
       ->type_name("NAME")
       ->allow_extra_args(false)
       ->group(kWiresGroup);
