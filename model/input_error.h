@@ -17,7 +17,7 @@ struct FilePlace {
 /// "file:line: what; advice". The advice says what to do and may be empty.
 std::string MessageText(const FilePlace& place, std::string_view what, std::string_view advice);
 
-/// what() is that text.
+/// Unusable input; what() is its MessageText.
 class InputError : public std::exception {
  public:
   InputError(const FilePlace& place, std::string_view what, std::string_view advice)
