@@ -17,7 +17,7 @@ namespace render {
 
 /// All shapes of one net, or of one part of the package's body, a mesh for each colour.
 struct MeshGroup {
-  std::string Name;  ///< of the net; else "die", "stacked die", "die attach" or "rings"
+  std::string Name;  ///< the net's name; else "die", "stacked die", "die attach" or "rings"
   bool IsNet = false;
   std::vector<std::pair<model::Colour, Mesh>> Meshes;
 };
@@ -35,7 +35,7 @@ class MeshPen final : public model::Pen {
   void Disc(const model::DiscRim& rim) override;
   void Strip(const model::WireStrip& points, const model::Colour& paint) override;
 
-  /// Those with anything in them, in the order in which they were begun.
+  /// The groups that are not empty, in the order in which Begin first named them.
   const std::vector<MeshGroup>& Groups() const { return groups_; }
 
  private:
