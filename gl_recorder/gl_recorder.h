@@ -24,10 +24,10 @@ struct Argument {
 
 /// Receives the program's gl and glu calls during its lifetime; there is one at a time.
 ///
-/// It notes an error for: a vertex or normal outside begin and end; anything but vertices, normals,
-/// colours and materials inside; a begin inside a begin; an end without one, except the one that
-/// BuildCube puts right before the end of its compile-and-execute list; lists inside lists, without a number,
-/// or called but missing; calls without a context; stacks that do not balance.
+/// It notes an error for: a vertex or normal outside begin and end; anything but vertices, normals, colours
+/// and materials inside; a begin inside a begin; an end without one, except the one that BuildCube puts right
+/// before the end of its compile-and-execute list; a list inside a list, with a name that glGenLists did not
+/// return, or called but missing; calls without a context; stacks that do not balance.
 class Recorder {
  public:
   Recorder();
