@@ -25,7 +25,7 @@ struct WireInputs {
   const model::Package& Package;
   const WireBondSettings& Settings;
   const WireSelection& Selection;
-  const WireShapes* Shapes = nullptr;  ///< loops of single wires, which override the settings; may be null
+  const WireShapes* Shapes = nullptr;  ///< loops that override the settings; may be null
 };
 
 using WireVisit = std::function<void(const Wire&)>;

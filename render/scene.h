@@ -23,8 +23,7 @@ struct SceneInputs {
   const model::WireBondSettings& Settings;
   const render::Appearance& Appearance;
   const model::WireSelection& Selection;
-  const model::WireShapes* Shapes =
-      nullptr;  ///< loops of single wires, which override the settings; may be null
+  const model::WireShapes* Shapes = nullptr;  ///< loops that override the settings; may be null
 };
 
 /// Units  scene units (file units / UnitScale), y up: package (x, y, z) becomes (x, z, y). Pads and wires
