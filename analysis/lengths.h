@@ -9,7 +9,7 @@
 
 namespace analysis {
 
-/// One wire. Lengths and heights in file units, with the digits that are shown.
+/// One wire. Lengths and heights in file units, rounded to the digits that are shown.
 struct WireRow {
   model::RecordPlace Place = {};
   std::string Name = {};
@@ -30,7 +30,7 @@ struct WireGroup {
 };
 
 /// A row for each loop of the package. Tier and net type are those of the first wire list entry of that name;
-/// a stitch goes by its first pad.
+/// a stitch takes those of its first pad.
 /// Faults  Overflow for a length beyond the range of a single
 std::vector<WireRow> MeasureLengths(const model::Package& package, const std::vector<WireLoop>& loops);
 

@@ -29,6 +29,7 @@ bool AreCompared(const LoopOfNet& a, const LoopOfNet& b);
 
 /// For every loop the nearest other one, and every other pair as near as `reach` (none when that is
 /// negative), in order of distance.
+/// Units   any one unit of length for points and `reach`
 std::vector<LoopPair> FindNearLoops(const std::vector<LoopOfNet>& loops, double reach);
 
 }  // namespace analysis

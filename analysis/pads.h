@@ -24,10 +24,10 @@ struct Pad {
 
 PlanRectangle RectangleOf(const DieOutline& die);
 
-/// The die pads that show, base die first. A round one is the square around it, turned with its die.
+/// The visible die pads, base die first. A round one is the square around it, turned with its die.
 std::vector<Pad> DiePads(const model::Package& package);
 
-/// The substrate pads that show; none where the package is not wire-bonded. Round ends count to the length.
+/// The visible substrate pads; none where the package is not wire-bonded. Round ends count to the length.
 std::vector<Pad> SubstratePads(const model::Package& package);
 
 /// The bond that a pad is part of.

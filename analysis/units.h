@@ -18,7 +18,7 @@ struct LengthUnit {
 /// "mil", "mm" or "um"; nothing for any other name.
 std::optional<LengthUnit> UnitNamed(std::string_view name);
 
-/// Mils, in which wire diameters are; nothing when the base die is so small that the file must be in
+/// Mils, the unit of wire diameters; nothing when the base die is so small that the file must be in
 /// millimetres.
 std::optional<LengthUnit> LikelyUnitOf(const model::Package& package);
 
