@@ -119,7 +119,7 @@ TEST(OrderMatch, IsBestForEachNumberUpToEightPadsAndTenLeads) {
   }
 }
 
-TEST(OrderMatch, IsBestInLargerRandomCases) {
+TEST(OrderMatch, IsBestInRandomCases) {
   std::mt19937 random(2);
   std::uniform_int_distribution<std::size_t> count(1, 8);
   for (int i = 0; i < 500; ++i)
