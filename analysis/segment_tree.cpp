@@ -120,9 +120,9 @@ double SegmentTree::LeastDistance(const Node& node, const Query& query, double r
   }
   double least = HUGE_VAL;
   for (const glm::dvec3& point : points) {
-    double shadow = 0.0;
-    for (int k = 0; k < 3; ++k) shadow += line[k] * (point[k] - near.OnFirst[k]);
-    least = std::min(least, shadow);
+    double projection = 0.0;
+    for (int k = 0; k < 3; ++k) projection += line[k] * (point[k] - near.OnFirst[k]);
+    least = std::min(least, projection);
   }
   return std::max(between, least - std::max(axisA, axisB) - node.RoundingSlack);
 }

@@ -112,7 +112,7 @@ TEST(Check, ReportsEachBadLineOnceWithItsPlace) {
   EXPECT_EQ(Remarks(report, Severity::Finding), findings);
   EXPECT_EQ(report.Lines, count);
   EXPECT_EQ(report.Ignored, 6U) << "two at COMPZ, one early, one unknown, two that name nothing";
-  // C and F have neither wire nor substrate pad; E has both by an SBP and a WB line, D by lines of each kind.
+  // C and F have neither wire nor substrate pad; E has both, D at least the lines of both.
   EXPECT_EQ(Remarks(report, Severity::Note),
             (Texts{"28 pads-without-wire", "28 pads-without-substrate-pad", "35 pads-without-wire",
                    "35 pads-without-substrate-pad", "vu 6 net-types-without-wire"}));

@@ -13,7 +13,7 @@ namespace {
 using namespace std::string_literals;
 
 #if defined(__SANITIZE_ADDRESS__) || !defined(__OPTIMIZE__)
-constexpr double kMaxSeconds = 10.0;  // sanitizers are slow; quadratic time would take hours here too
+constexpr double kMaxSeconds = 10.0;  // unoptimized code is slow; quadratic time would take hours here too
 #else
 constexpr double kMaxSeconds = 1.0;
 #endif
