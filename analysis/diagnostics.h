@@ -30,7 +30,7 @@ struct Diagnostic {
   model::FilePlace Place;
   std::string What;
   std::string Advice;
-  std::optional<RuleValue> Measured = {};  ///< of a rule
+  std::optional<RuleValue> Measured = {};  ///< set for a rule
 };
 
 struct Diagnostics {

@@ -15,7 +15,7 @@ struct FilamentFrame {
   explicit FilamentFrame(const Filament& filament);
 
   glm::dvec3 Start, Middle;
-  glm::dvec3 Along;  ///< of length 1; 0 where the filament has no length
+  glm::dvec3 Along;  ///< unit vector; 0 where the filament has no length
   double Length;
 };
 

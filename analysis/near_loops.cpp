@@ -15,7 +15,7 @@ namespace analysis {
 namespace {
 
 constexpr std::uint32_t kNoLoop = UINT32_MAX;
-/// Loops for each thread. It does not depend on the machine, so all machines find the same pairs.
+/// Loops in a thread's unit of work. It does not depend on the machine, so all machines find the same pairs.
 constexpr std::size_t kLoopsPerBlock = 4096;
 
 std::vector<WirePiece> PiecesOf(const std::vector<LoopOfNet>& loops) {
@@ -96,7 +96,7 @@ class LoopSearch {
   double reach_;
   std::vector<Found> found_;
   std::vector<std::uint32_t> touched_;  ///< the loops that are in found_ for the one being searched for
-  std::vector<LoopPair> nearest_;       ///< of each loop, as far as it is known
+  std::vector<LoopPair> nearest_;       ///< the nearest pair of each loop so far
   std::vector<LoopPair> result_;
 };
 

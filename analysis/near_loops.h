@@ -10,7 +10,7 @@
 
 namespace analysis {
 
-/// A loop among others. Nets and pads are numbers, the same ones for the same names.
+/// A loop as the search sees it. Nets and pads are numbers, the same ones for the same names.
 struct LoopOfNet {
   std::array<glm::dvec3, model::kWirePointCount> Points{};
   std::uint32_t Net = 0;

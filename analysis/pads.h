@@ -16,7 +16,7 @@ namespace analysis {
 struct Pad {
   model::RecordPlace Place;  ///< a bond's die pad or substrate pad
   bool Round = false;        ///< a disc (die pad), or round ends (substrate pad)
-  PlanRectangle Shape;       ///< of a substrate pad the axis runs along its length
+  PlanRectangle Shape;       ///< for a substrate pad the axis runs along its length
 
   /// Whether its bond is one of the stacked die's.
   bool IsStacked() const { return Place.Table == model::RecordTable::SDBonds; }

@@ -76,7 +76,7 @@ RuleThings RuleThingsOf(const model::Package& package, const RecordLines& lines,
 
 bool AppliesTo(const Rule& rule, const RuleThing& thing) {
   if (!rule.Tier.empty()) return thing.Tier == rule.Tier;
-  // Of a net type the first letter counts, in any case.
+  // Only the first letter of a net type counts, in any case.
   return rule.NetType.empty() ||
          model::EqualsUpper(thing.NetType.substr(0, 1), std::string_view(rule.NetType).substr(0, 1));
 }

@@ -27,7 +27,7 @@ struct RuleThing {
 struct RuleLead {
   PlanRectangle Shape;
   std::vector<RuleThing> Records;  ///< in the order of the file's lines
-  std::vector<std::size_t> Wires;  ///< that end here, as indices into RuleThings::Wires
+  std::vector<std::size_t> Wires;  ///< the wires that end here, as indices into RuleThings::Wires
 };
 
 struct RuleDiePad {
@@ -43,7 +43,7 @@ struct RuleThings {
   std::vector<RuleDiePad> DiePads;
 };
 
-/// `rows` are those of every wire.
+/// Needs   `rows` of all wires
 RuleThings RuleThingsOf(const model::Package& package, const RecordLines& lines,
                         const std::vector<WireRow>& rows);
 

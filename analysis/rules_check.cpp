@@ -106,9 +106,9 @@ class RulesCheck {
   std::vector<WireRow> rows_;
   RuleThings things_;
   std::vector<LoopOfNet> numbered_;
-  std::optional<std::vector<WirePair>> pairs_;  ///< as near as the widest limit for gaps
+  std::optional<std::vector<WirePair>> pairs_;  ///< all pairs as near as the widest limit for gaps
   RulesReport report_;
-  // Of the rule being checked:
+  // State for the rule being checked:
   std::size_t rule_ = 0;
   double limit_ = 0.0;
   bool measured_ = false;

@@ -12,7 +12,7 @@ struct LengthUnit {
   const char* Name;
   double Mils;    ///< a unit in mils
   double Metres;  ///< a unit in metres
-  int Decimals;   ///< with which lengths are shown
+  int Decimals;   ///< decimals with which lengths are shown
 };
 
 /// "mil", "mm" or "um"; nothing for any other name.

@@ -76,7 +76,7 @@ class Recorder {
   std::string matrixMode_ = "GL_MODELVIEW";
   bool hasContext_ = true;
   struct {
-    unsigned Name = 0, Mode = 0;  ///< of the list being compiled
+    unsigned Name = 0, Mode = 0;  ///< name and mode of the list being compiled
     std::vector<Call> List;       ///< its calls so far
     std::map<std::string, int> Depths;
     bool Primitive = false;

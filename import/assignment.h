@@ -12,7 +12,7 @@
 namespace importer {
 
 enum class BondPlan {
-  Order,  ///< in their order around the die
+  Order,  ///< pads and leads in their order around the die
   Names,  ///< each pad to the lead with its name as name, number or net
   None,
   Table
@@ -23,7 +23,7 @@ struct BondRequest {
   std::string TableFile = {};
   std::vector<std::string> Exceptions = {};   ///< "PAD=LEAD"; they override everything else
   std::vector<std::string> Unused = {};       ///< leads that stay free
-  std::optional<double> Land = std::nullopt;  ///< from a lead's inner end, in millimetres
+  std::optional<double> Land = std::nullopt;  ///< where a wire lands, from a lead's inner end, in millimetres
 };
 
 /// A wire, by the numbers of its ends.

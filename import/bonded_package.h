@@ -19,7 +19,7 @@ struct NetPatterns {
 /// such as VIN and VREF, are often signals.
 NetPatterns UsualNets();
 
-/// What the package is made from.
+/// The inputs of a package.
 struct BondedChip {
   const Die& Chip;
   const LeadFrame& Frame;
@@ -27,7 +27,7 @@ struct BondedChip {
   const NetPatterns& Nets;
 };
 
-/// What an import makes.
+/// The package, findings on it, and a summary for people.
 struct Bonded {
   model::Package Package;
   std::vector<std::string> Findings;

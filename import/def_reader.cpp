@@ -10,7 +10,7 @@ namespace importer {
 
 namespace {
 
-/// Where a pin or cell lies.
+/// The place and orientation of a pin or cell.
 struct Placement {
   glm::dvec2 At{0.0};
   Orientation Turn = Orientation::N;

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::array<char, 4> kSides = {'B', 'R', 'T', 'L'};
 
-/// How far a place inside the die is from an edge; negative outside.
+/// The distance of a place inside the die from an edge; negative outside.
 double DistanceTo(char side, const glm::dvec2& middle, const glm::dvec2& dieSize) {
   switch (side) {
     case 'B':

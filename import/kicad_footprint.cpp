@@ -97,7 +97,7 @@ class Footprint {
 
   ElementSpan span_;
   std::string file_;
-  char side_ = 'F';  ///< of the board: 'F' or 'B'
+  char side_ = 'F';  ///< side of the board: 'F' or 'B'
   double degrees_ = 0.0;
   std::vector<CopperPad> pads_;
   BodyOutline outline_;

@@ -17,7 +17,7 @@ struct Lead {
   std::string Tier = "1";
   glm::dvec2 Inner{0.0}, Outer{0.0};  ///< ends of the centre line; the inner one is nearer the die
   double Width = 0.0;
-  std::size_t Row = 0;  ///< in a table: the line that it comes from
+  std::size_t Row = 0;  ///< for a table: the line that it comes from
 
   /// The lead's label in messages.
   const std::string& Label() const { return !Field.empty() ? Field : Number.empty() ? Name : Number; }

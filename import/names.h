@@ -12,7 +12,7 @@ struct FieldNames {
   std::vector<std::string> Findings;
 };
 
-/// What it means when a name is given twice: the same thing once more, or another thing.
+/// The meaning of a name that is given twice: the same thing once more, or another thing.
 enum class Repeat { SameThing, OtherThing };
 
 /// Makes names valid for a package: blanks and control bytes become "_". When two things would get the same

@@ -142,7 +142,7 @@ class CyclicMatch {
   std::size_t bestStart_ = 0;
   Cost bestCost_ = std::numeric_limits<Cost>::max();
   std::vector<Cost> sums_, least_;
-  std::vector<std::size_t> firsts_, lasts_;  ///< of each row: its range of partners
+  std::vector<std::size_t> firsts_, lasts_;  ///< the range of partners of each row
   MarkRows falls_;                           ///< where the least sum of a row so far falls
 };
 

@@ -1,4 +1,4 @@
-/// From the shapes of pins and cells to bond pads.
+/// Finds bond pads among the shapes of pins and cells.
 #pragma once
 
 #include <cstddef>
@@ -19,7 +19,7 @@ struct PinShape {
 
 /// A pin of the chip, or one that comes with a cell.
 struct Terminal {
-  std::string Name;        ///< of the pin or of the cell's instance
+  std::string Name;        ///< name of the pin, or of the cell's instance
   std::string Macro = {};  ///< the cell's kind; empty for a pin of the chip
   NetType Type = NetType::Unknown;
   std::vector<PinShape> Shapes = {};
@@ -43,7 +43,7 @@ std::vector<DiePad> PadsOf(const std::vector<Terminal>& terminals, const PadRule
 /// each of them.
 bool Matches(const std::string& name, const std::regex& pattern);
 
-/// How many shapes the terminals have together.
+/// The number of shapes of all terminals.
 std::size_t ShapeCount(const std::vector<Terminal>& terminals);
 
 /// POWER, GROUND and SIGNAL in any case; anything else is unknown.

@@ -8,7 +8,7 @@
 
 namespace model {
 
-/// What a message is about: a file, or one of its lines.
+/// The place that a message names: a file, or one of its lines.
 struct FilePlace {
   std::string File;
   std::size_t Line = 0;  ///< counted from 1; 0 for the whole file

@@ -1,4 +1,4 @@
-/// What draws the scene's shapes: OpenGL on the screen, anything else in tests and exports.
+/// The interface that draws the scene's shapes: with OpenGL on the screen, otherwise in tests and exports.
 #pragma once
 
 #include <array>

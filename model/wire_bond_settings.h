@@ -1,4 +1,4 @@
-/// What the bond wires are made of and how their loops are shaped.
+/// The material of the bond wires and the shape of their loops.
 #pragma once
 
 #include <string>
@@ -16,7 +16,7 @@ struct WireBondSettings {
   float BaseLoopHeight = 0.0F;   ///< wires of the base die
   float StackLoopHeight = 0.0F;  ///< wires of the stacked die, and stitches
   float BaseExtension = 0.0F;
-  float StackExtension = 0.0F;  ///< or kEdgeOfBaseDie
+  float StackExtension = 0.0F;  ///< kEdgeOfBaseDie is special
   float StitchExtension = 0.0F;
 };
 

@@ -48,8 +48,8 @@ class MeshPen final : public model::Pen {
 
   bool isNet_ = false;
   std::string name_;
-  std::size_t group_ = kNoGroup;  ///< of isNet_ and name_, once it was looked up
-  model::Colour quadPaint_;       ///< of the last quad, which discs take on
+  std::size_t group_ = kNoGroup;  ///< index for isNet_ and name_, once it was looked up
+  model::Colour quadPaint_;       ///< colour of the last quad, which discs take on
   std::vector<MeshGroup> groups_;
   std::map<std::pair<bool, std::string>, std::size_t> places_;  ///< where each group is
 };

@@ -72,7 +72,7 @@ double DistanceFor(const std::vector<glm::dvec3>& points, int across, double slo
   return (high + low) / (2.0 * slope);
 }
 
-/// Where an eye at this distance has as much room on one side as on the other.
+/// The place at which an eye at this distance has equal room on both sides.
 double MiddleFor(const std::vector<glm::dvec3>& points, int across, double distance) {
   double middle = points.front()[across];
   // The outermost points change with the eye; they settle within a few passes.

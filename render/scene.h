@@ -17,7 +17,7 @@
 
 namespace render {
 
-/// What a scene shows.
+/// The data that a scene shows.
 struct SceneInputs {
   const model::Package& Package;
   const model::WireBondSettings& Settings;

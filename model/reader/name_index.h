@@ -1,4 +1,4 @@
-/// Where each name of a package stands in its tables, found without a scan. Lives as long as one load.
+/// Finds the records of a package by name, without a scan. Lives as long as one load.
 #pragma once
 
 #include <cstddef>

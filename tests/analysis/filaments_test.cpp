@@ -83,7 +83,7 @@ class RandomPairs {
 
  private:
   double Part() { return std::uniform_real_distribution(0.0, 1.0)(random_); }
-  /// In a cube of 2 mm.
+  /// A point in a cube of 2 mm.
   dvec3 Point() { return 2e-3 * dvec3(Part() - 0.5, Part() - 0.5, Part() - 0.5); }
   Filament Crossing(const dvec3& at) {
     const dvec3 direction = Point();
