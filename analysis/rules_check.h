@@ -32,7 +32,7 @@ struct RuleRemark {
   std::optional<model::RecordPlace> Other = {};  ///< the other record of a pair
   std::size_t OtherLine = 0;
   std::optional<double> Value = {}, Limit = {};  ///< file units, degrees or a number of wires
-  std::vector<std::size_t> Wires = {};           ///< the wires that offend: indices into the loops
+  std::vector<std::size_t> Wires = {};           ///< the wires that break the rule: indices into the loops
 };
 
 struct RulesReport {
