@@ -8,7 +8,7 @@ namespace analysis {
 
 namespace {
 
-/// A number for each different text.
+/// Assigns a number to each different text.
 class Numbers {
  public:
   std::uint32_t Of(const std::string& text) {

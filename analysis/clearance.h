@@ -1,4 +1,4 @@
-/// How much room the wires of different nets leave between them.
+/// The clearance between wires of different nets.
 #pragma once
 
 #include <cstddef>
@@ -15,7 +15,7 @@ namespace analysis {
 
 enum class Finding { None, BelowLimit, Touching };
 
-/// Two wires and the room between them, in file units.
+/// Two wires and their clearance, in file units.
 struct ClearanceRow {
   std::size_t First = 0, Second = 0;  ///< the numbers of their loops
   std::string Name, Other;
@@ -38,11 +38,11 @@ struct Clearances {
 struct ClearanceRules {
   NetRule Nets = {};
   double WireDiameter = 0.0;
-  std::optional<double> Limit = {};  ///< wires with less room are findings too
+  std::optional<double> Limit = {};  ///< wires with less clearance are findings too
   bool All = false;                  ///< every finding, not only each wire's nearest other one
 };
 
-/// The loops as they are compared: with numbers for the names of their nets and pads.
+/// The loops for the comparison, with numbers in place of the names of their nets and pads.
 std::vector<LoopOfNet> LoopsByNumber(const std::vector<WireLoop>& loops, const NetRule& rule);
 
 /// For every wire the pair with its nearest other one; with `All` every other finding too.

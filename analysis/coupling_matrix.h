@@ -1,4 +1,4 @@
-/// Whether a circuit can have these couplings of its inductors.
+/// Whether couplings of inductors are physically possible.
 #pragma once
 
 #include <cstddef>
@@ -8,9 +8,9 @@
 
 namespace analysis {
 
-/// True when no currents give a negative energy. Then the matrix of ones on the diagonal, these couplings,
-/// and 0 for every other pair is positive definite. With all couplings of a package it always is; without the
-/// small ones it may not be.
+/// True when the matrix with ones on the diagonal, these couplings, and 0 for every other pair is positive
+/// definite: then no currents have a negative energy. All couplings of a package together always pass;
+/// without the small ones they may not.
 /// Source  a matrix is positive definite exactly when it has a Cholesky decomposition
 bool IsPositiveDefinite(std::size_t wires, const std::vector<Coupling>& couplings);
 

@@ -21,7 +21,7 @@ struct RuleValue {
   std::string Rule;
   std::optional<double> Value, Limit;  ///< none where the rule has no limit
   std::string Unit;
-  std::size_t OtherLine = 0;  ///< of the other record of a pair, else 0
+  std::size_t OtherLine = 0;  ///< line of the other record of a pair, else 0
 };
 
 struct Diagnostic {
@@ -30,14 +30,14 @@ struct Diagnostic {
   model::FilePlace Place;
   std::string What;
   std::string Advice;
-  std::optional<RuleValue> Measured = {};  ///< of a rule
+  std::optional<RuleValue> Measured = {};  ///< set for a rule
 };
 
 struct Diagnostics {
   std::string File;
   std::vector<Diagnostic> List = {};
-  std::size_t Lines = 0;    ///< of the package file
-  std::size_t Ignored = 0;  ///< of these
+  std::size_t Lines = 0;    ///< lines of the package file
+  std::size_t Ignored = 0;  ///< lines that the viewer ignores
 
   std::size_t Count(Severity severity) const;
   /// Puts the list into the order of the files and their lines.

@@ -74,7 +74,7 @@ class DrawingCheck {
   render::Scene scene_{{package_, settings_, appearance_, selection_}, pen_};
 };
 
-/// Reports the fault that leaves the work on a record.
+/// Runs `work` on a record and reports the fault that leaves it.
 template <class Work>
 void DrawingCheck::Try(const char* kind, const RecordPlace& place, Work&& work) {
   try {
@@ -109,7 +109,7 @@ void DrawingCheck::NothingOfZero(std::size_t line, std::string what, std::string
   if (!lines_.ExplainsZeros(line)) Nothing(line, std::move(what), std::move(advice));
 }
 
-/// True where there is anything that only wire-bonded packages show.
+/// True when the package has anything that only wire-bonded packages show.
 bool DrawingCheck::HasMoreThanDies() const {
   const auto has = [this](const model::Table<BondRec>& bonds, RecordTable table) {
     for (std::size_t i = 0; i < bonds.Count(); ++i)
@@ -123,7 +123,7 @@ bool DrawingCheck::HasMoreThanDies() const {
 
 void DrawingCheck::CheckTechnology() {
   if (package_.Technology == "WIRE_BOND" || package_.Technology == "FLIP_CHIP") return;
-  const std::string hides = " shows no wires, substrate pads, rings and bands";
+  const std::string hides = " shows no wires, substrate pads, rings or bands";
   if (const std::size_t line = lines_.Lines().OfHeader("TECHNOLOGY")) {
     Nothing(line, "TECHNOLOGY " + Quoted(package_.Technology) + hides, "write WIRE_BOND or FLIP_CHIP");
   } else if (HasMoreThanDies()) {
@@ -152,7 +152,7 @@ void DrawingCheck::CheckDiePads(const model::Table<BondRec>& bonds, RecordTable 
   }
 }
 
-/// A load computes these before it draws anything.
+/// The heights that a load computes before it draws anything.
 void DrawingCheck::CheckHeights() {
   try {
     model::WireBondSettings settings;
@@ -166,7 +166,7 @@ void DrawingCheck::CheckHeights() {
 
 void DrawingCheck::CheckBaseDie() {
   const auto check = [&](float size, const char* keyword) {
-    // Without such a line the package may well have no die.
+    // Without such a line the package may intentionally have no die.
     const std::size_t line = lines_.Lines().OfHeader(keyword);
     if (size == 0.0F && line != 0)
       NothingOfZero(line, std::string("the base die shows nothing: its ") + keyword + " is 0",
@@ -307,7 +307,7 @@ void DrawingCheck::Run() {
     NotePads(package_.Bonds, RecordTable::Bonds);
     NotePads(package_.SDBonds, RecordTable::SDBonds);
   }
-  // The whole drawing finds what no check above looks for.
+  // Drawing everything finds the faults that no check above looks for.
   if (found_.Count(Severity::Error) == 0) Try("fault", {}, [&] { scene_.DrawPackage(); });
 }
 

@@ -1,4 +1,4 @@
-/// Finds what ends the viewer while it draws a package, and what it draws nothing for.
+/// Finds what ends the viewer while it draws a package, and what it does not draw.
 #pragma once
 
 #include "analysis/diagnostics.h"
@@ -7,8 +7,8 @@
 
 namespace analysis {
 
-/// Adds what keeps the package, with the settings after a load, from being drawn as a whole, and the pads
-/// that are not connected.
+/// Adds everything that keeps the package from being drawn completely with the settings after a load, and the
+/// pads that are not connected.
 void CheckDrawing(const model::Package& package, const LineCheck& lines, Diagnostics& found);
 
 }  // namespace analysis

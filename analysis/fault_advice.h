@@ -1,4 +1,4 @@
-/// What to do about a record that cannot be drawn.
+/// Advice on a record that cannot be drawn.
 #pragma once
 
 #include <string>

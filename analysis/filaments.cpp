@@ -15,12 +15,12 @@ using glm::dvec3;
 
 constexpr double kVacuumOver4Pi = 1e-7;  ///< the magnetic constant over 4 pi, henry per metre
 
-/// Two filaments count as parallel when the sine of their angle is smaller. The closed form for any position
-/// divides by the sine and loses digits; at this sine it loses as much as the formula for parallel filaments
-/// neglects.
+/// Two filaments count as parallel when the sine of their angle is smaller than this. The closed form for
+/// skew filaments divides by the sine and loses digits; at this sine it loses as much as the formula for
+/// parallel filaments neglects.
 constexpr double kParallelSine = 1e-6;
 
-/// A point of Gauss and Legendre's rule on -1 to 1.
+/// A point of the Gauss-Legendre rule on -1 to 1.
 struct RulePoint {
   double At, Weight;
 };
@@ -34,7 +34,7 @@ constexpr std::array<RulePoint, 4> kFourPoints{{{-0.86113631159405258, 0.3478548
                                                 {0.33998104358485626, 0.65214515486254614},
                                                 {0.86113631159405258, 0.34785484513745386}}};
 
-/// The rule of four points keeps its error below 1e-7 from this distance on, in half lengths.
+/// From this distance on, in half lengths, the rule of four points keeps its error below 1e-7.
 constexpr double kNearest = 4.0;
 
 /// The rule for a filament whose middle is `distance` half lengths away. With n points the relative error at
@@ -90,8 +90,7 @@ double HalfFarIntegral(const FilamentFrame& line, const FilamentFrame& piece, st
   return sum * piece.Length / 2.0;
 }
 
-/// Filament b, turned around where it runs against a. The integrals of distances do not depend on the
-/// direction.
+/// Filament b, reversed when it runs against a. The integrals of distances do not depend on the direction.
 struct SameWay {
   SameWay(const FilamentFrame& a, const FilamentFrame& b)
       : Start(b.Start), Along(b.Along), Cosine(glm::dot(a.Along, b.Along)) {
@@ -111,7 +110,7 @@ double ParallelIntegral(const FilamentFrame& a, const FilamentFrame& b, const Sa
                         double squaredRadius) {
   const double start = glm::dot(turned.Start - a.Start, a.Along);
   const double end = start + b.Length;
-  // The distance of filaments that are not quite parallel is that in the middle of their common stretch.
+  // The distance of filaments that are not quite parallel is taken in the middle of their overlap.
   const double middle = (std::max(0.0, start) + std::min(a.Length, end)) / 2.0;
   const dvec3 apart = turned.Start + (middle - start) * turned.Along - (a.Start + middle * a.Along);
   const dvec3 across = glm::cross(apart, a.Along);

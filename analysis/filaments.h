@@ -10,12 +10,12 @@ struct Filament {
   glm::dvec3 A{}, B{};
 };
 
-/// A filament with what every one of its mutual inductances needs.
+/// A filament with the values that all its mutual inductances share.
 struct FilamentFrame {
   explicit FilamentFrame(const Filament& filament);
 
   glm::dvec3 Start, Middle;
-  glm::dvec3 Along;  ///< of length 1; 0 where the filament has no length
+  glm::dvec3 Along;  ///< unit vector; 0 where the filament has no length
   double Length;
 };
 
@@ -30,7 +30,7 @@ struct FilamentFrame {
 ///         (1915) 452, and F. W. Grover, "Inductance Calculations" (1946), chapter 7: filaments in any
 ///         position in closed form, here with the distance d of their lines replaced by
 ///         sqrt(d^2 + radius^2). E. B. Rosa, Bulletin of the Bureau of Standards 4 (1908) 301: parallel
-///         filaments. Filaments that are two or more of their lengths apart: the rule of Gauss and Legendre,
+///         filaments. Filaments that are two or more of their lengths apart: the Gauss-Legendre rule,
 ///         to 1e-7
 /// Range   a radius small against the filaments' lengths; wires much shorter than the wavelength
 double MutualInductance(const FilamentFrame& a, const FilamentFrame& b, double radius);

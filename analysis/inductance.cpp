@@ -11,7 +11,7 @@ namespace analysis {
 
 namespace {
 
-/// Threads take so many wires at a time.
+/// How many wires a thread takes at a time.
 constexpr std::size_t kBlock = 16;
 
 std::vector<FilamentFrame> PiecesOf(const std::vector<glm::dvec3>& axis) {
@@ -76,7 +76,7 @@ class Inductances::Search {
              kept);
   }
 
-  /// The result does not depend on which thread found what, because of equal couplings the first wire counts.
+  /// Of equal couplings the first wire counts, so the result does not depend on which thread found them.
   void Merge(const Search& other) {
     for (std::uint32_t wire = 0; wire < Nearest.size(); ++wire)
       if (other.Nearest[wire].Wire != Neighbour::kNone) TakeNearest(wire, other.Nearest[wire]);

@@ -57,8 +57,8 @@ struct Couplings {
 ///
 /// Source  A. E. Ruehli, "Inductance calculations in a complex integrated circuit environment", IBM
 ///         Journal of Research and Development 16 (1972) 470: partial inductances
-/// Range   wires much shorter than the wavelength: a wire of 1 mm up to 20 GHz. The model leaves out that
-///         wires crowd each other's current to one side when they nearly touch
+/// Range   wires much shorter than the wavelength: a wire of 1 mm up to 20 GHz. The model neglects the
+///         proximity effect: wires that nearly touch crowd each other's current to one side
 class Inductances {
  public:
   /// Needs   a radius and a resistivity above 0, two points in each axis
@@ -67,7 +67,7 @@ class Inductances {
   /// Returns infinity or NaN for a wire so large or small that squares of its size leave the range of doubles
   const std::vector<WireImpedance>& Wires() const { return impedances_; }
 
-  /// Works out the coupling of each pair, one or two microseconds each, and keeps those of at least `least`.
+  /// Computes the coupling of each pair, one or two microseconds each, and keeps those of at least `least`.
   Couplings Couple(double least) const;
 
  private:

@@ -73,7 +73,7 @@ double Measures::AngleOf(const WireLoop& loop) const {
   const glm::dvec2 edge =
       side ? NormalOf(*side)
            : NormalOfNearestEdge(pad.Stacked ? StackedDieOf(package_) : BaseDieOf(package_), start);
-  // Singles leave a few millionths of a degree.
+  // Single precision leaves errors of a few millionths of a degree.
   return std::round(AngleBetween(along, edge) * 1e4) / 1e4;
 }
 

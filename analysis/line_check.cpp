@@ -94,7 +94,7 @@ void LineCheck::AddIgnored(const LineNote& note) {
 }
 
 void LineCheck::CheckNumbers(const LineNote& note) {
-  // A height of 0 becomes 1, however it came about.
+  // A height of 0 becomes 1, whatever the reason.
   const std::string readAs = model::EqualsUpper(note.Fields[0], "COMPZ") ? "1" : "0";
   std::string missing;
   for (std::size_t field = 1; field < model::Tokens::kCount; ++field) {

@@ -24,7 +24,7 @@ class LineCheck final : public model::reader::ReadObserver {
   void OnSideFileLine(const model::reader::LineNote& note) override;
   void OnPackageEnd(std::size_t lines) override { found_.Lines = lines; }
 
-  /// All that was found, now that the whole package is known.
+  /// All diagnostics; call it once the whole package is read.
   Diagnostics Finish(const model::Package& package);
 
   const RecordLines& Lines() const { return lines_; }
@@ -35,7 +35,7 @@ class LineCheck final : public model::reader::ReadObserver {
 
  private:
   using FirstLines = std::unordered_map<std::string, std::size_t>;
-  /// A line that names a pad or ring that is not there, or not yet.
+  /// A line that names a pad or ring that does not exist, or not yet.
   struct UnresolvedReference {
     std::size_t Line;
     std::string Keyword, Name;

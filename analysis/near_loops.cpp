@@ -15,7 +15,7 @@ namespace analysis {
 namespace {
 
 constexpr std::uint32_t kNoLoop = UINT32_MAX;
-/// How many loops are worth a thread. Not a matter of the machine, so that all give the same pairs.
+/// Loops in a thread's unit of work. It does not depend on the machine, so all machines find the same pairs.
 constexpr std::size_t kLoopsPerBlock = 4096;
 
 std::vector<WirePiece> PiecesOf(const std::vector<LoopOfNet>& loops) {
@@ -28,7 +28,7 @@ std::vector<WirePiece> PiecesOf(const std::vector<LoopOfNet>& loops) {
   return pieces;
 }
 
-/// The search for what is near one loop after the other.
+/// Searches for the neighbours of one loop after the other.
 class LoopSearch {
  public:
   LoopSearch(const std::vector<LoopOfNet>& loops, const SegmentTree& tree, double reach)
@@ -39,14 +39,14 @@ class LoopSearch {
         nearest_(loops.size(), LoopPair{.Distance = HUGE_VAL}) {}
 
   std::vector<LoopPair> Run(std::size_t begin, std::size_t end) {
-    for (std::size_t number = begin; number < end; ++number) SearchRound(static_cast<std::uint32_t>(number));
+    for (std::size_t number = begin; number < end; ++number) SearchAround(static_cast<std::uint32_t>(number));
     for (std::size_t number = begin; number < end; ++number)
       if (nearest_[number].Distance < HUGE_VAL) result_.push_back(nearest_[number]);
     return std::move(result_);
   }
 
  private:
-  /// What is known of one loop and the loop being searched for.
+  /// The nearest approach found so far of a loop and the loop being searched for.
   struct Found {
     std::uint32_t By = kNoLoop;
     bool Compared = false;
@@ -59,8 +59,9 @@ class LoopSearch {
     return std::max(nearest > 0.0 ? nearest : -1.0, reach_);
   }
 
-  /// First the long piece at the end: it meets most, and leaves little to the short ones, which go together.
-  void SearchRound(std::uint32_t number) {
+  /// Searches around the long last piece first: it has the most neighbours and leaves a small bound for the
+  /// short pieces, which are searched together.
+  void SearchAround(std::uint32_t number) {
     touched_.clear();
     const std::span<const glm::dvec3> points = loops_[number].Points;
     for (const std::span<const glm::dvec3> run : {points.last(2), points.first(points.size() - 1)}) {
@@ -85,7 +86,7 @@ class LoopSearch {
     if (near.Distance >= found.Pair.Distance) return;
     found.Pair = {std::min(number, piece.Wire), std::max(number, piece.Wire), near.Distance,
                   (near.OnFirst + near.OnSecond) / 2.0};
-    // What is near the one is near the other: its own search then starts with a small bound.
+    // The distance counts for both loops, so the other one's search starts with a smaller bound.
     for (const std::uint32_t loop : {number, piece.Wire})
       if (near.Distance < nearest_[loop].Distance) nearest_[loop] = found.Pair;
   }
@@ -95,7 +96,7 @@ class LoopSearch {
   double reach_;
   std::vector<Found> found_;
   std::vector<std::uint32_t> touched_;  ///< the loops that are in found_ for the one being searched for
-  std::vector<LoopPair> nearest_;       ///< of each loop, as far as it is known
+  std::vector<LoopPair> nearest_;       ///< the nearest pair of each loop so far
   std::vector<LoopPair> result_;
 };
 

@@ -10,7 +10,7 @@
 
 namespace analysis {
 
-/// A loop among others. Nets and pads are numbers, the same ones for the same names.
+/// A loop as the search sees it. Nets and pads are numbers, the same ones for the same names.
 struct LoopOfNet {
   std::array<glm::dvec3, model::kWirePointCount> Points{};
   std::uint32_t Net = 0;
@@ -29,6 +29,7 @@ bool AreCompared(const LoopOfNet& a, const LoopOfNet& b);
 
 /// For every loop the nearest other one, and every other pair as near as `reach` (none when that is
 /// negative), in order of distance.
+/// Units   any one unit of length for points and `reach`
 std::vector<LoopPair> FindNearLoops(const std::vector<LoopOfNet>& loops, double reach);
 
 }  // namespace analysis

@@ -10,7 +10,7 @@ namespace analysis {
 
 namespace {
 
-/// A box in one of the cells that it reaches into.
+/// A box in one of the cells that it overlaps.
 struct Entry {
   std::int64_t X, Y;
   std::size_t Box;
@@ -28,7 +28,7 @@ class Grid {
       for (const glm::dvec2& corner : {box.Low, box.High})
         farthest = std::max({farthest, std::fabs(corner.x), std::fabs(corner.y)});
     }
-    // Numbers of cells stay within a whole number's range.
+    // Keeps the numbers of cells within the range of integers.
     cell_ = std::max({extent + reach, 1e-15 * (farthest + reach), 1e-12});
     // One box that is much larger than the others would fill the table of entries.
     while (CountEntries() > 16.0 * static_cast<double>(boxes.size())) cell_ *= 2.0;
@@ -74,7 +74,7 @@ class Grid {
            first.Low.y - reach <= second.High.y && second.Low.y - reach <= first.High.y;
   }
 
-  /// Of the cells that both reach into, the one at the lower left; a pair is visited there alone.
+  /// True in the lower left one of the cells that both boxes overlap: a pair is visited only there.
   bool IsFirstCell(const Entry& entry, std::size_t other) const {
     const glm::dvec2 low = glm::max(boxes_[entry.Box].Low, boxes_[other].Low) - half_;
     return CellOf(low.x) == entry.X && CellOf(low.y) == entry.Y;

@@ -12,8 +12,8 @@ struct PlanBox {
   glm::dvec2 Low{}, High{};
 };
 
-/// Calls `visit` once for every pair, the smaller number first, whose boxes come as near as `reach` along
-/// both axes.
+/// Calls `visit` once, with the smaller number first, for every pair of boxes that come as near as `reach`
+/// along both axes.
 void ForEachNearPair(const std::vector<PlanBox>& boxes, double reach,
                      const std::function<void(std::size_t, std::size_t)>& visit);
 

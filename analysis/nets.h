@@ -8,8 +8,8 @@
 
 namespace analysis {
 
-/// The regular expression recurses for every letter of a pattern and of a name. Longer patterns are refused,
-/// longer names are never matched: no real name comes near.
+/// std::regex recurses for every letter of a pattern and of a name. Longer patterns are refused and longer
+/// names never match; no real name is that long.
 inline constexpr std::size_t kLongestNetName = 1000;
 
 struct NetRule {

@@ -1,4 +1,4 @@
-/// Everything that a check reports of a package file.
+/// All checks of a package file.
 #pragma once
 
 #include "analysis/diagnostics.h"
@@ -7,8 +7,8 @@
 
 namespace analysis {
 
-/// What the lines, the drawing and the wire list make of a package, in the order of its lines.
-/// Needs   `lines` to have watched the read of this package; what it found is moved out of it
+/// The diagnostics of the lines, the drawing and the wire list, in the order of the package's lines.
+/// Needs   `lines` has observed the read of this package; its diagnostics are moved out
 Diagnostics CheckPackage(const model::Package& package, LineCheck& lines);
 
 }  // namespace analysis

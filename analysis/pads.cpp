@@ -21,7 +21,7 @@ using model::RecordTable;
 
 bool IsRectangle(const std::string& shape) { return model::EqualsUpper(shape, "RECTANGLE"); }
 
-/// As the viewer draws it: a shape that is none, or without a size, shows nothing.
+/// The pad as the viewer draws it; nothing for an unknown shape or a size of 0.
 std::optional<Pad> DiePadOf(const BondRec& bond, double unit) {
   const bool rectangle = IsRectangle(bond.DieShape);
   if (!rectangle && bond.DieShape != "ROUND") return std::nullopt;

@@ -16,7 +16,7 @@ namespace analysis {
 struct Pad {
   model::RecordPlace Place;  ///< a bond's die pad or substrate pad
   bool Round = false;        ///< a disc (die pad), or round ends (substrate pad)
-  PlanRectangle Shape;       ///< of a substrate pad the axis runs along its length
+  PlanRectangle Shape;       ///< for a substrate pad the axis runs along its length
 
   /// Whether its bond is one of the stacked die's.
   bool IsStacked() const { return Place.Table == model::RecordTable::SDBonds; }
@@ -24,10 +24,10 @@ struct Pad {
 
 PlanRectangle RectangleOf(const DieOutline& die);
 
-/// The die pads that show, base die first. A round one is the square around it, turned with its die.
+/// The visible die pads, base die first. A round one is the square around it, turned with its die.
 std::vector<Pad> DiePads(const model::Package& package);
 
-/// The substrate pads that show; none where the package is not wire-bonded. Round ends count to the length.
+/// The visible substrate pads; none where the package is not wire-bonded. Round ends count to the length.
 std::vector<Pad> SubstratePads(const model::Package& package);
 
 /// The bond that a pad is part of.

@@ -25,8 +25,8 @@ glm::dvec2 AxisAt(double degrees);
 /// The smallest distance between two rectangles; 0 where they overlap.
 double DistanceBetween(const PlanRectangle& a, const PlanRectangle& b);
 
-/// How far the inner rectangle's corners stay inside the outer one's four edge lines, the least of all;
-/// negative where a corner lies outside.
+/// The least distance of the inner rectangle's corners from the outer one's edge lines; negative where a
+/// corner lies outside.
 double DepthIn(const PlanRectangle& outer, const PlanRectangle& inner);
 
 }  // namespace analysis

@@ -18,8 +18,8 @@ class RecordLines final : public model::reader::ReadObserver {
   void OnPackageLine(const model::reader::LineNote& note) override;
   void OnSideFileLine(const model::reader::LineNote&) override {}
 
-  /// The line that made a record, of a bond the part asked for. Of several lines for one part of a bond it is
-  /// the last one; of a wire list entry it is the line of the wire.
+  /// The line that made a record: for a bond that of the given part, the last one of several; for a wire list
+  /// entry that of the wire.
   /// Returns 0 where there is none
   std::size_t Of(const model::RecordPlace& place) const;
 

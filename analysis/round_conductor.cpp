@@ -16,7 +16,7 @@ constexpr double kVacuum = 4e-7 * std::numbers::pi;  ///< the magnetic constant,
 /// Source  M. Abramowitz, I. A. Stegun, "Handbook of Mathematical Functions" (1964), 9.1.73: the quotient of
 ///         two Bessel functions as a continued fraction
 Complex ByContinuedFraction(Complex squaredQ) {
-  // After |q| steps each further one gains more than a bit.
+  // After |q| steps each further step gains more than a bit.
   const int steps = 40 + 2 * static_cast<int>(std::sqrt(std::abs(squaredQ)));
   Complex tail = 0.0;
   for (int k = steps; k >= 2; --k) tail = squaredQ / (2.0 * k + tail);

@@ -19,8 +19,8 @@ struct InternalImpedance {
 /// q I0(q) / (2 I1(q)) with q = (1 + j) radius / skin depth. For direct current the inductance is the
 /// magnetic constant / (8 pi).
 ///
-/// Range   any frequency from 0, in hertz, while no other conductor is so near that it crowds the current to
-///         one side
+/// Range   any frequency from 0, in hertz, without proximity effect: no other conductor is so near that it
+///         crowds the current to one side
 /// Source  Lord Rayleigh, Philosophical Magazine 21 (1886) 381; S. Ramo, J. R. Whinnery, T. Van Duzer,
 ///         "Fields and Waves in Communication Electronics", round wires
 InternalImpedance ImpedanceOf(const RoundConductor& conductor, double frequency);

@@ -74,16 +74,16 @@ RuleThings RuleThingsOf(const model::Package& package, const RecordLines& lines,
   return Collector(package, lines).Run(rows);
 }
 
-bool IsMeant(const Rule& rule, const RuleThing& thing) {
+bool AppliesTo(const Rule& rule, const RuleThing& thing) {
   if (!rule.Tier.empty()) return thing.Tier == rule.Tier;
-  // Of a net type the first letter counts, in any case.
+  // Only the first letter of a net type counts, in any case.
   return rule.NetType.empty() ||
          model::EqualsUpper(thing.NetType.substr(0, 1), std::string_view(rule.NetType).substr(0, 1));
 }
 
-bool IsMeant(const Rule& rule, const RuleLead& lead) {
+bool AppliesTo(const Rule& rule, const RuleLead& lead) {
   return std::any_of(lead.Records.begin(), lead.Records.end(),
-                     [&](const RuleThing& record) { return IsMeant(rule, record); });
+                     [&](const RuleThing& record) { return AppliesTo(rule, record); });
 }
 
 }  // namespace analysis

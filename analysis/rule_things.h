@@ -16,7 +16,7 @@
 
 namespace analysis {
 
-/// A record with what limits by tier and net type go by: those of the wire list's entry of its name.
+/// A record with the tier and net type that rules select by; the wire list's entry of its name gives both.
 struct RuleThing {
   model::RecordPlace Place;
   std::size_t Line = 0;
@@ -27,7 +27,7 @@ struct RuleThing {
 struct RuleLead {
   PlanRectangle Shape;
   std::vector<RuleThing> Records;  ///< in the order of the file's lines
-  std::vector<std::size_t> Wires;  ///< that end here, as indices into RuleThings::Wires
+  std::vector<std::size_t> Wires;  ///< the wires that end here, as indices into RuleThings::Wires
 };
 
 struct RuleDiePad {
@@ -36,19 +36,19 @@ struct RuleDiePad {
   std::optional<model::Side> Edge;
 };
 
-/// The texts belong to the package and to the rows.
+/// Holds views of texts in the package and the rows.
 struct RuleThings {
   std::vector<RuleThing> Wires;  ///< in the order of the rows
   std::vector<RuleLead> Leads;
   std::vector<RuleDiePad> DiePads;
 };
 
-/// `rows` are those of every wire.
+/// Needs   `rows` of all wires
 RuleThings RuleThingsOf(const model::Package& package, const RecordLines& lines,
                         const std::vector<WireRow>& rows);
 
-/// Whether a rule's tier or net type, where it has one, is that of a thing, or of a lead's record.
-bool IsMeant(const Rule& rule, const RuleThing& thing);
-bool IsMeant(const Rule& rule, const RuleLead& lead);
+/// Whether the rule's tier or net type, if it has one, is that of the thing, or of a record of the lead.
+bool AppliesTo(const Rule& rule, const RuleThing& thing);
+bool AppliesTo(const Rule& rule, const RuleLead& lead);
 
 }  // namespace analysis

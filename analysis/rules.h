@@ -1,4 +1,4 @@
-/// Rules of an assembly house: limits that a package keeps or not.
+/// Design rules of an assembly house.
 #pragma once
 
 #include <cstddef>
@@ -30,7 +30,7 @@ enum class RuleName {
   MaxWires
 };
 
-/// What the limit of a rule is.
+/// The quantity that a rule limits.
 enum class Quantity { None, Length, Angle, Count };
 
 struct RuleKind {
@@ -56,7 +56,7 @@ struct Rule {
   bool Plan = false;
   std::string Tier, NetType;  ///< only these wires and pads; empty for all
   RuleLevel Level = RuleLevel::Finding;
-  std::size_t Line = 0;  ///< of the rules file
+  std::size_t Line = 0;  ///< line of the rules file
 };
 
 struct RuleSet {
@@ -65,7 +65,7 @@ struct RuleSet {
 };
 
 /// The rules of a file, in the order of its lines. Of rules that differ only in limit and level the last one
-/// counts; limits in die heights hold beside those in other units.
+/// counts; a limit in die heights and one in another unit are different rules.
 /// Faults  InputError at the first line that is not a rule
 RuleSet ReadRules(const std::string& file, std::string_view text);
 

@@ -21,7 +21,7 @@ namespace analysis {
 
 namespace {
 
-/// A value as near to its limit as this keeps it.
+/// A value this close to its limit keeps it.
 constexpr double kSlackMillimetres = 1e-5;
 constexpr double kSlackDegrees = 1e-3;
 
@@ -53,7 +53,7 @@ double LimitOf(const Rule& rule, const RuleInputs& inputs) {
   return rule.Limit;
 }
 
-/// Two wires and the room between their surfaces.
+/// Two wires and the clearance of their surfaces.
 struct WirePair {
   std::size_t First = 0, Second = 0;
   double Gap = 0.0;
@@ -106,9 +106,9 @@ class RulesCheck {
   std::vector<WireRow> rows_;
   RuleThings things_;
   std::vector<LoopOfNet> numbered_;
-  std::optional<std::vector<WirePair>> pairs_;  ///< as near as the widest limit for gaps
+  std::optional<std::vector<WirePair>> pairs_;  ///< all pairs as near as the widest limit for gaps
   RulesReport report_;
-  // Of the rule being checked:
+  // State for the rule being checked:
   std::size_t rule_ = 0;
   double limit_ = 0.0;
   bool measured_ = false;
@@ -175,7 +175,7 @@ double RulesCheck::LengthOf(std::size_t wire, bool plan) const {
   return length;
 }
 
-/// Of the loop's highest point above the wire's start.
+/// The height of the loop's highest point above the wire's start.
 double RulesCheck::HeightOf(std::size_t wire) const {
   const auto& points = in_.Loops[wire].Points;
   double top = points.front().z;
@@ -186,7 +186,7 @@ double RulesCheck::HeightOf(std::size_t wire) const {
 void RulesCheck::CheckWires(const Rule& rule, const std::function<double(std::size_t)>& valueOf) {
   const double slack = rule.Unit == LimitUnit::Degree ? kSlackDegrees : Slack();
   for (std::size_t wire = 0; wire < things_.Wires.size(); ++wire) {
-    if (!IsMeant(rule, things_.Wires[wire])) continue;
+    if (!AppliesTo(rule, things_.Wires[wire])) continue;
     measured_ = true;
     const double value = valueOf(wire);
     const double beyond = rule.Name == RuleName::MinLength ? limit_ - value : value - limit_;
@@ -196,7 +196,7 @@ void RulesCheck::CheckWires(const Rule& rule, const std::function<double(std::si
 
 void RulesCheck::CheckLeads(const Rule& rule, const std::function<double(const PlanRectangle&)>& valueOf) {
   for (const RuleLead& lead : things_.Leads) {
-    if (!IsMeant(rule, lead)) continue;
+    if (!AppliesTo(rule, lead)) continue;
     measured_ = true;
     const double value = valueOf(lead.Shape);
     if (value < limit_ - Slack()) Report(lead.Records.front(), value);
@@ -205,7 +205,7 @@ void RulesCheck::CheckLeads(const Rule& rule, const std::function<double(const P
 
 void RulesCheck::CheckPadSizes(const Rule& rule) {
   for (const RuleDiePad& pad : things_.DiePads) {
-    if (!IsMeant(rule, pad.Record)) continue;
+    if (!AppliesTo(rule, pad.Record)) continue;
     measured_ = true;
     if (pad.Shape.ShorterSide() < limit_ - Slack()) Report(pad.Record, pad.Shape.ShorterSide());
   }
@@ -216,9 +216,9 @@ void RulesCheck::CheckPadsToEdge(const Rule& rule) {
   const PlanRectangle stacked = RectangleOf(StackedDieOf(in_.Package));
   for (const RuleDiePad& pad : things_.DiePads) {
     const bool isStacked = pad.Record.Place.Table == model::RecordTable::SDBonds;
-    // Pads show without their die, too.
+    // Pads are drawn even without their die.
     const bool hasDie = IsDrawn(isStacked ? StackedDieOf(in_.Package) : BaseDieOf(in_.Package));
-    if (!IsMeant(rule, pad.Record) || !hasDie) continue;
+    if (!AppliesTo(rule, pad.Record) || !hasDie) continue;
     measured_ = true;
     const double depth = DepthIn(isStacked ? stacked : base, pad.Shape);
     if (depth < limit_ - Slack()) Report(pad.Record, depth);
@@ -230,7 +230,7 @@ bool RulesCheck::AnyPairOfWires(const Rule& rule) const {
   const auto isOfFirstNet = [&](const LoopOfNet& loop) { return loop.Net == numbered_.front().Net; };
   if (std::all_of(numbered_.begin(), numbered_.end(), isOfFirstNet)) return false;
   for (std::size_t a = 0; a < things_.Wires.size(); ++a) {
-    if (!IsMeant(rule, things_.Wires[a])) continue;
+    if (!AppliesTo(rule, things_.Wires[a])) continue;
     const auto isCompared = [&](const LoopOfNet& other) { return AreCompared(numbered_[a], other); };
     if (std::any_of(numbered_.begin(), numbered_.end(), isCompared)) return true;
   }
@@ -254,7 +254,7 @@ void RulesCheck::CheckCrossings(const Rule& rule) {
     const std::array<glm::dvec3, 2> run{line.A, line.B};
     tree.Search({run, numbered_[wire].Net}, reach, [&](const WirePiece& piece) {
       if (piece.Wire <= wire || !AreCompared(numbered_[wire], numbered_[piece.Wire])) return;
-      if (!IsMeant(rule, things_.Wires[wire]) && !IsMeant(rule, things_.Wires[piece.Wire])) return;
+      if (!AppliesTo(rule, things_.Wires[wire]) && !AppliesTo(rule, things_.Wires[piece.Wire])) return;
       if (NearestPoints(line, piece.Line).Distance > reach) return;
       ReportPair(things_.Wires[wire], things_.Wires[piece.Wire], {}, {wire, piece.Wire});
     });
@@ -277,7 +277,7 @@ void RulesCheck::CheckWireGaps(const Rule& rule) {
   measured_ = AnyPairOfWires(rule);
   for (const WirePair& pair : WirePairs()) {
     if (pair.Gap >= limit_ - Slack()) continue;
-    if (!IsMeant(rule, things_.Wires[pair.First]) && !IsMeant(rule, things_.Wires[pair.Second])) continue;
+    if (!AppliesTo(rule, things_.Wires[pair.First]) && !AppliesTo(rule, things_.Wires[pair.Second])) continue;
     ReportPair(things_.Wires[pair.First], things_.Wires[pair.Second], pair.Gap, {pair.First, pair.Second});
   }
 }
@@ -286,12 +286,12 @@ void RulesCheck::CheckLeadGaps(const Rule& rule) {
   std::vector<PlanBox> boxes;
   for (const RuleLead& lead : things_.Leads) {
     boxes.push_back(BoxOf(lead.Shape));
-    measured_ = measured_ || (things_.Leads.size() > 1 && IsMeant(rule, lead));
+    measured_ = measured_ || (things_.Leads.size() > 1 && AppliesTo(rule, lead));
   }
   ForEachNearPair(boxes, limit_, [&](std::size_t first, std::size_t second) {
     const RuleLead& a = things_.Leads[first];
     const RuleLead& b = things_.Leads[second];
-    if (!IsMeant(rule, a) && !IsMeant(rule, b)) return;
+    if (!AppliesTo(rule, a) && !AppliesTo(rule, b)) return;
     const double gap = DistanceBetween(a.Shape, b.Shape);
     if (gap < limit_ - Slack()) ReportPair(a.Records.front(), b.Records.front(), gap);
   });
@@ -312,12 +312,12 @@ void RulesCheck::CheckPadRow(const Rule& rule, const std::vector<std::size_t>& r
   for (const std::size_t k : row) {
     const PlanRectangle& shape = things_.DiePads[k].Shape;
     boxes.push_back(pitch ? PlanBox{shape.Centre, shape.Centre} : BoxOf(shape));
-    measured_ = measured_ || (row.size() > 1 && IsMeant(rule, things_.DiePads[k].Record));
+    measured_ = measured_ || (row.size() > 1 && AppliesTo(rule, things_.DiePads[k].Record));
   }
   ForEachNearPair(boxes, limit_, [&](std::size_t first, std::size_t second) {
     const RuleDiePad& a = things_.DiePads[row[first]];
     const RuleDiePad& b = things_.DiePads[row[second]];
-    if (!IsMeant(rule, a.Record) && !IsMeant(rule, b.Record)) return;
+    if (!AppliesTo(rule, a.Record) && !AppliesTo(rule, b.Record)) return;
     const double value =
         pitch ? glm::distance(a.Shape.Centre, b.Shape.Centre) : DistanceBetween(a.Shape, b.Shape);
     if (value < limit_ - Slack()) ReportPair(a.Record, b.Record, value);
@@ -328,7 +328,7 @@ void RulesCheck::CheckWiresOnLeads(const Rule& rule) {
   for (const RuleLead& lead : things_.Leads) {
     std::vector<std::size_t> meant;
     for (const std::size_t wire : lead.Wires)
-      if (IsMeant(rule, things_.Wires[wire])) meant.push_back(wire);
+      if (AppliesTo(rule, things_.Wires[wire])) meant.push_back(wire);
     if (meant.empty()) continue;
     measured_ = true;
     const double count = static_cast<double>(meant.size());

@@ -42,7 +42,7 @@ constexpr std::string_view kSetWord = "rules";
 constexpr std::array<std::string_view, 3> kNetTypes{"POWER", "GROUND", "SIGNAL"};
 constexpr std::array<std::string_view, 3> kLevels{"note", "finding", "error"};
 
-/// How many letters to change, add or drop to make one word of another.
+/// The edit distance of two words: how many letters to change, add or drop.
 std::size_t Distance(std::string_view a, std::string_view b) {
   std::vector<std::size_t> row(b.size() + 1);
   std::iota(row.begin(), row.end(), std::size_t{0});
@@ -59,7 +59,7 @@ std::size_t Distance(std::string_view a, std::string_view b) {
 
 template <class Words>
 std::string_view Nearest(std::string_view word, const Words& words) {
-  // Longer than any name, and long enough to be slow.
+  // No name is longer, and the distance of long words is slow to compute.
   const std::string start = model::UpperCase(word.substr(0, 40));
   return *std::min_element(words.begin(), words.end(), [&](std::string_view a, std::string_view b) {
     return Distance(start, model::UpperCase(a)) < Distance(start, model::UpperCase(b));
@@ -154,7 +154,7 @@ void TakeLimit(const RuleKind& kind, Words& words, Rule& rule) {
                "write a number such as 2");
 }
 
-/// The wire list has tiers as texts, so a number has one spelling only.
+/// Tiers are compared as texts, so only one spelling of a number is valid.
 void TakeTier(Words& words, Rule& rule) {
   const std::string_view tier = words.Need("tier has no number", "write a number such as tier 2");
   if (tier.find_first_not_of("0123456789") != std::string_view::npos)
@@ -186,18 +186,18 @@ void TakeLevel(Words& words, Rule& rule) {
   words.Take();
 }
 
-/// All words have been tried: the next one stands out of order, or is none.
+/// Reports the next word, which is in the wrong place or unknown.
 [[noreturn]] void FailAtRest(const RuleKind& kind, Words& words) {
   constexpr std::array<std::string_view, 6> kWords{"plan", "tier", "net", "note", "finding", "error"};
   const std::string_view word = words.Take();
   if (kind.Limit == Quantity::None && NumberOf(word))
-    words.Fail(std::string(kind.Word) + " has no limit", "leave " + model::Quoted(word) + " out");
+    words.Fail(std::string(kind.Word) + " takes no limit", "remove " + model::Quoted(word));
   if (word == "deg" || std::any_of(kLengthUnits.begin(), kLengthUnits.end(),
                                    [&](const UnitWord& unit) { return unit.Word == word; }))
     words.Fail(std::string(kind.Word) + (kind.Limit == Quantity::None || kind.Limit == Quantity::Count
-                                             ? " has no unit"
-                                             : " has one unit"),
-               "leave " + model::Quoted(word) + " out");
+                                             ? " takes no unit"
+                                             : " takes only one unit"),
+               "remove " + model::Quoted(word));
   if (word == "plan" && !kind.HasPlan)
     words.Fail("plan does not go with " + std::string(kind.Word), "leave it out");
   if (std::find(kWords.begin(), kWords.end(), word) != kWords.end())
@@ -223,7 +223,7 @@ bool AreSame(const Rule& a, const Rule& b) {
          (a.Unit == LimitUnit::DieHeight) == (b.Unit == LimitUnit::DieHeight);
 }
 
-/// The text behind the word that was taken, up to a comment.
+/// The text after the word that was taken, up to a comment.
 std::string RestOf(std::string_view line) {
   const std::string_view start = line.substr(line.find(kSetWord) + kSetWord.size());
   const std::size_t first = start.find_first_not_of(" \t\r");

@@ -38,8 +38,8 @@ Nearness NearestPoints(const Segment& first, const Segment& second) {
   const double uu = glm::dot(u, u);
   const double vv = glm::dot(v, v);
   Best best{HUGE_VAL, first.A, second.A};
-  // The smallest distance is at an end of one of them, or between the insides. Every candidate lies on both
-  // segments, so that rounding can only miss the minimum, never go below it.
+  // The smallest distance is at an end of one segment, or between their interiors. Every candidate lies on
+  // both segments, so rounding can only miss the minimum, never go below it.
   best.Take(first.A, At(second, v, PartNearestTo(first.A, second, v, vv)));
   best.Take(first.B, At(second, v, PartNearestTo(first.B, second, v, vv)));
   best.Take(At(first, u, PartNearestTo(second.A, first, u, uu)), second.A);

@@ -68,8 +68,8 @@ void SegmentTree::Enclose(Node& node) const {
     if (pieces_[i].Net != node.Net) node.Net = kNone;
 }
 
-/// Counts a width the less, the more it lies along the bundle: pieces side by side differ by a
-/// search, pieces one behind the other hardly.
+/// Weights a width less the more it lies along the bundle: splitting pieces that lie side by side helps a
+/// search, splitting pieces that follow one another hardly does.
 int SegmentTree::WidestOf(const Node& node) {
   const glm::dvec3 along = node.Axis.B - node.Axis.A;
   const double squared = glm::dot(along, along);
@@ -97,9 +97,9 @@ SegmentTree::Query SegmentTree::QueryOf(const WireRun& run) {
   return query;
 }
 
-/// The boxes round both tell short pieces apart, and most of all others at little cost. For the rest: the gap
-/// between the shadows of both on any one line is never more than their distance, and the line through the
-/// nearest points of the node's axis and the run's chord shows most of it.
+/// A lower bound of the distance. The gap of the bounding boxes is cheap and decides for short pieces and
+/// most others. Within reach comes the gap of the projections onto one line, which is never more than the
+/// distance; the line through the closest points of the node's axis and the run's chord shows most of it.
 double SegmentTree::LeastDistance(const Node& node, const Query& query, double reach) {
   double squared = 0.0;
   for (int k = 0; k < 3; ++k) {
@@ -120,9 +120,9 @@ double SegmentTree::LeastDistance(const Node& node, const Query& query, double r
   }
   double least = HUGE_VAL;
   for (const glm::dvec3& point : points) {
-    double shadow = 0.0;
-    for (int k = 0; k < 3; ++k) shadow += line[k] * (point[k] - near.OnFirst[k]);
-    least = std::min(least, shadow);
+    double projection = 0.0;
+    for (int k = 0; k < 3; ++k) projection += line[k] * (point[k] - near.OnFirst[k]);
+    least = std::min(least, projection);
   }
   return std::max(between, least - std::max(axisA, axisB) - node.RoundingSlack);
 }

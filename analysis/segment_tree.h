@@ -24,15 +24,15 @@ struct WireRun {
   std::uint32_t Net = 0;
 };
 
-/// Wires run in bundles, long and side by side; boxes round them would be nearly all air and overlap. So a
+/// Wires run in bundles, long and side by side; boxes around them would be mostly empty and overlap. So a
 /// node is a slanting band: its pieces run from a box at one end of an axis to a box at the other.
 class SegmentTree {
  public:
   explicit SegmentTree(std::vector<WirePiece> pieces);
 
-  /// Calls `visit` for the pieces of other nets that may come as near to `run` as `reach`, which is read
-  /// again all the time: shrink it once something nearer is found. Pieces may be visited that are farther
-  /// away. Several threads may search at once.
+  /// Calls `visit` for the pieces of other nets that may come as near to `run` as `reach`. The search
+  /// re-reads `reach`: shrink it once something nearer is found. Pieces that are farther away may be visited
+  /// too. Several threads may search at once.
   template <class Visit>
   void Search(const WireRun& run, const double& reach, Visit&& visit) const;
 
@@ -43,9 +43,9 @@ class SegmentTree {
     Segment Axis;            ///< from the middle of where pieces begin to the middle of where they end
     glm::dvec3 BeginHalf{};  ///< half the extent of where they begin
     glm::dvec3 EndHalf{};
-    glm::dvec3 Low{}, High{};    ///< of all of it
-    double RoundingSlack = 0.0;  ///< by which rounding may make a distance too large
-    std::uint32_t Net = kNone;   ///< of all its pieces, or kNone for several
+    glm::dvec3 Low{}, High{};    ///< bounding box of all pieces
+    double RoundingSlack = 0.0;  ///< by how much rounding may enlarge a distance
+    std::uint32_t Net = kNone;   ///< net of all its pieces, or kNone for several
     std::uint32_t Begin = 0, End = 0;
     std::uint32_t Right = kNone;  ///< the left child follows its parent; a leaf has none
   };
@@ -57,7 +57,7 @@ class SegmentTree {
     WireRun Run;
     glm::dvec3 Low{}, High{};
   };
-  // One entry for each level above; halving 2^32 pieces makes no more.
+  // One entry for each level above the current one: 2^32 pieces make no more levels.
   static constexpr std::size_t kStackSize = 34;
 
   std::uint32_t Build(std::uint32_t begin, std::uint32_t end);

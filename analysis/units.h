@@ -12,13 +12,13 @@ struct LengthUnit {
   const char* Name;
   double Mils;    ///< a unit in mils
   double Metres;  ///< a unit in metres
-  int Decimals;   ///< with which lengths are shown
+  int Decimals;   ///< decimals with which lengths are shown
 };
 
 /// "mil", "mm" or "um"; nothing for any other name.
 std::optional<LengthUnit> UnitNamed(std::string_view name);
 
-/// Mils, in which wire diameters are; nothing when the base die is so small that the file must be in
+/// Mils, the unit of wire diameters; nothing when the base die is so small that the file must be in
 /// millimetres.
 std::optional<LengthUnit> LikelyUnitOf(const model::Package& package);
 

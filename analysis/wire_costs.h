@@ -1,4 +1,5 @@
-/// What the wires of a package cost: the table that the companion and the estimator show.
+/// The resistance, inductance and couplings of a package's wires: the table of the companion and the
+/// estimator.
 #pragma once
 
 #include <cstddef>
@@ -18,11 +19,10 @@ namespace analysis {
 /// Units   ohm metres at room temperature
 std::optional<double> ResistivityOf(std::string_view material);
 
-/// Couplings of up to so many wires are worked out without being asked for. They take 0.7 seconds of
-/// processor time.
-inline constexpr std::size_t kCoupledUnasked = 1000;
-/// Couplings of more wires than these are refused. They take 16 seconds of processor time, and a gigabyte
-/// when a circuit has them all.
+/// Up to this many wires, couplings are computed by default. They take 0.7 seconds of processor time.
+inline constexpr std::size_t kMostCoupledByDefault = 1000;
+/// More wires than this are refused when couplings are asked for. This many take 16 seconds of processor
+/// time, and a gigabyte when a circuit has all couplings.
 inline constexpr std::size_t kMostCoupled = 5000;
 
 struct WireCost {
@@ -45,7 +45,7 @@ struct WireCosts {
 BondWires ConductorsOf(const std::vector<WireLoop>& loops, const model::WireBondSettings& settings,
                        const LengthUnit& unit, double resistivity, std::optional<double> plane = {});
 
-/// The costs of the wires, one for each loop. Works out couplings only when `leastCoupling` is given, and
+/// The costs of the wires, one for each loop. Computes couplings only when `leastCoupling` is given, and
 /// keeps those of at least this size.
 WireCosts CostsOf(const model::Package& package, const std::vector<WireLoop>& loops, const BondWires& wires,
                   std::optional<double> leastCoupling);

@@ -1,4 +1,4 @@
-/// The numbers that people call wires by.
+/// The numbers of wires as users see them.
 #pragma once
 
 #include <cstddef>

@@ -5,9 +5,9 @@
 
 namespace bench {
 
-/// Reads the package file and its side file into memory, splits lines and fields and converts every field
-/// that holds a number; stores nothing. Returns the sum of the numbers and of the net types' lengths, so that
-/// the compiler can drop no step
+/// Reads   the package file and its side file into memory, splits lines and fields and converts every field
+///         that holds a number; stores nothing.
+/// Returns the sum of the numbers and of the net types' lengths, so that the compiler cannot drop a step
 double BarePass(const std::string& path);
 
 }  // namespace bench

@@ -22,6 +22,6 @@ int main(int argc, char** argv) {
   if (child < 0 || wait4(child, &status, 0, &use) != child) return 1;
   bench::Report("time", bench::Seconds() - start);
   bench::Report("memory", double(use.ru_maxrss));
-  // Status 1: the check has findings.
+  // Status 1 means that a check has findings.
   return WIFEXITED(status) && WEXITSTATUS(status) <= 1 ? 0 : 1;
 }

@@ -1,4 +1,4 @@
-/// Where a measuring program's GL calls go: Mesa, or nowhere. Each program links one of the two.
+/// The target of a measuring program's GL calls: Mesa, or empty routines. Each program links one of the two.
 #pragma once
 
 #include <memory>

@@ -60,8 +60,8 @@ class GlWindow final : public QWindow {
   }
 
  private:
-  /// To record the calls the package must be read, which makes the yardstick a little slower than it could
-  /// be.
+  /// Recording the calls requires reading the package, which makes the yardstick slightly slower than
+  /// necessary.
   void Build(const char* path) {
     bench::PackageScene opened(path);
     emission_.emplace(opened.Inputs());

@@ -1,4 +1,4 @@
-/// What the measuring programs ask of the X server, without Xlib's headers: their macros clash with Qt.
+/// The X server calls of the measuring programs, without Xlib's headers: their macros clash with Qt.
 #pragma once
 
 struct _XDisplay;

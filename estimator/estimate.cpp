@@ -77,7 +77,7 @@ Estimate Work(const Request& request) {
   const std::vector<analysis::WireLoop> loops = analysis::WireLoopsOf({package, settings, all});
   const analysis::BondWires wires =
       analysis::ConductorsOf(loops, settings, estimate.Unit, *analysis::ResistivityOf(settings.Material));
-  const bool couple = loops.size() <= analysis::kCoupledUnasked;
+  const bool couple = loops.size() <= analysis::kMostCoupledByDefault;
   estimate.Costs =
       analysis::CostsOf(package, loops, wires, couple ? std::optional(kLeastCoupling) : std::nullopt);
   estimate.Note = {.Package = std::string(model::FileNameOf(estimate.PackageFile)),

@@ -26,7 +26,7 @@ QString StateText(const Estimate& estimate) {
   const std::size_t wires = estimate.Costs.Rows.size();
   QString text = QString::fromStdString(estimate.Note.Conditions);
   if (!estimate.Costs.Coupled && wires > 1)
-    text += QStringLiteral("; no couplings for more than %1 wires").arg(analysis::kCoupledUnasked);
+    text += QStringLiteral("; no couplings for more than %1 wires").arg(analysis::kMostCoupledByDefault);
   return text;
 }
 

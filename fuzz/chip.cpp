@@ -1,4 +1,5 @@
-// Chips: a DEF, and behind a NUL byte the LEF of its cells, up to the pads; the LEF as a chip too.
+// Chips: a DEF text and, after a NUL byte, the LEF of its cells, read up to the pads; the LEF is read as a
+// chip too.
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -15,7 +16,7 @@ namespace {
 
 void ExpectPlace(const importer::Box& box) {
   for (const double value : {box.Low.x, box.Low.y, box.High.x, box.High.y})
-    Expect(std::isfinite(value), "places are numbers");
+    Expect(std::isfinite(value), "places are finite");
   Expect(box.Low.x <= box.High.x && box.Low.y <= box.High.y, "boxes have their corners in order");
 }
 

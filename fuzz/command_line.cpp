@@ -91,16 +91,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const bool asks = std::count(arguments.begin(), arguments.end(), "--help") +
                         std::count(arguments.begin(), arguments.end(), "--version") >
                     0;
-  Expect(shell::AnswerAtOnce(arguments).empty() != asks, "what is asked is answered, and nothing else");
+  Expect(shell::AnswerAtOnce(arguments).empty() != asks,
+         "--help and --version are answered at once, and nothing else is");
   const char* const display = shell::QtOption(arguments, "display");
   Expect(display == nullptr || std::count(arguments.begin() + 1, arguments.end(), display) > 0,
-         "a value is one of the arguments");
+         "an option's value is one of the arguments");
 
   shell::MainForm form({folder.Path(), shell::CommandLineText(arguments)}, surface, end);
   bool caption = false;
   form.Actions.SetCaption = [&](const std::string&) { caption = true; };
   form.Actions.EnableHelp = [](bool navigation, bool viewer) {
-    Expect(navigation && !viewer, "help is there when its file is");
+    Expect(navigation && !viewer, "a help page is enabled when its file exists");
   };
   end.Run([&] { form.Form_Load(); });
 
@@ -108,11 +109,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Expect(form.Package().PackagePath == path, "the arguments are one path");
   std::error_code ignored;
   if (!std::filesystem::is_regular_file(path, ignored)) {
-    Expect(status == 0 && message.empty() && !caption, "a file that is not there ends in silence");
+    Expect(status == 0 && message.empty() && !caption, "a missing file ends the program without a message");
   } else if (!granted) {
     Expect(status == 1 && !message.empty(), "without GL there is a message");
   } else {
-    Expect(status == -1 ? message.empty() : status == 1 && !message.empty(), "life, or a message");
+    Expect(status == -1 ? message.empty() : status == 1 && !message.empty(),
+           "the program runs on, or ends with a message");
   }
   surface.size = {320, 200};
   end.Run([&] { form.Form_Resize(); });

@@ -1,4 +1,4 @@
-/// What must hold when an import refuses a source.
+/// Rules for an import that refuses a source.
 #pragma once
 
 #include <algorithm>

@@ -62,7 +62,7 @@ class Listener final : public model::reader::ReadObserver {
 void Check(const std::string& package, const std::string& text) {
   Listener listener;
   const model::Package read = model::reader::ParsePackage({}, {package, text}, &listener);
-  Expect(listener.Lines <= text.size() / 2 + 1, "a line has a letter and an end");
+  Expect(listener.Lines <= text.size() / 2 + 1, "a line has at least a letter and a line end");
   Expect(read.HaveVuFile, "a side file was read");
   std::map<std::string, std::string> types = TypesOf(text);
   for (const model::WireNameRec& entry : read.WireNames) {

@@ -23,7 +23,7 @@ class NoPen final : public model::Pen {
   static void ExpectPlaces(const Points& points) {
     for (const model::SceneVector& point : points)
       Expect(std::isfinite(point.X) && std::isfinite(point.Y) && std::isfinite(point.Z),
-             "what is drawn has a place");
+             "drawn points are finite");
   }
 };
 
@@ -35,7 +35,7 @@ class Listener final : public model::reader::ReadObserver {
     Expect(note.Numbers < 1U << model::Tokens::kCount, "numbers are read from fields");
     Expect((note.Fate == model::reader::LineFate::Taken && IsOfBody(note.Keyword)) ==
                (note.Record.Table != model::RecordTable::None),
-           "a line of the body that is taken has a record");
+           "a body line that was taken has a record");
     last_ = note.Line;
   }
   void OnSideFileLine(const model::reader::LineNote&) override { Expect(false, "there is no side file"); }

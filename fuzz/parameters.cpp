@@ -13,11 +13,11 @@
 #include "yax/messages.h"
 #include "yax/options/zu_file.h"
 
-// In place of the routine that prints: checks what yax reports.
+// Replaces the routine that prints, to check what yax reports.
 namespace yax {
 
 void Complain(const Place& place, std::string_view what, std::string_view) {
-  Expect(place.Line > 0 && !what.empty(), "a complaint has a line and a reason");
+  Expect(place.Line > 0 && !what.empty(), "a warning has a line and a reason");
 }
 
 }  // namespace yax
@@ -89,7 +89,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   ExpectNumbers(settings);
   for (const setup::PictureShape& shape : form.Picture(300.0F, 200.0F).Shapes)
     for (const setup::PicturePoint& point : shape.Points)
-      Expect(std::isfinite(point.X) && std::isfinite(point.Y), "what is pictured has a place");
+      Expect(std::isfinite(point.X) && std::isfinite(point.Y), "pictured points are finite");
   setup::ParameterFileName(package.PackagePath);
   ReadByYax(file.Path());
   return 0;

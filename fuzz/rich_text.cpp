@@ -1,4 +1,4 @@
-// Rich text, of which nothing but text may remain.
+// Rich text, of which only text may remain.
 #include <cstddef>
 #include <cstdint>
 #include <string>

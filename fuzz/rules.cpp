@@ -19,7 +19,7 @@ void ExpectRule(const analysis::Rule& rule) {
   Expect((quantity == analysis::Quantity::Length || quantity == analysis::Quantity::Angle) ==
              (rule.Unit != analysis::LimitUnit::None),
          "lengths and angles have a unit");
-  // What a rule says of itself is a rules file.
+  // RuleText gives a line of a rules file.
   const std::string text = analysis::RuleText(rule);
   const analysis::RuleSet again = analysis::ReadRules("again", text);
   Expect(again.Rules.size() == 1 && analysis::RuleText(again.Rules[0]) == text, "a rule's text is the rule");

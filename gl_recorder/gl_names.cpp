@@ -1,5 +1,5 @@
-// The inventory of all OpenGL and GLU routines that the program calls: the unit tests do not link with one
-// that is missing here.
+// The inventory of all OpenGL and GLU routines that the program calls: without one of them the unit tests do
+// not link.
 
 #include <GL/gl.h>
 #include <GL/glu.h>

@@ -17,7 +17,7 @@ static Recorder*& Slot() {
 
 Recorder& Current() {
   if (Slot() == nullptr) {
-    std::fputs("A gl call came without a recorder to take it\n", stderr);
+    std::fputs("A GL call without a Recorder\n", stderr);
     std::abort();
   }
   return *Slot();
@@ -25,7 +25,7 @@ Recorder& Current() {
 
 Argument::Argument(double number) : Number(number) {
   char text[32];
-  // Without the sign of zero, which changes no picture.
+  // Drop the sign of zero, which changes no picture.
   std::snprintf(text, sizeof text, "%.6g", number == 0.0 ? 0.0 : number);
   Text = text;
 }
@@ -113,7 +113,8 @@ unsigned Recorder::GenLists(int count) {
 
 void Recorder::NewList(unsigned name, unsigned mode) {
   if (open_.Name != 0) Error("glNewList inside list " + std::to_string(open_.Name));
-  if (name == 0 || name >= nextName_) Error("glNewList of a name never given: " + std::to_string(name));
+  if (name == 0 || name >= nextName_)
+    Error("glNewList of a name that glGenLists did not return: " + std::to_string(name));
   Take(Place::Outside, "glNewList", {double(name), {double(mode), NameOf(mode)}});
   open_.Name = name;
   open_.Mode = mode;
@@ -130,7 +131,7 @@ void Recorder::EndList() {
 void Recorder::CallList(unsigned name) {
   Take(Place::Outside, "glCallList", {double(name)});
   // List 0 never exists, and calling it does nothing.
-  if (name != 0 && !lists_.contains(name)) Error("glCallList of no list: " + std::to_string(name));
+  if (name != 0 && !lists_.contains(name)) Error("glCallList of a missing list: " + std::to_string(name));
 }
 
 std::vector<Call> Recorder::List(unsigned name) const {

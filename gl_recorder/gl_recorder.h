@@ -24,10 +24,10 @@ struct Argument {
 
 /// Receives the program's gl and glu calls during its lifetime; there is one at a time.
 ///
-/// It notes an error for: a vertex or normal outside begin and end; anything but vertices, normals,
-/// colours and materials inside; a begin inside a begin; an end without one, except the one that
-/// BuildCube puts right before the end of its compile-and-execute list; lists inside lists, without a number,
-/// or called but missing; calls without a context; stacks that do not balance.
+/// It notes an error for: a vertex or normal outside begin and end; anything but vertices, normals, colours
+/// and materials inside; a begin inside a begin; an end without one, except the one that BuildCube puts right
+/// before the end of its compile-and-execute list; a list inside a list, with a name that glGenLists did not
+/// return, or called but missing; calls without a context; stacks that do not balance.
 class Recorder {
  public:
   Recorder();
@@ -76,7 +76,7 @@ class Recorder {
   std::string matrixMode_ = "GL_MODELVIEW";
   bool hasContext_ = true;
   struct {
-    unsigned Name = 0, Mode = 0;  ///< of the list being compiled
+    unsigned Name = 0, Mode = 0;  ///< name and mode of the list being compiled
     std::vector<Call> List;       ///< its calls so far
     std::map<std::string, int> Depths;
     bool Primitive = false;

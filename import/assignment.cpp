@@ -20,16 +20,16 @@ constexpr char kAdviceOnHeader[] =
     "give the name or number of one pad of the die, or, in a header, the columns pad and lead";
 constexpr char kAdviceOnLeads[] = "give the number or name of one lead of the package";
 
-/// What a pad meets, before it is known where on it the wires land.
+/// The leads that a pad is bonded to, before the landing points are known.
 struct Partners {
-  bool Decided = false;  ///< by an exception or a table, be it to stay free
+  bool Decided = false;  ///< by an exception or a table, even to stay free
   bool OnPaddle = false;
-  std::size_t PaddleRow = 0;         ///< of the table that asks for the paddle; 0 for an exception
-  std::vector<glm::dvec2> DownEnds;  ///< of wires to the paddle of which the table has both ends
+  std::size_t PaddleRow = 0;         ///< row of the table that asks for the paddle; 0 for an exception
+  std::vector<glm::dvec2> DownEnds;  ///< the paddle ends of down bonds whose table gives both ends
   std::vector<std::size_t> Leads;
 };
 
-/// Numbers of things by their texts. A text of several things finds none.
+/// Finds the number of an item by its text. A text that several items share finds nothing.
 class Names {
  public:
   void Add(const std::string& text, std::size_t number) {
@@ -86,14 +86,14 @@ class Assigner {
   const LeadFrame& frame_;
   const BondRequest& request_;
   std::vector<Partners> partners_;
-  std::vector<bool> taken_;  ///< leads that a match must leave alone
+  std::vector<bool> taken_;  ///< leads that a match must not use
   std::set<std::size_t> unused_;
   Names padNames_, padPins_, padNumbers_, leadNumbers_, leadNames_, leadNets_, leadFields_;
 };
 
 std::optional<std::size_t> Assigner::FindPad(const std::string& name, const std::string& number) const {
   for (const auto& [names, text] : {std::pair(&padNames_, &name), std::pair(&padPins_, &name)})
-    // A name that several pads have is the first one's only because the others were renamed.
+    // The first of several pads with this name has it only because the others were renamed.
     if (const auto pad = names->Find(*text); pad && padPins_.Find(die_.Pads[*pad].Pin)) return pad;
   if (const auto pad = padNumbers_.Find(number)) return pad;
   if (const auto pad = padNumbers_.Find(name)) return pad;
@@ -140,15 +140,15 @@ void Assigner::TakeException(const std::string& text) {
   }
 }
 
-/// Whoever has an exception already keeps it.
+/// Bonds the pads as the table says, except those with an exception.
 void Assigner::TakeTable() {
   std::vector<bool> excepted;
   for (const Partners& partners : partners_) excepted.push_back(partners.Decided);
   for (const BondRow& row : BondsFromTable(request_.TableFile)) {
-    // A table that serves as die too says by its rows which pad it means.
+    // In a table that is also the die's, the row itself is the pad.
     const auto own = die_.PadOfRow.find(row.Row);
     const bool ownTable = request_.TableFile == die_.File;
-    // There a row without a pad is one that the die leaves out.
+    // A row of such a table without a pad was left out of the die.
     if (ownTable && own == die_.PadOfRow.end()) continue;
     const std::optional<std::size_t> pad = ownTable ? own->second : FindPad(row.PadName, row.PadNumber);
     if (!pad)
@@ -163,7 +163,7 @@ void Assigner::TakeRow(const BondRow& row, std::size_t pad) {
   Partners& partners = partners_[pad];
   partners.Decided = true;
   if (request_.TableFile == frame_.File) {
-    // A table that serves as package too says by its rows where each wire ends.
+    // In a table that is also the package's, the row itself is the lead.
     const auto lead = frame_.LeadOfRow.find(row.Row);
     if (lead != frame_.LeadOfRow.end()) return Meet(pad, lead->second);
     const auto down = frame_.DownOfRow.find(row.Row);
@@ -177,7 +177,7 @@ void Assigner::TakeRow(const BondRow& row, std::size_t pad) {
     } else if (!lead) {
       throw ImportError({request_.TableFile, row.Row}, "there is no lead " + Quoted(word), kAdviceOnLeads);
     } else if (unused_.contains(*lead)) {
-      throw ImportError({request_.TableFile, row.Row}, "lead " + Quoted(word) + " is to stay free",
+      throw ImportError({request_.TableFile, row.Row}, "lead " + Quoted(word) + " is in --unused",
                         "remove it from the row or from --unused");
     } else {
       Meet(pad, *lead);
@@ -197,7 +197,7 @@ void Assigner::MatchAll(const std::vector<std::size_t>& pads, const std::vector<
   if (pads.size() * leads.size() > kMostOrderPairs)
     throw ArgumentError("bonds",
                         std::to_string(pads.size()) + " pads and " + std::to_string(leads.size()) +
-                            " leads are too many to be matched in order, which ends at 400 million pairs",
+                            " leads are too many to match in order; the limit is 400 million pairs",
                         "give a table with --bonds");
   std::vector<glm::dvec2> starts, ends;
   for (const std::size_t pad : pads) starts.push_back(die_.Pads[pad].Middle);
@@ -207,7 +207,7 @@ void Assigner::MatchAll(const std::vector<std::size_t>& pads, const std::vector<
     if (partners[i]) Meet(pads[i], leads[*partners[i]]);
 }
 
-/// Matches pads with the leads of which this text is the pad's name.
+/// Matches pads with the leads whose text is the pad's name or pin.
 void Assigner::MatchGroup(std::string (*textOf)(const Lead&)) {
   std::map<std::string, std::vector<std::size_t>> leads;
   for (std::size_t i = 0; i < frame_.Leads.size(); ++i)
@@ -215,8 +215,8 @@ void Assigner::MatchGroup(std::string (*textOf)(const Lead&)) {
       leads[name].push_back(i);
   std::map<std::string, std::vector<std::size_t>> pads;
   for (const std::size_t pad : OpenPads()) {
-    // Of several pads of one pin each may meet a lead that bears the pin's name, but for those that have a
-    // lead for themselves.
+    // Each of several pads of one pin may meet a lead with the pin's name, unless a lead has the pad's own
+    // name.
     for (const std::string& name : {die_.Pads[pad].Name, die_.Pads[pad].Pin}) {
       if (!leads.contains(name)) continue;
       pads[name].push_back(pad);
@@ -244,20 +244,21 @@ glm::dvec2 Assigner::DownFrom(std::size_t number) const {
   if (!frame_.DiePaddle) refuse("the package has no paddle", "bond it to a lead");
   const std::optional<glm::dvec2> end = LandingOnPaddle(pad, die_, *frame_.DiePaddle);
   if (!end)
-    refuse("there the paddle does not reach out of the die", "bond it to a lead, or give a larger paddle");
+    refuse("the paddle does not extend beyond the die there", "bond it to a lead, or give a larger paddle");
   return *end;
 }
 
 Assignment Assigner::Result() {
   Assignment result;
-  result.Judged = request_.Plan != BondPlan::None;
+  result.ReportsFree = request_.Plan != BondPlan::None;
   for (std::size_t i = 0; i < partners_.size(); ++i) {
     const Partners& partners = partners_[i];
     if (partners.OnPaddle) result.Wires.push_back({i, std::nullopt, DownFrom(i)});
     for (const glm::dvec2& end : partners.DownEnds) result.Wires.push_back({i, std::nullopt, end});
     for (const std::size_t lead : partners.Leads)
       result.Wires.push_back({i, lead, LandingOn(frame_.Leads[lead], request_.Land)});
-    if (!partners.Decided && partners.Leads.empty() && result.Judged) result.PadsOver.push_back(i);
+    if (!partners.Decided && partners.Leads.empty() && result.ReportsFree)
+      result.PadsWithoutLead.push_back(i);
   }
   result.UnusedLeads.assign(unused_.begin(), unused_.end());
   return result;
@@ -309,7 +310,7 @@ glm::dvec2 LandingOn(const Lead& lead, const std::optional<double>& land) {
   if (length == 0.0) return lead.Inner;
   const double distance = land.value_or(std::min(length / 2.0, kUsual));
   if (distance > length + kSlack)
-    throw ArgumentError("land", "it is more than the length of lead " + Quoted(lead.Label()), "give less");
+    throw ArgumentError("land", "it is longer than lead " + Quoted(lead.Label()), "give less");
   return lead.Inner + along * (distance / length);
 }
 

@@ -1,4 +1,4 @@
-/// Who meets whom: wires from pads to leads.
+/// Which pads are wired to which leads.
 #pragma once
 
 #include <optional>
@@ -12,8 +12,8 @@
 namespace importer {
 
 enum class BondPlan {
-  Order,  ///< in their order around the die
-  Names,  ///< pads by name to leads of that name, number or net
+  Order,  ///< pads and leads in their order around the die
+  Names,  ///< each pad to the lead with its name as name, number or net
   None,
   Table
 };
@@ -21,9 +21,9 @@ enum class BondPlan {
 struct BondRequest {
   BondPlan Plan = BondPlan::Order;
   std::string TableFile = {};
-  std::vector<std::string> Exceptions = {};   ///< "PAD=LEAD", over everything else
+  std::vector<std::string> Exceptions = {};   ///< "PAD=LEAD"; they override everything else
   std::vector<std::string> Unused = {};       ///< leads that stay free
-  std::optional<double> Land = std::nullopt;  ///< from a lead's inner end, in millimetres
+  std::optional<double> Land = std::nullopt;  ///< where a wire lands, from a lead's inner end, in millimetres
 };
 
 /// A wire, by the numbers of its ends.
@@ -34,23 +34,23 @@ struct Wire {
 };
 
 struct Assignment {
-  bool Judged = true;       ///< whether what stays free is worth a word; not when no bonds were asked for
+  bool ReportsFree = true;  ///< whether to report what stays free; false when no bonds were asked for
   std::vector<Wire> Wires;  ///< in the order of the pads
-  std::vector<std::size_t> PadsOver;     ///< that should have met a lead and did not
-  std::vector<std::size_t> UnusedLeads;  ///< that stay free as asked, rising
+  std::vector<std::size_t> PadsWithoutLead;  ///< pads that should meet a lead but do not
+  std::vector<std::size_t> UnusedLeads;      ///< leads that stay free on request, in ascending order
 };
 
 /// Needs   pads with unique names and edges
-/// Faults  ImportError when the request names a pad or lead that is not there, or a down bond has no room
+/// Faults  ImportError when the request names a pad or lead that does not exist, or a down bond has no room
 Assignment Assigned(const Die& die, const LeadFrame& frame, const BondRequest& request);
 
 /// Where a wire lands on a lead: `land` from its inner end, else half its length or 0.2 mm, whichever is
-/// less. Faults  ImportError when the lead is shorter than that
+/// less.
+/// Faults  ImportError when the lead is shorter than that
 glm::dvec2 LandingOn(const Lead& lead, const std::optional<double>& land);
 
-/// Where a wire straight out from the pad lands on the paddle, outside the die; nothing when there is no
-/// room. That is halfway to the paddle's edge or two die heights from the die, whichever is nearer: a loop
-/// needs the room.
+/// Where a wire straight out from the pad lands on the paddle, outside the die: halfway to the paddle's edge,
+/// or two die heights from the die, whichever is nearer. Nothing when the loop has no room there.
 std::optional<glm::dvec2> LandingOnPaddle(const DiePad& pad, const Die& die, const Paddle& paddle);
 
 /// The outward normal of a die's edge.

@@ -11,18 +11,18 @@ namespace {
 
 using Corner = std::pair<std::int64_t, std::int64_t>;
 
-/// Ends that a micrometre parts are one corner.
+/// Rounds to a micrometre, so that ends that nearly coincide are one corner.
 Corner CornerOf(const glm::dvec2& point) {
   return {std::llround(point.x * 1e3), std::llround(point.y * 1e3)};
 }
 
-/// Lines that hang together.
+/// Connected lines.
 struct Chain {
   Box Bounds;
   bool Closed = true;  ///< two lines, or another even number, meet at every corner
 };
 
-/// The representative of a set of joined numbers.
+/// The root of a number's set of joined numbers.
 std::size_t RootOf(std::vector<std::size_t>& parents, std::size_t number) {
   while (parents[number] != number) number = parents[number] = parents[parents[number]];
   return number;

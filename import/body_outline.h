@@ -8,14 +8,14 @@
 
 namespace importer {
 
-/// Collects lines and finds the largest closed one. A corner that is cut off, as a mark at lead 1, counts as
-/// whole: what is known of the outline is its box.
+/// Collects lines and finds the largest closed outline. Only its box is kept, so a corner that is cut off, as
+/// a mark at lead 1, does not matter.
 class BodyOutline {
  public:
   void AddLine(const glm::dvec2& from, const glm::dvec2& to) { lines_.push_back({from, to}); }
   void AddClosed(const Box& box) { closed_.push_back(box); }
 
-  /// The largest closed outline; where nothing is closed all lines together; nothing without any.
+  /// The box of the largest closed outline; of all lines when none is closed; nothing without lines.
   std::optional<Box> Bounds() const;
 
  private:

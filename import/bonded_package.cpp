@@ -38,7 +38,7 @@ class Maker {
   void AddBand(const glm::dvec2& from, const glm::dvec2& to, double width);
   const char* NetTypeOf(const DiePad& pad) const;
   void Judge();
-  void JudgeSizes();
+  void CheckSizes();
   std::string Summary() const;
   std::vector<std::string> NamesOf(const std::vector<std::size_t>& leads) const;
 
@@ -52,7 +52,7 @@ class Maker {
   std::vector<std::string> planNames_;
   std::vector<std::string> leftOut_;
   std::vector<bool> met_;          ///< leads that a wire meets
-  std::vector<std::size_t> free_;  ///< all others
+  std::vector<std::size_t> free_;  ///< all other leads
   double longest_ = 0.0, widest_ = 0.0;
   std::string longestName_;
   std::size_t crossings_ = 0;
@@ -68,7 +68,7 @@ void Maker::MakeHeader() {
   package.CompZ = Length(chip_.Chip.Height);
 }
 
-/// The pad, once for each of its wires, and once without any.
+/// Adds the pad: a bond for each of its wires, or one bond without a wire.
 void Maker::AddPad(std::size_t number) {
   const DiePad& pad = chip_.Chip.Pads[number];
   const std::vector<Wire>& wires = chip_.Bonds.Wires;
@@ -93,7 +93,7 @@ void Maker::AddPad(std::size_t number) {
 void Maker::AddWire(model::BondRec& bond, const Wire& wire) {
   const DiePad& pad = chip_.Chip.Pads[wire.Pad];
   const glm::dvec2 run = wire.End - pad.Middle;
-  // The viewer takes a start in the origin for no wire, and cannot draw one without length.
+  // The viewer shows no wire that starts at the origin, and cannot draw one without length.
   const bool nowhere = (bond.DieX == 0.0F && bond.DieY == 0.0F) ||
                        (Length(wire.End.x) == bond.DieX && Length(wire.End.y) == bond.DieY);
   if (nowhere) {
@@ -142,7 +142,7 @@ void Maker::AddLead(model::BondRec& bond, const Lead& lead) const {
   bond.Tier = lead.Tier;
 }
 
-/// A band along the longer side; of a square that is turned two, since a band without length has no
+/// Adds a band along the longer side. A turned square takes two, since a band without length has no
 /// direction.
 void Maker::AddPaddle() {
   if (!chip_.Frame.DiePaddle) return;
@@ -168,7 +168,7 @@ void Maker::AddPaddle() {
 void Maker::AddBand(const glm::dvec2& from, const glm::dvec2& to, double width) {
   model::DapRec& band = made_.Package.Daps.Spare();
   band.Name = "PADDLE";
-  // In bands y runs down.
+  // In bands y points down.
   band.D1 = Length(from.x);
   band.D2 = Length(-from.y);
   band.D3 = Length(to.x);
@@ -190,8 +190,8 @@ std::vector<std::string> Maker::NamesOf(const std::vector<std::size_t>& leads) c
   return names;
 }
 
-/// Openings that are all alike and smaller than any wire needs are marks of where the pads are.
-void Maker::JudgeSizes() {
+/// Equal openings too small for any wire are probably marks at the pads' places.
+void Maker::CheckSizes() {
   constexpr double kSmallest = 0.04;
   constexpr double kAlike = 1e-6;
   if (chip_.Chip.OpeningsGiven) return;
@@ -207,11 +207,10 @@ void Maker::JudgeSizes() {
 
 void Maker::Judge() {
   if (!leftOut_.empty())
-    made_.Findings.push_back(
-        Counted(leftOut_.size(), "wire is", "wires are") +
-        " left out, without length or from the die's middle, which cannot be drawn: " + Listed(leftOut_));
+    made_.Findings.push_back(Counted(leftOut_.size(), "wire is", "wires are") +
+                             " left out (no length, or a start at the die's middle): " + Listed(leftOut_));
   std::vector<std::string> over;
-  for (const std::size_t pad : chip_.Bonds.PadsOver) over.push_back(chip_.Chip.Pads[pad].Name);
+  for (const std::size_t pad : chip_.Bonds.PadsWithoutLead) over.push_back(chip_.Chip.Pads[pad].Name);
   if (!over.empty())
     made_.Findings.push_back(Counted(over.size(), "pad meets", "pads meet") + " no lead: " + Listed(over) +
                              "; bond with --bond PAD=LEAD, or leave free with --bond PAD=");
@@ -221,7 +220,7 @@ void Maker::Judge() {
         std::binary_search(chip_.Bonds.UnusedLeads.begin(), chip_.Bonds.UnusedLeads.end(), lead);
     if (!asked && chip_.Frame.Leads[lead].HasNet()) netted.push_back(lead);
   }
-  if (!netted.empty() && chip_.Bonds.Judged)
+  if (!netted.empty() && chip_.Bonds.ReportsFree)
     made_.Findings.push_back(Counted(netted.size(), "lead with a net stays", "leads with a net stay") +
                              " free: " + Listed(NamesOf(netted)) + "; name " +
                              (netted.size() == 1 ? "it" : "them") + " in --unused if that is meant");
@@ -232,7 +231,7 @@ void Maker::Judge() {
   if (!pairs.empty())
     made_.Findings.push_back(Counted(pairs.size(), "pair of wires crosses: ", "pairs of wires cross: ") +
                              Listed(pairs) + "; try another --rotate, --bonds or --bond");
-  JudgeSizes();
+  CheckSizes();
 }
 
 std::string Maker::Summary() const {

@@ -1,4 +1,4 @@
-/// From die, leads and wires to a package, and what is to be said of it.
+/// Makes a package from a die, leads and wires, with findings and a summary.
 #pragma once
 
 #include <regex>
@@ -10,16 +10,16 @@
 
 namespace importer {
 
-/// How net types are found by name where the chip's file does not give them. Ground comes first.
+/// Patterns that find net types by name where the chip's file does not give them. Ground comes first.
 struct NetPatterns {
   std::regex Power, Ground;
 };
 
-/// The usual names of supplies, such as VDD, AVDD, VCCIO, VPWR and VSS, DGND. Others that begin with V, such
-/// as VIN and VREF, are as often signals.
+/// The usual names of supplies, such as VDD, AVDD, VCCIO, VPWR and VSS, DGND. Other names that begin with V,
+/// such as VIN and VREF, are often signals.
 NetPatterns UsualNets();
 
-/// What the package is made from.
+/// The inputs of a package.
 struct BondedChip {
   const Die& Chip;
   const LeadFrame& Frame;
@@ -27,16 +27,16 @@ struct BondedChip {
   const NetPatterns& Nets;
 };
 
-/// What an import makes.
+/// The package, findings on it, and a summary for people.
 struct Bonded {
   model::Package Package;
   std::vector<std::string> Findings;
-  std::string Summary;  ///< one line, without its end
+  std::string Summary;  ///< one line, without a line end
 };
 
 /// Makes the package, with lengths in units of `unit` millimetres, which messages call `unitName`. A second
-/// wire from a pad repeats the pad as NAME_2. Wires without length, or from the origin, are left out. Faults
-/// ImportError when there are more pads than a package can show
+/// wire from a pad repeats the pad as NAME_2. Wires without length, or from the origin, are left out.
+/// Faults  ImportError when there are more pads than a package can show
 Bonded BondedPackage(const BondedChip& chip, double unit, const std::string& unitName);
 
 }  // namespace importer

@@ -21,7 +21,7 @@ bool Contains(const Box& outer, const Box& inner) {
 
 glm::dvec2 Turned(const glm::dvec2& point, double degrees) {
   const double quarters = degrees / 90.0;
-  // Right angles are exact, so that what lies on a line stays on it.
+  // Exact for right angles, so that points on a line stay on it.
   if (quarters == std::floor(quarters)) {
     switch (static_cast<int>(quarters - 4.0 * std::floor(quarters / 4.0))) {
       case 1:

@@ -5,7 +5,7 @@
 
 namespace importer {
 
-/// An upright rectangle.
+/// A rectangle along the axes.
 struct Box {
   glm::dvec2 Low{0.0}, High{0.0};
 
@@ -20,13 +20,13 @@ Box BoxOf(const glm::dvec2& a, const glm::dvec2& b);
 Box Around(const Box& a, const Box& b);
 /// True when the insides have a point in common.
 bool Overlap(const Box& a, const Box& b);
-/// True when `inner` does not reach out of `outer`.
+/// True when `inner` lies within `outer`.
 bool Contains(const Box& outer, const Box& inner);
 
-/// Counter-clockwise about the origin.
+/// Turns a point counter-clockwise about the origin.
 glm::dvec2 Turned(const glm::dvec2& point, double degrees);
 
-/// A whole turn comes out as 0 to below 180, as the direction of a line that has no sense.
+/// The angle of an undirected line: any angle as 0 to below 180 degrees.
 double LineDegrees(double degrees);
 
 }  // namespace importer

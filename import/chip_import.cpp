@@ -19,23 +19,23 @@ bool IsOver(const glm::dvec2& point, const glm::dvec2& dieSize) {
   return std::fabs(point.x) < dieSize.x / 2.0 && std::fabs(point.y) < dieSize.y / 2.0;
 }
 
-/// Wrong units and wrong places show in leads under the die and pads beside it.
-void JudgePlaces(const Die& die, const LeadFrame& frame, Imported& imported) {
+/// Leads under the die and pads outside it are signs of wrong units or places.
+void CheckPlaces(const Die& die, const LeadFrame& frame, Imported& imported) {
   std::vector<std::string> under;
   for (const Lead& lead : frame.Leads)
     if (IsOver(lead.Inner, die.Size)) under.push_back(lead.Label());
   if (!under.empty())
     imported.Notes.push_back({frame.File, "the die lies over " + Counted(under.size(), "lead: ", "leads: ") +
-                                              Listed(under) + "; see that all units are right"});
+                                              Listed(under) + "; check all units"});
   std::vector<std::string> outside;
   for (const DiePad& pad : die.Pads)
     if (!IsOver(pad.Middle, die.Size)) outside.push_back(pad.Name);
   if (!outside.empty())
     imported.Made.Findings.push_back(Counted(outside.size(), "pad lies", "pads lie") + " outside the die: " +
-                                     Listed(outside) + "; see that --die-size and --unit are right");
+                                     Listed(outside) + "; check --die-size and --unit");
 }
 
-/// One file may be die and package at once, and then says things twice.
+/// A file that is both die and package gives some notes twice.
 void AddNotes(const std::string& file, const std::vector<std::string>& texts,
               std::vector<SourceNote>& notes) {
   for (const std::string& text : texts) {
@@ -78,7 +78,7 @@ Imported ImportChip(const ImportRequest& request) {
   AddNotes(frame.File, frame.Notes, imported.Notes);
   if (bonds.Wires.empty() && request.Bonds.Plan == BondPlan::Table)
     AddNotes(request.Bonds.TableFile, {"none of its rows makes a wire"}, imported.Notes);
-  JudgePlaces(die, frame, imported);
+  CheckPlaces(die, frame, imported);
   return imported;
 }
 

@@ -1,4 +1,4 @@
-/// The whole way from a chip's files to a package.
+/// Imports a chip and its package from their files.
 #pragma once
 
 #include <string>
@@ -10,12 +10,12 @@
 
 namespace importer {
 
-/// Everything that an import is asked for. Lengths in millimetres.
+/// The request for an import. Lengths in millimetres.
 struct ImportRequest {
   DieRequest Chip;
   double Height = 0.0;
   std::string Package;  ///< an outline's numbers, a footprint, a board and a reference, or a table of fingers
-  double Degrees = 0.0;  ///< of the die in its package, counter-clockwise; then it is moved
+  double Degrees = 0.0;  ///< turn of the die in its package, counter-clockwise; the die is moved afterwards
   glm::dvec2 Offset{0.0};
   BondRequest Bonds;
   NetPatterns Nets = UsualNets();
@@ -23,7 +23,7 @@ struct ImportRequest {
   std::string UnitName = "mm";
 };
 
-/// Something to be said of a source.
+/// A note on a source.
 struct SourceNote {
   std::string File;
   std::string Text;
@@ -31,13 +31,13 @@ struct SourceNote {
 
 struct Imported {
   Bonded Made;
-  std::vector<SourceNote> Notes;  ///< what was taken because nothing was given
+  std::vector<SourceNote> Notes;  ///< among them what was assumed for values not given
 };
 
 /// Faults  ImportError, or ArgumentError with the option's name
 Imported ImportChip(const ImportRequest& request);
 
-/// The leads that the words for a package ask for, the die in the origin and not turned.
+/// The leads of the package that `package` describes, with the die at the origin and not turned.
 LeadFrame FrameOf(const std::string& package, double unit, const glm::dvec2& dieSize);
 
 }  // namespace importer

@@ -24,8 +24,8 @@ std::string Plain(std::string_view text) {
   return plain;
 }
 
-/// The subject that a word stands for. Some stand for one only where a number, name or place is said of it:
-/// "die" alone may be a chip among several.
+/// The subject that a word names. Some words name one only together with a number, name or place: "die" alone
+/// may be one chip of several.
 std::optional<std::string> SubjectOf(std::string_view word, bool alone) {
   static constexpr std::pair<std::string_view, std::string_view> kSubjects[] = {
       {"pad", "pad"},          {"bondpad", "pad"}, {"diepad", "pad"},      {"lead", "lead"},
@@ -41,7 +41,7 @@ std::optional<std::string> SubjectOf(std::string_view word, bool alone) {
   return std::nullopt;
 }
 
-/// "padx" for "Die X", "X (um)" and "pad_centre_x"; nothing for what is no place.
+/// "padx" for "Die X", "X (um)" and "pad_centre_x"; nothing for any other name.
 std::optional<std::string> PlaceName(std::string plain) {
   for (const std::string_view filler :
        {"coordinate", "coord", "position", "pos", "center", "centre", "location", "loc"}) {

@@ -13,8 +13,8 @@ bool IsNumberColumn(const TextTable& table, Column column) {
                      [&](const TableRow& row) { return NumberIn(table.Field(row, column)).has_value(); });
 }
 
-/// Names of pads: a column of names before one of pads, nets or pins. A column of pads is one of numbers
-/// where another one has the names. Pins are those of the chip in a table of places, else of the package.
+/// Finds the pads' names: in a column of names, else of pads, nets or pins. A column of pads holds numbers
+/// when another one has the names. Pins are the chip's in a table of places, else the package's.
 void FindPadRoles(const TextTable& table, Roles& roles) {
   const Column pad = table.Column({"pad"});
   roles.PadNumber = table.Column({"pad#", "#"});
@@ -30,7 +30,7 @@ void FindPadRoles(const TextTable& table, Roles& roles) {
   if (!roles.PadName) roles.PadName = table.ColumnEnding("name");
 }
 
-/// Pins are leads where pads have columns beside them.
+/// A column of pins holds the leads when pads have columns too.
 void FindLeadRoles(const TextTable& table, Roles& roles) {
   roles.Lead = table.Column({"lead#", "lead"});
   roles.LeadName = table.Column({"leadname"});
@@ -45,7 +45,7 @@ void FindLeadRoles(const TextTable& table, Roles& roles) {
   if (!roles.LeadName && pinName != roles.PadName) roles.LeadName = pinName;
   const Column padName = table.Column({"padname"});
   if (roles.HasBothEnds() && !roles.Lead && !roles.LeadName && padName && roles.Net) {
-    // A list with one name for each end: the wire has the net's, the lead the pad's.
+    // A list with one name for each end: the net's name is the wire's, the pad's name the lead's.
     roles.Lead = padName;
     roles.PadName = roles.Net;
   }

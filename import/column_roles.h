@@ -1,4 +1,4 @@
-/// Which column of a table of pads, fingers or bonds holds what.
+/// The roles of the columns in a table of pads, fingers or bonds.
 #pragma once
 
 #include <optional>

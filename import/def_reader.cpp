@@ -10,7 +10,7 @@ namespace importer {
 
 namespace {
 
-/// Where a pin or cell lies.
+/// The place and orientation of a pin or cell.
 struct Placement {
   glm::dvec2 At{0.0};
   Orientation Turn = Orientation::N;
@@ -51,7 +51,7 @@ class DefReader {
   const LefLibrary& library_;
   DefChip chip_;
   std::vector<Cell> cells_;
-  glm::dvec2 point_{0.0};       ///< the last one, which a "*" repeats
+  glm::dvec2 point_{0.0};       ///< the last point, which a "*" repeats
   std::vector<PinShape> port_;  ///< relative to the pin's place
   std::optional<Placement> place_;
 };
@@ -111,7 +111,7 @@ void DefReader::ReadUnits() {
   words_.TakeKeyword("MICRONS");
   chip_.UnitsPerMicron = words_.TakeNumber();
   if (!(chip_.UnitsPerMicron >= 1.0))
-    words_.Fail("there is less than 1 unit in a micron", "give 100 to 20000 units");
+    words_.Fail("there is less than 1 unit per micron", "give 100 to 20000 units");
 }
 
 glm::dvec2 DefReader::TakePoint() {
@@ -126,10 +126,10 @@ glm::dvec2 DefReader::TakePoint() {
 void DefReader::ReadArea() {
   Outline outline;
   while (words_.Take() != ";") {
-    words_.Again();
+    words_.PutBack();
     outline.Add(TakePoint());
   }
-  if (outline.Count() < 2) words_.Fail("DIEAREA has less than two points", "give two corners or an outline");
+  if (outline.Count() < 2) words_.Fail("DIEAREA has fewer than two points", "give two corners or an outline");
   chip_.Area = outline.Bounds();
 }
 
@@ -146,9 +146,8 @@ void DefReader::ReadItems(std::string_view section, ReadItem&& readItem) {
       words_.TakeKeyword(section);
       return words_.LetQuotesSpanLines(false);
     } else {
-      words_.Fail(
-          "there is " + Quoted(words_.Word()) + " where an item of " + std::string(section) + " begins",
-          "let each begin with '-' and end with ';'");
+      words_.Fail(Quoted(words_.Word()) + " does not begin an item of " + std::string(section),
+                  "begin each item with '-' and end it with ';'");
     }
   }
 }
@@ -166,7 +165,7 @@ void DefReader::ReadPin() {
   chip_.Terminals.push_back(std::move(pin));
 }
 
-/// What stands behind a "+" of a pin.
+/// Reads   the part of a pin after a "+".
 void DefReader::ReadPinPart(Terminal& pin) {
   if (words_.Is("USE")) {
     pin.Type = NetTypeOf(words_.Take());
@@ -185,15 +184,15 @@ void DefReader::ReadShape(bool polygon) {
   Outline outline;
   while (words_.Take() != "+" && words_.Word() != ";") {
     if (words_.Word() != "(") continue;
-    words_.Again();
+    words_.PutBack();
     outline.Add(TakePoint());
   }
-  // The pin's own loop looks for the next "+".
-  if (words_.Word() == "+") words_.Again();
+  // Leaves the "+" to the loop over the pin's parts.
+  if (words_.Word() == "+") words_.PutBack();
   if (polygon ? outline.FillsItsBox() : outline.Count() == 2) port_.push_back({layer, outline.Bounds()});
 }
 
-/// Lays the port's shapes to their place. A port that is not placed is not on the chip.
+/// Moves the port's shapes to its place. A port without a place is not on the chip.
 void DefReader::ClosePort(Terminal& pin) {
   if (place_) {
     for (PinShape& shape : port_) {

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::array<char, 4> kSides = {'B', 'R', 'T', 'L'};
 
-/// How far a place inside the die is from an edge; negative outside.
+/// The distance of a place inside the die from an edge; negative outside.
 double DistanceTo(char side, const glm::dvec2& middle, const glm::dvec2& dieSize) {
   switch (side) {
     case 'B':
@@ -30,7 +30,7 @@ double DistanceTo(char side, const glm::dvec2& middle, const glm::dvec2& dieSize
 
 bool RunsAlongX(char side) { return side == 'B' || side == 'T'; }
 
-/// From a pad to the nearest pad of a row with it along an edge.
+/// The distance from a pad to the next pad of its row along an edge.
 double ToNextInRow(char side, const DiePad& pad, const Die& die) {
   const double depth = DistanceTo(side, pad.Middle, die.Size);
   const double reach = (RunsAlongX(side) ? pad.Size.y : pad.Size.x) / 2.0;
@@ -65,7 +65,7 @@ void FindSides(Die& die) {
     if (sides.size() == 1) pad.Side = sides.front();
     if (sides.size() > 1) corners.push_back(&pad);
   }
-  // All corners look at the rows without the corners, so that their order does not matter.
+  // Choose for all corners before changing any, so that their order does not matter.
   std::vector<char> chosen;
   for (const DiePad* pad : corners) {
     const std::vector<char> sides = NearestSides(*pad, die);

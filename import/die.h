@@ -11,7 +11,7 @@
 
 namespace importer {
 
-/// More pads than this the viewer does not draw.
+/// The most pads that the viewer draws.
 inline constexpr std::size_t kMostPads = 32767;
 
 enum class NetType { Unknown, Power, Ground, Signal };
@@ -20,7 +20,7 @@ enum class NetType { Unknown, Power, Ground, Signal };
 struct DiePad {
   std::string Name;                   ///< unique on the die once NamePads has run
   std::string Pin = {};               ///< the name before it was made unique
-  std::string Number = {};            ///< in a table of pads
+  std::string Number = {};            ///< from a table of pads
   glm::dvec2 Middle{0.0}, Size{0.0};  ///< sizes along x and y
   NetType Type = NetType::Unknown;
   char Side = 0;  ///< the die's edge, 'L', 'R', 'T' or 'B'; 0 until it is known
@@ -31,17 +31,17 @@ struct Die {
   std::vector<DiePad> Pads;
   glm::dvec2 Size{0.0};  ///< along x and y
   double Height = 0.0;
-  bool OpeningsGiven = false;                                  ///< by a person, so that they are no marks
-  std::vector<std::string> Notes = {};                         ///< what was taken because nothing was given
-  std::unordered_map<std::size_t, std::size_t> PadOfRow = {};  ///< in a table: the pad of each row
+  bool OpeningsGiven = false;           ///< the user gave the pads' size, so they are not marks
+  std::vector<std::string> Notes = {};  ///< what was assumed for values not given
+  std::unordered_map<std::size_t, std::size_t> PadOfRow = {};  ///< for a table: the pad of each row
 };
 
-/// Makes the names fit for a package, and of pads with one name the second becomes NAME_2 and so on.
+/// Makes the names valid for a package and unique: the second pad of a name becomes NAME_2, and so on.
 /// Returns a finding for names with bytes that a package cannot hold, and one for names that were not unique
 std::vector<std::string> NamePads(std::vector<DiePad>& pads);
 
-/// Gives each pad without an edge the nearest one. A pad in a corner, as far from one edge as from the other,
-/// joins the edge on which the row goes on.
+/// Gives each pad without an edge the nearest one. A corner pad, equally far from two edges, joins the edge
+/// whose row has the nearest pad.
 void FindSides(Die& die);
 
 }  // namespace importer

@@ -12,7 +12,7 @@ namespace importer {
 
 namespace {
 
-/// "3588 x 5188 um" in the way a chip designer counts.
+/// "3588 x 5188 um": in micrometres, as chip designers count.
 std::string SizeText(const glm::dvec2& size) {
   const auto text = [](double millimetres) {
     std::string number = std::to_string(millimetres * 1000.0);
@@ -23,7 +23,7 @@ std::string SizeText(const glm::dvec2& size) {
   return text(size.x) + " x " + text(size.y) + " um";
 }
 
-/// From the file's own units and corner to millimetres from the die's middle.
+/// Converts the file's units and corner to millimetres from the die's middle.
 void MoveToMiddle(std::vector<Terminal>& terminals, const glm::dvec2& middle, double unitsPerMillimetre) {
   for (Terminal& terminal : terminals)
     for (PinShape& shape : terminal.Shapes)

@@ -10,7 +10,7 @@
 
 namespace importer {
 
-/// What is said of the die beside its file. Lengths in millimetres.
+/// The die's file, and the values given with it. Lengths in millimetres.
 struct DieRequest {
   std::string File;
   std::vector<std::string> LefFiles = {};
@@ -20,8 +20,9 @@ struct DieRequest {
   double TableUnit = 1.0;  ///< a table's unit, in millimetres
 };
 
-/// Reads the die by its file's ending: .def, .lef (either may be packed), .csv, .tsv, .txt. Pads have names
-/// that may repeat, and no edges yet. Faults  ImportError when the file holds no die that can be bonded
+/// Reads   the die by its file's ending: .def, .lef (either may be gzipped), .csv, .tsv, .txt. Names of pads
+///         may repeat, and pads have no edges yet.
+/// Faults  ImportError when the file holds no die that can be bonded
 Die ReadDie(const DieRequest& request);
 
 /// True when the name of a file ends so, in any letter case; `ending` is given in upper case.
@@ -30,7 +31,7 @@ bool EndsWith(const std::string& file, std::string_view ending);
 /// True for the files that are read as tables.
 bool IsTableFile(const std::string& file);
 
-/// Says why this file cannot be read by its ending, and what to do.
+/// Throws an ImportError: the file's ending is not one of `wanted`.
 [[noreturn]] void RefuseKind(const std::string& file, const std::string& wanted);
 
 }  // namespace importer

@@ -1,4 +1,4 @@
-/// Why an import cannot be done, and where in the sources the cause stands.
+/// The error of an import: its cause, its place in the sources, and advice.
 #pragma once
 
 #include <cstddef>
@@ -27,7 +27,7 @@ class ImportError : public std::exception {
   std::string Advice;  ///< what to do
 };
 
-/// The same for what an option asks for. Whoever knows where the option was given completes the place.
+/// The same for the value of an option. The caller that knows where the option was given adds the place.
 class ArgumentError : public ImportError {
  public:
   ArgumentError(std::string option, std::string what, std::string advice)
@@ -36,8 +36,7 @@ class ArgumentError : public ImportError {
   std::string Option;  ///< without its dashes
 };
 
-/// A word of a source between single quotes, shortened, with control characters replaced, to be shown in a
-/// message.
+/// A word of a source as messages show it: in single quotes, shortened, with control characters replaced.
 std::string Quoted(std::string_view word);
 
 }  // namespace importer

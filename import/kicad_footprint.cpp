@@ -46,13 +46,13 @@ double AngleIn(const std::string& word, const SExpression& element) {
   return *degrees;
 }
 
-/// The third thing of "(at X Y [ANGLE] [unlocked])".
+/// The angle in "(at X Y [ANGLE] [unlocked])".
 double AngleOf(const std::vector<std::string>& at, const SExpression& element) {
   return at.size() < 3 || at[2] == "unlocked" ? 0.0 : AngleIn(at[2], element);
 }
 
-/// A name without KiCad's own escapes, which stand for characters that it could not keep in names. Other
-/// braces, as in "~{RESET}", are the name's.
+/// Replaces KiCad's escapes for characters that names cannot hold. Other braces, as in "~{RESET}", belong to
+/// the name.
 std::string WithoutEscapes(const std::string& word) {
   static constexpr std::pair<std::string_view, char> kEscapes[] = {
       {"slash", '/'},    {"backslash", '\\'}, {"colon", ':'}, {"space", ' '},  {"quote", '\''},
@@ -72,12 +72,12 @@ std::string WithoutEscapes(const std::string& word) {
   return name;
 }
 
-/// A footprint, read.
+/// A parsed footprint.
 class Footprint {
  public:
   Footprint(const ElementSpan& span, const std::string& file) : span_(span), file_(file) {}
 
-  /// The reference alone, which is quickly found.
+  /// Finds the reference alone, which is quick.
   std::string Reference() const;
   LeadFrame Frame(bool onBoard);
 
@@ -97,7 +97,7 @@ class Footprint {
 
   ElementSpan span_;
   std::string file_;
-  char side_ = 'F';  ///< of the board
+  char side_ = 'F';  ///< side of the board: 'F' or 'B'
   double degrees_ = 0.0;
   std::vector<CopperPad> pads_;
   BodyOutline outline_;
@@ -167,7 +167,7 @@ void Footprint::ReadGraphic(const ElementSpan& span) {
   } else if (span.Name == "fp_rect") {
     outline_.AddClosed(BoxOf(start, end));
   } else if (span.Name == "fp_arc") {
-    // Since KiCad 6 an arc has both ends; before, its centre, one end and an angle, clockwise as seen.
+    // Since KiCad 6 an arc has both ends; before, its centre, one end and an angle, clockwise on the screen.
     const std::string angle = graphic.LastWordOf("angle");
     outline_.AddLine(angle.empty() ? start : start + Turned(end - start, -AngleIn(angle, graphic)), end);
   } else if (span.Name == "fp_poly") {
@@ -264,12 +264,12 @@ void Footprint::Cut(Lead& lead, const Box& body) const {
     const double edge = along[axis] > 0.0 ? body.High[axis] : body.Low[axis];
     part = std::min(part, (edge - lead.Inner[axis]) / along[axis]);
   }
-  // An end on the outline leaves a lead without length, which is none.
+  // With its inner end on the outline the lead would have no length.
   if (part > 0.0) lead.Outer = lead.Inner + along * part;
 }
 
-/// Where the package's middle is: in the footprint's origin, unless that lies aside, as in footprints that
-/// count from lead 1.
+/// The package's middle: the footprint's origin, unless that lies off centre, as in footprints with their
+/// origin at lead 1.
 glm::dvec2 Footprint::Middle() const {
   const Box bounds = PadBounds();
   const glm::dvec2 middle = bounds.Middle();
@@ -286,7 +286,7 @@ LeadFrame Footprint::Frame(bool onBoard) {
     throw ImportError({file_, span_.Line}, "the footprint has no pads", "give one with a pad for each lead");
   const glm::dvec2 middle = Middle();
   if (middle != glm::dvec2(0.0))
-    frame.Notes.push_back("the footprint's origin is not in its middle; the die lies in the middle");
+    frame.Notes.push_back("the footprint's origin is not in its middle; the die is placed in the middle");
   for (CopperPad& pad : pads_) pad.Middle -= middle;
   frame.DiePaddle = TakePaddle();
   std::optional<Box> body = outline_.Bounds();
@@ -300,8 +300,8 @@ LeadFrame Footprint::Frame(bool onBoard) {
   if (frame.Leads.empty())
     throw ImportError({file_, span_.Line}, "none of the footprint's pads is a lead",
                       "give one with a numbered pad for each lead");
-  RefuseTwins(frame);
-  // To turn the die the other way is to turn the package.
+  RefuseDuplicates(frame);
+  // Turning the package is turning the die the other way.
   PlaceDie(frame, -degrees_, glm::dvec2(0.0));
   if (side_ == 'B') Mirror(frame);
   return frame;

@@ -11,7 +11,7 @@ namespace importer {
 
 namespace {
 
-/// Lets the inner end be the one nearer the die.
+/// Exchanges the ends unless the inner one is nearer the die.
 void SortEnds(Lead& lead) {
   if (glm::length(lead.Outer) < glm::length(lead.Inner)) std::swap(lead.Inner, lead.Outer);
 }
@@ -61,12 +61,12 @@ void Mirror(LeadFrame& frame) {
   frame.DiePaddle->Degrees = -frame.DiePaddle->Degrees;
 }
 
-void RefuseTwins(const LeadFrame& frame) {
+void RefuseDuplicates(const LeadFrame& frame) {
   std::unordered_map<std::string, const Lead*> seen;
   for (const Lead& lead : frame.Leads) {
     const auto [before, isNew] = seen.try_emplace(lead.Label(), &lead);
     if (!isNew)
-      throw ImportError({frame.File, lead.Row}, "there is a second lead " + Quoted(lead.Label()),
+      throw ImportError({frame.File, lead.Row}, "duplicate lead " + Quoted(lead.Label()),
                         "give each lead another number");
   }
 }

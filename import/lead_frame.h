@@ -17,12 +17,12 @@ struct Lead {
   std::string Tier = "1";
   glm::dvec2 Inner{0.0}, Outer{0.0};  ///< ends of the centre line; the inner one is nearer the die
   double Width = 0.0;
-  std::size_t Row = 0;  ///< in a table: the line that it comes from
+  std::size_t Row = 0;  ///< for a table: the line that it comes from
 
-  /// What a person calls the lead.
+  /// The lead's label in messages.
   const std::string& Label() const { return !Field.empty() ? Field : Number.empty() ? Name : Number; }
-  /// The net as people say it, without the slash with which a schematic's top level begins. Empty without a
-  /// net, and for the nets that stand for no connection.
+  /// The net's name without the leading slash of a schematic's top level. Empty without a net, and for nets
+  /// that mean "not connected".
   std::string PlainNet() const;
   bool HasNet() const { return !PlainNet().empty(); }
 };
@@ -34,29 +34,29 @@ struct Paddle {
 };
 
 struct LeadFrame {
-  std::string File;  ///< or the words that asked for it
+  std::string File;  ///< or the text that describes an outline
   std::vector<Lead> Leads;
   std::optional<Paddle> DiePaddle;
   std::vector<std::string> Notes = {};
-  std::unordered_map<std::size_t, std::size_t> LeadOfRow = {};  ///< in a table: the lead of each row
+  std::unordered_map<std::size_t, std::size_t> LeadOfRow = {};  ///< for a table: the lead of each row
   std::unordered_map<std::size_t, glm::dvec2> DownOfRow = {};   ///< where a row's wire ends on the paddle
 };
 
-/// A lead from its rectangle, whose longer side, `length`, points in this direction.
+/// Sets a lead's ends from its rectangle: the middle, and the longer side `length` in direction `degrees`.
 void LayLead(Lead& lead, const glm::dvec2& middle, double length, double degrees);
 
-/// Turns and moves the die in its package, which is to turn and move the package the other way about the die.
-/// The lead's ends change places where the outer one becomes the nearer one.
+/// Turns and moves the die in its package, by moving leads and paddle the other way. A lead's ends are
+/// exchanged when the outer one becomes the nearer one.
 void PlaceDie(LeadFrame& frame, double degrees, const glm::dvec2& offset);
 
-/// Makes the labels fit for a package. Leads with one label, as lists of wires have them, keep it.
+/// Makes the labels valid for a package. Leads that share a label, as in lists of wires, keep sharing it.
 /// Returns findings as NamePads does
 std::vector<std::string> NameLeads(LeadFrame& frame);
 
-/// Turns the package's underside up: left and right change places.
+/// Mirrors the package, to see it from below: left and right change places.
 void Mirror(LeadFrame& frame);
 
 /// Faults  ImportError when two leads have the same number, or, without numbers, the same name
-void RefuseTwins(const LeadFrame& frame);
+void RefuseDuplicates(const LeadFrame& frame);
 
 }  // namespace importer

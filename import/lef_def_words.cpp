@@ -25,7 +25,7 @@ constexpr std::array<bool, 256> Blanks() {
 
 constexpr std::array<bool, 256> kBlanks = Blanks();
 
-/// True when no more than blanks stand before the line's end.
+/// True when only blanks precede the line's end.
 bool EndsLine(std::string_view rest) {
   const std::size_t next = rest.find_first_not_of(" \t\r\f\v");
   return next == std::string_view::npos || rest[next] == '\n';
@@ -50,7 +50,7 @@ void LefDefWords::SkipBlanks() {
   rest_.remove_prefix(static_cast<std::size_t>(at - rest_.data()));
 }
 
-/// How many bytes the word has with which the rest begins.
+/// The length in bytes of the word at the start of the rest.
 std::size_t LefDefWords::LengthOfWord() const {
   if (rest_.front() == '"') {
     for (std::size_t at = 1; at < rest_.size(); ++at) {
@@ -112,8 +112,7 @@ double LefDefWords::Number() const {
 
 void LefDefWords::TakeKeyword(std::string_view keyword) {
   Take();
-  if (!Is(keyword))
-    Fail("there is " + Quoted(word_) + " in place of '" + std::string(keyword) + "'", "correct it");
+  if (!Is(keyword)) Fail("expected '" + std::string(keyword) + "' but found " + Quoted(word_), "correct it");
 }
 
 std::string Unescaped(std::string_view word) {

@@ -11,38 +11,38 @@
 namespace importer {
 
 /// Goes through the words that blanks and line ends separate. "#" begins a comment where a word could begin,
-/// a text in double quotes is one word, and a ";" or bracket that sticks to its neighbour counts as a word by
-/// itself. A quote that nothing closes is a word like any other.
+/// a text in double quotes is one word, and a ";" or bracket next to a word is a word by itself. A quote that
+/// is not closed is a word like any other.
 class LefDefWords {
  public:
   /// The text must outlive this; `file` stands in messages.
   LefDefWords(std::string_view text, std::string file) : rest_(text), file_(std::move(file)) {}
 
-  /// Whether a text in quotes may go on over line ends. Where it may not, a quote that stands alone in a
-  /// remark cannot swallow the lines behind it.
+  /// Whether quoted text may span lines. Where it may not, a stray quote in a remark cannot swallow the lines
+  /// after it.
   void LetQuotesSpanLines(bool span) { quotesSpanLines_ = span; }
 
   /// Goes to the next word; false at the end.
   bool Next();
-  /// Lets Next come to the present word once more.
-  void Again() { again_ = true; }
+  /// Makes Next return the current word once more.
+  void PutBack() { again_ = true; }
   std::string_view Word() const { return word_; }
   std::size_t Line() const { return line_; }
   /// True when the word is this keyword, given in upper case and written in any case.
   bool Is(std::string_view keyword) const;
 
-  // Each goes on from the present word.
+  // Each reads on from the current word.
   // Faults  ImportError with the line, when what follows is something else, or the text ends
 
-  /// Goes to the next word, which has to be there.
+  /// Goes to the next word; the text must not end here.
   std::string_view Take();
-  /// The present word as a number, and the next one.
+  /// The current word as a number, and the next one.
   double Number() const;
   double TakeNumber() {
     Take();
     return Number();
   }
-  /// The next word, which has to be this one.
+  /// Goes to the next word, which must be this keyword.
   void TakeKeyword(std::string_view keyword);
   /// The next word as a name, without the backslashes that escape its characters.
   std::string TakeName();
@@ -50,7 +50,7 @@ class LefDefWords {
   void SkipStatement();
   /// The same for a statement of free text, which ends with a ";" that stands alone or ends its line.
   void SkipText();
-  /// Goes behind "END" and this name.
+  /// Skips to after "END" and this name.
   void SkipSection(std::string_view name);
 
   [[noreturn]] void Fail(const std::string& what, const std::string& advice) const;
@@ -62,8 +62,8 @@ class LefDefWords {
   std::string_view rest_;
   std::string_view word_;
   std::string file_;
-  std::size_t nextLine_ = 1;  ///< of the first byte of rest_
-  std::size_t line_ = 1;      ///< of word_
+  std::size_t nextLine_ = 1;  ///< line of the first byte of rest_
+  std::size_t line_ = 1;      ///< line of word_
   bool again_ = false;
   bool quotesSpanLines_ = false;
 };

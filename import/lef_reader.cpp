@@ -22,7 +22,7 @@ class LefReader {
         std::string name = macro.Name;
         library.insert_or_assign(std::move(name), std::move(macro));
       } else if (words_.Is("PROPERTYDEFINITIONS")) {
-        // Its lines begin with the words that begin sections elsewhere.
+        // Its lines begin with words that begin sections elsewhere.
         words_.SkipSection("PROPERTYDEFINITIONS");
       } else if (words_.Is("BEGINEXT")) {
         while (!words_.Is("ENDEXT")) words_.Take();
@@ -49,14 +49,14 @@ class LefReader {
 /// Two numbers, which may stand in brackets.
 glm::dvec2 LefReader::TakePoint() {
   const bool bracket = words_.Take() == "(";
-  if (!bracket) words_.Again();
+  if (!bracket) words_.PutBack();
   const double x = words_.TakeNumber();
   const double y = words_.TakeNumber();
   if (bracket) words_.TakeKeyword(")");
   return {x, y};
 }
 
-/// [MASK n] [ITERATE] ahead of a shape's points; true with ITERATE.
+/// [MASK n] [ITERATE] before a shape's points; true with ITERATE.
 bool LefReader::TakeMaskAndIterate() {
   words_.Take();
   if (words_.Is("MASK")) {
@@ -64,7 +64,7 @@ bool LefReader::TakeMaskAndIterate() {
     words_.Take();
   }
   const bool repeated = words_.Is("ITERATE");
-  if (!repeated) words_.Again();
+  if (!repeated) words_.PutBack();
   return repeated;
 }
 
@@ -169,14 +169,14 @@ void LefReader::ReadPolygon(Terminal& pin) {
   const bool repeated = TakeMaskAndIterate();
   Outline outline;
   while (words_.Take() != ";" && !words_.Is("DO")) {
-    words_.Again();
+    words_.PutBack();
     outline.Add(TakePoint());
   }
-  words_.Again();
+  words_.PutBack();
   if (outline.FillsItsBox()) AddEach(pin, outline.Bounds(), repeated);
 }
 
-/// From "OBS" to its "END", which has no name behind it.
+/// From "OBS" to its "END", which is not followed by a name.
 void LefReader::SkipObstructions() {
   while (!words_.Is("END")) words_.Take();
 }

@@ -20,9 +20,10 @@ struct LefMacro {
 
 using LefLibrary = std::map<std::string, LefMacro, std::less<>>;
 
-/// Adds the macros of a LEF text. Of macros with one name the last counts, as in the programs that read these
-/// files. Reads   MACRO with ORIGIN, SIZE, PIN, USE, PORT, LAYER, RECT and POLYGON; passes over everything
-/// else Faults  ImportError with the line when a number is none, or the text ends within a macro
+/// Adds the macros of a LEF text. The last of several macros with one name counts, as in the programs that
+/// read these files.
+/// Reads   MACRO with ORIGIN, SIZE, PIN, USE, PORT, LAYER, RECT and POLYGON; skips everything else
+/// Faults  ImportError with the line when a number cannot be read, or the text ends within a macro
 void ReadLef(std::string_view text, const std::string& file, LefLibrary& library);
 
 }  // namespace importer

@@ -6,21 +6,21 @@
 
 namespace importer {
 
-/// Names that a package can hold, one for each that was given, and what was changed in them.
+/// Valid names, one for each given name, and findings on what was changed.
 struct FieldNames {
   std::vector<std::string> Names;
   std::vector<std::string> Findings;
 };
 
-/// What it means when a name is given twice: the same thing once more, or another thing.
+/// The meaning of a name that is given twice: the same thing once more, or another thing.
 enum class Repeat { SameThing, OtherThing };
 
-/// Makes names fit for a package: blanks and control bytes become "_". A name that two things would have
-/// stays with the one that has it unchanged, else with the first one; the others become NAME_2 and so on,
-/// past all names that are there. `things` says in findings whose names these are, for example "leads".
+/// Makes names valid for a package: blanks and control bytes become "_". When two things would get the same
+/// name, the one that has it unchanged keeps it, else the first one; the others become NAME_2 and so on,
+/// skipping names in use. Findings call the things `things`, for example "leads".
 FieldNames FieldNamesOf(const std::vector<std::string>& given, Repeat repeat, const std::string& things);
 
-/// A name that no other has: `name`, or `name` with the first free number from `number` on behind it.
+/// A name not in `taken`: `name`, else NAME_2 and so on, counting from `number`.
 template <class Taken>
 std::string FreeName(const std::string& name, const Taken& taken, std::size_t number = 2) {
   std::string free = name;

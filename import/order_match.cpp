@@ -32,14 +32,14 @@ double GridSteps(const std::vector<glm::dvec2>& pads, const std::vector<glm::dve
   return steps;
 }
 
-/// The half of a turn that a direction lies in, from the left, excluded, counter-clockwise over below and
-/// right. The origin has no direction and comes first.
+/// The half turn in which a direction lies: counter-clockwise from the left (excluded) over below to the
+/// right, or the rest. The origin has no direction and comes first.
 int HalfOf(const GridPoint& point) {
   if (point.X == 0 && point.Y == 0) return 0;
   return point.Y < 0 || (point.Y == 0 && point.X > 0) ? 1 : 2;
 }
 
-/// Places by angle, counter-clockwise; of one angle the nearer first.
+/// Places by angle, counter-clockwise; of equal angles the nearer first.
 std::vector<std::size_t> SortedByAngle(const std::vector<GridPoint>& points) {
   std::vector<std::size_t> order(points.size());
   std::iota(order.begin(), order.end(), std::size_t{0});
@@ -67,7 +67,7 @@ std::vector<GridPoint> Sorted(const std::vector<GridPoint>& points, const std::v
   return sorted;
 }
 
-/// Marks in rows, a bit each.
+/// Rows of marks, one bit each.
 class MarkRows {
  public:
   void Clear() {
@@ -90,8 +90,8 @@ class MarkRows {
   std::vector<std::size_t> starts_;
 };
 
-/// The few, all of which are matched, against the many. Both are sorted; the many are counted on over a
-/// second turn.
+/// Matches all of the few with some of the many. Both are sorted by angle; the indices of the many continue
+/// into a second turn.
 class CyclicMatch {
  public:
   CyclicMatch(const std::vector<GridPoint>& few, const std::vector<GridPoint>& many)
@@ -116,7 +116,7 @@ class CyclicMatch {
   }
 
  private:
-  /// Partners of the few, rising; the first one is the start.
+  /// Partners of the few, in ascending order; the first one is the start.
   using Path = std::vector<std::size_t>;
 
   struct GridBox {
@@ -136,19 +136,20 @@ class CyclicMatch {
   const std::vector<GridPoint>& few_;
   std::vector<GridPoint> many_;
   std::size_t turn_;
-  std::size_t spare_;            ///< so many of the many stay free
+  std::size_t spare_;            ///< how many of the many stay free
   std::vector<GridBox> blocks_;  ///< around each kBlock of the many
   Path best_;
   std::size_t bestStart_ = 0;
   Cost bestCost_ = std::numeric_limits<Cost>::max();
   std::vector<Cost> sums_, least_;
-  std::vector<std::size_t> firsts_, lasts_;  ///< of each row: its range of partners
+  std::vector<std::size_t> firsts_, lasts_;  ///< the range of partners of each row
   MarkRows falls_;                           ///< where the least sum of a row so far falls
 };
 
-/// The best partners when the first of the few meets `start`, between the best ones of two other starts. Row
-/// i holds the cheapest sums of the first i + 1 by the partner of the last of them. The next row adds to the
-/// least of all sums before its own partner; the marks lead back to it.
+/// The best partners when the first of the few meets `start`; they lie between the best ones of two other
+/// starts. Dynamic programming: row i holds the least sums for the first i + 1 of the few, one for each
+/// partner of the last of them. A sum adds its distance to the least sum before its partner in the row above;
+/// the marks lead back to it.
 CyclicMatch::Path CyclicMatch::BestPath(std::size_t start, const Path* low, const Path* high) {
   const std::size_t count = few_.size();
   falls_.Clear();
@@ -187,9 +188,9 @@ CyclicMatch::Path CyclicMatch::BestPath(std::size_t start, const Path* low, cons
   return path;
 }
 
-/// False when no path between two others can be as cheap as the best one so far: even if each of the few
-/// could choose the nearest partner for itself. Distances to boxes around partners keep that short. Most
-/// starts are ruled out here, since they lead to the other side of the die.
+/// False when no path between two others can be as cheap as the best one so far, even if each of the few took
+/// the nearest partner. Distances to boxes around partners make this quick. It rules out most starts, since
+/// they lead to the other side of the die.
 bool CyclicMatch::MayBeBetter(const Path& low, const Path& high) const {
   Cost sum = 0;
   for (std::size_t i = 0; i < few_.size(); ++i) {

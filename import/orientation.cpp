@@ -41,7 +41,7 @@ Box Oriented(const Box& box, Orientation orientation) {
 
 Box OrientedInCell(const Box& box, const glm::dvec2& cellSize, Orientation orientation) {
   const Box turned = Oriented(box, orientation);
-  // The cell's own lower left corner, as it lies, is where the cell is placed.
+  // DEF places the lower left corner of the cell as it is oriented.
   const glm::dvec2 corner = Oriented(Box{glm::dvec2(0.0), cellSize}, orientation).Low;
   return {turned.Low - corner, turned.High - corner};
 }

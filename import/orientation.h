@@ -1,4 +1,4 @@
-/// The eight ways in which LEF and DEF lay a pin or a cell.
+/// The eight orientations of a pin or a cell in LEF and DEF.
 #pragma once
 
 #include <optional>

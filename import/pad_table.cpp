@@ -16,8 +16,8 @@ namespace importer {
 
 namespace {
 
-/// Where the places of the table count from, as seen from the die's middle. Only places on the die tell:
-/// leads lie on all sides of it.
+/// The origin of the table's places, relative to the die's middle. Only pads reveal it: leads lie on all
+/// sides of the die.
 glm::dvec2 OriginOf(const TextTable& table, Column x, Column y, const glm::dvec2& dieSize) {
   for (const TableRow& row : table.Rows())
     for (const Column column : {x, y})
@@ -42,7 +42,7 @@ std::string TierOf(const TextTable& table, const TableRow& row, Column column) {
   return std::to_string(static_cast<int>(*tier));
 }
 
-/// What is not known may hold what was meant, so that it is better said.
+/// Reports unknown columns, since one of them may hold what was meant.
 void NoteUnknownColumns(const TextTable& table, std::vector<std::string>& notes) {
   if (const std::string unknown = table.UnknownColumns(); !unknown.empty())
     notes.push_back("ignored: " + unknown);
@@ -55,7 +55,8 @@ bool IsNotBonded(std::string_view word) {
 
 constexpr char kAdviceOnPlaces[] = "give it a header with the columns x and y";
 
-/// True for a row that gives a name alone, as lists do for pads without a place. Says so once in `notes`.
+/// True for a row that gives only a name, as lists do for pads without a place. Adds a note for the first
+/// one.
 bool HasNoPlace(const TextTable& table, const TableRow& row, Column x, Column y,
                 std::vector<std::string>& notes) {
   if (!table.Field(row, x).empty() || !table.Field(row, y).empty()) return false;
@@ -64,7 +65,7 @@ bool HasNoPlace(const TextTable& table, const TableRow& row, Column x, Column y,
   return true;
 }
 
-/// Openings that a table does not give: the usual size, or less where pads are close.
+/// Sets the openings that a table does not give: the usual size, or less where pads are close.
 void GuessSizes(Die& die, const std::string& option) {
   constexpr double kUsual = 0.06;
   constexpr double kPartOfPitch = 0.8;
@@ -131,7 +132,7 @@ LeadFrame FingerReader::Read() {
   for (const TableRow& row : table_.Rows())
     if (!HasNoPlace(table_, row, roles_.SubsX, roles_.SubsY, frame_.Notes)) TakeRow(row, origin);
   if (points_) frame_.Notes.push_back("fingers without a size are drawn as points, 25 x 25 um");
-  if (!list_) RefuseTwins(frame_);
+  if (!list_) RefuseDuplicates(frame_);
   return std::move(frame_);
 }
 
@@ -157,8 +158,8 @@ void FingerReader::TakeRow(const TableRow& row, const glm::dvec2& origin) {
   AddLead(std::move(lead), middle);
 }
 
-/// True for a row of the paddle: in a list the end of a down bond, among fingers the paddle itself. A ground
-/// finger lies beside the die.
+/// Takes a row of the paddle: in a list the end of a down bond, among fingers the paddle itself. False for
+/// any other row: a ground finger lies beside the die.
 bool FingerReader::TakePaddleRow(const Lead& lead, const glm::dvec2& middle, const glm::dvec2& size,
                                  double degrees) {
   if (!IsPaddleWord(lead.Label())) return false;
@@ -206,7 +207,7 @@ Die DieFromTable(const DieRequest& request) {
     if (HasNoPlace(table, row, roles.DieX, roles.DieY, die.Notes)) continue;
     const glm::dvec2 place{table.Number(row, *roles.DieX), table.Number(row, *roles.DieY)};
     pad.Middle = (place + origin) * request.TableUnit;
-    // The sizes of a list with both ends are the fingers'.
+    // In a list with both ends the sizes are those of the fingers.
     if (!roles.HasBothEnds())
       pad.Size = glm::dvec2(table.NumberIfAny(row, roles.Width).value_or(0.0),
                             table.NumberIfAny(row, roles.Height).value_or(0.0)) *

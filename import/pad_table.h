@@ -1,4 +1,4 @@
-/// Tables of pads, of bond fingers, and of who meets whom.
+/// Tables of pads, of bond fingers, and of bonds.
 #pragma once
 
 #include <optional>
@@ -16,7 +16,8 @@ namespace importer {
 /// Faults  ImportError with the row
 Die DieFromTable(const DieRequest& request);
 
-/// The fingers of a table, of which `unit` is in millimetres. Places from a corner need the die's size.
+/// The fingers of a table. Places relative to a corner need the die's size.
+/// Units   `unit` is the table's unit in millimetres
 /// Faults  ImportError with the row
 LeadFrame FingersFromTable(const std::string& file, double unit, const glm::dvec2& dieSize);
 

@@ -20,7 +20,7 @@ class Scanner {
   std::size_t Line() const { return line_; }
   char Letter() const { return text_[at_]; }
 
-  /// Goes to the next byte that is no blank; false at the end.
+  /// Goes to the next byte that is not blank; false at the end.
   bool SkipBlanks() {
     for (; at_ < text_.size(); ++at_) {
       if (text_[at_] == '\n') ++line_;
@@ -29,7 +29,7 @@ class Scanner {
     return false;
   }
 
-  /// Goes behind a word or a quoted text; false when a quote is not closed.
+  /// Skips a word or a quoted text; false when a quote is not closed.
   bool SkipWord() {
     if (text_[at_] != '"') {
       at_ = std::min(text_.find_first_of("() \t\r\n\"", at_), text_.size());
@@ -48,7 +48,7 @@ class Scanner {
 
   void SkipBracket() { ++at_; }
 
-  /// Goes behind the element that begins here; false when it is not closed.
+  /// Skips the element that begins here; false when it is not closed.
   bool SkipElement() {
     std::size_t depth = 0;
     while (SkipBlanks()) {
@@ -76,7 +76,7 @@ std::string_view NameOf(std::string_view element) {
   return element.substr(0, element.find_first_of("() \t\r\n\""));
 }
 
-/// How deep the brackets of a text go.
+/// The depth of nested brackets in a text.
 std::size_t DepthOf(std::string_view text) {
   std::size_t depth = 0;
   std::size_t most = 0;
@@ -170,13 +170,13 @@ std::vector<ElementSpan> ElementsWithin(const ElementSpan& outer) {
 void SExpression::Free::operator()(elt* element) const { destroy_sexp(element); }
 
 SExpression::SExpression(const ElementSpan& span, const std::string& file) : file_(file), line_(span.Line) {
-  // The library frees its elements by recursion, along a list too.
+  // libsexp frees its elements recursively, even along a list, so a large one would overflow the stack.
   constexpr std::size_t kMostBytes = 100'000;
   constexpr std::size_t kDeepest = 100;
   if (span.Text.size() > kMostBytes || DepthOf(span.Text) > kDeepest)
     Fail("the element is too large to be part of a package", "simplify it");
   std::string text(span.Text);
-  // The library takes a NUL for the end.
+  // libsexp stops at a NUL.
   std::replace(text.begin(), text.end(), '\0', ' ');
   root_.reset(parse_sexp(text.data(), text.size()));
   if (root_ == nullptr || root_->ty != SEXP_LIST || root_->list == nullptr)

@@ -18,7 +18,7 @@ namespace importer {
 struct ElementSpan {
   std::string_view Text;
   std::string_view Name;
-  std::size_t Line = 0;  ///< of the file, on which it begins
+  std::size_t Line = 0;  ///< line of the file where it begins
 };
 
 /// The element with which a text begins.
@@ -26,7 +26,7 @@ struct ElementSpan {
 /// closed
 ElementSpan WholeElement(std::string_view text, const std::string& file);
 
-/// The elements directly within one. What these hold is passed over, so that a file of any size takes little
+/// The elements directly within one. Their contents are skipped, so that a file of any size takes little
 /// memory.
 std::vector<ElementSpan> ElementsWithin(const ElementSpan& outer);
 
@@ -37,9 +37,9 @@ class SExpression {
   /// parsed
   SExpression(const ElementSpan& span, const std::string& file);
 
-  /// The n-th thing behind the element's name; empty where an element or nothing stands.
+  /// The n-th item after the element's name; empty when it is an element or missing.
   std::string Word(std::size_t number) const;
-  /// The words of the first element of this name within, at any depth, up to an element in it.
+  /// The words of the first element of this name within, at any depth; stops at an element among them.
   std::vector<std::string> WordsOf(std::string_view name) const;
   /// The last of them; empty when there is none.
   std::string LastWordOf(std::string_view name) const;

@@ -20,7 +20,7 @@ constexpr std::size_t kMostBytes = std::size_t{256} << 20;
 class Inflater {
  public:
   Inflater() {
-    // 16 more than the largest window asks for a gzip header.
+    // Adding 16 to the window size selects the gzip format.
     ready_ = inflateInit2(&stream_, MAX_WBITS + 16) == Z_OK;
   }
   Inflater(const Inflater&) = delete;

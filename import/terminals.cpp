@@ -10,7 +10,7 @@ namespace importer {
 
 namespace {
 
-/// One pad in the making.
+/// A pad found so far.
 struct Found {
   DiePad Pad;
   Box Place;
@@ -43,7 +43,7 @@ class PadSearch {
   }
 
   bool IsPad(const Box& box) const {
-    // A pad whose sides are exactly as the rule says passes, however its corners were rounded.
+    // A pad exactly at the rule's limits passes despite rounding.
     constexpr double kSlack = 1e-9;
     const glm::dvec2 size = box.Size();
     const double shorter = std::min(size.x, size.y);
@@ -62,12 +62,12 @@ class PadSearch {
   const PadRule& rule_;
   std::string layer_;
   std::vector<Found> pads_;
-  std::size_t cells_ = 0;            ///< so many of them are cells' pads
+  std::size_t cells_ = 0;            ///< the first so many are pads of cells
   std::vector<std::size_t> byLeft_;  ///< numbers of the cells' pads by their left sides
-  double widest_ = 0.0;              ///< of the cells' pads
+  double widest_ = 0.0;              ///< width of the widest pad of a cell
 };
 
-/// The layer with most pads; of layers with as many, the one whose pads are larger, then the first one.
+/// The layer with most pads; of layers with equally many, the one with larger pads, then the first one.
 void PadSearch::ChooseLayer() {
   struct Votes {
     std::size_t Wanted = 0, Count = 0;
@@ -98,7 +98,7 @@ void PadSearch::ChooseLayer() {
   }
 }
 
-/// The pads of one terminal, in the order of its shapes. Of shapes that overlap the largest counts.
+/// The pads of one terminal, in the order of its shapes. Of overlapping shapes the largest counts.
 std::vector<Box> PadSearch::PadsOn(const Terminal& terminal) const {
   std::vector<Box> boxes;
   for (const PinShape& shape : terminal.Shapes) {
@@ -107,7 +107,7 @@ std::vector<Box> PadSearch::PadsOn(const Terminal& terminal) const {
         std::find_if(boxes.begin(), boxes.end(), [&](const Box& box) { return Overlap(box, shape.Place); });
     if (same == boxes.end()) {
       boxes.push_back(shape.Place);
-      // More pads than a package can have; to find the others takes time and changes nothing.
+      // More pads than a package can have are refused anyway; finding the rest only takes time.
       if (boxes.size() > kMostPads) break;
     } else if (shape.Place.Area() > same->Area()) {
       *same = shape.Place;
@@ -156,7 +156,7 @@ void PadSearch::AddPin(const Terminal& pin) {
     cell.Pad.Name = pin.Name;
     if (pin.Type != NetType::Unknown) cell.Pad.Type = pin.Type;
   };
-  // A pin that is only a mark on a pad has shapes that are no pads by themselves.
+  // A pin that only marks a cell's pad has shapes that are not pads themselves.
   for (const PinShape& shape : pin.Shapes)
     if (shape.Layer == layer_ && !IsPad(shape.Place))
       if (Found* cell = CellUnder(shape.Place, true)) name(*cell);

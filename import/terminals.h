@@ -1,4 +1,4 @@
-/// From the shapes of pins and cells to bond pads.
+/// Finds bond pads among the shapes of pins and cells.
 #pragma once
 
 #include <cstddef>
@@ -19,7 +19,7 @@ struct PinShape {
 
 /// A pin of the chip, or one that comes with a cell.
 struct Terminal {
-  std::string Name;        ///< of the pin or of the cell's instance
+  std::string Name;        ///< name of the pin, or of the cell's instance
   std::string Macro = {};  ///< the cell's kind; empty for a pin of the chip
   NetType Type = NetType::Unknown;
   std::vector<PinShape> Shapes = {};
@@ -29,21 +29,21 @@ struct Terminal {
 
 /// Which shapes are bond pads.
 struct PadRule {
-  double Least = 0.02;  ///< of both sides, in millimetres
-  double Aspect = 2.0;  ///< most of the longer side over the shorter one
+  double Least = 0.02;  ///< smallest side, in millimetres
+  double Aspect = 2.0;  ///< largest ratio of the longer side to the shorter one
   std::optional<std::regex> Names = std::nullopt;
 };
 
-/// The bond pads: the shapes that the rule lets pass, on the one layer that has most of them. A pin on a
-/// cell's pad gives it its name and type; other pads of cells have the instance's name. Shapes of one pin
-/// that overlap are one pad.
+/// The bond pads: the shapes that keep the rule, on the one layer that has most of them. A pin on a cell's
+/// pad gives it its name and type; other pads of cells have the instance's name. Shapes of one pin that
+/// overlap are one pad.
 std::vector<DiePad> PadsOf(const std::vector<Terminal>& terminals, const PadRule& rule);
 
-/// True when the pattern is found in the name, of which the first thousand characters count: the library's
-/// search takes stack for each of them.
+/// True when the pattern matches within the first thousand characters of the name: std::regex recurses for
+/// each of them.
 bool Matches(const std::string& name, const std::regex& pattern);
 
-/// How many shapes the terminals have together.
+/// The number of shapes of all terminals.
 std::size_t ShapeCount(const std::vector<Terminal>& terminals);
 
 /// POWER, GROUND and SIGNAL in any case; anything else is unknown.

@@ -17,7 +17,7 @@ namespace importer {
 
 namespace {
 
-/// Runs of blanks and tabs.
+/// The separator of columns between runs of blanks and tabs.
 constexpr char kBlankRuns = ' ';
 
 constexpr std::string_view kAdviceOnHeader =
@@ -25,7 +25,7 @@ constexpr std::string_view kAdviceOnHeader =
     "pad, lead "
     "or number, net, lead, x, y";
 
-/// The parser of the library, with one table's rows.
+/// A libcsv parser with the rows of one table.
 class RowParser {
  public:
   explicit RowParser(char separator) : separator_(separator) {
@@ -56,7 +56,7 @@ class RowParser {
   std::vector<TableRow>& Rows() { return rows_; }
 
  private:
-  /// A comment stands behind a blank, outside of quotes.
+  /// A comment begins after a blank, outside of quotes.
   static void CutComment(std::string& line) {
     bool quoted = false;
     for (std::size_t at = 0; at < line.size(); ++at) {
@@ -83,7 +83,7 @@ class RowParser {
   std::vector<TableRow> rows_;
 };
 
-/// How many columns the first row names; 0 when it is no header.
+/// The number of known names in the first row; 0 when it is not a header.
 std::size_t KnownNames(const std::vector<TableRow>& rows) {
   if (rows.empty()) return 0;
   std::size_t known = 0;
@@ -94,7 +94,7 @@ std::size_t KnownNames(const std::vector<TableRow>& rows) {
   return known < 2 ? 0 : known;
 }
 
-/// Two or five when all rows have so many columns, else 0. With a comma as separator the second of two
+/// Two or five when all rows have that many columns, else 0. With a comma as separator the second of two
 /// columns may hold several leads.
 std::size_t PlainColumns(std::vector<TableRow>& rows, char separator) {
   const auto all = [&rows](std::size_t count) {
@@ -115,7 +115,7 @@ std::size_t PlainColumns(std::vector<TableRow>& rows, char separator) {
   return 2;
 }
 
-/// A header is worth more than as many columns as a table without one may have.
+/// A header outweighs the number of columns that a table without one may have.
 constexpr std::size_t kBestPlain = 5;
 
 /// Whether each row has blanks within its first field.
@@ -130,7 +130,7 @@ void Parse(std::string_view text, RowParser& parser) {
   std::string_view line;
   for (std::size_t number = 1; lines.Next(line); ++number) {
     if (line.ends_with('\r')) line.remove_suffix(1);
-    // Some spreadsheets write their separator ahead of the table.
+    // Some spreadsheet programs write their separator before the table.
     if (number == 1 && line.size() == 5 && line.starts_with("sep=")) continue;
     parser.Line(std::string(line), number);
   }
@@ -229,7 +229,7 @@ const std::string& TextTable::Field(const TableRow& row, std::optional<std::size
 
 double TextTable::Number(const TableRow& row, std::size_t column) const {
   std::string text = Field(row, column);
-  // Only where a comma cannot end the field.
+  // A decimal comma is possible where the comma is not the separator.
   if (separator_ != ',') std::replace(text.begin(), text.end(), ',', '.');
   const std::optional<double> number = NumberIn(text);
   if (!number) Fail(row, Quoted(text) + " is not a number", "correct it");

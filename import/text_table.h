@@ -1,4 +1,4 @@
-/// A table as a spreadsheet or a script writes it: separators, comments and header are found out.
+/// A table as a spreadsheet or a script writes it: separators, comments and header are detected.
 #pragma once
 
 #include <cstddef>
@@ -13,7 +13,7 @@
 namespace importer {
 
 struct TableRow {
-  std::size_t Line = 0;  ///< of the file, on which the row begins
+  std::size_t Line = 0;  ///< line of the file where the row begins
   std::vector<std::string> Fields = {};
 };
 
@@ -31,12 +31,12 @@ class TextTable {
 
   /// The first column with one of these names, the earlier names first. Names are as ColumnName gives them.
   std::optional<std::size_t> Column(std::initializer_list<std::string_view> names) const;
-  /// The first column whose name ends so, beside those that name leads, nets or the package's pins.
+  /// The first column whose name has this ending, except those that name leads, nets or the package's pins.
   std::optional<std::size_t> ColumnEnding(std::string_view ending) const;
 
-  /// The columns of the header that mean nothing to an import, for a message; empty without any.
+  /// The header's columns that an import does not know, for a message; empty when there are none.
   std::string UnknownColumns() const;
-  /// The same behind what a message says.
+  /// `what`, with UnknownColumns added.
   std::string WithUnknownColumns(const std::string& what) const;
 
   /// The field, empty where the row ends before it or there is no such column.
@@ -49,7 +49,7 @@ class TextTable {
   [[noreturn]] void Fail(const TableRow& row, const std::string& what, const std::string& advice) const;
 
  private:
-  /// Joins what stands behind the last of two columns, "pad,3,4"; elsewhere it has no column.
+  /// Joins surplus fields to the last of two columns, "pad,3,4"; in other tables they belong to no column.
   void TakeSurplus();
 
   std::string file_;

@@ -11,10 +11,10 @@
 
 namespace model {
 
-/// Deliberate: what is drawn is turned by pi as a single holds it, which is 9e-8 above std::numbers::pi.
+/// Deliberate: the drawing converts angles with pi in single precision, which is 9e-8 above std::numbers::pi.
 inline constexpr double kSinglePi = double(std::numbers::pi_v<float>);
 
-/// Rounds a result to single precision, which is what every stored length or angle is.
+/// Rounds a result to single precision, in which all lengths and angles are stored.
 /// Faults  Overflow beyond the range of a single (infinities and not-a-numbers included)
 inline float Single(double value) {
   if (!(std::fabs(value) <= double(FLT_MAX))) throw Overflow();
@@ -36,13 +36,12 @@ std::int32_t NearestLong(double value);
 /// Faults  Overflow
 std::int16_t Add16(std::int16_t a, std::int16_t b);
 
-/// a / b for a divisor that a file decides.
+/// a / b, where b comes from a file.
 /// Faults  DivisionByZero when b is 0 (0/0 too), with `reason`
 double Divide(double a, double b, const char* reason);
 
-/// Stands for the 16-bit counter of a loop over the `count` records of a table.
-/// Faults  TooManyRecords from 32,768 records on, where the counter would have to pass 32,767; its record is
-///         the first one too many
+/// Checks that a 16-bit counter can count the `count` records of a table.
+/// Faults  TooManyRecords from 32,768 records on; the fault's record is the first one beyond the limit
 void CountIn16Bits(std::size_t count, RecordTable table);
 
 }  // namespace model

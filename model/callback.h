@@ -1,4 +1,4 @@
-/// A call upward that does nothing while it is empty.
+/// A callback to an owner; an empty one does nothing.
 #pragma once
 
 #include <functional>
@@ -7,8 +7,8 @@
 
 namespace model {
 
-/// Holds what an owner fills in, for example "show the printer dialog". Whatever the owner's routine returns
-/// is dropped.
+/// Holds a routine that the owner sets, for example "show the printer dialog". The routine's result is
+/// dropped.
 template <class... Args>
 class Callback {
  public:

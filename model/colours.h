@@ -11,7 +11,7 @@ struct Colour {
   float Red = 0.0F, Green = 0.0F, Blue = 0.0F;
 };
 
-/// The colour of an exact name; black for any name that the table does not have.
+/// The colour of this exact name; black for an unknown name.
 Colour ColourOf(std::string_view name);
 
 }  // namespace model

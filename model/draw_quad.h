@@ -20,10 +20,10 @@ PackagePoint Corner(double x, double y, double z);
 void DrawQuad(Pen& pen, const PackagePoint& corner1, const PackagePoint& corner2, const PackagePoint& corner3,
               const PackagePoint& corner4, std::string_view colour);
 
-/// n becomes the unit vector of u x v.
+/// Sets n to the unit vector along u x v.
 void CrossProduct(const SceneVector& u, const SceneVector& v, SceneVector& n);
 
-/// Scales a vector to length 1; one of length 0 stays.
+/// Scales a vector to length 1; a zero vector stays zero.
 void Normalize(SceneVector& vector);
 
 }  // namespace model

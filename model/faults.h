@@ -10,7 +10,7 @@
 
 namespace model {
 
-/// A fault that ends what the program is doing, unless the running handler traps it.
+/// A run-time fault; it ends the program unless a handler or a command catches it.
 ///
 /// what() reads "Run-time error: KIND (RECORD: REASON)", with the parts that are known, for
 /// example "Run-time error: Division by zero (wire VDD_L3: its ends coincide)".
@@ -18,12 +18,12 @@ class Fault : public std::exception {
  public:
   Fault(std::string kind, std::string reason);
 
-  /// Says which record caused it, and by which words the message names that record (none when they are
-  /// empty). The first record given stays: it is the closest one.
+  /// Sets the record that caused the fault and the name that the message gives it (may be empty). Later calls
+  /// change nothing: the first record is the closest to the cause.
   void SetRecord(const RecordPlace& place, const std::string& words);
 
   const char* what() const noexcept override { return text_.c_str(); }
-  /// The kind alone, for messages that say by themselves where it happened.
+  /// The kind alone, for messages that name the place themselves.
   const std::string& Kind() const { return kind_; }
   /// The record that caused it, where that is known.
   const std::optional<RecordPlace>& Record() const { return record_; }
@@ -40,7 +40,7 @@ struct Overflow : Fault {
   explicit Overflow(std::string reason = {}) : Fault("Overflow", std::move(reason)) {}
 };
 
-/// More records in a table than a 16-bit counter counts.
+/// More records in a table than a 16-bit counter can count.
 struct TooManyRecords : Overflow {
   using Overflow::Overflow;
 };
@@ -54,13 +54,13 @@ struct SubscriptOutOfRange : Fault {
       : Fault("Subscript out of range", std::move(reason)) {}
 };
 
-/// A file that is there but cannot be opened, read or written; `kind` is the system's own text.
+/// A file that cannot be opened, read or written; `kind` is the system's error text.
 struct FileFault : Fault {
   FileFault(std::string kind, std::string reason) : Fault(std::move(kind), std::move(reason)) {}
 };
 
-/// Runs `work` on a record; a fault that leaves it carries that record. The words are made only then, so
-/// they cost nothing on the good path.
+/// Runs `work` on a record and adds the record to a fault that leaves it. The record's name is made only
+/// then, so it costs nothing without a fault.
 template <class Work>
 void AtRecord(const Package& package, const RecordPlace& place, Work&& work) {
   try {

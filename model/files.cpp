@@ -20,7 +20,7 @@ namespace model {
 
 namespace {
 
-// The largest packages have some megabytes. A larger file is not a package, and may be a hole without end.
+// The largest packages have a few megabytes. A larger file is not a package; a sparse file can have any size.
 constexpr std::size_t kMaxBytes = std::size_t{1} << 28;
 
 [[noreturn]] void ThrowFault(int error, const std::string& path) {
@@ -43,7 +43,7 @@ class Descriptor {
   int number_;
 };
 
-/// All of an open file whose size was `size` a moment ago: it may grow or shrink while it is read.
+/// Reads   an open file to its end. `size` is its last known size: the file may grow or shrink meanwhile.
 std::string ReadFrom(int file, std::size_t size, const std::string& path) {
   // One byte more than the size lets the last read() see the end without growing the buffer.
   std::string bytes(size + 1, '\0');
@@ -61,7 +61,7 @@ std::string ReadFrom(int file, std::size_t size, const std::string& path) {
   return bytes;
 }
 
-/// Follows links, also one whose target does not exist yet.
+/// Follows links, even one whose target does not exist yet.
 std::string TargetOf(const std::string& path) {
   std::string target = path;
   for (int links = 0; links < 40; ++links) {
@@ -76,8 +76,8 @@ std::string TargetOf(const std::string& path) {
   ThrowFault(ELOOP, path);
 }
 
-/// The new content beside the target, deleted again unless it took the target's place.
-/// Its name does not grow out of the target's, which may be as long as the system allows.
+/// A temporary file beside the target, deleted again unless it replaced the target. Its name does not contain
+/// the target's, which may already be as long as the system allows.
 class Draft {
  public:
   explicit Draft(const std::string& target)
@@ -114,12 +114,12 @@ class Draft {
     return placed_;
   }
 
-  /// Places the draft so that TakeBack can undo it: the old file keeps another name until the end.
+  /// Places the draft so that TakeBack can undo it: the old file is kept under another name until the end.
   bool PlaceForNow(const std::string& target) {
     old_ = name_ + "o";
     if (link(target.c_str(), old_.c_str()) != 0) {
       old_.clear();
-      // Some file systems have no links; there the old file cannot come back.
+      // Some file systems have no hard links; there TakeBack cannot restore the old file.
       isNew_ = errno == ENOENT;
     }
     return Place(target);
@@ -138,12 +138,12 @@ class Draft {
   bool placed_ = false;
 };
 
-/// The permissions that the new file takes: the old file's, or those of any new file.
+/// The new file's permissions: the old file's, or the default for a new file.
 mode_t ModeFor(const std::string& target) {
   struct stat old {};
   if (stat(target.c_str(), &old) == 0) {
     if (!S_ISREG(old.st_mode)) ThrowFault(S_ISDIR(old.st_mode) ? EISDIR : EINVAL, target);
-    // A rename would replace a file that may not be written; its permissions must hold here too.
+    // rename() replaces even a read-only file; its permissions must hold here too.
     if (access(target.c_str(), W_OK) != 0) ThrowFault(errno, target);
     return old.st_mode & 07777;
   }
@@ -160,7 +160,7 @@ bool FileExists(const std::string& path) {
 }
 
 std::string ReadWholeFile(const std::string& path) {
-  // Without O_NONBLOCK a pipe that took the file's place would block the program for ever.
+  // Without O_NONBLOCK, opening a named pipe would block until a writer opens it.
   const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   if (file.Number() < 0) ThrowFault(errno, path);
   struct stat status {};
@@ -204,7 +204,7 @@ void WriteWholeFiles(const std::vector<FileToWrite>& files, Durability durabilit
       ThrowFault(errno, file.Path);
   }
   for (std::size_t i = 0; i < files.size(); ++i) {
-    // Once the last one is in its place nothing is taken back.
+    // The last file needs no undo: nothing can fail after it.
     if (i + 1 < files.size() ? drafts[i].PlaceForNow(targets[i]) : drafts[i].Place(targets[i])) continue;
     const int error = errno;
     failed = files[i].Path;

@@ -11,8 +11,7 @@ namespace model {
 bool FileExists(const std::string& path);
 
 /// The whole file, byte for byte.
-/// Faults  FileFault when it is there but cannot be opened or read, is not a regular file, or is larger
-///         than 256 megabytes
+/// Faults  FileFault when it cannot be opened or read, is not a regular file, or is larger than 256 megabytes
 std::string ReadWholeFile(const std::string& path);
 
 /// The same for pipes and devices too, to whose end it waits: `--rules <(...)`, `/dev/stdin`.
@@ -25,19 +24,19 @@ enum class Durability { Synced, Fast };
 
 /// Replaces (or creates) the file at `path` with `bytes`. The old file stays as it was until the new one is
 /// complete; an existing file keeps its permissions, and a link still points to it.
-/// Faults  FileFault with the system's reason; nothing is left behind then
+/// Faults  FileFault with the system's reason; no temporary file is left behind
 void WriteWholeFile(const std::string& path, std::string_view bytes,
                     Durability durability = Durability::Synced);
 
-/// A file to be written, which lasts until then.
+/// A file to be written; the bytes must outlive the call.
 struct FileToWrite {
   std::string Path;
   std::string_view Bytes;
 };
 
-/// Writes several files that belong together as WriteWholeFile does, all or none: no old file gives way
-/// before all new ones are complete. Faults  FileFault, with the path of the file that cannot be written in
-/// `failed`
+/// Writes  several files that belong together, all or none: each as WriteWholeFile does, and no old file is
+///         replaced before all new ones are complete.
+/// Faults  FileFault; `failed` is then the path of the file that cannot be written
 void WriteWholeFiles(const std::vector<FileToWrite>& files, Durability durability, std::string& failed);
 
 }  // namespace model

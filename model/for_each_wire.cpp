@@ -106,7 +106,7 @@ void WireWalk::StackedWires() const {
 void WireWalk::Stitches() const {
   const Table<StitchRec>& stitches = in_.Package.Stitches;
   Count(stitches.Count(), RecordTable::Stitches);
-  // Deliberate: stitches have no loop height of their own, they take the stacked die's.
+  // Deliberate: stitches have no loop height setting; they take the stacked die's.
   const Loop loop{InSceneUnits(in_.Settings.StackLoopHeight), InSceneUnits(in_.Settings.StitchExtension)};
   for (std::size_t i = 0; i < stitches.Count(); ++i) {
     const StitchRec& stitch = stitches[i];

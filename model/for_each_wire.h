@@ -25,17 +25,17 @@ struct WireInputs {
   const model::Package& Package;
   const WireBondSettings& Settings;
   const WireSelection& Selection;
-  const WireShapes* Shapes = nullptr;  ///< wires with loops of their own
+  const WireShapes* Shapes = nullptr;  ///< loops that override the settings; may be null
 };
 
 using WireVisit = std::function<void(const Wire&)>;
 using WireFault = std::function<void(const Fault&)>;
 
-/// Calls `visit` for every selected wire: of the base die, of the stacked die, then the stitches.
-/// Whatever the technology: only wire-bonded packages show their wires.
-/// Faults  DivisionByZero when a wire's ends coincide in plan, or when it runs along the edge of the base die
-///         that it is to reach; Overflow; TooManyRecords from 32,768 records of a table on. With `onFault`
-///         each goes there, with its record, and the walk goes on with the next wire
+/// Calls `visit` for every selected wire: of the base die, of the stacked die, then the stitches. Ignores the
+/// technology: the caller checks that the package is wire-bonded.
+/// Faults  DivisionByZero when a wire's ends coincide in plan, or when a wire that should reach the base
+///         die's edge runs along it; Overflow; TooManyRecords from 32,768 records of a table on. With
+///         `onFault`, passes each fault to it with its record and continues with the next wire
 void ForEachWire(const WireInputs& inputs, const WireVisit& visit, const WireFault& onFault = {});
 
 }  // namespace model

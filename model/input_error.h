@@ -8,7 +8,7 @@
 
 namespace model {
 
-/// What a message is about: a file, or one of its lines.
+/// The place that a message names: a file, or one of its lines.
 struct FilePlace {
   std::string File;
   std::size_t Line = 0;  ///< counted from 1; 0 for the whole file
@@ -17,7 +17,7 @@ struct FilePlace {
 /// "file:line: what; advice". The advice says what to do and may be empty.
 std::string MessageText(const FilePlace& place, std::string_view what, std::string_view advice);
 
-/// what() is that text.
+/// Unusable input; what() is its MessageText.
 class InputError : public std::exception {
  public:
   InputError(const FilePlace& place, std::string_view what, std::string_view advice)

@@ -15,7 +15,7 @@ void* AllocateLarge(std::size_t size) {
     const std::size_t whole = (size + kLargePage - 1) / kLargePage * kLargePage;
     void* const memory = std::aligned_alloc(kLargePage, whole);
     if (memory == nullptr) throw std::bad_alloc();
-    // A system without large pages says no, and the memory serves all the same.
+    // A failure does not matter: without large pages the memory is just as usable.
     madvise(memory, whole, MADV_HUGEPAGE);
     return memory;
   }

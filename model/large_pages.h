@@ -11,8 +11,8 @@ namespace model {
 void* AllocateLarge(std::size_t size);
 void FreeLarge(void* memory) noexcept;
 
-/// Hands that memory to a container. A table of 32,000 bonds has 2,000 small pages, and having the system
-/// provide them one by one takes as long as filling them.
+/// A container's allocator over AllocateLarge. A table of 32,000 bonds takes 2,000 small pages, and providing
+/// them one by one takes the system as long as filling them takes the reader.
 template <class Record>
 struct LargePages {
   using value_type = Record;

@@ -19,7 +19,7 @@ struct Decimal {
   int point = 0;
 };
 
-/// `digits` significant digits, or as many as it takes to tell this single from its neighbours when 0.
+/// `digits` significant digits; with 0, as many as distinguish this single from its neighbours.
 Decimal ToDecimal(float value, int digits) {
   std::array<char, 64> text{};
   char* const first = text.data();
@@ -79,14 +79,14 @@ std::string Layout(const Decimal& decimal, int decimals) {
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// Where the digits from `at` on end; appends them to `whole`, which wraps when there are too many.
+/// Appends the digits from `at` on to `whole`, which wraps when there are too many; returns where they end.
 std::size_t AfterDigits(std::string_view text, std::size_t at, std::uint64_t& whole) {
   for (; at < text.size() && IsDigit(text[at]); ++at)
     whole = whole * 10 + static_cast<std::uint64_t>(text[at] - '0');
   return at;
 }
 
-/// Converts the number that `text` begins with, its digits with at most one point and its exponent.
+/// Converts the number at the start of `text`: digits with at most one point, and an exponent.
 float Convert(std::string text, std::size_t point) {
   if (point < text.size()) text[point] = '.';
   double value = 0.0;

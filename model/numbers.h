@@ -19,7 +19,7 @@ std::string GeneralText(double value);
 /// The same with this many significant digits.
 std::string GeneralText(float value, int digits);
 
-/// The number that GeneralText shows, again as a number.
+/// Rounds to the seven digits that GeneralText shows.
 /// Faults  Overflow beyond the range of a single
 double SevenDigits(double value);
 

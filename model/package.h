@@ -40,7 +40,7 @@ class Table {
 };
 
 /// One bond: its die pad, its substrate pad and its wire. Lengths in file units / UnitScale. Without the
-/// alignment a record has 264 bytes, and reading 32,000 of them takes a twelfth longer.
+/// alignment a record has 264 bytes, and reading takes 8 % longer.
 struct alignas(16) BondRec {
   float DieX = 0.0F, DieY = 0.0F,
         DieZ = 0.0F;  ///< die pad centre; DieZ is the base die's height, on stacked dies too
@@ -55,7 +55,7 @@ struct alignas(16) BondRec {
   std::string SubShape;                         ///< "RECTANGLE"; any other word gives round ends
   float WireStartX = 0.0F, WireStartY = 0.0F, WireStartZ = 0.0F;  ///< die end; x = y = 0 means no wire
   float WireEndX = 0.0F, WireEndY = 0.0F, WireEndZ = 0.0F;        ///< substrate end
-  std::string Lead;  ///< number or name of the lead where the wire ends; for people, no drawing reads it
+  std::string Lead;  ///< number or name of the lead where the wire ends; the drawing does not use it
 };
 
 /// Deliberate: a wire that starts at the origin is indistinguishable from no wire.
@@ -64,7 +64,7 @@ inline bool HasWire(const BondRec& bond) { return bond.WireStartX != 0.0F || bon
 /// A stitch wire from pad to pad.
 struct StitchRec {
   std::string Name;        ///< both pad names, "FIRST:SECOND"
-  std::string Pad1, Pad2;  ///< the same two by themselves: a pad's name may hold a colon
+  std::string Pad1, Pad2;  ///< the same two names separately: a pad's name may contain a colon
   float X1 = 0.0F, X2 = 0.0F, Y1 = 0.0F, PadSize1 = 0.0F, Y2 = 0.0F, Z1 = 0.0F, Z2 = 0.0F, PadSize2 = 0.0F;
 };
 
@@ -105,7 +105,7 @@ struct WireNameRec {
   std::string Tier;     ///< "1" to "4"
 };
 
-/// What a package has once. These values survive a load: a file that does not set one leaves it as it was.
+/// The values that a package has once. They survive a load: a file that does not set one leaves it as it was.
 /// Lengths are file values divided by UnitScale.
 struct PackageScalars {
   std::string PackagePath;  ///< full path of the package file

@@ -1,4 +1,4 @@
-/// What draws the scene's shapes: OpenGL on the screen, anything else in tests and exports.
+/// The interface that draws the scene's shapes: with OpenGL on the screen, otherwise in tests and exports.
 #pragma once
 
 #include <array>
@@ -20,21 +20,21 @@ struct Face {
   Colour Paint;
 };
 
-/// The rim of a horizontal disc, from angle 0 round to 360 in steps of 10 degrees.
+/// The rim of a horizontal disc, from 0 to 360 degrees in steps of 10.
 using DiscRim = std::array<SceneVector, 37>;
 
 /// The vertices of one bond wire.
 using WireStrip = std::array<SceneVector, 7>;
 
-/// What a shape is part of.
+/// The part of the package that a shape belongs to.
 enum class Part { Die, StackedDie, DieAttach, Rings, DiePad, SubstratePad, Wire, Stitch };
 
 class Pen {
  public:
   virtual ~Pen() = default;
 
-  /// The shapes that follow are part of this; those of pads, wires and stitches come with their record. For
-  /// pens that sort what they draw: most do not care.
+  /// Announces the part to which the next shapes belong, with the record of a pad, wire or stitch. Only pens
+  /// that sort the shapes need it.
   virtual void Begin(Part /*part*/, const RecordPlace& /*record*/) {}
 
   virtual void Quad(const Face& face) = 0;

@@ -7,7 +7,7 @@ namespace model {
 
 namespace {
 
-/// What stands before the record's own name.
+/// The words before the record's name.
 const char* WordsBefore(const RecordPlace& place) {
   switch (place.Table) {
     case RecordTable::Bonds:

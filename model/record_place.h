@@ -16,7 +16,7 @@ enum class BondPart { DiePad, SubstratePad, Wire };
 struct RecordPlace {
   RecordTable Table = RecordTable::None;
   std::size_t Number = 0;            ///< counted from 0
-  BondPart Part = BondPart::DiePad;  ///< in the two tables of bonds
+  BondPart Part = BondPart::DiePad;  ///< only for the two tables of bonds
 
   bool operator==(const RecordPlace&) const = default;
 };

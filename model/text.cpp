@@ -10,7 +10,7 @@ char Upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + '
 
 bool IsBlank(char c) { return c == ' ' || c == '\t'; }
 
-/// Not blank; nearly every letter shows it with the first comparison.
+/// True for a byte that is not blank; the first comparison decides for nearly all letters.
 bool IsOfWord(char c) { return static_cast<unsigned char>(c) > ' ' || !IsBlank(c); }
 
 }  // namespace
@@ -42,7 +42,7 @@ std::string_view FileNameOf(std::string_view path) {
 }
 
 void DropCarriageReturns(std::string& text) {
-  // Most files have none: looking is cheaper than moving every byte to its own place.
+  // Most files have none, and a search is cheaper than erasing, which visits every byte one by one.
   if (text.find('\r') != std::string::npos) std::erase(text, '\r');
 }
 

@@ -1,5 +1,5 @@
-/// Text rules of the package files: letter case, blanks, fields and file names. Bytes beyond ASCII pass
-/// unharmed.
+/// Text rules of the package files: letter case, blanks, fields and file names. Bytes beyond ASCII stay as
+/// they are.
 #pragma once
 
 #include <array>
@@ -12,10 +12,10 @@ namespace model {
 /// Upper case of the ASCII letters; every other byte stays.
 std::string UpperCase(std::string_view text);
 
-/// True when both texts are equal once `text` is in upper case; `upper` is given so.
+/// True when `text`, converted to upper case, equals `upper`.
 bool EqualsUpper(std::string_view text, std::string_view upper);
 
-/// A word of a file or of the command line for a message: between single quotes, cut at 60 bytes, control
+/// A word of a file or the command line as messages show it: in single quotes, cut at 60 bytes, control
 /// characters as "?".
 std::string Quoted(std::string_view word);
 
@@ -49,12 +49,12 @@ class Tokens {
  public:
   static constexpr std::size_t kCount = 11;
 
-  /// Takes the fields of `line`, which runs of spaces and tabs separate.
+  /// Splits `line` at runs of spaces and tabs.
   void SplitLine(std::string_view line);
 
   std::string_view operator[](std::size_t field) const { return fields_[field]; }
 
-  /// How many fields the line had, those beyond the eleventh included.
+  /// The number of fields on the line, including those beyond the eleventh.
   std::size_t Found() const { return found_; }
 
  private:

@@ -1,4 +1,4 @@
-/// What the bond wires are made of and how their loops are shaped.
+/// The material of the bond wires and the shape of their loops.
 #pragma once
 
 #include <string>
@@ -16,20 +16,20 @@ struct WireBondSettings {
   float BaseLoopHeight = 0.0F;   ///< wires of the base die
   float StackLoopHeight = 0.0F;  ///< wires of the stacked die, and stitches
   float BaseExtension = 0.0F;
-  float StackExtension = 0.0F;  ///< or kEdgeOfBaseDie
+  float StackExtension = 0.0F;  ///< kEdgeOfBaseDie is special
   float StitchExtension = 0.0F;
 };
 
-/// The StackExtension that means: each stacked-die wire runs level to the base die's edge.
+/// The StackExtension value with which each stacked-die wire runs level to the base die's edge.
 inline constexpr float kEdgeOfBaseDie = -1.0F;
 
 /// Gives every unset setting its default from the package that was just read: gold, 1 mil, and
 /// the dies' heights in file units.
 void SetUnsetDefaults(WireBondSettings& settings, const Package& package);
 
-/// The settings that a reset leaves, and so those of every package just loaded into the window: gold, 1 mil,
-/// 1 MHz, and every height and extension at the base die's height.
-/// Deliberate: that height is taken in scene units where file units belong; SetUnsetDefaults takes file
+/// The settings after a reset, and after every load into the window: gold, 1 mil, 1 MHz, and every height and
+/// extension at the base die's height.
+/// Deliberate: the height is in scene units although settings are in file units; SetUnsetDefaults uses file
 /// units.
 WireBondSettings SettingsAfterReset(const Package& package);
 

@@ -10,7 +10,7 @@ std::string EntryText(const WireNameRec& wire) {
   return wire.Name2.empty() ? wire.Name : wire.Name + ":" + wire.Name2;
 }
 
-// Deliberate: a tier is a button's number, whatever the button: "5" enables "Stitch".
+// Deliberate: a tier is used as a button's number, even of a button that is not a tier: "5" enables "Stitch".
 std::optional<std::size_t> ButtonOfTier(const std::string& tier) {
   const double index = NearestWhole(double(ToNumber(tier)) - 1.0);
   if (!(index >= 0.0 && index < double(kWireListButtons))) return std::nullopt;

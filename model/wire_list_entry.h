@@ -14,7 +14,7 @@ std::string EntryText(const WireNameRec& wire);
 
 inline constexpr std::size_t kWireListButtons = 9;
 
-/// The number of the wire list's button that a tier enables; nothing when there is none of that number.
+/// The number of the wire list's button that a tier enables; nothing when no button has that number.
 std::optional<std::size_t> ButtonOfTier(const std::string& tier);
 
 /// Checks the tier of an entry of the package's wire list.

@@ -32,14 +32,15 @@ double PlanLength(const PackagePoint& start, const PackagePoint& end);
 /// Faults  DivisionByZero when start and end coincide in plan; Overflow
 WirePath SevenPoints(const PackagePoint& start, const PackagePoint& end, float loopHeight, float extension);
 
-/// A package seen from above, as far as the edge distance needs it.
+/// The base die seen from above.
 struct DiePlan {
   float Width = 0.0F;   ///< along x
   float Length = 0.0F;  ///< along y
 };
 
-/// Plan distance from a stacked-die pad, along the line to its substrate pad, to the base die's edge on
-/// the pad's side. A pad on no side gives `previous`.
+/// Plan distance from a stacked-die pad, along the line to its substrate pad, to the base die's edge on the
+/// pad's side.
+/// Returns `previous` for a pad on no side
 /// Faults  DivisionByZero when the line runs along the edge; Overflow
 float EdgeDistance(std::optional<Side> side, const PackagePoint& start, float subX, float subY,
                    const DiePlan& baseDie, float previous);

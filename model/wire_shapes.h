@@ -1,4 +1,4 @@
-/// Loops that single wires have of their own, in place of the settings'.
+/// Loops of single wires, which override the settings.
 #pragma once
 
 #include <optional>
@@ -7,7 +7,7 @@
 
 namespace model {
 
-/// In file units, like the settings; what is not given stays theirs.
+/// Units   file units; an empty value keeps the setting's
 struct LoopShape {
   std::optional<float> Height, Extension;
 };

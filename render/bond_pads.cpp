@@ -33,8 +33,8 @@ void Scene::DrawSubstratePads(const model::Table<model::BondRec>& bonds, model::
   }
 }
 
-/// Turns the side letter and the pad's own angle into its corners. A bond on no edge leaves the slots as they
-/// are.
+/// Sets the pad's corners from the side letter and the pad's angle. A bond on no edge leaves the corners as
+/// they are.
 void Scene::OrientPad(const model::BondRec& bond) {
   const std::optional<model::Side> side = model::SideOf(bond.DieSide);
   if (!side) return;

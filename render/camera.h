@@ -1,4 +1,4 @@
-/// Where the eye stands and how the model is turned.
+/// The pose of the eye and the rotation of the model.
 #pragma once
 
 #include <cstdint>

@@ -23,7 +23,7 @@ void AddFace(const model::Face& face, Mesh& mesh) {
 
 void AddDisc(const model::DiscRim& rim, Mesh& mesh) {
   const std::uint32_t first = AddPoints(rim, mesh);
-  // The rim's last point is its first one again.
+  // The rim's last point repeats its first.
   for (std::uint32_t k = 1; k + 2 < rim.size(); ++k)
     mesh.Triangles.push_back({first, first + k, first + k + 1});
 }

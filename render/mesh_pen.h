@@ -17,7 +17,7 @@ namespace render {
 
 /// All shapes of one net, or of one part of the package's body, a mesh for each colour.
 struct MeshGroup {
-  std::string Name;  ///< of the net; else "die", "stacked die", "die attach" or "rings"
+  std::string Name;  ///< the net's name; else "die", "stacked die", "die attach" or "rings"
   bool IsNet = false;
   std::vector<std::pair<model::Colour, Mesh>> Meshes;
 };
@@ -35,7 +35,7 @@ class MeshPen final : public model::Pen {
   void Disc(const model::DiscRim& rim) override;
   void Strip(const model::WireStrip& points, const model::Colour& paint) override;
 
-  /// Those with anything in them, in the order in which they were begun.
+  /// The groups that are not empty, in the order in which Begin first named them.
   const std::vector<MeshGroup>& Groups() const { return groups_; }
 
  private:
@@ -48,8 +48,8 @@ class MeshPen final : public model::Pen {
 
   bool isNet_ = false;
   std::string name_;
-  std::size_t group_ = kNoGroup;  ///< of isNet_ and name_, once it was looked up
-  model::Colour quadPaint_;       ///< of the last quad, which discs take on
+  std::size_t group_ = kNoGroup;  ///< index for isNet_ and name_, once it was looked up
+  model::Colour quadPaint_;       ///< colour of the last quad, which discs take on
   std::vector<MeshGroup> groups_;
   std::map<std::pair<bool, std::string>, std::size_t> places_;  ///< where each group is
 };

@@ -72,10 +72,10 @@ double DistanceFor(const std::vector<glm::dvec3>& points, int across, double slo
   return (high + low) / (2.0 * slope);
 }
 
-/// Where an eye at this distance has as much room on one side as on the other.
+/// The place at which an eye at this distance has equal room on both sides.
 double MiddleFor(const std::vector<glm::dvec3>& points, int across, double distance) {
   double middle = points.front()[across];
-  // The outermost points change with the eye; they have long settled after a few passes.
+  // The outermost points change with the eye; they settle within a few passes.
   for (int pass = 0; pass < 8; ++pass) {
     const auto bySlope = [&](const glm::dvec3& a, const glm::dvec3& b) {
       return (a[across] - middle) * (distance - b[2]) < (b[across] - middle) * (distance - a[2]);
@@ -101,7 +101,7 @@ Eye FitPen::Fit(NamedView view, const PixelSize& size) const {
   const double rightSlope = upSlope * double(size.Width) / double(std::max(size.Height, 1));
   const auto [farthest, nearest] = std::minmax_element(
       points.begin(), points.end(), [](const glm::dvec3& a, const glm::dvec3& b) { return a[2] < b[2]; });
-  // What is seen as a point still needs some distance.
+  // A view in which all points coincide still needs some distance.
   const double least = (*nearest)[2] + 1e-3 * (1.0 + (*nearest)[2] - (*farthest)[2]);
   const double distance =
       std::max({DistanceFor(points, 0, rightSlope), DistanceFor(points, 1, upSlope), least});

@@ -33,7 +33,7 @@ float Snap(Side side, float centreX, float centreY, float radius, float h, float
   return Single(double(h) - (r - s));
 }
 
-/// What whole and segmented rings have in common: the corners of the outline, the band and its bulge.
+/// What whole and segmented rings share: the corners of the outline, the band and its bulge.
 struct Scene::RingOutline {
   float X1, X2, Y1, Y2, Width, Param;
 
@@ -140,8 +140,8 @@ void Scene::DrawRing(std::size_t ring) {
 }
 
 /// A straight side, or a part of it, longer by half the width at both ends. On a well-formed ring the sides
-/// at Y1 and Y2 so take the corner squares, and those at X1 and X2, running from Y1 down to Y2, meet them
-/// edge to edge.
+/// at Y1 and Y2 thus cover the corner squares, and those at X1 and X2, which run from Y1 down to Y2, meet
+/// them edge to edge.
 void Scene::DrawStraightSide(Side side, const RingOutline& ring, float start, float end) {
   const double a = double(ring.Width) / 2.0;
   const double line = double(ring.Line(side));

@@ -17,13 +17,13 @@
 
 namespace render {
 
-/// What a scene shows.
+/// The data that a scene shows.
 struct SceneInputs {
   const model::Package& Package;
   const model::WireBondSettings& Settings;
   const render::Appearance& Appearance;
   const model::WireSelection& Selection;
-  const model::WireShapes* Shapes = nullptr;  ///< wires with loops of their own
+  const model::WireShapes* Shapes = nullptr;  ///< loops that override the settings; may be null
 };
 
 /// Units  scene units (file units / UnitScale), y up: package (x, y, z) becomes (x, z, y). Pads and wires
@@ -114,14 +114,14 @@ class Scene {
   /// nothing draws. All 0 where no stacked die turns them.
   std::vector<std::array<float, 10>> AuxPoints;
   /// Corners P1 to P4 of the substrate pad being drawn. Deliberate: kept from pad to pad, table to table and
-  /// build to build; a pad without corners of its own draws those of the pad before it.
+  /// build to build; a pad on no edge is drawn with the corners of the pad before it.
   std::array<PlanPoint, 4> padCorners_{};
   model::WireStrip WirePoints{};  ///< the wire being drawn, in scene coordinates
 };
 
 /// The bulge of a bowed side at position p along it: h at the side's middle, 0 at its corners.
 /// Units  an upright side measures from centreY, any other from centreX; radius of the side's circle
-/// Deliberate: the root is of an absolute value, so that positions beyond the circle give a number too.
+/// Deliberate: takes the root of an absolute value, so that positions beyond the circle give a number too.
 float Snap(model::Side side, float centreX, float centreY, float radius, float h, float p);
 
 }  // namespace render

@@ -27,7 +27,7 @@ std::vector<glm::dvec3> DifferentPoints(const model::WireStrip& strip) {
   return points;
 }
 
-/// From the line to the tube's edges, across a direction.
+/// Vectors from the wire's line to the tube's edges, perpendicular to a direction.
 Ring FirstSpokes(const glm::dvec3& direction, double radius) {
   const glm::dvec3 away =
       std::fabs(direction.y) < 0.9 ? glm::dvec3{0.0, 1.0, 0.0} : glm::dvec3{1.0, 0.0, 0.0};
@@ -40,7 +40,7 @@ Ring FirstSpokes(const glm::dvec3& direction, double radius) {
   return spokes;
 }
 
-/// Turns a vector as one direction turns into another, the shorter way.
+/// Rotates a vector by the smallest rotation that takes one direction to another.
 glm::dvec3 Turned(const glm::dvec3& v, const glm::dvec3& from, const glm::dvec3& to,
                   const glm::dvec3& anyAcross) {
   const glm::dvec3 axis = glm::cross(from, to);
@@ -51,10 +51,10 @@ glm::dvec3 Turned(const glm::dvec3& v, const glm::dvec3& from, const glm::dvec3&
   return cosine > 0.0 ? v : (2.0 * glm::dot(anyAcross, v)) * anyAcross - v;
 }
 
-/// The ring where a tube bends: the edges of both halves meet in the plane halfway between them. Turns
-/// `spokes` across the new direction.
+/// The ring where a tube bends: the edges of both halves meet in the plane halfway between them. Rotates
+/// `spokes` until they are perpendicular to the new direction.
 Ring Mitre(const glm::dvec3& from, const glm::dvec3& to, Ring& spokes) {
-  // A wire that turns back sharply would stand out in a long spike; its tube is cut off square there.
+  // At a sharp bend the edges would meet in a long spike; the tube is cut off square there.
   constexpr double kSharpest = 0.5;
   const glm::dvec3 middle = from + to;
   const bool square = glm::length(middle) < kSharpest;

@@ -1,4 +1,4 @@
-/// What the fault of a piece of work says.
+/// The message of the fault that a piece of work throws.
 #pragma once
 
 #include <string>

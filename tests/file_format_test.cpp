@@ -17,10 +17,10 @@ std::string Block(const std::string& language) {
 
 using FileFormatDocument = PackageText;
 
-TEST_F(FileFormatDocument, ShowsAPackageThatIsWhatItSays) {
+TEST_F(FileFormatDocument, ExampleMatchesItsDescription) {
   const Package package = Read(Block("yax"), Block("vu"));
   EXPECT_EQ(Fields(package.Technology, package.CompW, package.SDCompW), "'WIRE_BOND' 4 1.4");
-  // Five wires and a stitch, one ring whole and one in two pieces, and a band.
+  // Five wires and a stitch, a whole ring, a ring in two segments, and a band.
   EXPECT_EQ(Fields(package.Bonds.Count(), package.SDBonds.Count(), package.WireNames.Count(),
                    package.Stitches.Count(), package.Rings.Count(), package.SRings.Count(),
                    package.SRings[0].Segs.Count(), package.Daps.Count()),

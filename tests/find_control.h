@@ -1,4 +1,4 @@
-/// Controls of a window, found by what a screen reader calls them.
+/// Finds the controls of a window by their accessible names.
 #pragma once
 
 #include <QAccessible>
@@ -6,7 +6,7 @@
 #include <stdexcept>
 
 /// The control of that accessible name, which is the caption where none is set; within `frame` if one is
-/// named.
+/// given.
 template <class Control>
 Control& Find(const QWidget& window, const QString& name, const QString& frame = {}) {
   for (Control* const control : window.findChildren<Control*>()) {

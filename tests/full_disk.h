@@ -1,4 +1,4 @@
-/// A disk without room: for as long as it lives, no file of this process grows beyond a number of bytes.
+/// Simulates a full disk: during its lifetime no file of this process grows beyond a number of bytes.
 #pragma once
 
 #include <sys/resource.h>

@@ -12,9 +12,9 @@ std::size_t PadsOnSubstrate(const Table<BondRec>& bonds) {
 }
 
 TEST(Samples, HaveTheirRecords) {
-  // Scale, bonds, stacked bonds, pads on the substrate, wires with stitches, stitches, rings, rings in
-  // pieces, pieces and bands are those of the table in samples/README.md; signal, power and ground nets are
-  // the side files' lines whose names the wire list has.
+  // Scale, bonds, stacked bonds, substrate pads, wires with stitches, stitches, rings, segmented rings, their
+  // segments and bands are those of the table in samples/README.md; signal, power and ground nets are the
+  // lines of the side files whose names the wire list has.
   const std::pair<const char*, const char*> samples[] = {
       {"AAAc", "1 78 24 88 96 8 2 2 20 6 72 14 10"},
       {"caravel-qfn64", "1 63 0 63 63 0 0 0 0 7 45 9 9"},

@@ -1,4 +1,4 @@
-/// A folder of a test's own, gone with everything in it at the end.
+/// A temporary folder for a test, removed with everything in it at the end.
 #pragma once
 
 #include <gtest/gtest.h>

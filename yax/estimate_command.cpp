@@ -78,7 +78,7 @@ std::optional<double> LeastCoupling(const EstimateOptions& options, std::size_t 
   if (options.coupling && wires > analysis::kMostCoupled)
     throw Unusable({.File = options.package.File},
                    "couplings of " + std::to_string(wires) + " wires are too many", fewer);
-  if (options.coupling || wires <= analysis::kCoupledUnasked)
+  if (options.coupling || wires <= analysis::kMostCoupledByDefault)
     // A table has the nearest wires alone.
     return options.format == "spice" ? options.coupling.value_or(kLeastCoupling) : kNoCoupling;
   Complain({.File = options.package.File},
@@ -156,7 +156,7 @@ Command AddEstimate(CLI::App& program) {
             options->coupling = least;
           },
           "The smallest coupling that a subcircuit has, 0 to 1 (default: 0.1; 0 writes all). More than " +
-              std::to_string(analysis::kCoupledUnasked) +
+              std::to_string(analysis::kMostCoupledByDefault) +
               " wires have no couplings without this option, more than " +
               std::to_string(analysis::kMostCoupled) + " cannot have them")
       ->type_name("K");

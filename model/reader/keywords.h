@@ -37,8 +37,8 @@ constexpr bool IsOfHeader(Keyword keyword) {
 }
 constexpr bool IsOfBody(Keyword keyword) { return keyword >= Keyword::Cbp; }
 
-/// A word as one number, so that a single comparison recognizes it: letters of either case and "_" are the
-/// digits 1 to 27 of a number to the base 28, of which 64 bits hold 13. 0 for any other word.
+/// Encodes a word as one number, so that a single comparison recognizes it: letters in either case and "_"
+/// are the digits 1 to 27 in base 28, and 64 bits hold 13 of them. Returns 0 for any other word.
 constexpr std::uint64_t KeywordKey(std::string_view word) {
   if (word.size() > 13) return 0;
   std::uint64_t key = 0;
@@ -50,7 +50,7 @@ constexpr std::uint64_t KeywordKey(std::string_view word) {
   return key;
 }
 
-/// The keyword that a word is, in any letter case.
+/// The keyword that a word spells, in any letter case.
 constexpr Keyword KeywordOf(std::string_view word) {
   switch (KeywordKey(word)) {
     case KeywordKey("TECHNOLOGY"):

@@ -22,8 +22,8 @@ void NameIndex::Reserve(std::size_t names) {
   if (names * 2 > slots_.size()) Widen(std::bit_ceil(names * 2));
 }
 
-/// Files list pads, wires and net types mostly in one order, so the entry after the one found last is tried
-/// first.
+/// Files mostly list pads, wires and net types in the same order, so the entry after the last one found is
+/// tried first.
 bool NameIndex::IsNext(std::string_view name) {
   if (last_ + 1 >= entries_.size() || entries_[last_ + 1].name != name) return false;
   ++last_;

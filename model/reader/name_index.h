@@ -1,4 +1,4 @@
-/// Where each name of a package stands in its tables, found without a scan. Lives as long as one load.
+/// Finds the records of a package by name, without a scan. Lives as long as one load.
 #pragma once
 
 #include <cstddef>
@@ -25,9 +25,9 @@ class NameIndex {
 
   /// Makes room for `names` names at once.
   void Reserve(std::size_t names);
-  /// The number of the name's places, made when the name is new.
+  /// The index of the name's places; adds the name when it is new.
   std::uint32_t Add(std::string_view name);
-  /// The number of the name's places, or NamePlaces::kNone when it is unknown.
+  /// The index of the name's places, or NamePlaces::kNone for an unknown name.
   std::uint32_t Find(std::string_view name);
   NamePlaces& At(std::uint32_t number) { return entries_[number].places; }
 

@@ -1,4 +1,4 @@
-/// The header of a package file: what a package has once.
+/// Reads   the header of a package file.
 #pragma once
 
 #include "model/package.h"
@@ -7,7 +7,7 @@
 
 namespace model::reader {
 
-/// Takes a line of the header with this keyword into the scalars; any other line changes nothing.
+/// Stores a header line with this keyword in the scalars; any other line changes nothing.
 /// At the COMPZ line the lengths are rescaled.
 void TakeHeaderLine(Keyword keyword, const Tokens& tokens, PackageScalars& scalars);
 

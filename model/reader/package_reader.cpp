@@ -32,8 +32,8 @@ bool PackageReader::ReadHeader(Lines& lines) {
   return false;
 }
 
-/// Makes room for the long tables at once, since widening them step by step moves every record and touches
-/// memory for nothing. The lines' first letters are guess enough.
+/// Reserves the long tables at once: growing them step by step would move every record. The first letters of
+/// the lines give a good enough estimate.
 void PackageReader::ReserveTables(Lines lines) {
   std::size_t bonds = 0;
   std::size_t stackedBonds = 0;
@@ -93,8 +93,8 @@ void PackageReader::ReadDiePad(bool stacked) {
   bond.DieY = Scaled(3);
   // Deliberate: pads of the stacked die take the base die's height too.
   bond.DieZ = package_.CompZ;
-  // Deliberate: on the base die the sizes change places by side, in upper case only; on the stacked die
-  // always.
+  // Deliberate: on the base die the side letter, in upper case only, decides whether the sizes are exchanged;
+  // on the stacked die they always are.
   const std::optional<Side> side = ExactSideOf(tokens_[8]);
   const bool exchanged = stacked || (side && !IsUpright(*side));
   bond.DieSizeX = Scaled(exchanged ? 6 : 5);
@@ -110,7 +110,7 @@ void PackageReader::ReadDiePad(bool stacked) {
   table.Grow();
 }
 
-/// The bond that SBP and WB mean: the first of that name, on the base die before the stacked one.
+/// The bond that an SBP or WB line names: the first of that name, on the base die before the stacked one.
 RecordPlace PackageReader::BondPlace(std::uint32_t name, BondPart part) {
   if (name == NamePlaces::kNone) return {};
   const NamePlaces& places = index_.At(name);
@@ -218,7 +218,7 @@ void PackageReader::ReadSRing() {
   package_.SRings.Grow();
 }
 
-/// The ring that SRSEG means: the first of that name.
+/// The ring that an SRSEG line names: the first of that name.
 RecordPlace PackageReader::RingPlace(std::uint32_t name) {
   if (name == NamePlaces::kNone || index_.At(name).firstSRing == NamePlaces::kNone) return {};
   return {RecordTable::SRings, index_.At(name).firstSRing};

@@ -1,4 +1,4 @@
-/// What the reader keeps from line to line.
+/// The reader's state from line to line.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +18,7 @@
 
 namespace model::reader {
 
-/// One run over a package file. The name index views the file's text and dies with it.
+/// One pass over a package file. The name index holds views into the file's text.
 class PackageReader {
  public:
   PackageReader(const PackageScalars& before, ReadObserver* observer) : observer_(observer) {
@@ -71,7 +71,7 @@ class PackageReader {
   Tokens tokens_;
   NameIndex index_;
   std::vector<std::uint32_t> wirePlaces_;  ///< number in the index of each wire-list entry's name
-  ReadObserver* observer_;                 ///< or null
+  ReadObserver* observer_;                 ///< may be null
   std::size_t line_ = 0;                   ///< lines read so far
   std::uint32_t numbers_ = 0;              ///< bit n: field n was read as a number since the last note
 };

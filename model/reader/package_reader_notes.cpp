@@ -31,7 +31,7 @@ void PackageReader::NoteBodyLine(Keyword keyword) {
   numbers_ = 0;
 }
 
-/// The record that the line just read has filled, or changed by its name.
+/// The record that the last line filled, or that it changed by naming it.
 RecordPlace PackageReader::PlaceOf(Keyword keyword) {
   const auto last = [](RecordTable which, const auto& table) {
     return RecordPlace{which, table.UpperBound() - 1};

@@ -12,7 +12,7 @@ namespace model::reader {
 
 namespace {
 
-/// The shortest of seven to nine digits that `read` takes for this value.
+/// The shortest text, of seven to nine digits, that `read` converts to this value.
 template <class Read>
 std::string NumberText(float value, float scale, Read&& read) {
   constexpr int kFewest = 7;
@@ -57,7 +57,7 @@ class PackageWriter {
     const float scale = package_.UnitScale;
     return NumberText(value, scale, [scale](float read) { return read / scale; });
   }
-  /// Of the header, which the reader divides by tens.
+  /// A header length, which the reader divides by ten repeatedly.
   std::string HeaderLength(float value) const {
     return NumberText(value, package_.UnitScale, [this](float read) {
       for (float scale = 1.0F; scale < package_.UnitScale; scale *= 10.0F) read /= 10.0F;
@@ -70,7 +70,7 @@ class PackageWriter {
 
   const Package& package_;
   std::string text_;
-  std::unordered_map<std::string_view, const BondRec*> pads_;  ///< the one that SBP and WB mean
+  std::unordered_map<std::string_view, const BondRec*> pads_;  ///< the pad that SBP and WB lines name
 };
 
 void PackageWriter::IndexPads() {
@@ -78,8 +78,8 @@ void PackageWriter::IndexPads() {
     for (const BondRec& bond : *bonds) pads_.try_emplace(bond.Name, &bond);
 }
 
-/// Writes the fields up to the last one that says something the reader would not take for granted, which only
-/// matters behind an empty text: it cannot be written, and what follows would take its place.
+/// Writes  a line. An empty field cannot be written, so the fields from the first empty one on are dropped
+///         when all of them are empty or "0", which the reader assumes for missing fields.
 void PackageWriter::Line(std::string_view keyword, std::vector<std::string> fields) {
   const auto empty = std::find(fields.begin(), fields.end(), "");
   const bool nothingBehind = std::all_of(
@@ -127,7 +127,7 @@ void PackageWriter::WriteSubstratePads(const Table<BondRec>& bonds) {
   }
 }
 
-/// In the order of the wire list, which reading them builds up again.
+/// In the order of the wire list, so that reading rebuilds the same list.
 void PackageWriter::WriteWires() {
   std::size_t stitch = 0;
   for (const WireNameRec& entry : package_.WireNames) {

@@ -15,7 +15,7 @@ enum class LineFate {
   UnknownKeyword,
   BeforeCompz,   ///< a line of the body, ignored in the header
   AfterCompz,    ///< a line of the header, ignored in the body
-  NamesNothing,  ///< the pad, ring or wire that it names is not there, or not yet
+  NamesNothing,  ///< names a pad, ring or wire that does not exist, or not yet
   NotTwoFields,  ///< in the side file
 };
 
@@ -25,7 +25,7 @@ struct LineNote {
   LineFate Fate;
   reader::Keyword Keyword;  ///< None in the side file
   std::uint32_t Numbers;    ///< bit n: field n was read as a number
-  /// What the line filled or changed: of a bond the part, of a ring's segment the ring.
+  /// The record that the line filled or changed: for a bond its part, for a ring segment the ring.
   RecordPlace Record;
 
   bool ReadAsNumber(std::size_t field) const { return (Numbers >> field & 1U) != 0; }

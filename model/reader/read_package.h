@@ -9,20 +9,20 @@
 
 namespace model::reader {
 
-/// What the files of a package hold.
+/// The contents of a package's files.
 struct PackageBytes {
   std::string package;
-  std::optional<std::string> netTypes;  ///< of the side file, where there is one
+  std::optional<std::string> netTypes;  ///< the side file, if it exists
 };
 
-/// The package that these bytes are, whatever they are. Scalars that they do not set keep the values of
-/// `before`, and are divided again when the package is rescaled.
+/// Parses any bytes as a package. Scalars that they do not set keep the values of `before`, and are divided
+/// again when the package is rescaled.
 Package ParsePackage(const PackageScalars& before, PackageBytes bytes, ReadObserver* observer = nullptr);
 
 /// Reads the package at `before.PackagePath`.
 /// Reads   the file, and PackagePath + ".vu" where that exists
 /// Returns what ParsePackage makes of them; empty when the path is empty or no such file exists
-/// Faults  FileFault when a file is there but cannot be opened or read
+/// Faults  FileFault when a file exists but cannot be opened or read
 std::optional<Package> ReadPackage(const PackageScalars& before, ReadObserver* observer = nullptr);
 
 }  // namespace model::reader

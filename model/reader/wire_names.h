@@ -1,4 +1,4 @@
-/// Fills in what wire list entries have besides their names: net types and tiers.
+/// Fills in the net types and tiers of the wire list's entries.
 #pragma once
 
 #include <cstddef>
@@ -12,11 +12,11 @@
 
 namespace model::reader {
 
-/// Takes the side file: a wire name and its net type on each line of exactly two fields.
+/// Reads   the side file: each line of exactly two fields has a wire name and its net type.
 void ReadNetTypes(std::string_view text, NameIndex& index, Package& package, ReadObserver* observer);
 
 /// Copies the tiers of the bonds into the wire list, counted from 1 even where the file counts from 0.
-/// `wirePlaces` holds the number in the index of each entry's name.
+/// `wirePlaces` holds the name index's number for each entry.
 void SetTiers(const std::vector<std::uint32_t>& wirePlaces, NameIndex& index, Package& package);
 
 }  // namespace model::reader

@@ -36,8 +36,8 @@ bool Framebuffer::Bind(const PixelSize& size) {
   glBindFramebuffer(GL_FRAMEBUFFER, target);
   Attach(GL_COLOR_ATTACHMENT0, GL_RGBA8, size);
   Attach(GL_DEPTH_ATTACHMENT, GL_DEPTH_COMPONENT24, size);
-  // A surface's rows run down, an object's up, and corners between two pixels then round differently. With
-  // the origin on top the driver does the same sums as for a surface.
+  // Rows run down in a surface and up in a framebuffer object, so corners between two pixels round
+  // differently. With the origin at the top the driver rounds as for a surface.
   topRowFirst_ = Has("GL_ARB_clip_control");
   if (topRowFirst_) glClipControl(GL_UPPER_LEFT, GL_NEGATIVE_ONE_TO_ONE);
   return glCheckFramebufferStatus(GL_FRAMEBUFFER) == GL_FRAMEBUFFER_COMPLETE && glGetError() == GL_NO_ERROR;

@@ -10,7 +10,7 @@ namespace render::gl {
 /// It lives as long as the context that was current when it was bound.
 class Framebuffer {
  public:
-  /// Makes all drawing go into memory of this size, with the pixels that a surface would have.
+  /// Redirects all drawing to memory of this size; the pixels are the same as on a surface.
   /// Needs   current context
   /// Returns false when there is not enough memory, or no framebuffer objects
   bool Bind(const PixelSize& size);

@@ -19,8 +19,8 @@ void GlPen::Quad(const model::Face& face) noexcept {
   glBegin(GL_QUADS);
   glNormal3f(face.Normal.X, face.Normal.Y, face.Normal.Z);
   for (const model::SceneVector& corner : face.Corners) {
-    // Inside the primitive and before every corner: so the driver joins neighbouring quads of a list into
-    // one.
+    // Inside the primitive and before every corner, because the driver then merges neighbouring quads of a
+    // list.
     glMaterialfv(GL_FRONT, GL_AMBIENT_AND_DIFFUSE, material.data());
     glVertex3f(corner.X, corner.Y, corner.Z);
   }

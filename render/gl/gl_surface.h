@@ -1,4 +1,4 @@
-/// What the view needs of the thing it is drawn on: a window, or memory.
+/// The drawing target of the view: a window, or memory.
 #pragma once
 
 #include "render/picture.h"
@@ -12,7 +12,7 @@ class GlSurface {
   /// Replaces the context by a fresh one and makes it current; the old one's lists go with it.
   /// Returns false when there is no usable format: double buffer, 24 bits of depth, fixed functions.
   virtual bool CreateContext() = 0;
-  /// Makes the context current again; false when there is none (yet, or any more).
+  /// Makes the context current again; false when there is none.
   virtual bool MakeCurrent() = 0;
   /// Whether a frame can be seen: a window may not be on the screen yet.
   virtual bool IsShown() const = 0;

@@ -5,7 +5,7 @@
 
 namespace render::gl {
 
-/// Deliberate: callable, and no part of the picture that the viewer shows.
+/// Deliberate: callable, but the viewer does not show it.
 class Grid {
  public:
   /// Compiles one square of 100 x 100 units, with lines 5 units apart, at y = 0 around the origin.

@@ -33,7 +33,7 @@ std::vector<EGLDisplay> OpenDevices() {
   return displays;
 }
 
-/// The first format with exactly 8 bits of red: sorting puts deeper ones first, whose pixels differ from a
+/// The first format with exactly 8 bits of red: EGL lists deeper ones first, whose pixels differ from a
 /// window's.
 EGLConfig ChooseConfig(EGLDisplay display) {
   const EGLint wanted[] = {EGL_SURFACE_TYPE,
@@ -72,8 +72,7 @@ struct OffscreenSurface::Egl {
   Egl() = default;
   Egl(const Egl&) = delete;
   Egl& operator=(const Egl&) = delete;
-  /// The display stays open: it is the whole process's, and closing it would end the contexts of other
-  /// surfaces.
+  /// Leaves the display open: the process shares it, and closing it would end the contexts of other surfaces.
   ~Egl() { CloseContext(); }
 
   bool OpenDisplay() {
@@ -97,7 +96,7 @@ struct OffscreenSurface::Egl {
     return context != EGL_NO_CONTEXT;
   }
 
-  /// A surface that fits, or the smallest one for what has to go beside it.
+  /// Opens a pbuffer of this size and makes it current; 1 x 1 is enough beside a framebuffer object.
   bool OpenSurface(const PixelSize& size) {
     const EGLint extent[] = {EGL_WIDTH, size.Width, EGL_HEIGHT, size.Height, EGL_NONE};
     surface = eglCreatePbufferSurface(display, config, extent);

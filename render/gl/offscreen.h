@@ -8,8 +8,8 @@
 
 namespace render::gl {
 
-/// EGL without a window system: Mesa's surfaceless platform, else the first device that serves. Pictures
-/// beyond what a pixel buffer holds go into a framebuffer object, whose pixels are the same.
+/// EGL without a window system: Mesa's surfaceless platform, else the first device that works. Pictures
+/// larger than a pixel buffer go into a framebuffer object, whose pixels are the same.
 class OffscreenSurface final : public GlSurface {
  public:
   explicit OffscreenSurface(const PixelSize& size);
@@ -17,7 +17,7 @@ class OffscreenSurface final : public GlSurface {
   OffscreenSurface& operator=(const OffscreenSurface&) = delete;
   ~OffscreenSurface() override;
 
-  /// Returns false without usable GL, for a size beyond Largest(), and when the memory does not suffice.
+  /// Returns false without usable GL, for a size beyond Largest(), and without enough memory.
   bool CreateContext() override;
   bool MakeCurrent() override;
   bool IsShown() const override { return true; }

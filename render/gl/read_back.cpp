@@ -17,7 +17,7 @@ Picture ReadFrame(const PixelSize& size) {
 
 void ReadRows(const PixelSize& size, bool topRowFirst, int first, int count, std::uint8_t* rgb) {
   glPixelStorei(GL_PACK_ALIGNMENT, 1);
-  // GL counts rows from the buffer's own first one.
+  // GL counts rows from the buffer's first row.
   const int y = topRowFirst ? first : size.Height - first - count;
   glReadPixels(0, y, size.Width, count, GL_RGB, GL_UNSIGNED_BYTE, rgb);
   if (topRowFirst) return;

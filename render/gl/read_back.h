@@ -8,7 +8,7 @@
 
 namespace render::gl {
 
-/// The frame just drawn, before it is swapped: windows over it or a missing screen do not matter.
+/// The frame just drawn, before the swap: windows above it or a missing screen do not matter.
 /// Needs   current context
 Picture ReadFrame(const PixelSize& size);
 

@@ -17,7 +17,7 @@ std::int16_t ListNumber(unsigned name) {
 
 namespace {
 
-/// Names are never given back, but an empty list costs nothing: memory stays flat over thousands of builds.
+/// Names are never freed, but an empty list costs nothing: memory stays flat over thousands of builds.
 void Empty(std::int16_t number) {
   glNewList(static_cast<GLuint>(number), GL_COMPILE);
   glEndList();

@@ -15,7 +15,7 @@ class SceneList {
  public:
   /// Compiles the scene into a fresh list, drawing it once, and makes that list the one shown.
   /// Needs   current context, no open list or primitive
-  /// Faults  what the drawing faults with; then no list is open and the one before is still shown
+  /// Faults  those of the drawing; then no list is open and the previous one is still shown
   void BuildCube(Scene& scene);
 
   /// The same list without drawing it: for a picture of one frame.

@@ -40,7 +40,7 @@ std::vector<std::string> Remarks(const Diagnostics& report, Severity level) {
 
 using Texts = std::vector<std::string>;
 
-TEST(Check, TellsEachBadLineOnceWithItsPlace) {
+TEST(Check, ReportsEachBadLineOnceWithItsPlace) {
   // A line and what is wrong with it.
   const struct {
     const char* line;
@@ -112,7 +112,7 @@ TEST(Check, TellsEachBadLineOnceWithItsPlace) {
   EXPECT_EQ(Remarks(report, Severity::Finding), findings);
   EXPECT_EQ(report.Lines, count);
   EXPECT_EQ(report.Ignored, 6U) << "two at COMPZ, one early, one unknown, two that name nothing";
-  // C and F are bare; E has a substrate pad and a wire, D the lines of both.
+  // C and F have neither wire nor substrate pad; E has both, D at least the lines of both.
   EXPECT_EQ(Remarks(report, Severity::Note),
             (Texts{"28 pads-without-wire", "28 pads-without-substrate-pad", "35 pads-without-wire",
                    "35 pads-without-substrate-pad", "vu 6 net-types-without-wire"}));
@@ -122,7 +122,7 @@ TEST(Check, TellsEachBadLineOnceWithItsPlace) {
   }
 }
 
-TEST(Check, TellsOfDiesWithoutASize) {
+TEST(Check, ReportsDiesWithoutASize) {
   const std::string wireBond = "TECHNOLOGY WIRE_BOND\n";
   const std::string pad = "SD_CBP A 2 1 0 .2 .2 0 R ";
   const struct {
@@ -136,7 +136,7 @@ TEST(Check, TellsOfDiesWithoutASize) {
       {wireBond + "SD_COMPW 3\nCOMPZ 1\n", {"2 draws-nothing"}},
       {wireBond + "SD_COMPW 3\nSD_COMPL 0\nCOMPZ 1\n", {"3 draws-nothing"}},
       {wireBond + "SD_COMPL 3\nCOMPZ 1\n", {"2 draws-nothing"}},
-      // Writers that know of stacked dies may always write all of it.
+      // Writers that support stacked dies may always write all of it.
       {wireBond + "SD_COMPL 0\nSD_COMPW 0\nSD_COMPZ 0\nCOMPZ 1\n", {}},
       {wireBond + "COMPZ 1\n" + pad + "ROUND\n" + pad + "RECTANGLE\n", {"4 duplicate", "4 draws-nothing"}},
       {wireBond + "COMPZ 1\n" + pad + "ROUND\n", {"3 draws-nothing"}},
@@ -147,7 +147,7 @@ TEST(Check, TellsOfDiesWithoutASize) {
 
 constexpr char kHeader[] = "TECHNOLOGY WIRE_BOND\nCOMPL 8\nCOMPW 6\nCOMPZ 1\n";
 
-TEST(Check, LetsPassWhatIsMeant) {
+TEST(Check, AcceptsWhatIsIntended) {
   const char* const bodies[] = {
       // Net names on both dies, with a stitch between them.
       "CBP V 2 1 0 .2 .2 0 R RECTANGLE\nSBP V 4 1 0 1 1 0 ROUND 0 1\nWB V 2 1 0 4 1 1 0\n"
@@ -173,7 +173,7 @@ TEST(Check, FlipChipsHaveNoWiresToMiss) {
   EXPECT_EQ(Remarks(Check("TECHNOLOGY WIREBOND\n" + bumps), Severity::Finding), Texts{"1 draws-nothing"});
 }
 
-TEST(Check, MissesTheTechnologyWhereItHidesSomething) {
+TEST(Check, ReportsAMissingTechnologyWhereItHidesSomething) {
   const std::string pad = "COMPZ 1\nCBP V 2 1 0 .2 .2 0 R ROUND\n";
   EXPECT_EQ(Remarks(Check(pad), Severity::Finding), Texts{});
   for (const char* line : {"SBP V 4 1 0 1 1 0 ROUND 0 1\n", "WB V 2 1 0 4 1 1 0\n", "STCH V 2 1 V 3 1 1 1\n",
@@ -181,14 +181,14 @@ TEST(Check, MissesTheTechnologyWhereItHidesSomething) {
     EXPECT_EQ(Remarks(Check(pad + line), Severity::Finding), Texts{"0 draws-nothing"}) << line;
 }
 
-TEST(Check, TellsOfTheMarkThatNobodySees) {
+TEST(Check, ReportsAByteOrderMark) {
   const Diagnostics report = Check("\xEF\xBB\xBFTECHNOLOGY FLIP_CHIP\nCOMPZ 1\n");
   EXPECT_EQ(Remarks(report, Severity::Finding), Texts{"1 unknown-keyword"});
   EXPECT_EQ(report.List.at(0).What, "a byte order mark hides 'TECHNOLOGY', the line is ignored");
 }
 
 TEST(Check, EdgeDistancesCountWhereALoadLeavesThem) {
-  // After a load every extension is the die's height; a height of -1 so means the base die's edge.
+  // After a load every extension is the die's height; a height of -1 thus means the base die's edge.
   const std::string body =
       "SD_CBP S 1 1 0 .2 .2 0 R ROUND\nSBP S 1 4 0 1 1 0 ROUND 0 1\nWB S 1 1 0 1 4 1 0\n";
   const std::string header = "TECHNOLOGY WIRE_BOND\nSD_COMPW 3\nCOMPL 8\nCOMPW 6\nCOMPZ ";
@@ -215,14 +215,14 @@ std::string WireOfTier(const std::string& name, const std::string& tier) {
   return Wire(name, "SBP " + name + " 4 1 0 1 1 0 ROUND 0 " + tier + "\n");
 }
 
-TEST(Check, FindsTiersWithWhichTheWireListEndsTheViewer) {
+TEST(Check, FindsTiersThatEndTheViewerInTheWireList) {
   const std::pair<std::string, Texts> cases[] = {
       {WireOfTier("A", "0") + WireOfTier("B", "3") + WireOfTier("C", ""), {}},
       {WireOfTier("A", "12") + WireOfTier("B", "1") + WireOfTier("C", "12") + WireOfTier("D", "-1"),
        {"6 tier-fault", "15 tier-fault"}},
       // Where tiers count from 0, 9 is shown as 10.
       {WireOfTier("A", "0") + WireOfTier("B", "9"), {"9 tier-fault"}},
-      // A wire without a tier counts as the lowest, so that the others are not counted from 1.
+      // A wire without a tier counts as the lowest, so the others are not renumbered from 1.
       {Wire("A", "") + WireOfTier("B", "0") + WireOfTier("C", "0"), {"8 tier-fault"}},
   };
   for (const auto& [body, errors] : cases)
@@ -237,7 +237,7 @@ TEST(Check, FindsEveryOtherFaultOfTheDrawing) {
   EXPECT_EQ(Remarks(Check("COMPW 431\nCOMPZ 3.4028235e38\n"), Severity::Error), Texts{"2 fault"});
 }
 
-TEST(Check, HasNothingAgainstTheSamples) {
+TEST(Check, FindsNoErrorInTheSamples) {
   for (const std::string name : kSamples) {
     const Diagnostics report = CheckFile(SamplePath(name));
     EXPECT_EQ(report.Count(Severity::Error) + report.Count(Severity::Finding) + report.Ignored, 0U) << name;

@@ -37,7 +37,7 @@ analysis::Clearances Measure(const std::string& text, const How& how = {}) {
   return analysis::MeasureClearances(analysis::WireLoopsOf(opened.Wires()), rules);
 }
 
-/// "A B clearance" of each row, in thousandths, with a mark of the finding.
+/// "A B clearance" of each row, in thousandths, followed by its finding.
 std::vector<std::string> Texts(const analysis::Clearances& report) {
   std::vector<std::string> texts;
   for (const analysis::ClearanceRow& row : report.Rows) {
@@ -51,7 +51,7 @@ std::vector<std::string> Texts(const analysis::Clearances& report) {
 }
 using Rows = std::vector<std::string>;
 
-// 40 long, so everything is divided by 10 inside. The file's units count outside.
+// 40 long, so lengths are divided by 10 in the package. Results are in the file's units.
 const std::string kHeader = "TECHNOLOGY WIRE_BOND\nCOMPL 40\nCOMPW 40\nCOMPZ 5\n";
 
 std::string Wire(const std::string& name, const std::string& tier, const std::string& start,
@@ -75,7 +75,7 @@ TEST(Clearance, OfThreeWiresIsTheirDistanceLessADiameter) {
   EXPECT_NEAR(report.Rows.at(1).Clearance, std::sqrt(125.0) - 1.0, 1e-6);
 }
 
-TEST(Clearance, TellsWhatTouchesAndWhatIsBelowTheLimit) {
+TEST(Clearance, ReportsWhatTouchesAndWhatIsBelowTheLimit) {
   const struct {
     How how;
     Rows rows;
@@ -84,7 +84,7 @@ TEST(Clearance, TellsWhatTouchesAndWhatIsBelowTheLimit) {
       {{.diameter = 6.0}, {"A B -1000 touching", "B C 5180"}},
       {{.limit = 4.0}, {"A B 4000", "B C 10180"}},
       {{.limit = 4.001}, {"A B 4000 below", "B C 10180"}},
-      // A and C are nobody's nearest.
+      // A-C is not the nearest pair of either wire.
       {{.limit = 29.001}, {"A B 4000 below", "B C 10180 below"}},
       {{.limit = 29.001, .all = true}, {"A B 4000 below", "B C 10180 below", "A C 29000 below"}},
       {{.limit = 28.999, .all = true}, {"A B 4000 below", "B C 10180 below"}},
@@ -99,22 +99,22 @@ TEST(Clearance, FollowsTheLoopsOfEachTier) {
   EXPECT_EQ(Texts(Measure(kThreeWires, {.tiers = {{{"1", {10.0F, {}}}}}})).at(0), "A B -1000 touching");
   // 20 high it passes (30, 0, 20), 5 above B and sloping by 20 in 40: 5 * cos(atan(1/2)) = 4.472 off B.
   EXPECT_EQ(Texts(Measure(kThreeWires, {.tiers = {{{"1", {20.0F, {}}}}}})).at(0), "A B 3472");
-  // Level as far as x = 40, it passes 15 above B; C, of the same tier, then is farther off.
+  // Level up to x = 40, it passes 15 above B; C, of the same tier, is then farther away.
   EXPECT_EQ(Texts(Measure(kThreeWires, {.tiers = {{{"1", {20.0F, {}}}, {"1", {{}, 30.0F}}}}})).at(0),
             "A B 14000");
 }
 
-TEST(Clearance, LeavesOutWiresThatBelongTogether) {
+TEST(Clearance, LeavesOutConnectedWires) {
   const std::string crossing = Wire("V_1", "1", "10 0", "50 0", "10 10") +
                                Wire("V_2", "1", "30 -20", "30 20", "10 10") +
                                Wire("X", "1", "10 -30", "50 -30", "10 10");
   EXPECT_EQ(Texts(Measure(kHeader + crossing)), (Rows{"V_1 V_2 -1000 touching", "V_2 X 9000"}));
-  // V_1 is 30 off X.
+  // V_1 is 30 away from X.
   const analysis::Clearances ofNets = Measure(kHeader + crossing, {.netPattern = "^(V)_"});
   EXPECT_EQ(Texts(ofNets), (Rows{"V_2 X 9000", "V_1 X 29000"}));
   EXPECT_EQ(ofNets.Rows.at(0).Net + " " + ofNets.Rows.at(0).OtherNet, "V X");
 
-  // Two wires to one point of the substrate; one that only comes by, 2 below it.
+  // Two wires to one point of the substrate; and one that only passes 2 below it.
   const std::string shared = Wire("A", "1", "10 0", "50 0", "10 0") + Wire("B", "1", "10 9", "50 0", "10 0") +
                              Wire("C", "1", "50 -20", "50 20", "-2 -2");
   EXPECT_EQ(Texts(Measure(kHeader + shared)).size(), 2U) << "A and B with C only";
@@ -138,7 +138,7 @@ TEST(Nets, AreWholeNamesOrWhatTheFirstGroupMatches) {
     EXPECT_EQ(analysis::NetOf(nets, name), net) << name.substr(0, 20);
 }
 
-TEST(Units, AreAskedForWhereMilsMakeNoSense) {
+TEST(Units, AreRequiredWhereMilsMakeNoSense) {
   model::Package package;
   package.PackagePath = "small.yax";
   package.UnitScale = 10.0F;
@@ -146,7 +146,7 @@ TEST(Units, AreAskedForWhereMilsMakeNoSense) {
   package.CompW = 1.0F;
   EXPECT_EQ(Refusal([&] { UnitOf({}, package); }),
             "small.yax: this looks like mm; pass --unit mm, or the unit that the file has")
-      << "19 mil is no die";
+      << "no die is 19 mil long";
   EXPECT_STREQ(UnitOf({"mil"}, package).Name, "mil");
   package.CompW = 2.0F;
   EXPECT_STREQ(UnitOf({}, package).Name, "mil") << "20 by the longer side";
@@ -161,7 +161,7 @@ TEST(Units, AreAskedForWhereMilsMakeNoSense) {
   }
 }
 
-TEST(Clearance, IsToldInColumnsAndInJson) {
+TEST(Clearance, IsWrittenInColumnsAndInJson) {
   const analysis::Clearances report = Measure(kHeader + Wire("A\xff\"", "1", "10 0", "50 0", "10 10") +
                                                   Wire("long_name", "1", "30 -20", "30 20", "15 15") +
                                                   Wire("\xC3\x84", "1", "10 -30", "50 -30", "10 10"),

@@ -14,7 +14,7 @@ using glm::dvec3;
 
 constexpr double kRadius = 12.7e-6;
 
-/// Gauss and Legendre's five points, halving what they do not agree about.
+/// The Gauss-Legendre rule of five points; halves intervals where the sums disagree.
 template <class Function>
 double Integral(const Function& f, double from, double to, double tolerance, int depth = 0) {
   constexpr std::array<std::array<double, 2>, 5> kRule{{{0.0, 128.0 / 225.0},
@@ -33,7 +33,7 @@ double Integral(const Function& f, double from, double to, double tolerance, int
   return Integral(f, from, middle, tolerance, depth + 1) + Integral(f, middle, to, tolerance, depth + 1);
 }
 
-/// Neumann's double integral as it stands.
+/// Neumann's double integral, without a closed form.
 double BruteForce(const Filament& a, const Filament& b) {
   const dvec3 alongA = a.B - a.A;
   const dvec3 alongB = b.B - b.A;
@@ -50,7 +50,7 @@ double BruteForce(const Filament& a, const Filament& b) {
 
 class RandomPairs {
  public:
-  /// One of eleven kinds of position after the other.
+  /// The next of eleven kinds of position, in turn.
   std::array<Filament, 2> Next() {
     const Filament a{Point(), Point()};
     const dvec3 along = a.B - a.A;
@@ -58,7 +58,7 @@ class RandomPairs {
     switch (count_++ % 11) {
       case 0:  // parallel, side by side or shifted
         return {a, Moved(a, 0.1 * Point() + (Part() - 0.5) * along)};
-      case 1:  // against each other
+      case 1:  // antiparallel
         return {a, Moved({a.B, a.A}, 0.3 * Point())};
       case 2:  // crossing inside both
         return {a, Crossing(inside)};
@@ -83,7 +83,7 @@ class RandomPairs {
 
  private:
   double Part() { return std::uniform_real_distribution(0.0, 1.0)(random_); }
-  /// In a cube of 2 mm.
+  /// A point in a cube of 2 mm.
   dvec3 Point() { return 2e-3 * dvec3(Part() - 0.5, Part() - 0.5, Part() - 0.5); }
   Filament Crossing(const dvec3& at) {
     const dvec3 direction = Point();

@@ -49,7 +49,7 @@ Inductances Of(std::vector<Axis> axes, std::optional<double> plane = {}) {
 
 constexpr Shape kFirstLoop{1.578645, 0.2794, 0.2794, 0.2794};
 
-TEST(InductanceTest, StraightWiresAreGroversFormula) {
+TEST(InductanceTest, StraightWiresFollowGroversFormula) {
   const struct {
     double Length, Nanohenry, Milliohms;
   } rows[] = {{1.0, 0.8644, 43.61}, {3.0, 3.2473, 130.84}, {6.5, 8.0380, 283.50}};
@@ -134,7 +134,7 @@ TEST(CouplingMatrixTest, AllCouplingsTogetherAreAlwaysPositiveDefinite) {
   for (const std::size_t count : {1U, 2U, 100U})
     for (const std::optional<double> plane : {std::optional<double>(), std::optional(0.0)}) {
       std::vector<Axis> axes = RandomLoops(count);
-      axes.push_back(axes.front());  // one upon the other
+      axes.push_back(axes.front());  // two wires in one place
       EXPECT_TRUE(IsPositiveDefinite(count + 1, Of(axes, plane).Couple(0.0).Kept)) << count;
     }
 }
@@ -154,16 +154,16 @@ TEST(CouplingMatrixTest, AllCouplingsOfEverySampleArePositiveDefinite) {
   }
 }
 
-TEST(CouplingMatrixTest, DroppingSmallCouplingsMayLeaveWhatNoCircuitHas) {
+TEST(CouplingMatrixTest, WithoutSmallCouplingsTheRestMayNotBePositiveDefinite) {
   // 1 - 2 * 0.8^2 < 0 where the two outer ones do not couple, 1 - 2 * 0.7^2 > 0.
   const std::vector<Coupling> three{{0, 1, 0.8}, {0, 2, 0.5}, {1, 2, 0.8}};
   EXPECT_TRUE(IsPositiveDefinite(3, three));
   EXPECT_FALSE(IsPositiveDefinite(3, AtLeast(three, 0.6)));
   EXPECT_TRUE(IsPositiveDefinite(3, {{0, 1, 0.7}, {1, 2, 0.7}}));
-  // Among many others the sparse decomposition decides.
+  // With many other wires the sparse decomposition decides.
   EXPECT_FALSE(IsPositiveDefinite(300, AtLeast(three, 0.6)));
   EXPECT_TRUE(IsPositiveDefinite(300, three));
-  // Only above 0.8 do both large ones go.
+  // Only a limit above 0.8 drops both large ones.
   EXPECT_EQ(UsableLeast(3, three, 0.6), 0.801);
 }
 

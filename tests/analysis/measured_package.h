@@ -1,4 +1,4 @@
-/// Packages with all that rules measure, for the tests of the rules.
+/// Packages with everything that rules measure, for the tests of the rules.
 #pragma once
 
 #include <string>
@@ -25,7 +25,7 @@ struct Measured {
   }
 };
 
-/// Of all wires, file units.
+/// The diameter of all wires, file units.
 inline constexpr double kDiameter = 0.0254;
 
 }  // namespace analysis

@@ -15,7 +15,7 @@
 namespace analysis {
 namespace {
 
-// The search against every piece with every piece, by another formula.
+// Compares the search with an exhaustive one, by another formula.
 
 double ToSegment(const glm::dvec3& p, const Segment& s) {
   const glm::dvec3 along = s.B - s.A;
@@ -24,7 +24,8 @@ double ToSegment(const glm::dvec3& p, const Segment& s) {
   return glm::distance(p, s.A + part * along);
 }
 
-/// Between the insides by the two equations of the common perpendicular, else from one of the four ends.
+/// The distance between the interiors, by the two equations of the common perpendicular, else from one of the
+/// four ends.
 double OfPieces(const Segment& a, const Segment& b) {
   const double ends = std::min({ToSegment(a.A, b), ToSegment(a.B, b), ToSegment(b.A, a), ToSegment(b.B, a)});
   const glm::dvec3 u = a.B - a.A, v = b.B - b.A, w = a.A - b.A;
@@ -56,13 +57,13 @@ class LoopMaker {
         case 0:
           Crook(loop);
           break;
-        case 1: {  // beside the one before it, or its first piece over that one's
+        case 1: {  // beside the previous loop, or its first piece above that one's
           const glm::dvec3 by = i / 6 % 4 == 0 ? 0.5 * (loops.back().Points[1] - loops.back().Points[0])
                                                : 0.25 * double(i / 6 % 4) * glm::dvec3(1.0, 1.0, 0.5);
           for (glm::dvec3& point : loop.Points = loops.back().Points) point += by;
           break;
         }
-        case 2:  // straight through the middle of the second piece of the one before it
+        case 2:  // straight through the middle of the second piece of the previous loop
           Crossing(loops.back(), loop);
           break;
         case 3:  // a point
@@ -72,7 +73,7 @@ class LoopMaker {
           Crook(loop);
           for (std::size_t k = 2; k < loop.Points.size(); ++k) loop.Points[k] = loop.Points[k % 2];
           break;
-        default:  // very nearly along the one before it
+        default:  // very nearly along the previous loop
           loop.Points = loops.back().Points;
           for (std::size_t k = 0; k < loop.Points.size(); ++k) loop.Points[k][2] += 1e-7 * double(k + 1);
       }
@@ -103,7 +104,7 @@ class LoopMaker {
   std::mt19937 random_{20};
 };
 
-TEST(NearLoops, FindsWhatEveryPieceWithEveryPieceFinds) {
+TEST(NearLoops, FindsWhatAnExhaustiveSearchFinds) {
   constexpr double kReach = 0.4;
   constexpr double kNear = 1e-9;
   const std::vector<LoopOfNet> loops = LoopMaker().Make(400);
@@ -142,14 +143,14 @@ TEST(NearLoops, FindsWhatEveryPieceWithEveryPieceFinds) {
   }
   EXPECT_EQ(foundInReach, inReach.size());
   for (std::size_t i = 0; i < loops.size(); ++i) ASSERT_NEAR(foundNearest[i], nearest[i], kNear) << i;
-  EXPECT_LT(FindNearLoops(loops, -1.0).size(), loops.size() + 1) << "a pair a loop at most";
+  EXPECT_LT(FindNearLoops(loops, -1.0).size(), loops.size() + 1) << "at most one pair for each loop";
   EXPECT_TRUE(FindNearLoops({}, 1.0).empty());
   EXPECT_TRUE(FindNearLoops({LoopOfNet{}}, 1.0).empty());
 }
 
-// A loop's inner points are ends of two pieces each, so the loops above hide an end that is left out.
+// A loop's inner points are ends of two pieces each, so the loops above cannot show that an end is left out.
 TEST(SegmentDistance, CountsEachOfTheFourEnds) {
-  // Slanting, so that the common perpendicular of the lines leads elsewhere.
+  // Slanting, so that the common perpendicular of the lines lies elsewhere.
   const glm::dvec3 foot(5.0, 0.0, 0.0), end(5.0, 1.0, 0.0), away(9.0, 9.0, 0.0);
   const Segment lying{{0.0, 0.0, 0.0}, {10.0, 0.0, 0.0}};
   for (const Segment& standing : {Segment{end, away}, Segment{away, end}}) {

@@ -1,4 +1,4 @@
-/// Distances between rectangles by steps, to compare with those by formula.
+/// Distances between rectangles found by stepping, to compare with those by formula.
 #pragma once
 
 #include <algorithm>
@@ -22,15 +22,15 @@ inline std::vector<std::pair<double, double>> CornersOf(const Rectangle& r) {
   return corners;
 }
 
-/// A place as the rectangle sees it: along and across, from its middle.
+/// A point in the rectangle's own axes: along and across, from its middle.
 inline std::pair<double, double> Inside(const Rectangle& r, double x, double y) {
   const double dx = x - r.X, dy = y - r.Y;
   return {dx * std::cos(r.Angle) + dy * std::sin(r.Angle), -dx * std::sin(r.Angle) + dy * std::cos(r.Angle)};
 }
 
-/// By steps along all edges of one rectangle the distance to the other, refined around the nearest step.
+/// The distance to the other rectangle, by steps along all edges of one, refined around the nearest step.
 inline double GapBetween(const Rectangle& a, const Rectangle& b, double enough) {
-  // Circles around both are farther apart: no need to know better.
+  // Circles around both are farther apart: a more exact distance does not matter.
   const double apart = std::hypot(a.X - b.X, a.Y - b.Y) - std::hypot(a.Length, a.Width) / 2 -
                        std::hypot(b.Length, b.Width) / 2;
   if (apart > enough) return apart;
@@ -42,7 +42,7 @@ inline double GapBetween(const Rectangle& a, const Rectangle& b, double enough) 
   for (const auto& [one, two] : {std::pair(a, b), std::pair(b, a)}) {
     const auto corners = CornersOf(one);
     for (std::size_t k = 0; k < 4; ++k) {
-      // The distance to a convex shape falls and then rises along a line: close in on its least.
+      // The distance to a convex shape falls and then rises along a line: narrow down its minimum.
       double low = 0.0, high = 1.0;
       const auto at = [&](double t) {
         const auto& p = corners[k];

@@ -21,9 +21,9 @@
 namespace analysis {
 namespace {
 
-// The same rules once more, as plainly as they can be put: every thing with every other, with other formulas.
+// The same rules again, in the plainest way: compare everything with everything, with other formulas.
 
-/// By "rule line other-line".
+/// Values by "rule line other-line".
 using Values = std::map<std::string, double>;
 
 struct PlainThing {
@@ -31,11 +31,11 @@ struct PlainThing {
   std::string Name, Edge;
   bool Stacked;
   Rectangle At;
-  int Wires = 0;  ///< of its record, for a lead
+  int Wires = 0;  ///< wires that end on it, for a lead
 };
 
-/// In file units and degrees. Wires and the way to the die share one, as do all gaps; a lead's length has
-/// twice that of all other sizes.
+/// In file units and degrees. Lengths of wires and distances to the die share one limit, as do all gaps; a
+/// lead's length has twice the limit of all other sizes.
 struct Limits {
   double Length, Gap, Pitch, Size, Height, Degrees;
 };
@@ -119,7 +119,7 @@ class PlainRules {
     Above("max-angle", line, AngleOf(loop, x, y), limits_.Degrees + 1e-3);
   }
 
-  /// Between two directions from x, that of the wire and that out of its pad's edge; in ten-thousandths.
+  /// The angle between the wire and the normal of its pad's edge, rounded to ten-thousandths of a degree.
   double AngleOf(const WireLoop& loop, double x, double y) const {
     // Of the pads with a stitch's name the last one counts.
     std::string edge;
@@ -187,7 +187,7 @@ class PlainRules {
     }
   }
 
-  /// Records with one place, size and angle are one pad, named after the first.
+  /// Records with the same place, size and angle are one pad, named after the first.
   std::vector<PlainThing> Distinct() const {
     std::vector<PlainThing> distinct;
     for (const PlainThing& lead : leads_) {
@@ -265,7 +265,7 @@ void ExpectTheSame(const Measured& measured, double unit, const NetRule& nets, c
   const Values found = ValuesOf(set, report.Remarks);
   ASSERT_EQ(set.Rules.size(), RuleKinds().size());
   const Values wanted = PlainRules(measured, nets).Run(limits);
-  EXPECT_EQ(found.size(), report.Remarks.size()) << what << ": none twice";
+  EXPECT_EQ(found.size(), report.Remarks.size()) << what << ": a remark came twice";
   for (const auto& [key, value] : wanted) {
     ASSERT_TRUE(found.contains(key)) << key << " is missing in " << what;
     EXPECT_NEAR(found.at(key), value, 1e-6) << key << " in " << what;
@@ -296,7 +296,7 @@ std::string RandomPackage(std::mt19937& random) {
   for (int k = 0; k < wires; ++k) {
     const bool stacked = k % 4 == 3;
     const double x = place(random) / (stacked ? 4.0 : 1.0), y = place(random) / (stacked ? 4.0 : 1.0);
-    // Now and then a lead that another wire has, too.
+    // Sometimes repeats the lead of another wire.
     static double endX = 0.0, endY = 0.0, turn = 0.0, length = 0.0, width = 0.0;
     if (k % 5 != 4)
       endX = far(random), endY = far(random), turn = angle(random), length = size(random),

@@ -14,8 +14,8 @@ using std::numbers::pi;
 
 constexpr double kGold = 2.21e-8;
 
-/// The modified Bessel function I of a whole order over e^q, by Bessel's integral: the trapezoid rule gains
-/// digits with every point here, since the integrand is periodic.
+/// The modified Bessel function I of an integer order over e^q, by Bessel's integral: the integrand is
+/// periodic, so the trapezoid rule gains digits with every point.
 Complex ScaledBessel(int order, Complex q) {
   constexpr int kPoints = 20000;
   Complex sum = 0.0;
@@ -42,12 +42,12 @@ TEST(RoundConductorTest, ResistanceAndInductanceAreBesselsSolutionFromOneHertzTo
     }
 }
 
-TEST(RoundConductorTest, DirectCurrentFillsTheWireAndNoFrequencyIsTooHigh) {
+TEST(RoundConductorTest, HoldsForDirectCurrentAndVeryHighFrequencies) {
   // 2.21e-8 / (pi 12.7e-6^2) = 43.615 ohm a metre; 4e-7 pi / (8 pi) = 50 nH a metre.
   const InternalImpedance direct = ImpedanceOf({12.7e-6, kGold}, 0.0);
   EXPECT_NEAR(direct.Resistance, 43.615, 0.001);
   EXPECT_NEAR(direct.Inductance, 50e-9, 1e-15);
-  // The skin alone, a wall as wide as the rim: resistivity / (2 pi radius depth).
+  // Only the skin conducts, as a plate as wide as the circumference: resistivity / (2 pi radius depth).
   const double frequency = 1e30;
   const double depth = std::sqrt(kGold / (pi * frequency * 4e-7 * pi));
   const double wall = kGold / (2.0 * pi * 12.7e-6 * depth);

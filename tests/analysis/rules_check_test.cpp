@@ -79,7 +79,7 @@ TEST(Rules, ReportValuesBeyondTheirLimitWithTheLinesOfTheRecords) {
   for (const auto& [rule, found] : rows) EXPECT_EQ(Texts(Check(rule, measured)), found) << rule;
 }
 
-TEST(Rules, SayWhatIsWrongWithBothValues) {
+TEST(Rules, ReportValueAndLimit) {
   const TemporaryFolder folder;
   const Measured measured(PutFile(folder / "board.yax", kPackage));
   const std::pair<const char*, const char*> rows[] = {
@@ -111,7 +111,7 @@ TEST(Rules, SayWhatIsWrongWithBothValues) {
   }
 }
 
-TEST(Rules, ThatHaveNothingToMeasureAreNamed) {
+TEST(Rules, WithNothingToMeasureAreReported) {
   const TemporaryFolder folder;
   const Measured measured(PutFile(folder / "board.yax", kPackage));
   const RuleSet set =

@@ -31,7 +31,7 @@ std::string FaultOf(const std::string& text) {
   return "none";
 }
 
-TEST(RulesFile, TakesEveryRuleWithItsWordsInOrder) {
+TEST(RulesFile, ReadsEveryRuleWithItsWordsInOrder) {
   const RuleSet set = ReadRules(
       "f",
       "# a house\n\n  rules  A house, 2026  # its name\n"
@@ -46,7 +46,8 @@ TEST(RulesFile, TakesEveryRuleWithItsWordsInOrder) {
 }
 
 TEST(RulesFile, TheLastOfTheSameRuleCounts) {
-  // Another unit of length, limit or level is the same rule; plan, tier, net and die heights are others.
+  // Another unit of length, limit or level is the same rule; another plan, tier, net, or a limit in die
+  // heights is not.
   EXPECT_EQ(Texts(ReadRules(
                 "f",
                 "max-length 5 mm\nmax-length 4 mm plan\nmax-length 2 die-height\nmax-length 3 mm tier 1\n"
@@ -55,7 +56,7 @@ TEST(RulesFile, TheLastOfTheSameRuleCounts) {
                    "max-length 3 mm net GROUND", "max-length 100 mil error"}));
 }
 
-TEST(RulesFile, NamesWhatIsWrongAndTheNearestWord) {
+TEST(RulesFile, NamesTheFaultAndTheNearestWord) {
   const std::pair<const char*, const char*> rows[] = {
       {"max-lenght 5 mm", "1: unknown rule 'max-lenght'; write max-length"},
       {"\npad-pich 5 mm", "2: unknown rule 'pad-pich'; write pad-pitch"},
@@ -71,10 +72,10 @@ TEST(RulesFile, NamesWhatIsWrongAndTheNearestWord) {
       {"max-angle 45 mm", "1: unknown unit 'mm'; write deg"},
       {"max-wires 0", "1: the limit '0' is not a whole number from 1; write a number such as 2"},
       {"max-wires 1.5", "1: the limit '1.5' is not a whole number from 1; write a number such as 2"},
-      {"no-crossing 1 mm", "1: no-crossing has no limit; leave '1' out"},
-      {"no-crossing mm", "1: no-crossing has no unit; leave 'mm' out"},
-      {"max-wires 2 mm", "1: max-wires has no unit; leave 'mm' out"},
-      {"max-length 2 mm um", "1: max-length has one unit; leave 'um' out"},
+      {"no-crossing 1 mm", "1: no-crossing takes no limit; remove '1'"},
+      {"no-crossing mm", "1: no-crossing takes no unit; remove 'mm'"},
+      {"max-wires 2 mm", "1: max-wires takes no unit; remove 'mm'"},
+      {"max-length 2 mm um", "1: max-length takes only one unit; remove 'um'"},
       {"rule A house", "1: unknown rule 'rule'; write rules"},
       {"wire-gap 1 mil plan", "1: plan does not go with wire-gap; leave it out"},
       {"max-length 5 mm tier 1 plan",
@@ -94,7 +95,7 @@ TEST(RulesFile, NamesWhatIsWrongAndTheNearestWord) {
   for (const auto& [text, fault] : rows) EXPECT_EQ(FaultOf(text), fault) << text;
 }
 
-TEST(RulesFile, EverySetThatShipsIsOne) {
+TEST(RulesFile, ShippedSetsAreValid) {
   std::size_t sets = 0;
   for (const auto& entry : std::filesystem::directory_iterator(YAX_RULES)) {
     if (entry.path().extension() != ".rules") continue;

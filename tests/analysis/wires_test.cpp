@@ -19,7 +19,7 @@ struct Wires {
   std::vector<std::size_t> lines;
 };
 
-/// Loops 10 high that reach out 10; those of the stacked die and stitches 20 high, straight up.
+/// Loops 10 high that reach out 10; those of the stacked die and the stitches are 20 high, straight up.
 LoopValues Loops() {
   LoopValues loops;
   loops.BaseLoopHeight = loops.BaseExtension = 10.0F;
@@ -49,7 +49,7 @@ Wires WiresOf(const std::string& text, const std::string& netTypes = {},
   }
 }
 
-// 80 long, so everything is divided by 10 inside. The file's units count outside.
+// 80 long, so lengths are divided by 10 in the package. Results are in the file's units.
 constexpr char kThreeWires[] =
     "TECHNOLOGY WIRE_BOND\nSD_COMPL 30\nSD_COMPW 30\nCOMPL 80\nCOMPW 60\nCOMPZ 5\n"
     "CBP A 25 10 0 2 2 0 R RECTANGLE\nSBP A 55 50 0 4 4 0 RECTANGLE 0 0\nWB A 25 10 0 55 50 5 0\n"
@@ -59,17 +59,15 @@ constexpr char kThreeWires[] =
 TEST(WireRows, AreMeasuredInTheFilesUnits) {
   const Wires wires = WiresOf(kThreeWires, "A SIGNAL\nS POWER\n");
   const char* const rows[] = {
-      // dx 30, dy 40. Up 4; then (0.5, 2), (0.5, 2), (2, 2), level 7, and down from 40 away and 15 up: 4 + 2
-      // *
-      // sqrt(4.25) + sqrt(8) + 7 + sqrt(40^2 + 15^2) = 4 + 4.12311 + 2.82843 + 7 + 42.72002. 3-4-5, off the x
-      // axis. Tiers counted from 0 are shown from 1.
+      // dx 30, dy 40: 50 in plan, and 53.13 degrees off the x axis. Up 4; then (0.5, 2), (0.5, 2), (2, 2),
+      // level 7, and down from 40 away and 15 up: 4 + 2 * sqrt(4.25) + sqrt(8) + 7 + sqrt(40^2 + 15^2) = 4 +
+      // 4.12311 + 2.82843 + 7 + 42.72002. Tiers counted from 0 are shown from 1.
       "'A' '' '1' 'SIGNAL' 50 60.67155 53.1301 5 15 0 9",
-      // dx -16, dy 12, so 20 in plan. Straight up 20, then sqrt(20^2 + 27^2) = 33.60060. On no side by its
-      // letter; the stacked die's nearest edge is that at y = 15, whose normal is (0, 1).
+      // dx -16, dy 12, so 20 in plan. Straight up 20, then sqrt(20^2 + 27^2) = 33.60060. Its side letter
+      // names no side; the stacked die's nearest edge is that at y = 15, whose normal is (0, 1).
       "'S' '' '2' 'POWER' 20 53.6006 53.1301 7 27 0 12",
-      // The stitch goes by its first pad: 25 along x from there, at right angles to its edge's normal; up 20
-      // and
-      // over to (25, -22), 33.30165 away.
+      // A stitch starts at its first pad: 25 along x from there, at right angles to its edge's normal; up 20
+      // and over to (25, -22), 33.30165 away.
       "'S' 'A' '2' 'POWER' 25 53.30165 90 7 27 5 13"};
   ASSERT_EQ(wires.rows.size(), std::size(rows));
   for (std::size_t i = 0; i < std::size(rows); ++i) {
@@ -87,7 +85,7 @@ TEST(WireRows, AreMeasuredInTheFilesUnits) {
   EXPECT_NEAR(power.Mean, 53.45113, 1e-4);
 }
 
-TEST(WireRows, AreThoseThatAreDrawn) {
+TEST(WireRows, AreForTheDrawnWires) {
   EXPECT_EQ(WiresOf(kThreeWires, {}, {true, {"S:A"}}).rows.at(0).OtherName, "A");
   EXPECT_EQ(WiresOf(std::string(kThreeWires).substr(21)).rows.size(), 0U) << "without TECHNOLOGY";
   EXPECT_EQ(WiresOf(std::string(kThreeWires) + "WB A 0 0 0 5 5 0 0\n").rows.size(), 2U);
@@ -112,7 +110,7 @@ TEST(DieEdges, NearestEdgeIsThatOfTheTurnedDie) {
       {die, {9.0, 0.9}, {0, 1}},
       {die, {13.9, 0.5}, {1, 0}},
       {die, {6.0, 0.0}, {-1, 0}},
-      // Outside: 3 off the right edge's line and level with it, though only 0.1 off the lower edge's line.
+      // Outside: 3 away from the right edge and level with it, though only 0.1 from the lower edge's line.
       {die, {17.0, -0.9}, {1, 0}},
       {die, {10.0, -30.0}, {0, -1}},
       // Turned by 90 degrees the right edge is the upper one; by 180 everything looks the other way.

@@ -22,7 +22,7 @@ class ChipImportTest : public ImportTest {
     request.Package = kFrame;
   }
 
-  /// "PAD>LEAD" of each wire, and what stays.
+  /// "PAD>LEAD" of each wire, and what stays free.
   std::string Wires() {
     std::string wires;
     made = ImportChip(request).Made;
@@ -47,7 +47,7 @@ TEST_F(ChipImportTest, MatchesInOrderAroundWhatIsDecided) {
   EXPECT_EQ(Wires(), "A>1 B>2 C>3 GND>4 E>9 F>10 VDD>11 VDD_2>12");
   request.Bonds.Exceptions = {"GND=PADDLE", "VDD_2=", "F=9,10"};
   request.Bonds.Unused = {"3"};
-  // C finds 4 next. E and VDD find 11 and 12, with 2.4 + 2.7 mm2; 8 and 11 would be 4.0 + 2.0.
+  // C then takes 4. E and VDD take 11 and 12, at 2.4 + 2.7 mm2; 8 and 11 would be 4.0 + 2.0.
   EXPECT_EQ(Wires(), "A>1 B>2 C>4 GND>PADDLE E>11 F>9 F_2>10 VDD>12");
   EXPECT_EQ(made.Summary.substr(0, 70),
             "8 pads, 16 leads, 8 wires; leads free: 3, 5, 6, 7, 8, 13, 14, 15, 16; ");
@@ -60,18 +60,18 @@ TEST_F(ChipImportTest, MatchesInOrderAroundWhatIsDecided) {
 }
 
 TEST_F(ChipImportTest, TurnsAndMovesTheDie) {
-  // Turned by half a turn, the die's left side meets the leads of the right.
+  // After half a turn the die's left side meets the leads on the right.
   request.Degrees = 180.0;
   EXPECT_EQ(Wires(), "A>9 B>10 C>11 GND>12 E>1 F>2 VDD>3 VDD_2>4");
-  // The lead's middle lay at (2.3, -0.975); a turn by half, after a move of the die by (0.1, 0.2), puts it
-  // here.
+  // The lead's middle lay at (2.3, -0.975); moving the die by (0.1, 0.2) and turning it by half a turn puts
+  // the lead here.
   request.Offset = {0.1, 0.2};
   Wires();
   EXPECT_FLOAT_EQ(made.Package.Bonds[0].SubX, -2.2F);
   EXPECT_FLOAT_EQ(made.Package.Bonds[0].SubY, 1.175F);
 }
 
-TEST_F(ChipImportTest, ReadsTablesOfBonds) {
+TEST_F(ChipImportTest, BondsAsATableSays) {
   Table("pad,lead\nA,16\nB,\"1,2\"\nC,0\nC,NC\n4,GND\nVDD_2,5\n");
   EXPECT_EQ(Wires(), "A>16 B>1 B_2>2 GND>PADDLE VDD_2>5");
   EXPECT_EQ(made.Findings.size(), 2U) << "a name made unique, pads without a row";
@@ -81,7 +81,7 @@ TEST_F(ChipImportTest, ReadsTablesOfBonds) {
   EXPECT_EQ(Wires(), "A>1 A_2>1") << "a double bond";
 }
 
-TEST_F(ChipImportTest, MeetsLeadsByTheirNames) {
+TEST_F(ChipImportTest, BondsByTheNamesOfLeads) {
   request.Bonds.Plan = BondPlan::Names;
   request.Package =
       Put("f.csv",
@@ -91,15 +91,15 @@ TEST_F(ChipImportTest, MeetsLeadsByTheirNames) {
   ASSERT_EQ(made.Findings.size(), 3U);
   EXPECT_EQ(made.Findings[1].substr(0, 37), "3 pads meet no lead: GND, E, F; bond ");
   EXPECT_EQ(made.Findings[2].substr(0, 37), "1 lead with a net stays free: 13; nam");
-  // A lead for the second pad of a pin, although the first one's lead is nearer.
+  // The second pad of a pin gets its own lead, although the first one's lead is nearer.
   request.Package = Put("f.csv", "lead,x,y\nVDD,2,.3\nVDD_2,2,.1\n");
   EXPECT_EQ(Wires(), "VDD>VDD VDD_2>VDD_2");
   request.Bonds.Plan = BondPlan::None;
   EXPECT_EQ(Wires(), "");
-  EXPECT_EQ(made.Findings.size(), 1U) << "nothing was to be bonded";
+  EXPECT_EQ(made.Findings.size(), 1U) << "no bonds were asked for";
 }
 
-TEST_F(ChipImportTest, KeepsLeadsApartThatAPackageCannotName) {
+TEST_F(ChipImportTest, MakesNamesOfLeadsUnique) {
   request.Package = Put("f.csv", "lead,x,y\n\"L 1\",-2,.3\nL_1,-2,.1\n\"L\t1\",-2,-.1\nM,-2,-.3\n");
   request.Bonds.Exceptions = {"E=", "F=", "VDD=", "VDD_2="};
   EXPECT_EQ(Wires(), "A>L_1_2 B>L_1 C>L_1_3 GND>M");
@@ -119,7 +119,7 @@ TEST_F(ChipImportTest, TakesBothEndsOfDownBondsFromAList) {
   EXPECT_EQ(Wires(), "A>1 B>PADDLE B_2>PADDLE");
   EXPECT_EQ(made.Summary.substr(0, 40), "3 pads, 1 lead, 3 wires; leads free: non");
   EXPECT_FLOAT_EQ(made.Package.Bonds[2].WireEndX, -1.4F);
-  // The die turned by half a turn in its package: the ends lie on the other side of it.
+  // After half a turn of the die in its package the ends lie on the other side of it.
   request.Degrees = 180.0;
   Wires();
   EXPECT_FLOAT_EQ(made.Package.Bonds[2].WireEndX, 1.4F);
@@ -135,7 +135,7 @@ TEST_F(ChipImportTest, KnowsSuppliesByTheirObviousNames) {
     EXPECT_EQ(Matches(name, usual.Ground) ? 'G' : Matches(name, usual.Power) ? 'P' : ' ', type) << name;
 }
 
-TEST_F(ChipImportTest, RefusesWhatIsNotThere) {
+TEST_F(ChipImportTest, RefusesMissingPadsAndLeads) {
   const auto refused = [this](const std::string& exception) {
     request.Bonds.Exceptions = {exception};
     return Refused();
@@ -156,14 +156,14 @@ TEST_F(ChipImportTest, RefusesWhatIsNotThere) {
   EXPECT_EQ(Refused(), "b.csv:2: there is no lead '99'; give the number or name of one lead of the package");
   request.Bonds.Unused = {"5"};
   Table("pad,lead\nA,4\nB,5\n");
-  EXPECT_EQ(Refused(), "b.csv:3: lead '5' is to stay free; remove it from the row or from --unused");
+  EXPECT_EQ(Refused(), "b.csv:3: lead '5' is in --unused; remove it from the row or from --unused");
   Table("pad,lead\nA,PADDLE\n");
   request.Package = "qfn:16,body=5x5,pitch=0.65,lead=0.4x0.3,paddle=2x2";
-  EXPECT_EQ(Refused().substr(0, 68), "b.csv:2: pad 'A' cannot be bonded down: there the paddle does not re");
+  EXPECT_EQ(Refused().substr(0, 64), "b.csv:2: pad 'A' cannot be bonded down: the paddle does not exte");
   request.Bonds = {.Unused = {"0"}};
   EXPECT_EQ(Refused().substr(0, 29), "--unused: there is no lead '0");
   request.Bonds = {.Land = 0.5};
-  EXPECT_EQ(Refused(), "--land: it is more than the length of lead '1'; give less");
+  EXPECT_EQ(Refused(), "--land: it is longer than lead '1'; give less");
 }
 
 TEST_F(ChipImportTest, MakesThePackage) {
@@ -196,7 +196,7 @@ TEST_F(ChipImportTest, MakesThePackage) {
   EXPECT_EQ(made.Findings.size(), 1U) << "a name with a blank";
 }
 
-TEST_F(ChipImportTest, NotesWhatTablesSayInVain) {
+TEST_F(ChipImportTest, NotesUnknownColumnsAndTablesWithoutBonds) {
   request.Chip.File = Put("d.csv", "name,x,y,width,height,Ort,length\nA,-.9,0,.07,.07,x,1\n");
   Table("pad,lead\nA,NC\n");
   const std::vector<SourceNote> notes = ImportChip(request).Notes;
@@ -205,7 +205,7 @@ TEST_F(ChipImportTest, NotesWhatTablesSayInVain) {
   EXPECT_EQ(notes[1].Text, "none of its rows makes a wire");
 }
 
-TEST_F(ChipImportTest, FindsMarksAndWiresThatCannotBe) {
+TEST_F(ChipImportTest, FindsMarksAndWiresThatCannotBeDrawn) {
   request.Chip.File = Put("d.csv", "name,x,y,width,height\nM,0,0,.03,.03\nN,-.9,0,.03,.03\nO,-3,0,.03,.03\n");
   Wires();
   ASSERT_EQ(made.Findings.size(), 3U);

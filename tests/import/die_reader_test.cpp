@@ -37,7 +37,7 @@ class DieReaderTest : public ImportTest {
 };
 
 TEST(Orientation, TurnsAndFlipsAsInTheFormat) {
-  // A cell of 10 x 4 with a box from (1, 1) to (3, 2). Flipped ones mirror x first, then turn.
+  // A cell of 10 x 4 with a box from (1, 1) to (3, 2). Flipped orientations mirror x first, then turn.
   const std::pair<const char*, Box> cases[] = {
       {"N", {{1, 1}, {3, 2}}},  {"S", {{7, 2}, {9, 3}}},  {"W", {{2, 1}, {3, 3}}},  {"E", {{1, 7}, {2, 9}}},
       {"FN", {{7, 1}, {9, 2}}}, {"FS", {{1, 2}, {3, 3}}}, {"FW", {{1, 1}, {2, 3}}}, {"fe", {{2, 7}, {3, 9}}}};
@@ -51,7 +51,7 @@ TEST(Orientation, TurnsAndFlipsAsInTheFormat) {
 
 TEST_F(DieReaderTest, FindsPadsAmongOtherShapes) {
   const std::pair<std::string, std::string> cases[] = {
-      // Relative to the place, turned to the left: (10..70, 0..50) becomes (-50..0, 10..70).
+      // Relative to the pin's place, turned to the left: (10..70, 0..50) becomes (-50..0, 10..70).
       {"- a + NET a + USE SIGNAL + PORT + LAYER m5 ( 10000 0 ) ( 70000 50000 ) + PLACED ( 100000 100000 ) W "
        ";",
        "a -425 -260 50 60"},
@@ -83,7 +83,7 @@ TEST_F(DieReaderTest, FindsPadsAmongOtherShapes) {
     EXPECT_EQ(Pads(kHead + "PINS 1 ;\n" + pins + "\nEND PINS\nEND DESIGN\n"), pads) << pins;
 }
 
-TEST_F(DieReaderTest, PassesOverOtherSectionsInAnyOrder) {
+TEST_F(DieReaderTest, SkipsOtherSectionsInAnyOrder) {
   EXPECT_EQ(
       Pads(
           "PROPERTYDEFINITIONS\nCOMPONENTPIN note STRING ;\nEND PROPERTYDEFINITIONS\n"
@@ -96,13 +96,13 @@ TEST_F(DieReaderTest, PassesOverOtherSectionsInAnyOrder) {
       "a -470 -370 60 60");
 }
 
-TEST_F(DieReaderTest, LetsNoQuoteInRemarksSwallowThePads) {
+TEST_F(DieReaderTest, AQuoteInARemarkDoesNotSwallowThePads) {
   const std::string pin = "- a + PORT + LAYER m5 ( 0 0 ) ( 60000 60000 ) + FIXED ( 0 0 ) N";
   for (const std::string remark : {"HISTORY say \" ;", "HISTORY moved; PINS were wrong ;", "HISTORY \"a b;",
                                    "TECHNOLOGY \" ;", "NETS 1 ;\n- n\\[\" \" ( x ) ;\nEND NETS"})
     EXPECT_EQ(Pads(kHead + remark + "\nPINS 1 ;\n" + pin + " ;\nEND PINS\nEND DESIGN\n"), "a -470 -370 60 60")
         << remark;
-  // A pin's own text may go on over lines, and has to be closed.
+  // A pin's own text may span lines, and has to be closed.
   EXPECT_EQ(Pads(kHead + "PINS 1 ;\n" + pin + " + PROPERTY note \"; \nEND PINS\" ;\nEND PINS\nEND DESIGN\n"),
             "a -470 -370 60 60");
   EXPECT_EQ(Refused("a.def", kHead + "PINS 1 ;\n" + pin + " + PROPERTY note \"x ;\nEND PINS\n").substr(0, 32),
@@ -128,7 +128,7 @@ TEST_F(DieReaderTest, TakesPadsOfCellsAndPinsOnThem) {
   DieRequest request;
   request.LefFiles = {Put("cells.lef", kCells)};
   EXPECT_EQ(Pads(kHead + cells + "END DESIGN\n", request), "io[1] -360 -358 60 76; io2 440 -358 60 76");
-  // A pin that is drawn on a pad, as a mark or as a whole, gives it its name; one on another layer does not.
+  // A pin drawn on a pad, as a mark or as a whole, names it; a pin on another layer does not.
   const std::string pins =
       "PINS 3 ;\n- A + PORT + LAYER m5 ( 0 0 ) ( 1000 1000 ) + FIXED ( 150000 50000 ) N ;\n"
       "- B + PORT + LAYER m5 ( 0 0 ) ( 60000 60000 ) + FIXED ( 915000 10000 ) N ;\n"
@@ -172,14 +172,14 @@ TEST_F(DieReaderTest, RepeatsTheShapesOfAMacro) {
       {"DO 0 BY 1 STEP 1 1", "'0' is not a number of repetitions; "},
       {"DO 1.5 BY 1 STEP 1 1", "'1.5' is not a number of repetitions; "},
       {"DO 1000 BY 101 STEP 1 1", "ITERATE makes more than 100000 shapes; "},
-      {"", "there is ';' in place of 'DO'; "},
-      {"DO 2 BY 2", "there is ';' in place of 'STEP'; "}};
+      {"", "expected 'DO' but found ';'; "},
+      {"DO 2 BY 2", "expected 'STEP' but found ';'; "}};
   for (const auto& [steps, message] : refused)
     EXPECT_EQ(RefusalOf([&] { pads("RECT ITERATE 0 0 60 60 " + steps); }).substr(0, 9 + message.size()),
               "a.lef:6: " + message);
 }
 
-TEST_F(DieReaderTest, SaysWhatCannotBeReadAndWhere) {
+TEST_F(DieReaderTest, NamesTheFaultAndItsLine) {
   const std::string pin = "PINS 1 ;\n- a + PORT + LAYER m5 ( 0 0 ) ( 60000 60000 ) + FIXED ( 0 0 ) N ;\n";
   const std::string open = "PINS 1 ;\n- a + PORT + LAYER m5 ( 0 0 ) ";
   const std::string macro = "MACRO m\n SIZE 80 BY 84 ;\n";
@@ -247,7 +247,7 @@ TEST(Die, FindsEdgesAndUniqueNames) {
   const auto pad = [](const char* name, double x, double y) {
     return DiePad{.Name = name, .Middle = {x, y}, .Size = {0.06, 0.06}};
   };
-  // The last four lie in corners or near them: the row on the left comes nearer to the first, that at the
+  // The last four lie in or near corners: the row on the left comes nearer to the first, the row at the
   // bottom to the third.
   Die die;
   die.Pads = {pad("l", -0.9, 0),    pad("r", 0.9, 0.1),   pad("t", 0, 0.9),    pad("b", 0.2, -0.9),
@@ -263,7 +263,7 @@ TEST(Die, FindsEdgesAndUniqueNames) {
   EXPECT_EQ(NamePads(pads).size(), 2U);
   std::string names;
   for (const DiePad& named : pads) names += named.Name + " ";
-  EXPECT_EQ(names, "A A_3 A_2 B_C_2 A_4 B_C ") << "A_2 is taken, and B_C is a pad's own name";
+  EXPECT_EQ(names, "A A_3 A_2 B_C_2 A_4 B_C ") << "A_2 is taken, and a pad is named B_C";
 }
 
 }  // namespace

@@ -11,8 +11,8 @@
 
 namespace importer {
 
-/// "FILE NAME:LINE: what; advice" of the import that `work` cannot do; empty when it can. An option's name
-/// stands in place of a file.
+/// "FILE NAME:LINE: what; advice" of the ImportError that `work` throws; empty without one. An option's name
+/// replaces that of a file.
 template <class Work>
 std::string RefusalOf(Work&& work) {
   try {

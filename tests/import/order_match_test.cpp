@@ -35,7 +35,7 @@ std::vector<std::size_t> ByAngle(const Places& places) {
   return order;
 }
 
-/// Tries every choice of partners for the few, and every turn of it.
+/// Tries every choice of partners for the smaller group, and every rotation of it.
 double LeastSum(const Places& pads, const Places& leads) {
   const Places& few = pads.size() <= leads.size() ? pads : leads;
   const Places& many = pads.size() <= leads.size() ? leads : pads;
@@ -57,7 +57,7 @@ double LeastSum(const Places& pads, const Places& leads) {
   return least;
 }
 
-/// True when going around by the pads' angles comes to the leads in their order, over the start once at most.
+/// True when the leads follow the order of the pads around the die, and pass the start at most once.
 bool KeepsOrder(const Places& pads, const Places& leads, const Partners& partners) {
   const std::vector<std::size_t> leadOrder = ByAngle(leads);
   std::vector<std::size_t> places;
@@ -99,8 +99,8 @@ Places Ring(std::mt19937& random, std::size_t count, double radius) {
   return places;
 }
 
-// Places are real numbers, so that "every case" means every pair of numbers of pads and leads, each with many
-// arrangements: on rings, and with all pads or all leads on one side, where most turns are bad ones.
+// Coordinates are real numbers, so "every case" means every pair of numbers of pads and leads, each with many
+// arrangements: on rings, and with all pads or all leads on one side, where most rotations are bad.
 TEST(OrderMatch, IsBestForEachNumberUpToEightPadsAndTenLeads) {
   constexpr int kArrangements = 24;
   std::mt19937 random(1);
@@ -127,7 +127,7 @@ TEST(OrderMatch, IsBestInRandomCases) {
                "case " + std::to_string(i));
 }
 
-/// Places on a square, evenly, on each side `count` of them.
+/// Places on a square, evenly spaced, `count` on each side.
 Places Square(std::size_t count, double half, double pitch) {
   Places places;
   for (int side = 0; side < 4; ++side) {
@@ -157,19 +157,19 @@ TEST(OrderMatch, MeetsOppositeLeadsInAnyOrderOfTheLists) {
 }
 
 TEST(OrderMatch, DecidesTiesTheSameWayEveryTime) {
-  // One pad amid four leads that are equally near: the first one counter-clockwise from the left is below.
+  // One pad amid four equally near leads: the first one counter-clockwise from the left is below.
   const Places leads = {{1, 0}, {0, 1}, {-1, 0}, {0, -1}};
   EXPECT_EQ(MatchInOrder({{0, 0}}, leads)[0], 3U);
-  // Turned leads of a turned list of pads: sums are equal for a turn to either side.
+  // Rotated leads against a rotated list of pads: a rotation to either side gives the same sum.
   const Places pads = Square(3, 1.0, 0.3);
   const Places between = Square(2, 2.0, 0.3);
   EXPECT_EQ(MatchInOrder(pads, between), MatchInOrder(pads, between));
 }
 
-TEST(OrderMatch, LeavesOverWhatHasNoPartner) {
+TEST(OrderMatch, LeavesTheRestWithoutPartners) {
   EXPECT_EQ(Matched(MatchInOrder({}, {{1, 0}})), 0U);
   EXPECT_EQ(Matched(MatchInOrder({{1, 0}}, {})), 0U);
-  // The far pad stays over: the sum of the other two is 1 + 1.
+  // The far pad gets no partner: the sum of the other two is 1 + 1.
   const Places pads = {{1, 0}, {0, 1}, {-9, -9}};
   const Partners partners = MatchInOrder(pads, {{2, 0}, {0, 2}});
   EXPECT_EQ(partners, (Partners{0, 1, std::nullopt}));

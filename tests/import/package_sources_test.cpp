@@ -40,7 +40,7 @@ TEST(PackageGenerator, LaysLeadsCounterClockwiseFromTheUpperLeft) {
   EXPECT_EQ(TextOf(fan.DiePaddle), "none");
 }
 
-TEST(PackageGenerator, RefusesWhatCannotBeBuilt) {
+TEST(PackageGenerator, RefusesImpossibleOutlines) {
   for (const char* const text :
        {"qfn:", "qfn:x", "qfn:1e9,body=5x5", "qfn:6,body=5x5,pitch=1,lead=0.4x0.3",
         "qfn:16,pitch=0.65,lead=0.4x0.3", "qfn:16,body=5x5,lead=0.4x0.3", "qfn:16,body=5x5,pitch=0.65",
@@ -52,7 +52,8 @@ TEST(PackageGenerator, RefusesWhatCannotBeBuilt) {
     EXPECT_EQ(RefusalOf([&] { Outlined(text, 1.0); }).substr(0, 11), "--package: ") << text;
 }
 
-/// A square of lines on the fabrication layer, 4 x 4, with one corner cut off, and lines that are no outline.
+/// Lines on the fabrication layer: a square of 4 x 4 with one corner cut off, and lines that are not an
+/// outline.
 const std::string kBody =
     "(fp_line (start -1 -2) (end 2 -2) (layer F.Fab)) (fp_line (start 2 -2) (end 2 2) (layer F.Fab))\n"
     "(fp_line (start 2 2) (end -2 2) (layer \"F.Fab\"))\n"
@@ -98,7 +99,7 @@ TEST(KicadFootprint, ReadsTheFormsOfAllVersions) {
   }
 }
 
-TEST(KicadFootprint, KnowsPaddlesInPartsAndOriginsAside) {
+TEST(KicadFootprint, TakesPaddlesInPartsAndOriginsOffCentre) {
   const auto part = [](const char* place) {
     return std::string("(pad EP smd rect (at ") + place + ") (size 1.4 1.4) (layers F.Cu))\n";
   };
@@ -109,7 +110,7 @@ TEST(KicadFootprint, KnowsPaddlesInPartsAndOriginsAside) {
       "f");
   EXPECT_EQ(TextOf(frame.Leads[0]), "1 -2.5 0 -3.5 0 0.3");
   EXPECT_EQ(TextOf(frame.Leads[1]), "2 2.5 0 3.5 0 0.3");
-  EXPECT_EQ(frame.Notes.size(), 1U) << "the origin is aside";
+  EXPECT_EQ(frame.Notes.size(), 1U) << "the origin is off centre";
   // Squares of 1.4 at +-0.8.
   EXPECT_EQ(TextOf(frame.DiePaddle), "3 x 3");
 }
@@ -131,13 +132,13 @@ TEST(KicadFootprint, LiesAsOnItsBoard) {
   const auto leads = [](const std::string& text) {
     return FootprintOnBoard(text, "b.kicad_pcb", "U1").Leads;
   };
-  // Turned counter-clockwise by 90 degrees, left (-2, -0.5 upwards) comes to (0.5, -2).
+  // Turned counter-clockwise by 90 degrees, (-2, -0.5) with y up comes to (0.5, -2).
   const std::vector<Lead> turned = leads(Board("(at 100 50 90)", "F", " 90"));
   EXPECT_EQ(TextOf(turned[0]), "1 0.5 -1.5 0.5 -2.5 0.3");
   EXPECT_EQ(turned[0].Name + " " + turned[0].PlainNet(), "VP VDD");
   EXPECT_FALSE(turned[1].HasNet());
   EXPECT_EQ(TextOf(leads(Board("(at 100 50)", "F", ""))[0]), "1 -1.5 -0.5 -2.5 -0.5 0.3");
-  // Seen from the back left is right.
+  // Seen from the back, left and right change places.
   EXPECT_EQ(TextOf(leads(Board("(at 100 50)", "B", ""))[0]), "1 1.5 -0.5 2.5 -0.5 0.3");
   EXPECT_EQ(RefusalOf([&] { FootprintOnBoard(Board("", "F", ""), "b.kicad_pcb", "U2"); }),
             "b.kicad_pcb: no footprint has the reference 'U2'; it has R1, U1");
@@ -155,7 +156,7 @@ TEST(KicadFootprint, UndoesEscapesInNames) {
   EXPECT_EQ(frame.Leads[0].PlainNet() + "|" + frame.Leads[1].Name, "A/B: |~{RESET}{{none}\\");
 }
 
-TEST(KicadFootprint, SaysWhatCannotBeReadAndWhere) {
+TEST(KicadFootprint, NamesTheFaultAndItsLine) {
   const std::string pad = "(pad 1 smd rect (at 2 0) (size 1 0.3) (layers F.Cu))\n";
   const std::pair<std::string, std::string> cases[] = {
       {"", "f:1: it does not begin with a bracket; "},
@@ -170,7 +171,7 @@ TEST(KicadFootprint, SaysWhatCannotBeReadAndWhere) {
       {"(footprint X\n" + pad + "(pad 2 smd rect (at -2 0) (size 0 1) (layers F.Cu)))",
        "f:3: the pad has no size; "},
       {"(footprint X\n" + pad + "(pad 1 smd rect (at -2 0) (size 1 1) (layers F.Cu)))",
-       "f:3: there is a second lead '1'; "},
+       "f:3: duplicate lead '1'; "},
       {"(footprint X\n" + pad + "(pad 2 smd rect (at -2 0 left) (size 1 1) (layers F.Cu)))",
        "f:3: the angle 'left' is not a number; "},
       {"(footprint X\n" + pad + "(fp_arc (start 0 0) (end 1 0) (angle x) (layer F.Fab)))",

@@ -18,7 +18,7 @@ std::string RowsOf(const std::string& text) {
   return rows;
 }
 
-TEST(TextTable, KnowsTheDialects) {
+TEST(TextTable, DetectsTheDialects) {
   const std::pair<std::string, std::string> cases[] = {
       {"name,x,y\na,1,2\n", "2:a|1|2"},
       {"\xEF\xBB\xBFName;X;Y\r\n\"a;b\";0,5;-1\r\n", "2:a;b|0,5|-1"},
@@ -28,7 +28,7 @@ TEST(TextTable, KnowsTheDialects) {
       {"sep=;\r\nname;x;y\r\na;1;2\r\n", "3:a|1|2"},
       {"Pad-Name,Lead No.\na,3\n", "2:a|3"},
       {"name,x,y\n\"a \"\"q\"\"\nb\",1,2\nc,3,4\n", "2:a \"q\"\nb|1|2; 4:c|3|4"},
-      // Without a header: the number of columns tells.
+      // Without a header the number of columns decides.
       {"; pad lead\n1 1\n3 3,4\n", "2:1|1; 3:3|3,4"},
       {"1,1\n3,3,4\n", "1:1|1; 2:3|3,4"},
       {"1 VDD 3 -0,5 0,25\n", "1:1|VDD|3|-0,5|0,25"},
@@ -37,7 +37,7 @@ TEST(TextTable, KnowsTheDialects) {
   for (const auto& [text, rows] : cases) EXPECT_EQ(RowsOf(text), rows) << text;
 }
 
-TEST(TextTable, SaysWhatCannotBeRead) {
+TEST(TextTable, NamesTheFault) {
   const std::pair<std::string, std::string> cases[] = {
       {"", "t.csv: its columns are not clear; "},
       {"foo,bar,baz\n1,2,3\n", "t.csv: its columns are not clear; "},
@@ -81,9 +81,9 @@ TEST_F(TablesTest, FindPadsByTheirColumns) {
       {"number,x,y\n7,-.9,.4\n", "7 7 -0.9 0.4"},
       {"name,x,y\nA,-.9,.4\nB,,\n", "A  -0.9 0.4"},
       {"7 VDD 3 -.9 .4\n", "VDD 7 -0.9 0.4"},
-      // None is negative: from the corner of the die, whose middle is at (1, 0.8).
+      // No coordinate is negative: they count from the corner of the die, whose middle is at (1, 0.8).
       {"name,x,y\nA,0.1,0.8\nB,1,1.5\n", "A  -0.9 0; B  0 0.7"},
-      // A list of wires: a pad comes again with its second wire; the names of pads and nets change places
+      // A list of wires: a pad comes again with its second wire; the names of pads and nets change roles
       // where there is no column of leads.
       {"Die#,Subs#,Net Name,Pad Name,Die X,Die Y,Subs X,Subs "
        "Y\n1,9,VSS,VSS_1,-.9,.4,-2,1\n1,8,VSS,VSS_1,-.9,.4,-2,0\n",
@@ -109,7 +109,7 @@ TEST_F(TablesTest, FindFingersByTheirColumns) {
       // Places count from the corner of the die if its pads do.
       {"lead,Die X,Die Y,Subs X,Subs Y\n1,0.1,0.8,-1,0.8\n", "1   1 -2 0 -2 0"},
       {"Finger Number,Finger Name,Net Name,X,Y\n1,A,VDD,-2,0\n", "1 A VDD 1 -2 0 -2 0"},
-      // The paddle, and what a list bonds down or not at all, are no leads; a ground finger is one.
+      // The paddle, and what a list bonds down or leaves unbonded, are not leads; a ground finger is one.
       {"lead,x,y,width,height\nPADDLE,0,0,1,1\nGND,0,0,1,1\nGND,-2,0,0,0\n", "GND   1 -2 0 -2 0"},
       {"lead,Die X,Die Y,Subs X,Subs Y\nGND,-.9,0,-2,0\nnc,-.9,0,-2,0\npaddle,-.9,0,-2,0\n1,0,0,-2,0\n",
        "1   1 -2 0 -2 0"},
@@ -117,7 +117,7 @@ TEST_F(TablesTest, FindFingersByTheirColumns) {
   for (const auto& [text, fingers] : cases) EXPECT_EQ(Fingers(text), fingers) << text;
 }
 
-TEST_F(TablesTest, FindWhoMeetsWhomByTheirColumns) {
+TEST_F(TablesTest, FindBondsByTheirColumns) {
   const std::pair<const char*, const char*> cases[] = {{"Pad Name,Lead Number,Remark\nA,3,x\n", "A  3"},
                                                        {"Bond Pad,Package Pin\nA,3\n", "A  3"},
                                                        {"Pad Number,Lead Name\n7,L3\n", " 7 L3"},
@@ -135,7 +135,7 @@ TEST_F(TablesTest, FindWhoMeetsWhomByTheirColumns) {
       "columns pad and lead");
 }
 
-TEST_F(TablesTest, SayTheRowOfWhatCannotBeUsed) {
+TEST_F(TablesTest, NameTheRowOfAFault) {
   const auto refused = [this](const std::string& text) { return RefusalOf([&] { Pads(text); }); };
   EXPECT_EQ(refused("name,x,y\nA,-1,0\nB,1mm,0\n"), "d.csv:3: '1mm' is not a number; correct it");
   EXPECT_EQ(refused("name,x,y\n,-1,0\n"),
@@ -148,7 +148,7 @@ TEST_F(TablesTest, SayTheRowOfWhatCannotBeUsed) {
             "d.csv: no pads found in 0 rows; give a row for each pad, or other --pads");
   const auto fingers = [this](const std::string& text) { return RefusalOf([&] { Fingers(text); }); };
   EXPECT_EQ(fingers("lead,x,y\n1,-2,0\n1,-2,1\n"),
-            "f.csv:3: there is a second lead '1'; give each lead another number");
+            "f.csv:3: duplicate lead '1'; give each lead another number");
   EXPECT_EQ(fingers("lead,tier,x,y\n1,7,-2,0\n"), "f.csv:2: there is no tier '7'; number tiers from 1 to 4");
   EXPECT_EQ(fingers("1 2\n").substr(0, 45), "f.csv: it does not say where the fingers are;");
 }

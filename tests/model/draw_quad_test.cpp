@@ -28,8 +28,8 @@ std::string Drawn(const PackagePoint& a, const PackagePoint& b, const PackagePoi
   return FaceText(pen.Quads.at(0));
 }
 
-TEST(DrawQuad, ExchangesYAndHeightAndLooksToWhereCornersRunClockwise) {
-  // In the scene u = (2 0 0) and v = (0 0 3), u x v = (0 -6 0), and the normal is the other way.
+TEST(DrawQuad, ExchangesYAndHeightAndFacesWhereCornersRunClockwise) {
+  // In the scene u = (2 0 0) and v = (0 0 3), so u x v = (0 -6 0); the normal has the opposite direction.
   EXPECT_EQ(Drawn({0, 0, 7}, {2, 0, 7}, {2, 3, 7}, {0, 3, 7}),
             "Gray (0 1 0) (0 7 0) (2 7 0) (2 7 3) (0 7 3)");
   EXPECT_EQ(Drawn({0, 3, 7}, {2, 3, 7}, {2, 0, 7}, {0, 0, 7}),

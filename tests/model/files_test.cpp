@@ -43,15 +43,15 @@ TEST(Files, AreReadByteForByte) {
     PutFile(folder / "file", content);
     EXPECT_EQ(ReadWholeFile(folder / "file"), content);
   }
-  // Such files tell a size of 0 and have content all the same.
+  // Files in /proc report a size of 0 but have content.
   EXPECT_FALSE(ReadWholeFile("/proc/self/status").empty());
 }
 
-TEST(Files, ThatAreNoneFaultWithTheSystemsReason) {
+TEST(Files, ThatCannotBeReadFaultWithTheSystemsReason) {
   const TemporaryFolder folder;
   fs::create_directory(folder / "sub");
   mkfifo((folder / "pipe").c_str(), 0600);
-  // Holes take no room on the disk.
+  // Sparse files take no room on the disk.
   for (const char* name : {"largest", "larger", "hole"}) PutFile(folder / name, "COMPZ 1\n");
   fs::resize_file(folder / "largest", std::uintmax_t{1} << 28);
   fs::resize_file(folder / "larger", (std::uintmax_t{1} << 28) + 1);
@@ -94,7 +94,7 @@ TEST(WholeFile, LeavesTheOldFileWhenTheDiskIsFull) {
               "Run-time error: File too large (new.zu)");
   }
   EXPECT_EQ(GetFile(path), "old");
-  EXPECT_EQ(folder.FileCount(), 1U) << "nothing is left behind";
+  EXPECT_EQ(folder.FileCount(), 1U) << "no temporary file is left behind";
 }
 
 TEST(WholeFile, FollowsLinks) {
@@ -112,7 +112,7 @@ TEST(WholeFile, FollowsLinks) {
     EXPECT_TRUE(fs::is_symlink(folder / link)) << link;
 }
 
-TEST(WholeFile, FaultsWhereNoFileCanBe) {
+TEST(WholeFile, FaultsWhereNoFileCanBeWritten) {
   const TemporaryFolder folder;
   fs::create_directory(folder / "sub");
   PutFile(folder / "sub/inside", "old");
@@ -135,7 +135,8 @@ TEST(WholeFiles, AreWrittenAllOrNone) {
   WriteWholeFiles({{old, "1"}, {fresh, "2"}}, Durability::Fast, failed);
   EXPECT_EQ(GetFile(old) + GetFile(fresh) + failed, "12");
   fs::remove(fresh);
-  // The first cannot be opened; a name that is too long shows only once the others are in their places.
+  // The first path cannot be opened; the second has too long a name, which fails only after the other files
+  // are in place.
   for (const std::string& bad : {folder / "sub", folder / std::string(256, 'n')}) {
     EXPECT_NE(::FaultOf([&] {
                 WriteWholeFiles({{old, "3"}, {fresh, "4"}, {bad, "5"}}, Durability::Fast, failed);

@@ -90,7 +90,7 @@ TEST(Arithmetic, SinglesDivisionsAndCountersFault) {
   EXPECT_NO_THROW(CountIn16Bits(32767, RecordTable::Rings));
   try {
     CountIn16Bits(32768, RecordTable::Rings);
-    FAIL() << "a counter of 16 bits passes 32767";
+    FAIL() << "no fault at 32768 records";
   } catch (const TooManyRecords& fault) {
     EXPECT_STREQ(fault.what(), "Run-time error: Overflow (32768 rings, at most 32767 can be drawn)");
     EXPECT_EQ(fault.Record(), (RecordPlace{RecordTable::Rings, 32767}));

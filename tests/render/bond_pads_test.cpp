@@ -57,7 +57,7 @@ TEST_F(SceneTest, AnyOtherShapeHasRoundEnds) {
   }
 }
 
-TEST_F(SceneTest, SubstratePadsOnTheOriginAreNotThere) {
+TEST_F(SceneTest, SubstratePadsOnTheOriginAreNotDrawn) {
   Draw(kBody + Die("A", "B") + Die("B", "B") + "SBP B 0 0 0 4 1 0 RECTANGLE 0 1\n", &Scene::DrawBondPads);
   EXPECT_EQ(pen.Order, "");
   Draw(kBody + Die("A", "B") + Die("B", "B") +
@@ -66,7 +66,7 @@ TEST_F(SceneTest, SubstratePadsOnTheOriginAreNotThere) {
   EXPECT_EQ(pen.Order, "QQQQ");
 }
 
-TEST_F(SceneTest, PadsWithoutCornersOfTheirOwnTakeThoseOfThePadBefore) {
+TEST_F(SceneTest, PadsOnNoEdgeTakeTheCornersOfThePadBefore) {
   const std::string pads = kBody + Die("LOST", "X") + Die("A", "B") + Die("FLAT", "B") +
                            "SD_CBP S 0 0 0 1 1 0 ? NONE\n" + Pad("LOST", "0", "RECTANGLE") +
                            Pad("A", "0", "RECTANGLE") + "SBP FLAT 9 9 0 0 1 0 RECTANGLE 0 1\n" +

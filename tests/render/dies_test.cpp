@@ -39,7 +39,7 @@ TEST_F(SceneTest, BaseDieIsABoxWithNormalsOutwards) {
   }
 }
 
-TEST_F(SceneTest, StackedDieStandsOnTheBaseDieWithItsYAsItIs) {
+TEST_F(SceneTest, StackedDieStandsOnTheBaseDieWithYNotNegated) {
   Draw(Text({kBase, kStacked, kBody}), &Scene::DrawSDDie);
   const char* expected[] = {"Gray (0 1 0) (1.5 1.5 1.5) (0.5 1.5 1.5) (0.5 1.5 -0.5) (1.5 1.5 -0.5)",
                             "DarkCyan (0 0 -1) (1.5 1.5 -0.5) (0.5 1.5 -0.5) (0.5 1 -0.5) (1.5 1 -0.5)",
@@ -105,7 +105,7 @@ TEST_F(SceneTest, StackedDiePadsTurnEachAboutItsOwnCentre) {
     EXPECT_EQ(FaceText(pen.Quads[0]),
               "Blue (0 1 0) (0.9 1.501 -0.3) (0.9 1.501 -0.7) (1.1 1.501 -0.7) (1.1 1.501 -0.3)");
   }
-  // A fifth point, (0, 2 * DieY) from the centre, is drawn by nothing and faults all the same.
+  // Nothing draws the fifth point, (0, 2 * DieY) from the centre, but it faults like the others.
   Read(turned + "SD_CBP S 1 2e38 0 0.2 0.4 0 L RECTANGLE\n");
   EXPECT_EQ(FaultOf(&Scene::RotateSDCorners), "Run-time error: Overflow (stacked die pad S)");
 }
@@ -127,7 +127,7 @@ TEST_F(SceneTest, PadsOfAStackedDieWithoutWidthHaveTheirCornersAtZero) {
   EXPECT_EQ(FaceText(pen.Quads[5]), "Blue (0 0 0) (0 1.001 0) (0 1.001 0) (0 1.001 0) (0 1.001 0)");
 }
 
-TEST_F(SceneTest, CircleRunsRoundInStepsOfTenDegrees) {
+TEST_F(SceneTest, CircleHasStepsOfTenDegrees) {
   scene.DrawCircle(1.0F, 2.0F, 3.0F, 4.0F);
   const model::DiscRim& rim = pen.Discs[0];
   EXPECT_EQ(PointText(rim[0]), "(1 3 4)");

@@ -13,7 +13,7 @@ namespace {
 constexpr NamedView kViews[] = {NamedView::Top,  NamedView::Bottom, NamedView::Front, NamedView::Back,
                                 NamedView::Left, NamedView::Right,  NamedView::Iso};
 
-/// What a perspective picture shows of the points: -1 and 1 are its edges.
+/// The extent of the points in a perspective picture: -1 and 1 are its edges.
 struct Extent {
   double left = 9, right = -9, bottom = 9, top = -9, nearest = 1e9, farthest = -1e9;
 };

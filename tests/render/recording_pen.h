@@ -38,7 +38,7 @@ inline std::string FaceText(const model::Face& face) {
   return text;
 }
 
-/// "(centre) diameter", told from the rim's points at 0, 90 and 180 degrees.
+/// "(centre) diameter", from the rim's points at 0, 90 and 180 degrees.
 inline std::string DiscText(const model::DiscRim& rim) {
   const model::SceneVector centre{(rim[9].X + rim[27].X) / 2.0F, rim[0].Y, (rim[0].Z + rim[18].Z) / 2.0F};
   return PointText(centre) + " " + NumberText(double(rim[0].Z) - double(rim[18].Z));

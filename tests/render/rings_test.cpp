@@ -62,14 +62,14 @@ TEST_F(SceneTest, ArcRingsBowOutwardsByTheirBulgeAndKeepTheirCorners) {
   Draw(std::string(kBody) + "RING R Arc -4 3 4 -3 0.5 1\n", &Scene::DrawRings);
   ASSERT_EQ(pen.Quads.size(), 792U);
   ExpectPlates(pen);
-  // Lying sides: radius (8^2 / 4 + 1) / 2 = 8.5, a step is 8 / 99 = 0.080808. At the corner
+  // Horizontal sides: radius (8^2 / 4 + 1) / 2 = 8.5, a step is 8 / 99 = 0.080808. At the corner
   // sqrt(8.5^2 - 4^2) = 7.5 gives a bulge of 0; a step further sqrt(8.5^2 - 3.919192^2) = 7.542542 gives
   // 0.042542.
   EXPECT_EQ(Top(pen, 0), "(-4.25 2.75)(-3.6692 2.7925)(-3.6692 3.2925)(-4.25 3.25)");
   // The middle plate, half a step from the middle: the bulge is 1 - 0.040404^2 / 17 = 0.999904.
   EXPECT_EQ(Top(pen, 49), "(-0.2904 3.7499)(0.2904 3.7499)(0.2904 4.2499)(-0.2904 4.2499)");
   EXPECT_EQ(Top(pen, 98), "(3.6692 2.7925)(4.25 2.75)(4.25 3.25)(3.6692 3.2925)");
-  // The other lying side is its mirror image.
+  // The other horizontal side is its mirror image.
   EXPECT_EQ(Top(pen, 99), "(-4.25 -3.25)(-3.6692 -3.2925)(-3.6692 -2.7925)(-4.25 -2.75)");
   // Upright sides: radius (6^2 / 4 + 1) / 2 = 5, a step is 0.060606. A step from the corner
   // sqrt(25 - 2.939394^2) = 4.044745 gives a bulge of 0.044745.
@@ -113,7 +113,7 @@ TEST_F(SceneTest, SegmentsOfArcRingsLieOnTheRingsArcWithTheirTopsUp) {
   EXPECT_EQ(Top(pen, 0), "(-4.8326 2.25)(-4.8457 1.7197)(-4.3457 1.7197)(-4.3326 2.25)");
   EXPECT_EQ(Top(pen, 99), "(4.3326 2.25)(4.3457 1.7197)(4.8457 1.7197)(4.8326 2.25)");
   // Longer by 0.25 at both ends. On the upright sides the bulge is least at y = 2, and within 0.0001 of 1 in
-  // the middle; on the lying ones it is least at x = -2, sqrt(8.5^2 - 4) - 7.5 = 0.761355.
+  // the middle; on the horizontal ones it is least at x = -2, sqrt(8.5^2 - 4) - 7.5 = 0.761355.
   EXPECT_EQ(Bounds(pen, 0, 198), "(-5.25 -1.25)(-4.3326 2.25)");
   EXPECT_EQ(Bounds(pen, 198, 198), "(4.3326 -1.25)(5.25 2.25)");
   EXPECT_EQ(Bounds(pen, 396, 198), "(-2.25 3.5114)(1.25 4.25)");

@@ -5,7 +5,7 @@ namespace {
 using render::Scene;
 using Routine = void (Scene::*)();
 
-// One of everything.
+// One record of each kind.
 constexpr char kHeader[] =
     "COMPL 8\nCOMPW 6\nSD_COMPL 2\nSD_COMPW 2\nSD_COMPZ 1\nSD_ROTATION 30\nCOMPZ 1\n"
     "CBP A 1 1 0 1 1 0 L ROUND\nSD_CBP S 1 2 0 1 1 0 T RECTANGLE\nSBP A 9 1 0 2 1 0 RECTANGLE 0 1\n"

@@ -29,7 +29,7 @@ class SceneTest : public testing::Test {
     return Draw(routine);
   }
 
-  /// What the fault of a drawing says.
+  /// The message of a drawing's fault.
   std::string FaultOf(void (render::Scene::*routine)() = &render::Scene::DrawPackage) {
     return ::FaultOf([&] { Draw(routine); });
   }

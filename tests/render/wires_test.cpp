@@ -52,7 +52,7 @@ TEST_F(WiresTest, LoopsRiseBendRunLevelAndDrop) {
 }
 
 TEST_F(WiresTest, SettingsAreInFileUnits) {
-  // 80 long: everything is divided by 10, the loop of the test before included.
+  // 80 long: everything is divided by 10, including the loop of the previous test.
   DrawWires(
       "TECHNOLOGY WIRE_BOND\nCOMPL 80\nCOMPW 60\nCOMPZ 1\nCBP A 0 0 0 1 1 0 L NONE\nWB A 10 20 0 40 60 5 "
       "-10\n");
@@ -115,7 +115,7 @@ TEST_F(WiresTest, StackedWiresCanRunLevelToTheBaseDiesEdge) {
       {"R", "1 1", "5 4", "(3 20 -2.5)"},
       {"t", "1 1", "4 5", "(3.25 20 -4)"},
       {"r", "1 1", "5 4", "(3 20 -2.5)"},
-      // From beyond the edge, where the distance has no sign either: 3.75 along (0.6, -0.8).
+      // From beyond the edge, and the distance is positive all the same: 3.75 along (0.6, -0.8).
       {"T", "1 7", "4 3", "(3.25 20 -4)"}};
   for (const auto& [side, from, to, reach] : cases) {
     DrawWires(kBody + StackedWire("S", side, from, to));
@@ -132,7 +132,7 @@ TEST_F(WiresTest, WiresOnNoSideTakeTheEdgeDistanceOfTheWireBefore) {
     EXPECT_EQ(Reach(0), "(1 20 -1)") << "each build starts at 0";
     EXPECT_EQ(Reach(3), "(2.5 20 -3)") << "2.5 along (0.6, 0.8), as R before it";
   }
-  // Wires that are not drawn hand nothing on: 3.75 along (0.6, 0.8), as T.
+  // Wires that are not drawn pass no distance on: 3.75 along (0.6, 0.8), as T.
   selection = {true, {"T", "LAST"}};
   DrawWires();
   ASSERT_EQ(pen.Order, "SS");
@@ -149,7 +149,7 @@ TEST_F(WiresTest, FaultsNameTheWire) {
   EXPECT_EQ(FaultOf(), "Run-time error: Division by zero (wire S: it runs along the base die's edge)");
   Read(kBody + StackedWire("S", "L", "1 2", "1 5"));
   EXPECT_EQ(FaultOf(), "Run-time error: Division by zero (wire S: it runs along the base die's edge)");
-  // The largest numbers of a file have no length any more in a single.
+  // The length between the largest numbers of a file exceeds a single.
   Read(std::string(kBody) + "CBP FAR 0 0 0 1 1 0 L NONE\nWB FAR -3e38 1 0 3e38 1 0 0\n");
   EXPECT_EQ(FaultOf(), "Run-time error: Overflow (wire FAR)");
 }

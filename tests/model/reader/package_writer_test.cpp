@@ -68,7 +68,7 @@ TEST(PackageWriter, WritesEveryKindOfRecord) {
   }
 }
 
-TEST(PackageWriter, WritesNumbersAsShortAsTheyReadTheSame) {
+TEST(PackageWriter, WritesTheShortestNumbersThatReadTheSame) {
   const Package package =
       reader::ParsePackage({}, {"COMPL 5200\nCOMPW 3600\nCOMPZ 280\nCBP A -824.5 0.1\n", {}});
   EXPECT_EQ(package.UnitScale, 1000.0F);
@@ -77,7 +77,7 @@ TEST(PackageWriter, WritesNumbersAsShortAsTheyReadTheSame) {
       << text;
 }
 
-TEST(PackageWriter, MendsNamesThatNoFieldCanHold) {
+TEST(PackageWriter, ReplacesWhatAFieldCannotHoldInNames) {
   EXPECT_EQ(reader::FieldName("a b\tc\x01\x7f"), "a_b_c__");
   EXPECT_EQ(reader::FieldName(""), "_");
   Package package;
@@ -85,7 +85,7 @@ TEST(PackageWriter, MendsNamesThatNoFieldCanHold) {
   package.Bonds.Spare().Name = "V DD";
   package.Bonds.Spare().DieShape = "ROUND";
   package.Bonds.Grow();
-  // An empty text before another one would let that one take its place.
+  // The field after an empty one would take its place.
   EXPECT_NE(reader::PackageText(package).find("CBP V_DD 0 0 1 0 0 0 _ ROUND\n"), std::string::npos);
 }
 

@@ -48,7 +48,7 @@ TEST_F(ReaderBody, SubstratePadAndWireGoToTheBondOfTheirName) {
             "'A' '' 'S'");
 }
 
-TEST_F(ReaderBody, LinesThatNameNothingYetAreIgnored) {
+TEST_F(ReaderBody, LinesThatNameALaterRecordAreIgnored) {
   const Package package = ReadBody(
       "SBP A 1 2\nWB A 3 4\nSRSEG G B 1 2\nCBP A 5 6\nSRING G ARC\nSBP a 7 8\nWB B 9 9\nSRSEG g B 1 2\nSRSEG "
       "A B 1 2\n");
@@ -57,7 +57,7 @@ TEST_F(ReaderBody, LinesThatNameNothingYetAreIgnored) {
   EXPECT_TRUE(package.SRings[0].Segs.Empty());
 }
 
-TEST_F(ReaderBody, OfEqualNamesTheFirstTakesPadWireAndSegments) {
+TEST_F(ReaderBody, TheFirstOfEqualNamesTakesPadWireAndSegments) {
   const Package package = ReadBody(
       "SD_CBP A 1 0\nSBP A 10 0\nCBP A 2 0\nCBP A 3 0\nSD_CBP A 4 0\nSBP A 20 0\nWB A 30 0\nWB A 40 0\n"
       "SRING G ARC 1\nSRING G ARC 2\nSRSEG G T 1 2\nSRSEG G L 3 4\n");

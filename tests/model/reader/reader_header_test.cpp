@@ -96,9 +96,9 @@ TEST_F(ReaderHeader, ScalarsSurviveASecondLoadAndAreDividedAgain) {
 TEST_F(ReaderHeader, NothingToReadGivesNoPackage) {
   EXPECT_FALSE(reader::ReadPackage(before));  // no such file
   ASSERT_EQ(mkfifo(before.PackagePath.c_str(), 0600), 0);
-  EXPECT_FALSE(reader::ReadPackage(before)) << "a pipe is no file, and must not be waited for";
+  EXPECT_FALSE(reader::ReadPackage(before)) << "a pipe is not a file; reading it would wait for a writer";
   before.PackagePath = folder / "";
-  EXPECT_FALSE(reader::ReadPackage(before)) << "a folder is no file";
+  EXPECT_FALSE(reader::ReadPackage(before)) << "a folder is not a file";
   before.PackagePath = "";
   EXPECT_FALSE(reader::ReadPackage(before));
 }

@@ -1,5 +1,5 @@
-// Packages of an unlikely kind or length: each is read in full, in a second, and keeps the counts
-// said here.
+// Packages of an unlikely kind or length: each is read in full within kMaxSeconds and has the counts given
+// here.
 #include <algorithm>
 #include <ctime>
 
@@ -13,12 +13,12 @@ namespace {
 using namespace std::string_literals;
 
 #if defined(__SANITIZE_ADDRESS__) || !defined(__OPTIMIZE__)
-constexpr double kMaxSeconds = 10.0;  // watched at every step; squared time would be hours here too
+constexpr double kMaxSeconds = 10.0;  // unoptimized code is slow; quadratic time would take hours here too
 #else
 constexpr double kMaxSeconds = 1.0;
 #endif
 
-/// The processor's time that something takes: whatever else runs on the machine does not count.
+/// The processor time of `work`: other programs on the machine do not count.
 template <class Work>
 void ExpectInTime(const std::string& what, Work&& work) {
   const std::clock_t start = std::clock();
@@ -42,7 +42,7 @@ class ReaderSurvival : public PackageText {
   }
 };
 
-TEST_F(ReaderSurvival, FilesWithoutAPackageAreAnEmptyOne) {
+TEST_F(ReaderSurvival, FilesWithoutRecordsGiveAnEmptyPackage) {
   constexpr std::size_t kTenMegabytes = 10'000'000;
   const std::pair<const char*, std::string> cases[] = {
       {"empty", ""},
@@ -102,7 +102,7 @@ TEST_F(ReaderSurvival, WordsThatLookLikeNumbersAreZero) {
 }
 
 TEST_F(ReaderSurvival, TheLargestDieIsStillRescaled) {
-  // 3.4e38 takes 38 tens to come to 3.4.
+  // 3.4e38 divided by ten 38 times is 3.4.
   const Package package = ReadInTime("COMPL 3.4e38\nCOMPZ 1\nCBP A 1e38\n", "", "largest die");
   EXPECT_FLOAT_EQ(package.CompL, 3.4F);
   EXPECT_FLOAT_EQ(package.UnitScale, 1e38F);
@@ -132,7 +132,7 @@ TEST_F(ReaderSurvival, TablesHaveNoLimitOf16BitsAndFillInLinearTime) {
       {"die pads of one name", "", "CBP N 1 2 # 3 4 0 L ROUND\n",
        [](const Package& p) { return p.Bonds.Count(); }},
       {"stacked pads", "", "SD_CBP N# 1\n", [](const Package& p) { return p.SDBonds.Count(); }},
-      // Each with what its own name has in the side file.
+      // Each wire has a line in the side file.
       {"wires", "", "CBP N#\nSBP N# 1 2 0 3 4 5 ROUND 0 0\nWB N# 1 2 F 3 4\n",
        [](const Package& p) {
          return std::size_t(std::count_if(p.WireNames.begin(), p.WireNames.end(), [](const auto& entry) {

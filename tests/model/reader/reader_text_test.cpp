@@ -17,7 +17,7 @@ TEST_F(ReaderText, FieldsStandBetweenAnyBlanks) {
   }
 }
 
-TEST_F(ReaderText, ACarriageReturnAloneEndsNoLine) {
+TEST_F(ReaderText, ACarriageReturnAloneDoesNotEndALine) {
   EXPECT_TRUE(Read("COMPZ 1\rCBP A 1 2\r").Bonds.Empty()) << "all of it is one line, with the height 1CBP";
 }
 

@@ -46,7 +46,7 @@ class OffscreenTest : public testing::Test {
 
   void TakePicture() { picture = form->FramePicture(); }
 
-  /// Where a point of the scene lies in the picture, as the frame's own matrices tell.
+  /// Where a point of the scene lies in the picture, by the frame's own matrices.
   std::pair<int, int> Place(double x, double height, double z) const {
     const render::ModelRotation& rotation = form->Navigator().Rotation;
     GLdouble model[16], projection[16], at[3];
@@ -95,7 +95,7 @@ TEST_F(OffscreenTest, PartsShowInTheirColoursAtTheirPlaces) {
   Load(folder / "one.yax", {641, 479});
   TakePicture();
   const auto die = [&] { return At(-1.0, 0.5, 0.0); };
-  // Pads and wires lie at minus their y, beside the wire.
+  // Pads and wires are drawn at minus their y; these points lie beside the wire.
   const auto pad = [&] { return At(1.5, 0.501, -1.2); };
   const auto substrate = [&] { return At(3.0, 0.0, -1.2); };
   const auto background = [&] { return At(-3.0, 0.0, 3.0); };
@@ -144,7 +144,7 @@ TEST(ReadFrame, GivesTheTopRowFirstAtAnyWidth) {
   EXPECT_TRUE(render::gl::ReadFrame({0, 3}).Rgb.empty());
 }
 
-TEST(OffscreenSurface, StandsBesideOthers) {
+TEST(OffscreenSurface, WorksBesideOthers) {
   render::gl::OffscreenSurface first({8, 8});
   ASSERT_TRUE(first.CreateContext());
   {
