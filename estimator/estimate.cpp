@@ -48,9 +48,9 @@ model::Package ReadPackage(const std::string& file) {
   model::PackageScalars before;
   before.PackagePath = file;
   std::optional<model::Package> package = model::reader::ReadPackage(before);
-  // A file without a COMPZ line is no package. After such a line the height is never 0.
+  // A package has a COMPZ line, and after that line the height is never 0.
   if (!package || package->CompZ == 0.0F)
-    throw model::InputError({.File = file}, "it holds no package", "give the path of a .yax file");
+    throw model::InputError({.File = file}, "it has no COMPZ line", "give the path of a .yax file");
   return *std::move(package);
 }
 

@@ -12,8 +12,8 @@ namespace estimator {
 
 struct Request {
   std::string ParameterFile;
-  std::string Folder;  ///< searched for the package first; the parameter file's folder comes second
-  std::optional<std::string> Unit;  ///< of the package file; without it the likely one
+  std::string Folder;               ///< searched for the package before the parameter file's folder
+  std::optional<std::string> Unit;  ///< of the package file; if empty, mil or mm by the size of the die
 };
 
 struct Estimate {
@@ -23,13 +23,13 @@ struct Estimate {
   formats::CircuitNote Note;  ///< for the wires as a circuit; the window shows its conditions
 };
 
-/// Reads both files and works out the wires' costs. A setting that the parameter file leaves out has the
-/// value that it has after a load.
+/// Reads both files and computes the wires' costs. A setting that is missing in the parameter file has its
+/// value after a load.
 /// Faults  InputError when one of the files cannot be used, Fault when a wire cannot be drawn
 Estimate Work(const Request& request);
 
-/// The wires as a circuit, with couplings of at least 0.1. Where a circuit cannot have these alone, the limit
-/// is higher.
+/// The wires as a circuit with couplings of at least 0.1. The limit is higher when a circuit with only these
+/// could not exist.
 std::string CircuitOf(const Estimate& estimate);
 
 }  // namespace estimator

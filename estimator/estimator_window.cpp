@@ -17,7 +17,7 @@ namespace estimator {
 
 namespace {
 
-/// Programs may write a file in several steps. After so long without a change they have finished.
+/// A program may write a file in several steps; after this time without a change it has finished.
 constexpr int kSettled = 100;  // milliseconds
 
 std::string CsvOf(const Estimate& estimate) { return formats::CostsCsv(estimate.Costs); }
@@ -54,7 +54,7 @@ void EstimatorWindow::Fill() {
   search_->setFocus();
 }
 
-/// The work uses nothing of the window, but its threads must end before the program does.
+/// The computation does not use the window, but its threads must end before the program does.
 EstimatorWindow::~EstimatorWindow() { work_.waitForFinished(); }
 
 void EstimatorWindow::AddBar() {
@@ -98,7 +98,7 @@ void EstimatorWindow::AddTable() {
   table_->setAccessibleName(QStringLiteral("Wires"));
   // Column widths follow from the first rows; measuring thousands would take too long.
   table_->horizontalHeader()->setResizeContentsPrecision(50);
-  // A status bar would cut long texts; here they get the lines that they need.
+  // A status bar would cut long texts; a label wraps them.
   auto* const centre = new QWidget;
   auto* const column = new QVBoxLayout(centre);
   column->setContentsMargins(0, 0, 0, 0);
@@ -107,11 +107,11 @@ void EstimatorWindow::AddTable() {
   setCentralWidget(centre);
 }
 
-/// A problem's text names files with their folders. It wraps, can be copied, and is the tool tip too.
+/// An error text contains long paths, so it wraps, can be copied, and is also the tool tip.
 void EstimatorWindow::AddState() {
   state_->setTextFormat(Qt::PlainText);  // names may look like mark-up
   state_->setWordWrap(true);
-  state_->setMinimumWidth(1);  // or else a long word would widen the window
+  state_->setMinimumWidth(1);  // otherwise a long word would widen the window
   state_->setMargin(4);
   state_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 }
@@ -182,7 +182,7 @@ void EstimatorWindow::ReadAgainWhenWritten() {
   connect(&files_, &QFileSystemWatcher::directoryChanged, this, [this] { settle_.start(); });
 }
 
-/// Copies the selected rows, or else all rows, with tabs between the cells as spreadsheets expect.
+/// Copies the selected rows, or all rows if none are, with tabs between the cells for spreadsheets.
 void EstimatorWindow::Copy() const {
   QModelIndexList rows = table_->selectionModel()->selectedRows();
   std::sort(rows.begin(), rows.end());

@@ -24,12 +24,12 @@ class EstimatorWindow final : public QMainWindow {
   explicit EstimatorWindow(Request request);
   ~EstimatorWindow() override;
 
-  /// Adds the table and its controls, and starts the work in another thread. Fonts and controls take as long
-  /// as all the rest of the start, so this is for a window that is on the screen already.
+  /// Adds the table and its controls, and starts the computation in another thread. Call it once the window
+  /// is on the screen: fonts and controls take half of the start-up time.
   void Fill();
 
  private:
-  /// The result of the work.
+  /// The result of the computation.
   struct Result {
     Estimate Found;
     CostTexts Texts;
@@ -49,7 +49,7 @@ class EstimatorWindow final : public QMainWindow {
 
   Request request_;
   std::shared_ptr<const Result> shown_;
-  bool again_ = false;  ///< the file or the unit has changed since the work began
+  bool again_ = false;  ///< the file or the unit has changed since the computation began
   QFutureWatcher<std::shared_ptr<const Result>> work_;
   QFileSystemWatcher files_;
   QTimer settle_;

@@ -20,7 +20,7 @@ int main(int argc, char** argv) {
                                      .Folder = QFile::encodeName(QDir::currentPath()).toStdString(),
                                      .Unit = {}});
   window.show();
-  QApplication::processEvents();  // or else the window would wait for its contents
+  QApplication::processEvents();  // so that the window appears before its contents are ready
   window.Fill();
   return QApplication::exec();
 }

@@ -8,7 +8,7 @@ namespace formats {
 
 namespace {
 
-/// The bond that a wire is part of; none for a stitch.
+/// The bond of a wire; null for a stitch.
 const model::BondRec* BondOf(const model::Package& package, const model::RecordPlace& place) {
   if (place.Table == model::RecordTable::Bonds) return &package.Bonds[place.Number];
   return place.Table == model::RecordTable::SDBonds ? &package.SDBonds[place.Number] : nullptr;

@@ -8,9 +8,9 @@
 
 namespace formats {
 
-/// What the comments of a circuit say.
+/// Facts for the comments of a circuit.
 struct CircuitNote {
-  std::string Package;     ///< the name of the package's file, after which the subcircuit is named
+  std::string Package;     ///< the package's file name; the subcircuit is named after it
   std::string Conditions;  ///< the wires' material and diameter, the frequency, the plane
   double LeastCoupling = 0.0;
 };
@@ -19,12 +19,12 @@ struct CircuitNote {
 std::string ConditionsText(std::size_t wires, const model::WireBondSettings& settings);
 
 /// A subcircuit with two ports for each wire, its start and its end, in the order of the wires. Each wire is
-/// a resistance and an inductance in series; couplings follow. Comments name the wires and say what was left
-/// out.
+/// a resistance and an inductance in series; couplings follow. Comments name the wires and list omitted
+/// couplings.
 std::string CircuitText(const analysis::WireCosts& costs, const CircuitNote& note);
 
-/// Rounds the couplings to the nine decimals with which a circuit is written. A circuit is checked with what
-/// it says.
+/// Rounds the couplings to the nine decimals of the circuit's text, so that the check covers the values as
+/// written.
 void RoundCouplings(std::vector<analysis::Coupling>& couplings);
 
 }  // namespace formats

@@ -37,7 +37,7 @@ const char* NameOf(Finding kind) {
   return "ok";
 }
 
-/// The number that is shown.
+/// The number as shown.
 double ShownLength(double length, const LengthUnit& unit) {
   const std::string text = LengthText(length, unit);
   double shown = 0.0;
@@ -56,7 +56,7 @@ std::string CountsText(const Clearances& clearances, const LengthUnit& unit) {
   return text + "\n";
 }
 
-/// How many columns a text fills: continuations of a character fill none.
+/// The width of a text in columns; UTF-8 continuation bytes take none.
 std::size_t WidthOf(const std::string& text) {
   return static_cast<std::size_t>(std::count_if(
       text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));

@@ -8,7 +8,7 @@
 
 namespace formats {
 
-/// One value of a wire. Numbers have the digits of a single; an unknown value is empty.
+/// One value of a wire. Numbers have single precision; an unknown value is empty.
 struct CostCell {
   const char* Column;
   std::string Text;

@@ -22,7 +22,7 @@ std::map<std::string, std::size_t> NoteCounts(const Diagnostics& diagnostics) {
   return counts;
 }
 
-// The kind in words, "pads without wire"; of one thing without the plural's letter.
+// The kind in words, "pads without wire"; in the singular for one.
 std::string Counted(std::string kind, std::size_t count) {
   if (kind == "rule") return count == 1 ? "value beyond its limit" : "values beyond their limits";
   std::replace(kind.begin(), kind.end(), '-', ' ');

@@ -8,16 +8,16 @@
 
 namespace formats {
 
-/// A line for each error and finding, then one for each kind of note with their number; with `listNotes` a
-/// line for each note too.
+/// A line for each error and finding, then for each kind of note one line with the number of notes; with
+/// `listNotes` also a line for each note.
 std::string MessagesOf(const analysis::Diagnostics& diagnostics, bool listNotes);
 
-/// How many lines were read and how many of them ignored, as one line.
+/// One line with the number of lines read and of lines ignored.
 std::string SummaryOf(const analysis::Diagnostics& diagnostics);
 
-/// All of it as one JSON object.
+/// The diagnostics as one JSON object.
 std::string JsonOf(const analysis::Diagnostics& diagnostics, bool listNotes);
-/// A list of these objects.
+/// A JSON list of such objects.
 std::string JsonOf(const std::vector<analysis::Diagnostics>& files, bool listNotes);
 
 }  // namespace formats

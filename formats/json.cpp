@@ -13,7 +13,7 @@ std::string JsonPiece(const Json& value) {
 }
 
 std::string Utf8Of(std::string_view bytes) {
-  // The writer knows how; its reader takes the quotes and escapes off again.
+  // The library's writer replaces bad UTF-8; its reader then removes the quotes and escapes.
   return Json::parse(JsonText(bytes)).get<std::string>();
 }
 

@@ -7,10 +7,10 @@
 
 namespace formats {
 
-/// Keys stay in the order in which they were given.
+/// Keeps keys in insertion order.
 using Json = nlohmann::ordered_json;
 
-/// The whole file. Names may hold any bytes: each that is no UTF-8 becomes the replacement character.
+/// The whole file. Names may contain any bytes; each that is not UTF-8 becomes the replacement character.
 std::string JsonText(const Json& json);
 
 /// A value on one line, for a file that is written piece by piece.

@@ -15,7 +15,7 @@ const char* TableOf(const model::RecordPlace& place) {
 
 namespace {
 
-/// A row as named values: the one place that names the columns, for both formats.
+/// A row as named values. Both formats take the columns' names from here.
 Json ValuesOf(const analysis::WireRow& row, const std::string& unit) {
   return {{"name", row.Name},
           {"other_name", row.OtherName},

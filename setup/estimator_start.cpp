@@ -21,13 +21,13 @@ std::string Beside(const std::string& folder, const std::string& name) {
   return folder.ends_with('/') ? folder + name : folder + "/" + name;
 }
 
-/// Runs in the forked child. Locks of other threads stay locked there, so it calls nothing but
-/// async-signal-safe functions: no allocation, nothing of the C++ library.
+/// Runs in the forked child. Locks held by other threads stay locked there, so it calls only
+/// async-signal-safe functions: no allocation, no C++ library.
 [[noreturn]] void BecomeProgram(const char* program, char* const* arguments) {
   setsid();
   // The second child is an orphan: init reaps it, so it never becomes our zombie.
   if (fork() != 0) _exit(0);
-  // As a shell starts a program: this one and its libraries ignore some signals, which exec would keep.
+  // Reset the signals, as a shell does: this program and its libraries ignore some, and exec keeps that.
   sigset_t none;
   sigemptyset(&none);
   sigprocmask(SIG_SETMASK, &none, nullptr);
@@ -74,7 +74,7 @@ std::string Estimator::Write(const std::string& name, std::string_view text) con
     model::WriteWholeFile(beside, text);
     return beside;
   } catch (const model::FileFault&) {
-    // The folder of an installed program mostly belongs to root.
+    // The folder of an installed program usually belongs to root.
     if (userFolder_.empty()) throw;
   }
   std::error_code error;

@@ -1,4 +1,4 @@
-/// The companion estimator: where it lies, and how it is started on a package's parameter file.
+/// Finds the estimator and starts it with a package's parameter file.
 #pragma once
 
 #include <functional>
@@ -10,22 +10,22 @@ namespace setup {
 /// Starts `program` with one argument and does not wait for it.
 using StartProgram = std::function<void(const std::string& program, const std::string& argument)>;
 
-/// Starts a program with no shell in between, in a new session, so that it outlives this program and its
-/// terminal, and with the signal dispositions that a shell would give it. Leaves no zombie. A program that
-/// cannot be started is ignored.
+/// Starts a program without a shell and in a new session, so that it outlives this program and its terminal.
+/// Signal dispositions are as if a shell had started it. Leaves no zombie. Ignores a program that cannot be
+/// started.
 void StartDetached(const std::string& program, const std::string& argument);
 
 class Estimator {
  public:
-  /// `programFolder` is this program's own; `userFolder` takes the parameter file where that one cannot be
+  /// `programFolder` is this program's folder; `userFolder` gets the parameter file when that one cannot be
   /// written.
   Estimator(std::string programFolder, std::string userFolder, StartProgram start = StartDetached);
 
-  /// True when "ZU.exe" lies beside this program.
+  /// True when "ZU.exe" is in this program's folder.
   bool Present() const;
 
-  /// Writes `text` as the package's parameter file and starts the estimator on it, if it is there.
-  /// A package whose name is too short for a parameter file does nothing.
+  /// Writes `text` as the package's parameter file and starts the estimator with it, if there is one.
+  /// Does nothing when the package's name is too short for a parameter file.
   /// Faults  FileFault when neither folder can be written
   void Run(const std::string& packagePath, std::string_view text) const;
 

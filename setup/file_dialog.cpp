@@ -11,7 +11,7 @@ std::string OverwriteQuestion(const std::string& target, const std::string& pack
   if (!model::FileExists(target)) return "";
   const std::string name(model::FileNameOf(target));
   std::error_code error;
-  // By file, not by name: a link or another spelling of the path destroys the package just as well.
+  // Compare files, not names: writing to a link or to another spelling of the path also replaces the package.
   if (!packagePath.empty() && std::filesystem::equivalent(target, packagePath, error))
     return name +
            " is the package file itself. If you replace it, the package is lost.\nReplace it all the same?";

@@ -1,4 +1,4 @@
-/// The open and save dialogs as the program's handlers see them.
+/// The open and save dialogs as an interface for the handlers.
 #pragma once
 
 #include <optional>
@@ -9,11 +9,11 @@ namespace setup {
 /// What a dialog shows. Texts are UTF-8.
 struct FileDialogRequest {
   std::string DialogTitle{};
-  std::string FileName{};    ///< what it starts with: a path, or a pattern such as "*.zu"
-  std::string Filter{};      ///< pairs of words and pattern: "zu files|*.zu|all files|*.*"
+  std::string FileName{};    ///< the initial name: a path, or a pattern such as "*.zu"
+  std::string Filter{};      ///< pairs of description and pattern: "zu files|*.zu|all files|*.*"
   std::string DefaultExt{};  ///< appended to a name without a suffix, such as ".zu"
   bool OverwritePrompt = false;
-  /// The package being shown: the overwrite question warns of it, and a first dialog starts in its folder.
+  /// The package being shown: the first dialog starts in its folder, and the overwrite question warns of it.
   std::string PackagePath{};
 };
 
@@ -26,7 +26,7 @@ class FileDialog {
   virtual std::optional<std::string> ShowSave(const FileDialogRequest& request) = 0;
 };
 
-/// The question before `target` is written; "No" is always the default answer.
+/// The question to ask before `target` is overwritten; "No" is the default answer.
 /// Returns "" when there is no such file yet
 std::string OverwriteQuestion(const std::string& target, const std::string& packagePath);
 

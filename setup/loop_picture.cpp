@@ -17,13 +17,13 @@ constexpr double kBottomMargin = 26.0;  ///< the labels of what stands on the su
 constexpr double kPadThickness = 3.0;
 constexpr float kDimensionGap = 8.0F;     ///< between a loop and its dimension lines
 constexpr float kDimensionTick = 3.0F;    ///< half of the stroke at each of their ends
-constexpr float kLeastDimension = 12.0F;  ///< shorter ones would be all stroke and no line
+constexpr float kLeastDimension = 12.0F;  ///< a shorter line would vanish between its strokes
 constexpr float kLabelWidth = 40.0F, kLabelHeight = 14.0F;
 
-/// Side-view coordinates to pixels, one scale for both axes.
+/// Converts side-view coordinates to pixels, with one scale for both axes.
 class Scale {
  public:
-  /// Takes in a point that must be seen.
+  /// Extends the visible area to a point.
   void Include(const SidePoint& point) {
     left_ = std::min(left_, point.Out);
     right_ = std::max(right_, point.Out);
@@ -31,7 +31,7 @@ class Scale {
     high_ = std::max(high_, point.Up);
   }
 
-  /// Leaves room for the rest of the die at the left, and a little at the right.
+  /// Leaves room for the rest of the die at the left, and a small margin at the right.
   void WidenSides() {
     const double room = right_ > left_ ? 0.08 * (right_ - left_) : 1.0;
     left_ -= 2.0 * room;
@@ -56,7 +56,7 @@ class Scale {
   double Right() const { return right_; }
 
  private:
-  double left_ = 0.0, right_ = 0.0, low_ = 0.0, high_ = 0.0;  // the die's foot at its edge is always seen
+  double left_ = 0.0, right_ = 0.0, low_ = 0.0, high_ = 0.0;  // the foot of the die's edge is always visible
   double perUnit_ = 1.0, originX_ = 0.0, originY_ = 0.0;
 };
 
@@ -104,7 +104,7 @@ class Drawing {
         {PicturePart::Substrate, {scale_.At(scale_.Left(), 0.0), scale_.At(scale_.Right(), 0.0)}, false});
   }
 
-  /// The stacked die ends where the pad of its wire does; its pads lie along its edges.
+  /// The stacked die ends at the outer edge of its wire's pad, since pads lie along the die's edges.
   double StackEdge() const {
     if (wires_.Stack.Points.empty()) return scale_.Left() / 2.0;
     return std::max(wires_.Stack.Points.front().Out + wires_.Stack.StartSize / 2.0, scale_.Left());
@@ -117,7 +117,7 @@ class Drawing {
          true});
   }
 
-  /// Pads have no thickness in the package: they hang below the wire's ends, so many pixels thick.
+  /// Pads have no thickness in the package; here they have a fixed one in pixels, below the wire's ends.
   void PadsOf(const SideWire& wire) {
     if (wire.Points.empty()) return;
     Pad(wire.Points.front(), wire.StartSize);
@@ -142,7 +142,7 @@ class Drawing {
 
   PicturePoint At(const SidePoint& point) const { return scale_.At(point.Out, point.Up); }
 
-  /// The extension as a line over the loop, from above the start to the end of the level run; the height as
+  /// Dimension lines: the extension above the loop, from its start to the end of the level run; the height as
   /// one behind the start.
   void Dimensions(const SideWire& wire) {
     if (wire.Points.empty()) return;
@@ -180,7 +180,7 @@ class Drawing {
     Label(text, (start.X + end.X) / 2.0F, end.Y - kDimensionGap - 11.0F);
   }
 
-  /// Small loops stand close together: their labels then stand one over the other.
+  /// When loops are small and close together, stack their labels.
   void Label(const char* text, float x, float y) {
     const auto taken = [&](const PictureLabel& other) {
       return std::fabs(other.Centre.X - x) < kLabelWidth && std::fabs(other.Centre.Y - y) < kLabelHeight;

@@ -1,4 +1,4 @@
-/// The setup window's side view: one wire of each kind beside the dies, to scale, as plain lines.
+/// The setup window's side view as plain shapes: one wire of each kind beside the dies, to scale.
 #pragma once
 
 #include <string>
@@ -9,7 +9,7 @@
 
 namespace setup {
 
-/// What a line of the picture shows.
+/// The thing that a line of the picture shows.
 enum class PicturePart { Substrate, Die, StackedDie, Pad, BaseWire, StackWire, StitchWire, Dimension };
 
 /// Pixels from the picture's top left corner.
@@ -33,9 +33,9 @@ struct LoopPicture {
   std::vector<PictureLabel> Labels;
 };
 
-/// Draws the package's wire of middle length of each kind, or a likely one where it has none, with the loops
-/// that the settings give it, and a dimension line for the height and one for the extension of each.
-/// The base die's edge lies at one place for all of them. A wire that cannot be drawn is left out.
+/// Draws one wire of each kind: the package's wire of median length, or a placeholder when it has none. Loops
+/// follow the settings; each has a dimension line for its height and one for its extension. The base die's
+/// edge is at the same place for all wires. Leaves out a wire that cannot be drawn.
 /// Units   settings in file units; `width` and `height` in pixels
 LoopPicture DrawLoops(const model::Package& package, const model::WireBondSettings& settings, float width,
                       float height);

@@ -20,8 +20,8 @@ struct Key {
   std::string_view Loaded;
 };
 
-// Deliberate: the load knows two keys by other texts than those that ParameterText writes, so in the window
-// a saved file never restores these two extensions.
+// Deliberate: the window's load spells two keys differently from ParameterText, so in the window a saved file
+// never restores these two extensions.
 constexpr Key kKeys[] = {
     {ParameterKey::YaxFile, "YAXFILE", "YAXFILE"},
     {ParameterKey::Material, "MATERIAL", "MATERIAL"},
@@ -53,7 +53,7 @@ constexpr std::pair<ParameterKey, std::optional<float> ParameterValues::*> kNumb
     {ParameterKey::StitchExtension, &ParameterValues::StitchExtension},
 };
 
-/// ToNumber takes anything; a value without a digit where a number begins would silently be 0.
+/// Checks first, because ToNumber silently reads text without a number as 0.
 bool BeginsNumber(std::string_view text) {
   if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
   if (text.starts_with('.') || text.starts_with(',')) text.remove_prefix(1);
@@ -105,8 +105,8 @@ std::string ParameterText(const model::Package& package, const model::WireBondSe
   if (package.SDBonds.Empty()) return text;
   line("StackLoopHeight=", model::GeneralText(settings.StackLoopHeight));
   line("StackExtension=", model::GeneralText(settings.StackExtension));
-  // Deliberate: the key's spelling, and that it is written only with a stacked die, though every stitch has
-  // one.
+  // Deliberate: the key's spelling, and that it is written only with a stacked die, although every stitch has
+  // an extension.
   line("StichExtension=", model::GeneralText(settings.StitchExtension));
   return text;
 }

@@ -1,4 +1,4 @@
-/// The estimator's parameter file (".zu"): its text, its keys, its names.
+/// Reads and writes the estimator's parameter file (".zu").
 #pragma once
 
 #include <cstddef>
@@ -13,7 +13,7 @@
 
 namespace setup {
 
-/// What a line of the file sets.
+/// The setting that a line of the file sets.
 enum class ParameterKey {
   YaxFile,
   Material,
@@ -28,35 +28,35 @@ enum class ParameterKey {
 
 struct Parameter {
   ParameterKey Key;
-  std::string_view Value;  ///< the rest of the line, as it stands
+  std::string_view Value;  ///< the rest of the line, unchanged
 };
 
-/// A line with something in it.
+/// A line that is not empty.
 struct ParameterLine {
-  std::size_t Number;  ///< counted from 1, with the empty ones
+  std::size_t Number;  ///< counted from 1, including empty lines
   std::string_view Text;
-  std::optional<Parameter> Known;  ///< nothing when it begins with no key
+  std::optional<Parameter> Known;  ///< empty when the line begins with no known key
 };
 
-/// By which texts the keys are known, in any letter case.
+/// The spelling of the keys; letter case does not matter.
 enum class KeyTexts {
-  OfLoad,    ///< those that the window's load knows
-  AsWritten  ///< those that ParameterText writes
+  OfLoad,    ///< as the window's load reads them
+  AsWritten  ///< as ParameterText writes them
 };
 
-/// The text of the parameter file, CR LF after every line.
+/// The text of the parameter file; every line ends in CR LF.
 /// Reads   the package's name and whether it has bonds on a stacked die
 std::string ParameterText(const model::Package& package, const model::WireBondSettings& settings);
 
-/// The lines of a parameter file, but for empty ones. Lines end in CR LF, LF or CR.
+/// The lines of a parameter file except empty ones. Lines end in CR LF, LF or CR.
 /// Returns views into `text`
 std::vector<ParameterLine> ReadParameterLines(std::string_view text, KeyTexts texts);
 
-/// What the window's load takes from a parameter file, in the file's order.
+/// The settings that the window's load reads from a parameter file, in the file's order.
 /// Returns views into `text`
 std::vector<Parameter> ReadParameters(std::string_view text);
 
-/// What a parameter file sets of its nine things.
+/// The values in a parameter file, each of which may be missing.
 struct ParameterValues {
   std::optional<std::string> PackageName;  ///< without its folder
   std::optional<std::string> Material;
@@ -65,14 +65,14 @@ struct ParameterValues {
   std::optional<float> BaseExtension, StackExtension, StitchExtension;
 };
 
-/// The values of a parameter file by the keys with which it is written, in any letter case. `file` is its
-/// name in messages; `onUnknown` gets each line that has no key. Deliberate: the window's own load knows two
-/// keys by other texts than it writes and so drops the base and the stitch extension; here they count. Faults
-/// InputError for a material or a number that is none
+/// The values in a parameter file, with the keys as ParameterText writes them, in any letter case. `file` is
+/// its name in messages; `onUnknown` gets each line without a known key. Deliberate: unlike the window's
+/// load, this reads the base and the stitch extension. Faults  InputError for an unknown material or a value
+/// that is not a number
 ParameterValues ReadParameterValues(std::string_view text, const std::string& file,
                                     const std::function<void(const ParameterLine&)>& onUnknown = {});
 
-/// Sets in `settings` what is given in `values`.
+/// Copies the given `values` into `settings`.
 void Apply(const ParameterValues& values, model::WireBondSettings& settings);
 
 /// The name of a package's parameter file: its last three characters become "zu".

@@ -28,35 +28,35 @@ struct Field {
   bool Enabled = true;
 };
 
-/// Start values are those of a window that has just been made.
+/// Start values are those of a new window.
 struct SetupControls {
   std::array<bool, 3> M{};
   std::array<bool, 7> WD{};
   std::array<bool, 4> FQ{};
-  std::array<bool, 11> LH{};  ///< one array over five frames; exclusive within each frame only
+  std::array<bool, 11> LH{};  ///< one array for five frames; one option per frame is selected
 
   Field WDc{"1.25"};
   Field FQc;
   std::array<Field, 2> LHc;  ///< loop heights: base, stack
   std::array<Field, 3> LEc;  ///< extensions: base, stack, stitch
 
-  std::string TD;  ///< the text that a field had when it got the focus
+  std::string TD;  ///< the field's text when it got the focus
   std::string Vu;  ///< the parameter text
 
-  bool StackEnabled = false;  ///< the stacked-die frames, and the "Stack" parts of the picture
+  bool StackEnabled = false;  ///< enables the stacked-die frames and the "Stack" parts of the picture
   bool EstimatorEnabled = false;
 };
 
-/// One frame of loop options: its options, its text box and the setting that they choose.
+/// One frame of loop options: its options, its text box and the setting that they change.
 struct LoopFrame {
   const char* Caption;  ///< with the trailing space that every frame has
   std::size_t First;    ///< "Default to Die Height"; "Custom" is the last
   std::size_t Custom;
   bool Height;        ///< its field is LHc(Index), else LEc(Index)
-  std::size_t Index;  ///< of its field
+  std::size_t Index;  ///< index of its field
   float model::WireBondSettings::*Setting;
 
-  /// "Edge of Base Die" stands between the other two where there are three.
+  /// With three options, the middle one is "Edge of Base Die".
   bool HasEdge() const { return Custom - First == 2; }
 
   template <class Controls>

@@ -43,7 +43,7 @@ void SetupForm::Cmd_Click(std::size_t index) {
   try {
     RunButton(index);
   } catch (const std::exception&) {
-    // Trapped: a button ends at its fault. The window shows what it had changed by then.
+    // Trapped: a fault ends the handler. The window shows the changes made so far.
     Changed();
   }
 }

@@ -1,4 +1,4 @@
-/// The wire bond setup window without its widgets: values, handlers and life.
+/// The wire bond setup window without widgets: values and handlers.
 #pragma once
 
 #include <string>
@@ -15,7 +15,7 @@
 
 namespace setup {
 
-/// What the form asks of its window and of the view.
+/// Calls from the form to its window and to the view.
 struct SetupActions {
   model::Callback<> RebuildAndRepaint;  ///< the scene list, then the main window
   model::Callback<> ControlsChanged;    ///< the window shows the controls' values
@@ -23,10 +23,10 @@ struct SetupActions {
   model::Callback<OptionArray, std::size_t> FocusOption;
 };
 
-/// The form outlives its window: the first load makes it alive without any window, until it is unloaded.
-/// Later handlers do nothing.
+/// The form outlives its window: the first load makes it alive without a window. After an unload its handlers
+/// do nothing.
 ///
-/// The seven buttons trap every fault; option clicks, field edits and activation let them pass.
+/// The seven buttons trap every fault; option clicks, field edits and activation let faults through.
 class SetupForm {
  public:
   SetupForm(model::WireBondSettings& settings, model::Package& package, FileDialog& dialog,
@@ -35,14 +35,14 @@ class SetupForm {
   SetupActions Actions;
 
   bool Alive() const { return alive_; }
-  /// Makes the form alive, its controls filled from the settings. A form that is alive keeps its controls.
+  /// Makes the form alive and fills its controls from the settings. A form that is already alive keeps them.
   void Load();
   void Unload();
-  /// The end of each load of a package: makes the form alive if needed, resets and redraws it.
+  /// Called at the end of each load of a package: makes the form alive if needed, resets and redraws it.
   void RunCommand3();
   void Form_Activate();
 
-  /// A window writes what is typed straight into a field's Text.
+  /// The window writes typed text directly into a field's Text.
   SetupControls& Controls() { return controls_; }
   const SetupControls& Controls() const { return controls_; }
 
@@ -63,11 +63,11 @@ class SetupForm {
   void LHc_KeyUp(std::size_t index, int keyCode);
   void LEc_GotFocus(std::size_t index);
   void LEc_LostFocus(std::size_t index);
-  /// Escape puts the text back that the field had when it got the focus.
+  /// Escape restores the text that the field had when it got the focus.
   void LEc_KeyUp(std::size_t index, int keyCode);
 
-  /// Writes the settings that the controls say, then UpdatePic.
-  /// Faults  Overflow when the frequency is beyond a single
+  /// Writes the controls' values to the settings, then calls UpdatePic.
+  /// Faults  Overflow when the frequency is too large for a single
   void UpdateVals();
   /// Rebuilds `Vu` and the picture; enables the frames that need a stacked die if there is one.
   void UpdatePic();

@@ -15,10 +15,10 @@ constexpr int kGeneral = -1;
 
 }  // namespace
 
-/// How one family of fields behaves.
+/// How one kind of field formats its text.
 struct SetupForm::EditRules {
-  const char* Fallback;  ///< stands in for a value of 0, which is also what no number counts as
-  int Decimals;          ///< of the format shown, or kGeneral
+  const char* Fallback;  ///< replaces a value of 0 and text that is not a number
+  int Decimals;          ///< of the shown number, or kGeneral
 
   void Show(Field& field) const {
     if (model::ToNumber(field.Text) == 0.0F) field.Text = Fallback;

@@ -1,4 +1,4 @@
-// Between the controls of the setup window and the settings.
+// Copies values between the setup window's controls and the settings.
 #include "model/arithmetic.h"
 #include "model/numbers.h"
 #include "model/text.h"
@@ -8,7 +8,7 @@ namespace setup {
 
 namespace {
 
-/// Makes one option of an array the selected one.
+/// Selects one option of an array.
 template <std::size_t kCount>
 void SelectOnly(std::array<bool, kCount>& options, std::size_t index) {
   options.fill(false);
@@ -45,7 +45,7 @@ void SetupForm::ReadControls(model::WireBondSettings& settings) const {
     if (controls_.FQ[i])
       settings.Frequency = model::Single(double(model::ToNumber(controls_.FQc.Text)) * kFQUnits[i]);
   for (const LoopFrame& frame : kLoopFrames) {
-    // Deliberate: the die height is taken as it stands in the model, while the drawing divides every
+    // Deliberate: takes the die height in model units without conversion, although the drawing divides every
     // setting by UnitScale; the reader's own defaults are in file units.
     if (controls_.LH[frame.First]) settings.*frame.Setting = package_.CompZ;
     if (frame.HasEdge() && controls_.LH[frame.First + 1]) settings.*frame.Setting = model::kEdgeOfBaseDie;

@@ -28,7 +28,7 @@ struct Loop {
 /// The wires of one table.
 struct Loops {
   std::vector<Loop> Drawn;
-  bool Fault = false;  ///< one or more cannot be drawn
+  bool Fault = false;  ///< at least one cannot be drawn
 };
 
 /// Unit of length for placeholder wires: the die height.
@@ -36,7 +36,7 @@ double PlaceholderUnit(const Package& package) {
   return package.CompZ != 0.0F ? std::fabs(double(package.CompZ)) : 1.0;
 }
 
-/// A bond on the right edge of the base die, its pads so many units inside and outside of that edge.
+/// A placeholder bond on the right edge of the base die, with its pads at these distances inside and outside.
 BondRec PlaceholderBond(const Package& package, double inside, double outside, double height) {
   const double edge = double(package.CompW) / 2.0;
   const double unit = PlaceholderUnit(package);
@@ -62,8 +62,8 @@ StitchRec PlaceholderStitch(const Package& package) {
   return stitch;
 }
 
-/// The distance in plan from the wire's start along the wire to the base die's edge; 0 when it never gets
-/// there.
+/// The distance in plan along the wire from its start to the base die's edge; 0 when it never reaches the
+/// edge.
 double ToEdge(const Package& package, const BondRec& bond) {
   try {
     return double(model::EdgeDistance(model::SideOf(bond.DieSide), WireStart(bond), bond.SubX, bond.SubY,
@@ -73,7 +73,7 @@ double ToEdge(const Package& package, const BondRec& bond) {
   }
 }
 
-/// The loop seen from the side. `startOut` is where it starts, `direction` 1 outwards and -1 inwards.
+/// The loop from the side. It starts at `startOut`; `direction` is 1 outwards, -1 inwards.
 std::vector<SidePoint> Profile(const Loop& loop, double startOut, double direction) {
   const PackagePoint& start = loop.Path.front();
   const PackagePoint& end = loop.Path.back();
@@ -92,7 +92,7 @@ SideWire SideBond(const Package& package, const BondRec& bond, const Loop& loop)
           double(std::max(bond.SubSizeX, bond.SubSizeY))};
 }
 
-/// How far a pad at (x, y) lies inside the base die's nearest edge; negative outside of it.
+/// The distance of a pad at (x, y) inside the base die's nearest edge; negative outside.
 double Inside(const Package& package, float x, float y) {
   return std::min(double(package.CompW) / 2.0 - std::fabs(double(x)),
                   double(package.CompL) / 2.0 - std::fabs(double(y)));
@@ -101,7 +101,7 @@ double Inside(const Package& package, float x, float y) {
 SideWire SideStitch(const Package& package, const StitchRec& stitch, const Loop& loop) {
   const double start = Inside(package, stitch.X1, stitch.Y1);
   const double end = Inside(package, stitch.X2, stitch.Y2);
-  // Its outer end stays in place, so that a slanting stitch still ends on the die.
+  // Keep the outer end in place, so that a slanting stitch still ends on the die.
   const bool inwards = end > start;
   const double startOut = inwards ? -start : -end - loop.Length;
   return {Profile(loop, startOut, inwards ? -1.0 : 1.0), double(stitch.PadSize1), double(stitch.PadSize2)};
@@ -132,14 +132,14 @@ struct AllLoops {
   }
 };
 
-/// A table of a package and the loops of its wires.
+/// Pairs a package's table with the loops of its wires.
 template <class Record>
 struct Kind {
   model::Table<Record> Package::*Records;
   Loops AllLoops::*Wires;
 };
 
-/// The wire of middle length; nothing where no wire can be drawn.
+/// The wire of median length; nothing when no wire can be drawn.
 template <class Record, class LayOut>
 SideWire Middle(const Package& package, AllLoops& loops, const Kind<Record>& kind, LayOut&& layOut) {
   std::vector<Loop>& drawn = (loops.*kind.Wires).Drawn;
@@ -151,7 +151,7 @@ SideWire Middle(const Package& package, AllLoops& loops, const Kind<Record>& kin
   return layOut(package, (package.*kind.Records)[middle->Number], *middle);
 }
 
-/// The middle wire of a package of the same dies with nothing but a placeholder.
+/// The placeholder wire, drawn in a package that has the same dies and nothing else.
 template <class Record, class MakePlaceholder, class LayOut>
 SideWire Placeholder(const Package& package, const model::WireBondSettings& settings,
                      const Kind<Record>& kind, MakePlaceholder&& make, LayOut&& layOut) {

@@ -1,4 +1,4 @@
-/// The wires that stand for all others in the side view, laid out along one axis.
+/// Chooses one wire of each kind for the side view and lays them out along one axis.
 #pragma once
 
 #include <vector>
@@ -16,17 +16,17 @@ struct SidePoint {
 };
 
 struct SideWire {
-  std::vector<SidePoint> Points;  ///< the seven of the loop; none when it cannot be drawn
-  double StartSize = 0.0;         ///< extent of the pad at its start
-  double EndSize = 0.0;           ///< of the one at its end
+  std::vector<SidePoint> Points;  ///< the loop's seven points; empty when it cannot be drawn
+  double StartSize = 0.0;         ///< size of the pad at its start
+  double EndSize = 0.0;           ///< size of the pad at its end
 };
 
 struct SideWires {
   SideWire Base, Stack, Stitch;
 };
 
-/// Of each kind the wire of middle length among those that can be drawn, or a placeholder where the package
-/// has none of the kind. Faults of wires that cannot be drawn are passed over.
+/// For each kind the wire of median length among those that can be drawn, or a placeholder when the package
+/// has none of the kind. Ignores faults of wires that cannot be drawn.
 SideWires SideWiresOf(const model::Package& package, const model::WireBondSettings& settings);
 
 }  // namespace setup

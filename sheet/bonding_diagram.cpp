@@ -26,7 +26,7 @@ bool IsLeadOne(const std::string& lead) {
          std::all_of(lead.begin(), lead.end() - 1, [](unsigned char c) { return std::isalpha(c) != 0; });
 }
 
-/// Wires that a sheet shows only for orientation.
+/// The grey of wires that belong to other sheets.
 constexpr Ink kOthers = Grey(0.62);
 
 /// A plan that shows all wires, or some with the others in grey.
@@ -114,7 +114,7 @@ class Composer {
     throw DoesNotFit(what + std::to_string(width) + "x" + std::to_string(height), paper);
   }
 
-  /// Makes one side of a paper on which everything fits as short as it may be.
+  /// Shortens one side of a paper as far as everything still fits.
   /// Units  whole tens of millimetres
   int LeastSide(Paper& paper, double Paper::*side) const {
     int small = 0, large = static_cast<int>(kWidestPaper) / 10;
@@ -133,7 +133,7 @@ class Composer {
     return FitPlan(needs_, extent_, layout.Plan, in_.Scale);
   }
 
-  /// The plan's fit on a paper that has room for the table, too.
+  /// The plan's fit on a paper that also has room for the table.
   std::optional<PlanFit> FitOn(const Paper& paper) const {
     if (table_ && !table_->FitsIn(RoomOverStrip(FrameOf(paper)))) return std::nullopt;
     return FitPlanOn(paper);
@@ -148,7 +148,7 @@ class Composer {
       drawing_.Layers.emplace_back(name);
   }
 
-  /// The label of the wire to lead 1; null where the package, drawn here or not, has none or several.
+  /// The label of the wire to lead 1; null when the whole package has no such wire or several.
   const Label* LeadOne() const {
     std::ptrdiff_t count = 0;
     for (const auto* bonds : {&in_.Package.Bonds, &in_.Package.SDBonds})
@@ -194,7 +194,7 @@ class Composer {
     for (std::size_t k = 0; k < labels_.size(); ++k)
       if (in_.Wires.empty() || view.Shows(in_.Wires[k])) shown.push_back(labels_[k]);
     const std::size_t all = shown.size();
-    // Fewer labels may be larger.
+    // With fewer labels the text may be larger.
     const PlanFit fit = FitPlan(LabelNeeds(shown), extent_, layout_.Plan, fit_.Scale).value_or(fit_);
     if (in_.Wires.empty()) shown.resize(std::min(all, fit.Room.Capacity()));
     const std::size_t labelled = DrawLabels(shown, fit, pencil);
@@ -274,7 +274,7 @@ class Composer {
     return lines;
   }
 
-  /// How many sheets the lines take that have no room beside the plan.
+  /// The number of further sheets for lines that do not fit beside the plan.
   std::size_t TextPages(const std::vector<SideLine>& lines, const Box& room) const {
     Drawing drawing;
     drawing.Layers = drawing_.Layers;
@@ -306,11 +306,11 @@ class Composer {
   std::vector<PlanShape> plan_;
   std::vector<Label> labels_;
   LabelNeeds needs_;
-  WireLooks looks_;  ///< of the layers that hold wires
+  WireLooks looks_;  ///< of the layers with wires
   std::optional<WireTable> table_;
   Box extent_;  ///< of the plan, millimetres in the package
   PlanFit fit_;
-  std::size_t continued_ = 0;  ///< the first side line that found no room yet
+  std::size_t continued_ = 0;  ///< the first side line that is not drawn yet
   Drawing drawing_;
 };
 

@@ -18,7 +18,7 @@
 
 namespace sheet {
 
-/// A wire as the sheets show it. Texts may hold any bytes.
+/// A wire for the sheets. Texts may contain any bytes.
 struct DiagramWire {
   model::RecordPlace Place;  ///< a bond's wire, or a stitch
   std::size_t Number = 0;    ///< 1 for the first wire of the file
@@ -42,7 +42,7 @@ struct Fact {
   std::string Label, Value;
 };
 
-/// What a title block holds; an empty text leaves its field blank.
+/// The fields of a title block; an empty text leaves the field blank.
 struct TitleFields {
   std::string Title = {}, Part = {}, Package = {}, Drawn = {}, Checked = {}, Approved = {}, Date = {},
               Revision = {};
@@ -53,7 +53,7 @@ struct Paper {
   double Width = 420.0, Height = 297.0;
 };
 
-/// The papers that have a name, lying across, in the order in which they are proposed.
+/// The papers with names, in landscape, in the order in which they are proposed.
 const std::vector<Paper>& NamedPapers();
 
 enum class Split { None, Tier, NetType };
@@ -63,7 +63,7 @@ struct DiagramInputs {
   const std::vector<DiagramWire>& Wires;  ///< by number
   const std::vector<Fact>& Facts;
   const std::vector<std::string>& Notes;     ///< lines of text
-  const std::vector<std::string>& Findings;  ///< lines that go with the legend of offending wires
+  const std::vector<std::string>& Findings;  ///< lines below the legend of wires with findings
   TitleFields Title;
   std::string FileName, Digest;  ///< the package file's
   double Millimetres = 1.0;      ///< in a file unit
@@ -75,13 +75,13 @@ struct DiagramInputs {
   bool Table = false;
 };
 
-/// The sheet is too small. The text says what to do.
+/// The sheet is too small. The message says what to do.
 class DoesNotFit : public std::runtime_error {
  public:
   explicit DoesNotFit(const std::string& text, std::optional<Paper> fitting = {})
       : std::runtime_error(text), Fitting(std::move(fitting)) {}
 
-  std::optional<Paper> Fitting;  ///< a paper that the plan fits on, where there is one
+  std::optional<Paper> Fitting;  ///< a paper that the plan fits on, if there is one
 };
 
 /// Faults  DoesNotFit; DivisionByZero for a bowed ring without bulge

@@ -18,7 +18,7 @@ std::string CleanText(std::string_view bytes) {
   std::string text;
   for (const gchar* at = valid; *at != '\0'; at = g_utf8_next_char(at)) {
     const gunichar c = g_utf8_get_char(at);
-    // XML has no U+FFFE and U+FFFF; the separators U+2028 and U+2029 would end a line.
+    // XML does not allow U+FFFE and U+FFFF; the separators U+2028 and U+2029 would end a line.
     const bool blank = g_unichar_iscntrl(c) || c == 0x2028U || c == 0x2029U || (c & 0xFFFEU) == 0xFFFEU;
     text.append(blank ? " " : std::string_view(at, static_cast<std::size_t>(g_utf8_next_char(at) - at)));
   }

@@ -36,7 +36,7 @@ struct Line {
   Stroke Pen{};
 };
 
-/// One or more closed outlines; where they overlap an even number of times the area is open.
+/// One or more closed outlines, filled by the even-odd rule.
 struct Area {
   std::vector<std::vector<glm::dvec2>> Outlines;
   std::optional<Stroke> Pen{};
@@ -50,7 +50,7 @@ struct Circle {
   std::optional<Ink> Fill{};
 };
 
-/// Which point of the base line stands at the text's place.
+/// The point of the base line that lies at the text's position.
 enum class Align { Start, Middle, End };
 
 struct Text {
@@ -82,17 +82,17 @@ struct Drawing {
   std::vector<std::string> Layers = {};  ///< painted in this order
   std::vector<Page> Pages = {};
 
-  /// The number of a layer, which is added when it is new.
+  /// The number of a layer; adds a new one.
   std::size_t LayerOf(std::string_view name);
 };
 
-/// Text for a sheet: what is not UTF-8 becomes U+FFFD, control characters and line ends become blanks.
+/// Cleans text for a sheet: bytes that are not UTF-8 become U+FFFD, control characters and line ends blanks.
 std::string CleanText(std::string_view bytes);
 
-/// How wide a text is in the font that the PDF file embeds. All writers place texts by it.
+/// The width of a text in the font that the PDF file embeds. All writers use it to place texts.
 double TextWidth(std::string_view words, double size, bool bold = false);
 
-/// The texts, each once, with characters that no installed font can draw: a PDF file shows boxes for these.
+/// The distinct texts with characters that no installed font has; a PDF file shows boxes for these.
 std::vector<std::string> TextsWithoutGlyphs(const Drawing& drawing);
 
 // The same drawing gives the same bytes.
@@ -101,7 +101,7 @@ std::vector<std::string> TextsWithoutGlyphs(const Drawing& drawing);
 /// Faults  std::bad_alloc; std::runtime_error with cairo's reason
 std::string PdfOf(const Drawing& drawing);
 
-/// The sheets one below the other, one group for each layer.
+/// The sheets one below another, with one group for each layer.
 std::string SvgOf(const Drawing& drawing);
 
 /// R12 text, true to size: the package's origin at (0, 0), a millimetre of the package is one unit. Further

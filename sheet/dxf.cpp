@@ -14,14 +14,14 @@ namespace sheet {
 
 namespace {
 
-/// Height of a capital letter, by which this format gives the size of a text, for an em square of 1.
+/// Height of a capital letter for an em square of 1: DXF measures text by its capitals.
 constexpr double kCapital = 0.73;
-/// The plain font of a drawing program runs wider than the one that placed the texts.
+/// Narrows texts: a CAD program's plain font is wider than the font that placed them.
 constexpr double kWidthFactor = 0.8;
 /// Room between pages, in millimetres on paper.
 constexpr double kBetweenPages = 20.0;
 
-/// Strings as this format takes them: no character outside ASCII, and nothing that reads as a control code.
+/// Encodes a string for DXF: only ASCII, and nothing that a reader takes for a control code.
 std::string Encoded(std::string_view words) {
   std::string text;
   const char* at = words.data();
@@ -30,7 +30,7 @@ std::string Encoded(std::string_view words) {
     const bool code = c > 0x7EU || (c == '\\' && end - at > 2 && at[1] == 'U' && at[2] == '+');
     if (code) {
       char hex[8];
-      // The code has four digits: what lies beyond shows as the replacement character.
+      // The code has four digits: characters beyond U+FFFF become the replacement character.
       std::snprintf(hex, sizeof hex, "\\U+%04X", c > 0xFFFFU ? 0xFFFDU : c);
       text += hex;
     } else if (c == '%' && end - at > 1 && at[1] == '%') {
@@ -91,7 +91,7 @@ class Writer {
   }
 
   void operator()(const Area& area) {
-    // A mark is a filled area without a stroke, and small; the pale fills of pads are for paper alone.
+    // Fill only marks, which are small areas without a stroke; the pale fills of pads are only for paper.
     if (!area.Pen && area.Fill && area.Outlines.size() == 1 && area.Outlines[0].size() <= 4)
       Solid(area.Outlines[0]);
     if (!area.Pen) return;
@@ -158,7 +158,7 @@ class Writer {
 
   void Solid(const std::vector<glm::dvec2>& outline) {
     Entity("SOLID", nullptr);
-    // The third and fourth corner change places; a triangle repeats its last.
+    // SOLID swaps the third and fourth corner; a triangle repeats its last.
     const std::size_t last = outline.size() - 1;
     Point(10, outline[0]);
     Point(11, outline[1]);

@@ -10,8 +10,8 @@ namespace sheet {
 
 namespace {
 
-/// In this order two neighbours meet at a corner: left and top, top and right, right and bottom, bottom and
-/// left.
+/// The edges in an order in which neighbours share a corner: left and top, top and right, right and bottom,
+/// bottom and left.
 constexpr std::array<Edge, 4> kAround{Edge::Left, Edge::Top, Edge::Right, Edge::Bottom};
 
 bool IsUpright(Edge edge) { return edge == Edge::Top || edge == Edge::Bottom; }
@@ -24,13 +24,13 @@ std::size_t CapacityOf(Edge edge, const LabelRoom& room) {
   return count > 0.0 ? static_cast<std::size_t>(count + 1e-9) : 0;
 }
 
-/// A wish on its way to a place: where its leader would meet the edge if it were alone.
+/// A wish with its target: the point where its leader would meet the edge without other labels.
 struct Target {
   std::size_t Wish = 0;
   double Along = 0.0;
 };
 
-/// Where the ray from the anchor leaves the box.
+/// The point where the ray from the anchor leaves the box.
 LabelPlace Leaving(const LabelWish& wish, const LabelRoom& room) {
   const glm::dvec2 middle = (room.Low + room.High) / 2.0;
   glm::dvec2 towards = wish.Towards;
@@ -47,8 +47,8 @@ LabelPlace Leaving(const LabelWish& wish, const LabelRoom& room) {
   return {0, towards.y < 0.0 ? Edge::Bottom : Edge::Top, wish.Anchor.x + y * towards.x};
 }
 
-/// Places with at least `pitch` between them, in the order of the targets, that are moved as little as can
-/// be (least squares): without the pitch this is the nearest rising row, which pooling neighbours finds.
+/// Places in the order of the targets, at least `pitch` apart, with the least sum of squared moves. After
+/// subtracting the pitch this is isotonic regression, solved by pooling adjacent violators.
 std::vector<double> Spread(const std::vector<Target>& targets, double low, double high, double pitch) {
   struct Pool {
     double Sum;
@@ -108,7 +108,7 @@ class Placement {
  private:
   std::vector<Target>& Row(Edge edge) { return rows_[static_cast<std::size_t>(edge)]; }
 
-  /// All, or as many as there is room for, evenly around the plan.
+  /// All wishes, or as many as fit, spread evenly around the plan.
   std::vector<std::size_t> Chosen() const {
     std::vector<std::size_t> order(wishes_.size());
     for (std::size_t k = 0; k < order.size(); ++k) order[k] = k;
@@ -125,7 +125,7 @@ class Placement {
     return chosen;
   }
 
-  /// Moves labels of a full edge around its corners to the neighbour that has more room.
+  /// Moves labels of a full edge around a corner to the neighbouring edge with more room.
   void Balance() {
     for (std::size_t turn = 0; turn < 3 * kAround.size(); ++turn) {
       const std::size_t here = turn % kAround.size();
@@ -142,7 +142,7 @@ class Placement {
     return static_cast<double>(CapacityOf(edge, room_)) - static_cast<double>(Row(edge).size());
   }
 
-  /// The label nearest to the common corner of two edges becomes the other one's nearest.
+  /// Moves the label nearest to two edges' common corner from one edge to the other.
   void Move(Edge from, Edge to) {
     const bool fromHigh = to == Edge::Top || to == Edge::Right;
     const bool toHigh = from == Edge::Top || from == Edge::Right;
@@ -162,7 +162,7 @@ class Placement {
     return row;
   }
 
-  /// Neighbours whose leaders cross change places, until none do or it is time to stop.
+  /// Swaps neighbours whose leaders cross, until none cross or the limit of rounds is reached.
   void Uncross(std::vector<LabelPlace>& row) const {
     bool again = true;
     for (int pass = 0; again && pass < 40; ++pass) {

@@ -1,4 +1,4 @@
-/// Where labels stand around a plan so that none overlaps another.
+/// Places labels around a plan without overlaps.
 #pragma once
 
 #include <cstddef>
@@ -9,13 +9,13 @@ namespace sheet {
 
 enum class Edge { Left, Right, Top, Bottom };
 
-/// What a label is for: its leader begins at the anchor and best goes on in `Towards`.
+/// A label's wish: its leader begins at the anchor and should continue in the direction `Towards`.
 struct LabelWish {
   glm::dvec2 Anchor{}, Towards{};
 };
 
-/// The box outside of which the labels stand: rows beside its left and right edges, upright ones above and
-/// below it. A label takes `Pitch` along its edge.
+/// The box around which labels are placed: horizontal ones left and right, upright ones above and below. A
+/// label takes `Pitch` along its edge.
 struct LabelRoom {
   glm::dvec2 Low{}, High{};
   double Pitch = 3.0;
@@ -24,17 +24,17 @@ struct LabelRoom {
 };
 
 struct LabelPlace {
-  std::size_t Wish = 0;  ///< index of what it is for
+  std::size_t Wish = 0;  ///< index of its wish
   Edge At = Edge::Left;
   double Along = 0.0;  ///< y of the label's middle at the left and right edge, x at the others
 };
 
-/// A place for every wish, or for evenly spread ones where there is no room for all. Leaders of one edge do
-/// not cross where the order of the labels can prevent it.
-/// Returns  edge by edge, along each from low to high
+/// A place for every wish, or for an evenly spread part when there is no room for all. Orders the labels of
+/// an edge so that their leaders cross as little as possible. Returns  edge by edge, along each from low to
+/// high
 std::vector<LabelPlace> PlaceLabels(const std::vector<LabelWish>& wishes, const LabelRoom& room);
 
-/// Where the leader of a label meets the box.
+/// The point where the leader of a label meets the box.
 glm::dvec2 KneeOf(const LabelPlace& place, const LabelRoom& room);
 
 }  // namespace sheet

@@ -12,7 +12,7 @@ namespace sheet {
 
 namespace {
 
-/// From a label's text to the knee of its leader.
+/// The distance from a label's text to the bend of its leader.
 constexpr double kStub = 1.6;
 const Stroke kLeader{.Width = 0.1, .Colour = Grey(0.45)};
 
@@ -54,7 +54,7 @@ Label LabelOf(const DiagramWire& wire, const PadOfBond& pads, double millimetres
   return label;
 }
 
-/// Pads of a package without wires, those nearest to an edge of their die first.
+/// The pads of a package without wires, nearest to an edge of their die first.
 std::vector<Label> PadLabels(const DiagramInputs& inputs) {
   struct Outer {
     double Depth;
@@ -83,12 +83,12 @@ std::vector<Label> PadLabels(const DiagramInputs& inputs) {
   return labels;
 }
 
-/// One text of a label, in its column.
+/// One text of a label in its column.
 struct Cell {
   const char* Layer;
   std::string Words;
   double Start, Width;  ///< of its column, from the box outwards
-  bool AtFarEnd;        ///< on the right and above: set against the column's far end, as numbers are
+  bool AtFarEnd;        ///< on the right and above: aligned with the column's far end, like numbers
 };
 
 void DrawLabel(const Label& label, const LabelPlace& place, const PlanFit& fit, Pencil& pencil) {
@@ -103,7 +103,7 @@ void DrawLabel(const Label& label, const LabelPlace& place, const PlanFit& fit, 
   const bool upright = place.At == Edge::Top || place.At == Edge::Bottom;
   const bool outwards = place.At == Edge::Right || place.At == Edge::Top;
   const glm::dvec2 knee = KneeOf(place, fit.Room);
-  // The base line lies under the middle of the capitals.
+  // Offset from the middle of the capitals to the base line.
   const double base = 0.36 * columns.Size;
   for (const Cell& cell : cells) {
     if (cell.Words.empty()) continue;
@@ -154,7 +154,7 @@ std::size_t DrawLabels(const std::vector<Label>& labels, const PlanFit& fit, Pen
     const glm::dvec2 end =
         knee + (kStub - 0.5) * out * (upright ? glm::dvec2(0.0, 1.0) : glm::dvec2(1.0, 0.0));
     pencil.Add(layer::kNames, Line{wishes[place.Wish].Anchor, knee, kLeader});
-    // The dot tells a leader that begins here from one that passes under a lead.
+    // The dot distinguishes a leader that begins here from one that passes under a lead.
     pencil.Add(layer::kNames, Circle{.Centre = wishes[place.Wish].Anchor, .Radius = 0.3, .Fill = Grey(0.25)});
     pencil.Add(layer::kNames, Line{knee, end, kLeader});
     DrawLabel(labels[place.Wish], place, fit, pencil);

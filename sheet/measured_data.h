@@ -17,7 +17,7 @@ struct MeasuredInputs {
   const model::WireBondSettings& Settings;
   std::string Unit;
   double NumberScale = 1.0;
-  std::string Rules, Verdict;  ///< empty where none were asked for
+  std::string Rules, Verdict;  ///< empty when no rules were given
 };
 
 std::vector<Fact> MeasuredData(const MeasuredInputs& inputs);

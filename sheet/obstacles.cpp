@@ -11,7 +11,7 @@ bool Overlap(const Box& a, const Box& b) {
   return a.Low.x <= b.High.x && b.Low.x <= a.High.x && a.Low.y <= b.High.y && b.Low.y <= a.High.y;
 }
 
-/// Whether any of a line lies in a box: its share that lies within both of the box's strips.
+/// Whether a line meets a box: clips the line by the box's strips in x and y.
 bool Cuts(const glm::dvec2& from, const glm::dvec2& to, const Box& box) {
   double first = 0.0, last = 1.0;
   for (int axis = 0; axis < 2; ++axis) {

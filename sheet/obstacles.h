@@ -1,4 +1,4 @@
-/// What a page has drawn already, so that marks and letters keep clear of it.
+/// The shapes already on a page, which marks and letters must not cover.
 #pragma once
 
 #include <glm/vec2.hpp>
@@ -8,11 +8,11 @@
 
 namespace sheet {
 
-/// The outlines of dies, pads and rings, wires, leaders and marks of a page. Bands under a die are left out,
-/// since a die covers them.
+/// The outlines of dies, pads and rings, wires, leaders and marks of a page. Omits bands under a die, because
+/// the die covers them.
 class Obstacles {
  public:
-  /// Only what reaches into `within` counts.
+  /// Ignores shapes outside `within`.
   Obstacles(const Drawing& drawing, const Page& page, const Box& within);
 
   /// Two points are a line, more of them the corners of a convex area. A box inside of a filled area meets

@@ -1,4 +1,4 @@
-/// What the writers share: the order of painting, dashes, and numbers as text.
+/// Shared by the writers: the order of painting, dashes, and numbers as text.
 #pragma once
 
 #include <string>
@@ -8,13 +8,13 @@
 
 namespace sheet {
 
-/// The items layer by layer, in each as they were added.
+/// The items layer by layer; within a layer in the order of insertion.
 std::vector<const Item*> InPaintOrder(const Drawing& drawing, const std::vector<Item>& items);
 
-/// Lengths of strokes and gaps in turn; none for a solid line.
+/// Alternating lengths of strokes and gaps; empty for a solid line.
 std::vector<double> DashLengths(Dash pattern);
 
-/// At most `decimals` decimals, without zeros at the end, a point in every locale, and no "-0".
+/// At most `decimals` decimals without trailing zeros; a point in every locale; never "-0".
 std::string Decimal(double value, int decimals);
 
 }  // namespace sheet

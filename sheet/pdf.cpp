@@ -30,7 +30,7 @@ void Require(cairo_status_t status) {
   if (status != CAIRO_STATUS_SUCCESS) throw std::runtime_error(cairo_status_to_string(status));
 }
 
-/// Paints shapes on the current page. The page's transformation turns y down, as cairo counts.
+/// Paints shapes on the current page. The page's transformation flips y, because cairo counts downwards.
 class PagePainter {
  public:
   PagePainter(cairo_t* page, Typesetter& typesetter, double height)
@@ -110,7 +110,7 @@ std::string PdfOf(const Drawing& drawing) {
       cairo_pdf_surface_create_for_stream(Append, &bytes, drawing.Width * kPointsPerMillimetre,
                                           drawing.Height * kPointsPerMillimetre),
       cairo_surface_destroy);
-  // Without a date the same drawing gives the same bytes.
+  // No date, so that the same drawing gives the same bytes.
   cairo_pdf_surface_set_metadata(surface.get(), CAIRO_PDF_METADATA_CREATE_DATE, "");
   cairo_pdf_surface_set_metadata(surface.get(), CAIRO_PDF_METADATA_TITLE, drawing.Title.c_str());
   {

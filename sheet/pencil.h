@@ -11,7 +11,7 @@
 
 namespace sheet {
 
-/// The layers that every diagram has, in the order of painting; those of the wires come after DIE_PADS.
+/// The layers of every diagram in the order of painting; the wires' layers come after DIE_PADS.
 namespace layer {
 inline constexpr char kPaddle[] = "PADDLE";
 inline constexpr char kRings[] = "RINGS";
@@ -32,7 +32,7 @@ struct Box {
   glm::dvec2 Size() const { return High - Low; }
   glm::dvec2 Middle() const { return (Low + High) / 2.0; }
   Box Inset(double by) const { return {Low + by, High - by}; }
-  /// Makes it reach to a point.
+  /// Extends it to a point.
   void Include(const glm::dvec2& point) {
     Low = glm::dvec2(std::min(Low.x, point.x), std::min(Low.y, point.y));
     High = glm::dvec2(std::max(High.x, point.x), std::max(High.y, point.y));
@@ -51,7 +51,7 @@ class Pencil {
                     .Pen = Stroke{.Width = width}});
   }
 
-  /// A place of the package, in millimetres from its origin, on the paper.
+  /// The point on paper for a point of the package in millimetres from its origin.
   glm::dvec2 OnPaper(const glm::dvec2& place) const { return drawing_.Origin + place * drawing_.Scale; }
 
   const Drawing& On() const { return drawing_; }

@@ -23,7 +23,7 @@ Outline OutlineOf(const std::array<glm::dvec2, 4>& corners, double unit) {
   return outline;
 }
 
-/// Half a circle, from the side across the axis over its end to the other side.
+/// Half a circle around the end of an axis, from one side to the other.
 void AddHalfCircle(const glm::dvec2& centre, const glm::dvec2& axis, double radius, Outline& outline) {
   constexpr int kSteps = 12;
   const glm::dvec2 across(-axis.y, axis.x);
@@ -66,7 +66,7 @@ void AddDie(const analysis::DieOutline& die, double unit, std::vector<PlanShape>
 }
 
 Outline OutlineOf(const model::DapRec& dap, double unit) {
-  // Bands count y downwards.
+  // In records of bands y points down.
   const glm::dvec2 from = glm::dvec2(dap.D1, -dap.D2) * unit;
   const glm::dvec2 to = glm::dvec2(dap.D3, -dap.D4) * unit;
   const glm::dvec2 axis = from == to ? glm::dvec2(1.0, 0.0) : glm::normalize(to - from);
@@ -75,8 +75,8 @@ Outline OutlineOf(const model::DapRec& dap, double unit) {
   return {from - along - across, to + along - across, to + along + across, from - along + across};
 }
 
-/// Bands overlap. With all the edges first and the fills over them only the outline of the whole shows, the
-/// outer half of its line.
+/// Bands overlap. Draws all outlines first and the fills over them, so that only the outline of the union
+/// shows, at half its width.
 void AddBands(const model::Package& package, double millimetres, std::vector<PlanShape>& shapes) {
   const double unit = double(package.UnitScale) * millimetres;
   const double width = package.Daps.Count() == 1 ? 0.25 : 0.5;
@@ -88,7 +88,7 @@ void AddBands(const model::Package& package, double millimetres, std::vector<Pla
     shapes.push_back({layer::kPaddle, edges});
     fills.push_back({layer::kPaddle, fill});
   }
-  // A band alone shows its whole line.
+  // A single band shows its outline at full width.
   if (fills.size() == 1) std::swap(shapes.back(), fills.back());
   shapes.insert(shapes.end(), fills.begin(), fills.end());
 }

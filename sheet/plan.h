@@ -1,4 +1,4 @@
-/// A package from above: dies, pads, rings and bands, without its wires.
+/// A package from above without its wires: dies, pads, rings and bands.
 #pragma once
 
 #include "model/package.h"
@@ -6,14 +6,14 @@
 
 namespace sheet {
 
-/// One thing of the plan.
+/// One shape of the plan.
 /// Units  millimetres in the package, y up
 struct PlanShape {
   const char* Layer = "";
   std::variant<Area, Circle> What;
 };
 
-/// Everything that the viewer shows of the package but its wires, bottom first.
+/// Everything that the viewer shows of the package except wires, bottom first.
 /// Faults  DivisionByZero for a bowed ring without bulge
 std::vector<PlanShape> PlanOf(const model::Package& package, double millimetresPerUnit);
 

@@ -8,14 +8,14 @@ namespace sheet {
 
 namespace {
 
-/// Between the plan and the box around it: room for the mark at lead 1, and for leaders to fan out.
+/// The margin between the plan and the box around it, for the mark at lead 1 and for leaders.
 constexpr double kGather = 5.0;
 
 LabelColumns Scaled(const LabelColumns& unit, double size) {
   return {size, unit.Number * size, unit.Lead * size, unit.Name * size};
 }
 
-/// Labels close to the plan where they have room there, else as far out as the paper goes.
+/// Puts labels close to the plan if they fit there, else at the edge of the paper.
 std::optional<PlanFit> TryFit(std::size_t count, const LabelColumns& columns, const Box& extent,
                               const Box& room, double scale) {
   const Box inside = room.Inset(columns.Depth());

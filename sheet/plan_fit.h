@@ -9,7 +9,7 @@
 
 namespace sheet {
 
-/// Where a sheet has its plan and where its text.
+/// The areas of a sheet for its plan and its text.
 struct SheetLayout {
   Box Frame, Plan, Side, ScaleBar;
   double BlockWidth = 0.0;  ///< of the title block
@@ -26,10 +26,10 @@ struct LabelNeeds {
       : Count(labels.size()), Columns(ColumnsFor(labels, 1.0)) {}
 };
 
-/// The largest of the usual scales (or `scale` alone) at which the plan fits with its labels. The labels are
-/// as large as leaves room for all of them.
+/// The largest usual scale (or only `scale`) at which the plan fits with its labels. The labels are as large
+/// as possible while all fit.
 /// Units  `extent` in millimetres of the package
-/// Returns  nothing where no scale fits
+/// Returns  empty when no scale fits
 std::optional<PlanFit> FitPlan(const LabelNeeds& labels, const Box& extent, const Box& room,
                                const std::optional<double>& scale);
 

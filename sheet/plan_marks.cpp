@@ -27,7 +27,7 @@ struct Letter {
 };
 
 /// Writes a letter at the first place where it covers nothing, or nothing but leaders.
-/// Returns  whether there is one
+/// Returns  whether there is such a place
 bool WriteLetter(const Letter& letter, const std::vector<glm::dvec2>& places, Obstacles& obstacles,
                  Pencil& pencil) {
   for (const bool leadersCount : {true, false}) {
@@ -57,7 +57,7 @@ std::vector<glm::dvec2> PlacesAt(const DieEdge& edge, const glm::dvec2& half, co
                                  double size, bool inside) {
   const glm::dvec2 along(-edge.Normal.y, edge.Normal.x);
   const double reach = std::fabs(glm::dot(along, half));
-  std::vector<glm::dvec2> offsets;  // along the edge, and away from it
+  std::vector<glm::dvec2> offsets;  // along the edge, away from the edge
   for (double away = 0.7; away < (inside ? 3.8 : 2.6); away += inside ? 0.3 : 0.1)
     for (const double beside : {0.0, 1.0, -1.0, 2.5, -2.5, 4.0, -4.0})
       if (std::fabs(beside) * size <= reach) offsets.emplace_back(beside, away);
@@ -72,8 +72,8 @@ std::vector<glm::dvec2> PlacesAt(const DieEdge& edge, const glm::dvec2& half, co
   return places;
 }
 
-/// Writes the letter of an edge where it covers nothing: inside the die, else outside near the edge, else
-/// not.
+/// Writes the letter of an edge inside the die, else outside near the edge; omits it where it would cover
+/// something.
 void DrawEdgeLetter(const DieEdge& edge, const glm::dvec2& half, Obstacles& obstacles, Pencil& pencil) {
   const double largest = std::min(4.0, 0.35 * std::min(half.x, half.y));
   const auto write = [&](double size, bool inside) {
@@ -86,7 +86,7 @@ void DrawEdgeLetter(const DieEdge& edge, const glm::dvec2& half, Obstacles& obst
     if (write(size, false)) return;
 }
 
-/// An axis with its name beside the tip, where the name covers nothing.
+/// Draws an axis with its name beside the tip; omits the name where it would cover something.
 void DrawArrow(const glm::dvec2& direction, double length, const char* name, Obstacles& obstacles,
                Pencil& pencil) {
   constexpr double kName = 2.3;
@@ -128,7 +128,7 @@ void DrawDieMarks(const DiagramInputs& inputs, const Page& page, Pencil& pencil)
   obstacles.AddOutline(mark);
 
   const Stroke centre{.Width = 0.13, .Colour = Grey(0.4), .Pattern = Dash::Centre};
-  // They end before the edges' letters.
+  // The axes end before the edges' letters.
   const glm::dvec2 reach = half - glm::min(glm::dvec2(9.0), 0.3 * half);
   pencil.Add(layer::kDie, Line{origin - glm::dvec2(reach.x, 0.0), origin + glm::dvec2(reach.x, 0.0), centre});
   pencil.Add(layer::kDie, Line{origin - glm::dvec2(0.0, reach.y), origin + glm::dvec2(0.0, reach.y), centre});
@@ -147,7 +147,7 @@ void DrawLeadMark(const Label& label, const Page& page, Pencil& pencil) {
   const glm::dvec2 tip = pencil.OnPaper(label.Anchor) + kTip * label.Towards;
   const glm::dvec2 across(-label.Towards.y, label.Towards.x);
   const Obstacles obstacles(pencil.On(), page, Around(tip, 5.0));
-  // The leader of the lead itself runs out of the tip.
+  // The lead's own leader starts at the tip, so it is not an obstacle.
   for (const double length : {2.6, 2.0, 1.5}) {
     const glm::dvec2 back = tip + length * label.Towards;
     const std::vector<glm::dvec2> mark{tip, back + 0.45 * length * across, back - 0.45 * length * across};

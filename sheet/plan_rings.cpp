@@ -16,7 +16,7 @@ constexpr Ink kRingFill = Grey(0.88);
 const Stroke kRingEdge{.Width = 0.4, .Colour = Grey(0.3)};
 
 /// The centre lines of a ring's four sides, which may bow outwards.
-/// Units  millimetres, y down as rings count it
+/// Units  millimetres, y down as in the records of rings
 class Sides {
  public:
   template <class Ring>
@@ -45,7 +45,8 @@ class Sides {
   }
 
  private:
-  /// How far a bowed side stands out at a position: its circle goes through both corners and the bulge.
+  /// The bulge of a bowed side at a position: its circle passes through both corners and the tip of the
+  /// bulge.
   double Bow(char side, double position) const {
     if (!bowed_) return 0.0;
     const double chord = std::fabs(From(side) - To(side));
@@ -58,7 +59,7 @@ class Sides {
   bool bowed_;
 };
 
-/// Once around the ring, `out` beside its centre line.
+/// The closed line around the ring, `out` outside its centre line.
 Outline Around(const Sides& sides, double out) {
   Outline outline;
   for (const char side : {'B', 'R', 'T', 'L'}) {

@@ -15,7 +15,7 @@ constexpr double kLine = 3.7;
 constexpr double kHeadingLine = 5.2;
 constexpr double kBeforeHeading = 3.0;
 constexpr double kSignWidth = 11.0;
-/// Where the values of the measured data begin, of the column's width.
+/// Start of the values in the measured data, as a share of the column's width.
 constexpr double kValueShare = 0.42;
 
 void DrawSign(const SideLine& line, const glm::dvec2& at, Pencil& pencil) {
@@ -71,7 +71,7 @@ void DrawLine(const SideLine& line, const glm::dvec2& at, double width, Pencil& 
                                  .Size = kSize});
 }
 
-/// The first characters of a word that fit into a line, at least one.
+/// The first characters of a word that fit into a line; at least one.
 std::string_view FittingStart(std::string_view word, double width) {
   const auto next = [&](std::size_t at) {
     for (++at; at < word.size() && (static_cast<unsigned char>(word[at]) & 0xC0U) == 0x80U;) ++at;
@@ -131,7 +131,7 @@ std::size_t DrawSideText(const std::vector<SideLine>& lines, std::size_t first, 
     const bool heading = lines[k].Heading;
     const double before = heading && k != first ? kBeforeHeading : 0.0;
     const double height = heading ? kHeadingLine : kLine;
-    // A heading takes a line that follows it along.
+    // Keep a heading together with the line after it.
     if (y - before - height - (heading ? kLine : 0.0) < box.Low.y) return k;
     y -= before + height;
     DrawLine(lines[k], {box.Low.x, y + (heading ? kHeadingLine - kLine : 0.0) + 1.0}, box.Size().x, pencil);

@@ -11,7 +11,7 @@
 
 namespace sheet {
 
-/// A small picture before a line of the legend.
+/// A small symbol before a line of the legend.
 enum class Sign { None, Lead1, DieCorner, Wire, Offender, OtherWire };
 
 struct SideLine {
@@ -20,18 +20,18 @@ struct SideLine {
   Ink Colour = kBlack;  ///< of the sign
   Dash Pattern = Dash::Solid;
   std::string Words = {};  ///< a heading, a label of the measured data, a line
-  std::string Value = {};  ///< stands in a second column when there is one
+  std::string Value = {};  ///< goes into a second column when not empty
 };
 
-/// Label and value beside each other, both in lines no wider than their columns.
+/// Label and value side by side, both wrapped to their columns.
 void AddFact(const Fact& fact, double width, std::vector<SideLine>& lines);
 
-/// The text under `heading` as lines no wider than `width`; nothing for no text.
+/// The text under `heading` as lines no wider than `width`; empty for an empty text.
 void AddParagraphs(const char* heading, const std::vector<std::string>& texts, double width,
                    std::vector<SideLine>& lines);
 
-/// Writes lines from the top of `box` down, from number `first` on.
-/// Returns  the number of the first line that found no room
+/// Writes lines downwards from the top of `box`, beginning with number `first`.
+/// Returns  the number of the first line that does not fit
 std::size_t DrawSideText(const std::vector<SideLine>& lines, std::size_t first, const Box& box,
                          Pencil& pencil);
 

@@ -7,7 +7,7 @@ namespace sheet {
 
 namespace {
 
-/// A thousandth of a millimetre on paper would do; the scale bar and wires are read back from the file.
+/// Finer than paper needs, because other programs read the scale bar and wires back from the file.
 std::string Number(double value) { return Decimal(value, 5); }
 
 std::string Escaped(std::string_view text) {
@@ -47,7 +47,7 @@ std::string Attribute(const char* name, const std::string& value) {
   return std::string(" ") + name + "=\"" + value + '"';
 }
 
-/// Writes the shapes of one page, whose upper edge lies `below` under that of the document.
+/// Writes the shapes of one page, whose upper edge is `below` under the document's.
 class ShapeWriter {
  public:
   ShapeWriter(std::string& svg, double lowerEdge) : svg_(svg), lowerEdge_(lowerEdge) {}
@@ -112,7 +112,7 @@ class ShapeWriter {
   double lowerEdge_;
 };
 
-/// Where each page's items of one layer begin, so that a layer is one group throughout the document.
+/// The start of each page's items of one layer, so that a layer is one group in the whole document.
 void WriteLayer(std::string& svg, const Drawing& drawing, std::size_t layer,
                 const std::vector<std::vector<const Item*>>& pages, std::vector<std::size_t>& next) {
   svg += "<g" + Attribute("id", Escaped(drawing.Layers[layer])) + ">\n";

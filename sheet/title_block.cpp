@@ -40,7 +40,7 @@ std::vector<Row> RowsOf(const DiagramInputs& inputs, const Drawing& drawing, con
       {{"File", inputs.FileName, 0.45}, {"SHA-256", inputs.Digest, 0.35}, {"Sheet", SheetText(sheet), 0.2}}};
 }
 
-/// A field: its caption small in the upper corner, what it says below.
+/// A field with its caption small in the upper corner and its text below.
 void DrawField(const Field& field, const Box& box, double size, bool bold, Pencil& pencil) {
   constexpr double kInset = 1.2, kSmallest = 1.6;
   pencil.Add(layer::kFrame, Text{.At = {box.Low.x + kInset, box.High.y - 2.2},
@@ -48,7 +48,7 @@ void DrawField(const Field& field, const Box& box, double size, bool bold, Penci
                                  .Size = 1.7,
                                  .Colour = Grey(0.35)});
   const double width = box.Size().x - 2.0 * kInset;
-  // Longer words are smaller, and cut when they would be too small to read.
+  // Shrink longer text, and cut it when it would be too small to read.
   const std::string words = CleanText(field.Words);
   const double fitting = width / std::max(TextWidth(words, 1.0, bold), 1e-9);
   size = std::clamp(0.999 * fitting, std::min(kSmallest, size), size);
@@ -75,7 +75,7 @@ std::string Fitted(const std::string& words, double size, double width, bool bol
   if (TextWidth(words, size, bold) <= width) return words;
   std::string cut = words;
   while (!cut.empty() && TextWidth(cut + "...", size, bold) > width) {
-    // Whole characters go: those that continue one, and its first.
+    // Remove a whole UTF-8 character: its continuation bytes and its first byte.
     while ((static_cast<unsigned char>(cut.back()) & 0xC0U) == 0x80U) cut.pop_back();
     cut.pop_back();
   }

@@ -11,7 +11,7 @@ namespace sheet {
 
 namespace {
 
-/// Pango counts in whole 1024ths: at this size its rounding is too small to see.
+/// Pango rounds to 1/1024: at this size the rounding is invisible.
 constexpr double kSetSize = 100.0;
 
 template <class Object>
@@ -34,7 +34,7 @@ Font FontOf(PangoWeight weight) {
   return font;
 }
 
-/// A font map for this thread alone, with outlines as they are designed, not fitted to a screen's pixels.
+/// A font map for this thread, with unhinted outlines.
 Reference<PangoContext> ContextOf(PangoFontMap& fonts) {
   Reference<PangoContext> context(pango_font_map_create_context(&fonts));
   cairo_font_options_t* const options = cairo_font_options_create();
@@ -57,7 +57,7 @@ struct Typesetter::Parts {
 
 Typesetter::Typesetter() : parts_(std::make_unique<Parts>()) {
   pango_layout_set_single_paragraph_mode(parts_->Layout.get(), TRUE);
-  // A ligature would be one glyph for several characters of a name.
+  // No ligatures: one would be a single glyph for several characters of a name.
   PangoAttrList* const attributes = pango_attr_list_new();
   pango_attr_list_insert(attributes, pango_attr_font_features_new("liga=0, clig=0, dlig=0"));
   pango_layout_set_attributes(parts_->Layout.get(), attributes);

@@ -8,7 +8,7 @@
 
 namespace sheet {
 
-/// Sets one line at a time, at the size 1.
+/// Sets one line at a time, at size 1.
 class Typesetter {
  public:
   Typesetter();

@@ -10,7 +10,7 @@ namespace sheet {
 namespace {
 
 constexpr char kPrefix[] = "WIRES_";
-/// So long a layer's name may be in a DXF file, without the prefix.
+/// The longest layer name in a DXF file, without the prefix.
 constexpr std::size_t kLongestTier = 25;
 
 // Dark enough to stay black when printed in grey.
@@ -23,7 +23,7 @@ bool IsTierNumber(const std::string& tier) {
          tier.find_first_not_of('0') != std::string::npos;
 }
 
-/// Tiers 1 to 4 and stitches are solid lines of five inks; all others have dashes.
+/// Tiers 1 to 4 and stitches are solid lines in five colours; all others are dashed.
 std::optional<WireLook> UsualLook(const std::string& layer) {
   if (layer == "WIRES_STITCH") return WireLook{.Colour = kInks[4]};
   if (layer == "WIRES_0") return WireLook{.Pattern = kDashes[0]};
@@ -50,7 +50,7 @@ bool NumbersInOrder::operator()(const std::string& a, const std::string& b) cons
 WireLooks LooksOf(const std::vector<DiagramWire>& wires) {
   WireLooks looks;
   for (const DiagramWire& wire : wires) looks.emplace(LayerOf(wire), WireLook{});
-  // The first one is that of wires without a tier.
+  // The first one is for wires without a tier.
   std::size_t next = 1;
   for (auto& [layer, look] : looks) {
     const std::optional<WireLook> usual = UsualLook(layer);

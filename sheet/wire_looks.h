@@ -1,4 +1,4 @@
-/// How the sheets draw wires: the layer of a wire, and what the wires of a layer look like.
+/// The layer of each wire on the sheets, and the line style of each layer.
 #pragma once
 
 #include <map>
@@ -9,7 +9,7 @@
 
 namespace sheet {
 
-/// WIRES_ and the number of the tier; WIRES_STITCH; WIRES_0 without such a number.
+/// WIRES_ and the number of the tier; WIRES_STITCH for stitches; WIRES_0 for wires without such a number.
 std::string LayerOf(const DiagramWire& wire);
 
 struct WireLook {
@@ -19,18 +19,17 @@ struct WireLook {
   bool operator==(const WireLook&) const = default;
 };
 
-/// Texts in their order, but numbers at their ends by their value: "2" before "12".
+/// Compares texts, with numbers at their ends by value: "2" before "12".
 struct NumbersInOrder {
   bool operator()(const std::string& a, const std::string& b) const;
 };
 
 using WireLooks = std::map<std::string, WireLook, NumbersInOrder>;
 
-/// Each layer of wires with its look. No two have one as long as the looks last, which
-/// is for 25 layers.
+/// Each layer of wires with its line style. Up to 25 layers have different styles.
 WireLooks LooksOf(const std::vector<DiagramWire>& wires);
 
-/// What a line of the legend says of a layer.
+/// The legend's text for a layer.
 std::string MeaningOf(const std::string& wireLayer);
 
 }  // namespace sheet

@@ -17,7 +17,7 @@ constexpr double kHeading = 9.0;  ///< height of the heading over the table
 
 double RowHeight(double size) { return 1.55 * size; }
 
-/// So many decimals that all rows show a ten-thousandth of a millimetre or what is as fine.
+/// The number of decimals for a resolution of about a ten-thousandth of a millimetre.
 int DecimalsOf(const std::string& unit) { return unit == "mm" ? 4 : unit == "mil" ? 2 : 1; }
 
 std::string Fixed(double value, int decimals) {
@@ -64,7 +64,7 @@ WireTable::WireTable(const DiagramInputs& inputs) : rows_(inputs.Wires.size()), 
 std::optional<WireTable::Layout> WireTable::LayoutIn(const Box& whole) const {
   const glm::dvec2 room = whole.Inset(kInset).Size() - glm::dvec2(0.0, kHeading);
   Layout layout;
-  // The largest text with which all rows stand on one page, else the usual one.
+  // The largest text size at which all rows fit on one page, else the default.
   for (layout.Size = kLargest; layout.Size > kUsual && Capacity(room, layout.Size) < rows_;)
     layout.Size -= 0.1;
   while (layout.Size > kSmallest && WidthOfRow(layout.Size) > room.x) layout.Size -= 0.1;
@@ -72,7 +72,7 @@ std::optional<WireTable::Layout> WireTable::LayoutIn(const Box& whole) const {
   if (capacity == 0) return std::nullopt;
   layout.Blocks = BlocksIn(room, layout.Size);
   layout.RowsPerBlock = capacity / layout.Blocks;
-  // Blocks of one page are of one height.
+  // All blocks of a page have the same height.
   if (rows_ <= capacity) {
     layout.Blocks = (rows_ + layout.RowsPerBlock - 1) / layout.RowsPerBlock;
     layout.RowsPerBlock = (rows_ + layout.Blocks - 1) / layout.Blocks;
@@ -131,7 +131,7 @@ void WireTable::DrawBlock(std::size_t first, const Layout& layout, const glm::dv
     pencil.Add(layer::kTable,
                Line{{corner.x, y}, {corner.x + width, y}, {.Width = stroke, .Colour = Grey(lightness)}});
   };
-  // A thin line under every fifth row leads the eye from the name to the lengths.
+  // A thin line under every fifth row guides the eye from the name to the lengths.
   const double captionLine = corner.y - 1.5 * height;
   rule(captionLine, 0.35);
   for (std::size_t row = first; row < last; ++row)

@@ -15,9 +15,9 @@ class WireTable {
  public:
   explicit WireTable(const DiagramInputs& inputs);
 
-  /// Whether a row has room.
+  /// Whether a row fits.
   bool FitsIn(const Box& room) const { return LayoutIn(room).has_value(); }
-  /// How many sheets the table takes when each has this room.
+  /// The number of sheets when each has this room.
   std::size_t Pages(const Box& room) const;
   /// Needs  FitsIn(room)
   void Draw(std::size_t page, const Box& room, Pencil& pencil) const;

@@ -14,8 +14,8 @@ constexpr char kUsage[] =
     "\n"
     "Without FILE the sample beside the program opens.\n"
     "\n"
-    "  --help      show this text and end\n"
-    "  --version   show the program's version and end\n";
+    "  --help      show this text and exit\n"
+    "  --version   show the program's version and exit\n";
 
 }  // namespace
 

@@ -7,15 +7,15 @@
 
 namespace shell {
 
-/// The command line as one text, the way the start-up routine takes it: the arguments joined with single
-/// spaces, in double quotes; empty when there are none. The start-up routine expects the quotes around a
-/// path, which a shell has removed.
+/// The command line as one text for the start-up routine: the arguments joined with single spaces, in double
+/// quotes; empty when there are none. The start-up routine expects a path in quotes, but a shell has already
+/// removed them.
 std::string CommandLineText(const std::vector<std::string>& arguments);
 
-/// The answer to --help or --version, which needs no display; empty when neither is asked.
+/// The answer to --help or --version, which needs no display; empty when neither is given.
 std::string AnswerAtOnce(const std::vector<std::string>& arguments);
 
-/// The value of an option that Qt takes ("-display :1"), a text of `arguments`; or null.
+/// The value of one of Qt's options ("-display :1"), as a pointer into `arguments`; null when not given.
 const char* QtOption(const std::vector<std::string>& arguments, std::string_view name);
 
 }  // namespace shell

@@ -50,7 +50,7 @@ void Commands::LoadDropped(const std::string& path) {
 }
 
 void Commands::ChoosePackage() {
-  // Before the dialog, and even if that is cancelled: the list belongs to the package shown so far.
+  // The list closes before the dialog opens, even if the user then cancels: it shows the old package.
   Actions.UnloadWireList();
   const std::optional<std::string> path = Filn_.ShowOpen({.DialogTitle = "Load YAX File",
                                                           .FileName = "*.yax",

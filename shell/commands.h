@@ -13,10 +13,10 @@ namespace shell {
 class MainForm;
 class ProgramEnd;
 
-/// What the commands ask of the windows.
+/// Calls from the commands to the windows.
 struct CommandActions {
   model::Callback<> UnloadWireList;
-  model::Callback<> ShowWireList;  ///< fills it first
+  model::Callback<> ShowWireList;  ///< fills the list first
   model::Callback<> ShowWireBondSetup;
   model::Callback<> SetUpPrinter;
   model::Callback<const render::Picture&, bool> Print;               ///< the flag: fit the page
@@ -24,7 +24,8 @@ struct CommandActions {
   model::Callback<> ShowAbout;
 };
 
-/// Load, save and printer setup trap faults and end quietly; a fault in any other command ends the program.
+/// A fault in load, save or printer setup ends only that command, without a message; a fault in any other
+/// command ends the program.
 class Commands {
  public:
   Commands(MainForm& form, ProgramEnd& end, setup::FileDialog& Filn) : form_(form), end_(end), Filn_(Filn) {}

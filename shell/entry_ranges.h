@@ -1,4 +1,4 @@
-/// Neighbouring entries of a list, as ranges and as one flag per entry.
+/// Ranges of neighbouring entries of a list, made from one flag per entry.
 #pragma once
 
 #include <cstddef>

@@ -19,7 +19,7 @@ bool HasDisplay() {
   return platform != "offscreen" && !platform.startsWith("minimal");
 }
 
-/// Without a display a message box would block forever: its text goes to stderr.
+/// Without a display a message box would block forever; write to stderr.
 void ShowCritical(const std::string& title, const std::string& text) {
   if (HasDisplay()) {
     QMessageBox::critical(nullptr, QString::fromStdString(title), QString::fromStdString(text));
@@ -28,7 +28,7 @@ void ShowCritical(const std::string& title, const std::string& text) {
   }
 }
 
-/// The backstop for a fault that a handler let out: Qt does not support exceptions in its event loop.
+/// Catches faults that escape a handler: Qt does not support exceptions in its event loop.
 class Application final : public QApplication {
  public:
   Application(int& argc, char** argv, shell::ProgramEnd& end) : QApplication(argc, argv), end_(end) {}
@@ -52,7 +52,7 @@ int main(int argc, char** argv) {
   const std::vector<std::string> arguments(argv + 1, argv + argc);
   if (const std::string answer = shell::AnswerAtOnce(arguments); !answer.empty())
     return std::fputs(answer.c_str(), stdout) >= 0 ? 0 : 1;
-  // At the limit of file sizes a write should fail with an error, not end the program by a signal.
+  // Ignore SIGXFSZ: the file-size limit should be a reported write error, not a kill.
   std::signal(SIGXFSZ, SIG_IGN);
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "xcb");
 
@@ -60,12 +60,12 @@ int main(int argc, char** argv) {
   shell::ProgramEnd end;
   end.ShowCritical = ShowCritical;
   end.Leave = [&status](int with) { status = with; };
-  // Qt aborts where no display answers.
+  // Qt aborts when it cannot connect to a display, so try first.
   const bool onX = shell::QtOption(arguments, "platform") == nullptr && qgetenv("QT_QPA_PLATFORM") == "xcb";
   const shell::ui::DisplayConnection display(shell::QtOption(arguments, "display"));
   const bool drawable = !onX || display.Answers();
-  // Wayland without X cannot show the view, but it can show why; with Qt's module for it missing, stderr
-  // does.
+  // Wayland without X cannot show the view, but it can show the message. Without Qt's Wayland plugin, stderr
+  // gets it.
   if (!drawable && !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
     qputenv("QT_QPA_PLATFORM", "wayland;offscreen");
   else if (!drawable)
@@ -91,7 +91,7 @@ int main(int argc, char** argv) {
     QCoreApplication::exit(with);
   };
   window.show();
-  // Without a window manager the window would not get the keyboard.
+  // Without a window manager the window does not get the keyboard focus by itself.
   window.activateWindow();
   QApplication::exec();
   return status;

@@ -32,12 +32,12 @@ void MainForm::Form_Load() {
   ShowFrame();
 }
 
-/// The start-up routine: the file of the command line, else the one shown, else the sample beside the
-/// program.
+/// The start-up routine: takes the file from the command line, else the file that is shown, else the sample
+/// beside the program.
 void MainForm::Main() {
   if (package_.PackagePath.empty()) package_.PackagePath = startUp_.ProgramFolder + "/AAAc.yax";
   const std::string& text = startUp_.CommandLine;
-  // Deliberate: the first and the last character go, whatever they are.
+  // Deliberate: removes the first and the last character, whatever they are.
   if (!text.empty()) package_.PackagePath = text.size() > 2 ? text.substr(1, text.size() - 2) : "";
 }
 
@@ -52,7 +52,7 @@ void MainForm::FindHelp() {
                      model::FileExists(startUp_.ProgramFolder + "/YaxViewHelp.rtf"));
 }
 
-/// Reads the file into a fresh package, which takes the place of the old one only when all of it is read.
+/// Reads the file into a fresh package, which replaces the old one only after the whole file was read.
 bool MainForm::ReadPackageFile() {
   std::optional<model::Package> package = model::reader::ReadPackage(package_);
   if (!package) return false;
@@ -64,7 +64,7 @@ bool MainForm::ReadPackageFile() {
   return true;
 }
 
-/// A fresh context for the view's present size; false when there is no usable format.
+/// Makes a fresh context for the view's present size; false when there is no usable pixel format.
 bool MainForm::SetupPixelFormat() {
   sceneList_.Forget();
   loadedSize_ = surface_.Size();
@@ -100,7 +100,7 @@ void MainForm::ShowFrame() {
 }
 
 void MainForm::Form_Paint() {
-  // While a load runs, the list is still that of the package before.
+  // While a load runs, the list still draws the previous package.
   if (!loading_ && surface_.MakeCurrent()) ShowFrame();
 }
 
@@ -111,7 +111,7 @@ render::Picture MainForm::FramePicture() {
 }
 
 void MainForm::Form_Resize() {
-  // The first showing, and a move, bring no new size: everything is built for it already.
+  // Showing or moving the window does not change its size, so nothing needs rebuilding.
   if (loading_ || surface_.Size() == loadedSize_) return;
   Form_Load();
   if (end_.Ending()) return;

@@ -1,4 +1,4 @@
-/// The main window's load, paint, resize and unload, as a walk through all that a package needs to be seen.
+/// The main window's load, paint, resize and unload.
 #pragma once
 
 #include <string>
@@ -19,18 +19,18 @@
 
 namespace shell {
 
-/// Where the program lies, and its command line.
+/// The program's folder and its command line.
 struct StartUp {
   std::string ProgramFolder;
   std::string CommandLine;  ///< one text, a path in double quotes; see CommandLineText
 };
 
-/// What the form asks of its window.
+/// Calls from the form to its window.
 struct MainFormActions {
   model::Callback<const std::string&> SetCaption;
   model::Callback<bool, bool> EnableHelp;  ///< the navigation page, the viewer page
-  model::Callback<> PackageRead;           ///< it replaces the package before
-  model::Callback<> HookWheel;  ///< from now on every wheel event of the program reaches WheelMoved
+  model::Callback<> PackageRead;           ///< a new package has replaced the old one
+  model::Callback<> HookWheel;             ///< sends every wheel event of the program to WheelMoved
   model::Callback<> UnhookWheel;
   /// Command 3 of the wire bond setup: resets the settings from the package just read.
   model::Callback<> ResetWireBondSetup;
@@ -43,24 +43,24 @@ class MainForm {
   MainFormActions Actions;
 
   /// Chooses, reads and shows the package.
-  /// Faults  whatever reading and drawing fault with; what was shown before is shown still, or nothing
+  /// Faults  as reading and drawing; the view then keeps the old picture or is empty
   void Form_Load();
-  /// Draws a frame and shows it; nothing before the first context, and nothing while a load runs, which
-  /// paints at its own end.
+  /// Draws a frame and shows it. Does nothing before the first context, nor during a load, which paints when
+  /// it ends.
   void Form_Paint();
-  /// The window has another size: reads the package again and builds everything for that size.
+  /// Handles a new window size: reads the package again and builds everything for that size.
   void Form_Resize();
-  /// Takes the view down; the program ends.
+  /// Closes the view and ends the program.
   void Form_Unload();
 
-  /// Compiles the scene anew; nothing before the first context, and nothing while a load runs, which does it
-  /// at its own end.
+  /// Compiles the scene again. Does nothing before the first context, nor during a load, which compiles when
+  /// it ends.
   void BuildCube();
-  /// BuildCube, then a frame: after every change of what is drawn.
+  /// BuildCube, then Form_Paint: call it after every change of what is drawn.
   void RebuildAndRepaint();
-  /// A frame as it would be shown now, in pixels of the view.
+  /// The current frame as a picture, in pixels of the view.
   render::Picture FramePicture();
-  /// Black or white; die tops, pad tops and wires follow.
+  /// Sets a black or white background; the colours of die tops, pad tops and wires change with it.
   void SetBackground(bool black);
 
   /// The next load keeps PackagePath instead of running the start-up routine.

@@ -25,7 +25,7 @@ PrintPlace PlaceFitPage(int pictureWidth, int pictureHeight, const PrintArea& ar
   PrintPlace place;
   if (pictureWidth <= 0 || pictureHeight <= 0) return place;
 
-  // Proportions are those on paper: dots need not be square.
+  // Keep the proportions in inches: a printer's dots need not be square.
   const double inchesPerPixel = std::min(area.Width / area.DotsPerInchX / pictureWidth,
                                          area.Height / area.DotsPerInchY / pictureHeight);
   place.SourceWidth = pictureWidth;

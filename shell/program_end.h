@@ -1,4 +1,4 @@
-/// How the program ends, and what a fault in a handler does.
+/// Ends the program, and runs handlers that may fault.
 #pragma once
 
 #include <new>
@@ -9,7 +9,7 @@
 
 namespace shell {
 
-/// Ends the program once: after that, no handler and no paint runs any more.
+/// Ends the program once; no handler or paint runs after that.
 class ProgramEnd {
  public:
   /// Shows a message box with a title and a text, and returns when it is closed.
@@ -19,14 +19,14 @@ class ProgramEnd {
 
   bool Ending() const { return ending_; }
 
-  /// Status 0, nothing shown.
+  /// Ends with status 0 and shows nothing.
   void EndSilently() { End(0, {}, {}); }
-  /// Reports what keeps OpenGL from being set up, then ends with status 1.
+  /// Reports why OpenGL cannot be set up, then ends with status 1.
   void FatalError(const std::string& message);
   /// Reports an untrapped fault, then ends with status 1.
   void RunTimeError(const model::Fault& fault);
 
-  /// Runs a handler whose faults end the program; too little memory is one of them.
+  /// Runs a handler; a fault or a lack of memory ends the program.
   template <class Handler>
   void Run(Handler&& handler) {
     if (ending_) return;
@@ -39,7 +39,7 @@ class ProgramEnd {
     }
   }
 
-  /// Runs a handler that ends quietly on a fault, with the state as changed so far.
+  /// Runs a handler; on a fault only the handler ends, silently, and its changes so far stay.
   template <class Handler>
   void RunTrapped(Handler&& handler) {
     if (ending_) return;
@@ -48,7 +48,7 @@ class ProgramEnd {
     } catch (const model::Fault&) {
       // Trapped: the view stays usable.
     } catch (const std::bad_alloc&) {
-      // Unwinding has freed what was there.
+      // Unwinding has freed the memory.
     }
   }
 

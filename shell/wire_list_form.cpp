@@ -68,7 +68,7 @@ void WireListForm::Form_Show() {
 
 void WireListForm::Form_Unload() {
   if (!selection_.Shown) return;
-  selection_.Shown = false;  // before the rebuild, which then draws every wire
+  selection_.Shown = false;  // before the rebuild, so that it draws every wire
   Actions.RebuildAndRepaint();
 }
 
@@ -79,7 +79,7 @@ void WireListForm::SetModifiers(int shift) {
 
 bool WireListForm::Matches(int index, const model::WireNameRec& wire) const {
   if (index <= kTier4) {
-    // The tiers are compared as text, so "1.0" enables "Tier1" and is not found by it.
+    // Compares tiers as text: a wire of tier "1.0" enables the button "Tier1", which does not select it.
     constexpr std::array<const char*, 4> kTiers = {"1", "2", "3", "4"};
     return wire.Tier == kTiers[static_cast<std::size_t>(index - kTier1)];
   }
@@ -89,7 +89,7 @@ bool WireListForm::Matches(int index, const model::WireNameRec& wire) const {
 }
 
 void WireListForm::Filter(int index) {
-  // A load may have left fewer wires than are listed.
+  // After a load there may be fewer wires than entries.
   const std::size_t count = std::min(entries_.size(), package_.WireNames.Count());
   for (std::size_t i = 0; i < count; ++i) {
     const bool matches = Matches(index, package_.WireNames[i]);

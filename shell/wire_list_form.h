@@ -1,4 +1,4 @@
-/// The wire list without its widgets: which wires are listed and which of them are selected.
+/// The wire list without widgets: the listed wires and which of them are selected.
 #pragma once
 
 #include <array>
@@ -14,17 +14,17 @@
 
 namespace shell {
 
-/// What the form asks of its window and of the view.
+/// Calls from the form to its window and to the view.
 struct WireListActions {
   /// Runs inside the window's event handlers, so it must not throw.
   model::Callback<> RebuildAndRepaint;
-  /// Selects exactly these entries in the list, which sends no change back, and makes entry 0, if there is
-  /// one, the current item without touching the selection.
+  /// Selects exactly these entries in the list without a change signal, then makes entry 0, if there is one,
+  /// the current item without changing the selection.
   model::Callback<const EntryRanges&> SelectAndGoToFirst;
 };
 
-/// The form owns one selected flag per entry. A button computes all flags and hands the list one call with
-/// ranges; the list hands its selection back as ranges, never entry by entry.
+/// The form owns one selected flag per entry. A button computes all flags and passes ranges to the list in
+/// one call; the list returns its selection as ranges, never entry by entry.
 class WireListForm {
  public:
   static constexpr std::size_t kButtons = model::kWireListButtons;
@@ -36,11 +36,11 @@ class WireListForm {
   WireListActions Actions;
 
   /// Fills the list from the package, nothing selected. The caller then shows the window and calls Form_Show.
-  /// Faults  SubscriptOutOfRange when a tier addresses no button; the list is then as it was
+  /// Faults  SubscriptOutOfRange when a tier has no button; the list is then unchanged
   void DoWireList();
-  /// After a load, while the list is shown: enables the buttons anew, and fills the list again when the
-  /// package's texts are no longer the entries; a text that was selected stays selected. A tier that
-  /// addresses no button enables none: only the command faults, a load goes on. The load itself rebuilds.
+  /// After a load, while the list is shown: updates the enabled buttons. If the package's texts differ from
+  /// the entries, fills the list again; selected texts stay selected. A tier without a button enables none:
+  /// unlike the command, a load does not fault on it. The load rebuilds the scene.
   /// Returns true when the entries are new
   bool Refill();
 
@@ -52,11 +52,11 @@ class WireListForm {
   void Form_KeyUp(int shift) { SetModifiers(shift); }
 
   void Cmd_Click(int index);
-  /// The mouse was let go over the list: rebuilds, changed or not.
+  /// A mouse button was released over the list: rebuilds even when the selection is unchanged.
   void PL_MouseUp(const EntryRanges& selected);
-  /// The list's selection may have changed by other means: rebuilds when it has.
+  /// The selection may have changed in another way: rebuilds only when it has.
   void PL_SelectionChanged(const EntryRanges& selected);
-  /// Takes the list's selection over without rebuilding.
+  /// Copies the list's selection without a rebuild.
   /// Returns true when it has changed
   bool TakeSelection(const EntryRanges& selected);
 
@@ -75,8 +75,8 @@ class WireListForm {
   std::vector<std::string> entries_;
   std::vector<bool> selected_;  ///< one flag per entry
   std::array<bool, kButtons> enabled_{};
-  bool ListShift_ = false;  ///< Shift alone is down
-  bool ListCtrl_ = false;   ///< Ctrl alone is down
+  bool ListShift_ = false;  ///< only Shift is down
+  bool ListCtrl_ = false;   ///< only Ctrl is down
 };
 
 }  // namespace shell

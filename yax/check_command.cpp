@@ -37,8 +37,8 @@ struct CheckOptions {
 
 using Offenders = model::WireSelection;
 
-/// Adds what the rules find.
-/// Returns  the wires that offend
+/// Adds the findings of the rules.
+/// Returns  the wires that break a rule
 Offenders AddRules(const CheckOptions& options, const analysis::RuleSet& set, const model::Package& package,
                    const analysis::RecordLines& lines, analysis::Diagnostics& diagnostics) {
   const analysis::LengthUnit unit = UnitOf(options.unit, package);
@@ -51,7 +51,7 @@ Offenders AddRules(const CheckOptions& options, const analysis::RuleSet& set, co
     analysis::Diagnostic missed{analysis::Severity::Finding,
                                 "rules-not-measured",
                                 {diagnostics.File, 0},
-                                "the rules are not measured, since the wires cannot be drawn",
+                                "the rules are not measured because the wires cannot be drawn",
                                 "correct the errors first"};
     diagnostics.List.push_back(std::move(missed));
     return {};
@@ -97,7 +97,7 @@ Status CheckOne(const CheckOptions& options, const std::optional<analysis::RuleS
   return IsClean(found) ? Status::Done : Status::Findings;
 }
 
-/// A file that cannot be used does not keep the others from being checked.
+/// Checks the other files too when one is unusable.
 Status CheckSeveral(const CheckOptions& options, const std::optional<analysis::RuleSet>& set) {
   Status status = Status::Done;
   std::vector<analysis::Diagnostics> all;
@@ -143,7 +143,7 @@ Status Check(const CheckOptions& options) {
 
 Command AddCheck(CLI::App& program) {
   CLI::App* const command = program.add_subcommand(
-      "check", "Report what the viewer ignores or cannot draw, and which rules are not kept");
+      "check", "Report what the viewer ignores or cannot draw, and which rules are broken");
   const auto options = std::make_shared<CheckOptions>();
   command->add_option("FILE.yax", options->files, "The packages to read")->type_name("FILE")->required();
   command->add_flag("--notes", options->notes,
@@ -152,7 +152,7 @@ Command AddCheck(CLI::App& program) {
   AddRulesOptions(*command, options->rules);
   command
       ->add_option("--picture", options->pictureFile,
-                   "Draw the package with only the wires that do not keep the rules, .png or .bmp")
+                   "Draw the package with only the wires that break a rule, .png or .bmp")
       ->type_name("FILE");
   AddUnitOption(*command, options->unit);
   AddLoopOptions(*command, options->loops);

@@ -67,16 +67,16 @@ Status Clearance(const ClearanceOptions& options) {
 
 Command AddClearance(CLI::App& program) {
   CLI::App* const command =
-      program.add_subcommand("clearance", "Measure how close the wires of different nets come");
+      program.add_subcommand("clearance", "Measure the clearance between wires of different nets");
   const auto options = std::make_shared<ClearanceOptions>();
   AddPackageOption(*command, options->package);
-  command->add_option("-o,--output", options->output, "Where the answer goes (default: -, standard output)")
+  command->add_option("-o,--output", options->output, "Output file (default: -, standard output)")
       ->type_name("FILE");
-  command->add_flag("--json", options->json, "Answer in JSON instead of columns");
+  command->add_flag("--json", options->json, "Write JSON instead of columns");
   command
       ->add_option_function<std::string>(
           "--limit", [options](const std::string& text) { options->limit = DoubleOf("--limit", text); },
-          "Pairs with less room than this, in file units, are findings too, not only those that touch")
+          "Also report pairs closer than this, in file units, not only those that touch")
       ->type_name("UNITS");
   command->add_flag("--all", options->all,
                     "List every finding, not only each wire's pair with its nearest other one");

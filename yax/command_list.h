@@ -1,4 +1,4 @@
-/// The commands of the program: one routine each, in a file of its own.
+/// The commands of the program: one routine and one source for each.
 #pragma once
 
 #include <functional>
@@ -14,12 +14,12 @@ namespace yax {
 
 /// One command on the command line.
 struct Command {
-  const CLI::App* Parser;       ///< tells after parsing whether this command was asked for
-  std::function<Status()> Run;  ///< does it, with the options parsed
+  const CLI::App* Parser;       ///< after parsing, shows whether this command was given
+  std::function<Status()> Run;  ///< runs the command with the parsed options
 };
 
-// Each adds its part of the command line to the program's parser and returns how to run it. The options live
-// in the routine that it returns, so the parser must not be used any longer than that.
+// Each adds its subcommand to the program's parser and returns the routine that runs it. That routine owns
+// the options, so it must outlive the parser.
 Command AddRender(CLI::App& program);
 Command AddCheck(CLI::App& program);
 Command AddWires(CLI::App& program);

@@ -9,7 +9,7 @@ namespace yax {
 
 namespace {
 
-/// What follows an option, or stands in a place of its own.
+/// The value of an option, or a positional argument.
 struct Value {
   std::string name;  ///< empty for a flag
   std::vector<std::string> choices;
@@ -17,7 +17,7 @@ struct Value {
 };
 
 struct Word {
-  std::vector<std::string> names;  ///< with their dashes; none for a value by its place
+  std::vector<std::string> names;  ///< with their dashes; empty for a positional argument
   std::string description;
   Value value;
 };
@@ -37,7 +37,7 @@ std::string Joined(const std::vector<std::string>& words, const std::string& bet
   return CLI::detail::join(words, between);
 }
 
-/// A text between single quotes, with `special` characters escaped once more for the shell's own reader.
+/// The text in single quotes, with `special` characters also escaped with a backslash.
 std::string Quoted(const std::string& text, const std::string& special = {}) {
   std::string quoted = "'";
   for (const char letter : text) {
@@ -52,7 +52,7 @@ std::string BashReply(const Value& value) {
   return value.IsFile() ? "_yax_files" : ":";
 }
 
-/// The cases of one level: what follows its options, its options, and what stands by its place.
+/// The cases of one command: the values of its options, its options, and its positional arguments.
 std::string BashCases(const std::string& level, const std::vector<Word>& words) {
   std::string cases;
   std::vector<std::string> names;

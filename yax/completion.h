@@ -1,4 +1,4 @@
-/// Completion scripts, made from the parser's own tree.
+/// Makes completion scripts for shells from the parser's options.
 #pragma once
 
 #include <string>
@@ -9,7 +9,7 @@ class App;
 
 namespace yax {
 
-// The script with which a shell completes the program's commands, options and values.
+// Scripts that complete the program's commands, options and values.
 std::string BashCompletion(const CLI::App& program);
 std::string ZshCompletion(const CLI::App& program);
 std::string FishCompletion(const CLI::App& program);

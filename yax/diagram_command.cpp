@@ -47,7 +47,7 @@ Format FormatOf(const std::string& output) {
   if (output == "-" || ending == ".PDF") return Format::Pdf;
   if (ending == ".SVG") return Format::Svg;
   if (ending == ".DXF") return Format::Dxf;
-  throw Unusable({.File = output}, "unknown format of a diagram", "use .pdf, .svg or .dxf");
+  throw Unusable({.File = output}, "unknown diagram format", "use .pdf, .svg or .dxf");
 }
 
 sheet::Paper PaperOf(const std::string& text) {
@@ -55,13 +55,12 @@ sheet::Paper PaperOf(const std::string& text) {
     if (paper.Name == text) return paper;
   const std::size_t by = text.find('x');
   if (by == std::string::npos)
-    throw Unusable(CommandLine(), "--sheet '" + text + "' is no sheet",
+    throw Unusable(CommandLine(), "--sheet '" + text + "' is not a sheet size",
                    "use a4, a3, a2, letter, tabloid, or WxH in millimetres");
   sheet::Paper paper{"", DoubleOf("--sheet", text.substr(0, by)), DoubleOf("--sheet", text.substr(by + 1))};
   // A PDF page ends at 200 inches.
   if (!(paper.Width >= 20.0 && paper.Height >= 20.0 && paper.Width <= 5080.0 && paper.Height <= 5080.0))
-    throw Unusable(CommandLine(), "--sheet '" + text + "' is out of range",
-                   "give 20 to 5080 mm for each side");
+    throw Unusable(CommandLine(), "--sheet '" + text + "' is out of range", "each side can be 20 to 5080 mm");
   return paper;
 }
 
@@ -94,14 +93,14 @@ std::vector<std::string> LinesOf(const std::string& text) {
   return list;
 }
 
-/// What the rules say on the sheet.
+/// The results of the rules, for the sheet.
 struct Judgement {
   std::string Rules, Verdict;
-  std::vector<std::string> Lines;  ///< a line for each rule that is not kept
+  std::vector<std::string> Lines;  ///< a line for each broken rule
   bool Keeps = true;
 };
 
-/// The choice of wires is one of the drawing: the verdict is that of the whole package.
+/// Judges the whole package: the choice of wires affects only the drawing.
 Judgement Judge(const DiagramOptions& options, const OpenedPackage& opened, const analysis::LengthUnit& unit,
                 std::vector<sheet::DiagramWire>& wires) {
   Judgement judgement;
@@ -167,7 +166,7 @@ Status Diagram(const DiagramOptions& options) {
   const std::vector<analysis::WireLoop> loops = opened.Loops();
   std::vector<sheet::DiagramWire> wires = sheet::DiagramWiresOf(opened.Package, loops, opened.Lines);
   const Judgement judgement = Judge(options, opened, unit, wires);
-  // A drawing that is true to size has its numbers in the drawing's unit, and the plan once.
+  // DXF is true to size: its numbers are in the drawing's unit, and it has the plan once.
   const bool trueToSize = format == Format::Dxf;
   const double millimetres = unit.Metres * 1e3;
   const std::string shown = trueToSize ? "mm" : unit.Name;
@@ -209,7 +208,7 @@ Command AddDiagram(CLI::App& program) {
       ->required();
   command
       ->add_option("--sheet", options->paper,
-                   "Size of the sheets: a4, a3 (the default), a2, letter, tabloid, or WxH in mm")
+                   "Sheet size: a4, a3 (the default), a2, letter, tabloid, or WxH in mm")
       ->type_name("SIZE");
   command
       ->add_option("--scale", options->scale,
@@ -218,14 +217,14 @@ Command AddDiagram(CLI::App& program) {
   command->add_option("--split", options->split, "A sheet for each tier or net type, the other wires in grey")
       ->check(CLI::IsMember(std::vector<std::string>{"none", "tier", "net-type"}));
   command->add_flag("--table", options->table, "Further sheets with a table of all wires");
-  command->add_option("--title", options->titleFile, "What the title block says, as KEY = value lines")
+  command->add_option("--title", options->titleFile, "Fields of the title block, as KEY = value lines")
       ->type_name("FILE");
   command
       ->add_option("--set", options->settings,
                    "One field of the title block: title part package drawn checked approved date revision")
       ->type_name("KEY=TEXT")
       ->allow_extra_args(false);
-  command->add_option("--notes", options->notesFile, "Text that goes onto the sheet")->type_name("FILE");
+  command->add_option("--notes", options->notesFile, "A text file to print on the sheet")->type_name("FILE");
   AddRulesOptions(*command, options->rules);
   AddUnitOption(*command, options->unit);
   AddLoopOptions(*command, options->loops);

@@ -32,7 +32,7 @@ struct EstimateOptions {
   WireOptions wires;
 };
 
-constexpr double kLeastCoupling = 0.1;  ///< of a circuit, when the option is not given
+constexpr double kLeastCoupling = 0.1;  ///< for a circuit, without --coupling
 constexpr double kNoCoupling = 2.0;     ///< more than any coupling
 
 std::string Text(double value) { return model::GeneralText(static_cast<float>(value)); }
@@ -46,13 +46,13 @@ double ResistivityFor(const EstimateOptions& options, const model::WireBondSetti
 
 analysis::BondWires ConductorsOf(const EstimateOptions& options, const std::vector<analysis::WireLoop>& loops,
                                  const model::WireBondSettings& settings, const analysis::LengthUnit& unit) {
-  WireDiameterIn(unit, settings);  // which refuses one that is not above 0
+  WireDiameterIn(unit, settings);  // refuses a diameter that is not above 0
   if (settings.Frequency < 0.0F)
     throw Unusable(CommandLine(), "the frequency is below 0", "give one with --frequency");
   return analysis::ConductorsOf(loops, settings, unit, ResistivityFor(options, settings), options.plane);
 }
 
-/// The line of the wire, for a message.
+/// The place of the wire's line, for a message.
 Place PlaceOf(const EstimateOptions& options, const OpenedPackage& opened, const analysis::WireLoop& loop) {
   return {options.package.File, opened.Lines.Of(loop.Place)};
 }
@@ -71,7 +71,8 @@ void CheckPlane(const EstimateOptions& options, const OpenedPackage& opened,
   }
 }
 
-/// The least coupling to keep; nothing when couplings take long and the option does not ask for them.
+/// The smallest coupling to keep; empty when there are too many wires to compute couplings without
+/// --coupling.
 std::optional<double> LeastCoupling(const EstimateOptions& options, std::size_t wires) {
   const std::string fewer =
       "choose at most " + std::to_string(analysis::kMostCoupled) + " with --tier, --net or --name";
@@ -79,11 +80,11 @@ std::optional<double> LeastCoupling(const EstimateOptions& options, std::size_t 
     throw Unusable({.File = options.package.File},
                    "couplings of " + std::to_string(wires) + " wires are too many", fewer);
   if (options.coupling || wires <= analysis::kMostCoupledByDefault)
-    // A table has the nearest wires alone.
+    // A table lists only the strongest coupling of each wire.
     return options.format == "spice" ? options.coupling.value_or(kLeastCoupling) : kNoCoupling;
   Complain({.File = options.package.File},
-           "note: the couplings of " + std::to_string(wires) + " wires are not worked out",
-           wires > analysis::kMostCoupled ? fewer : "ask for them with --coupling");
+           "note: the couplings of " + std::to_string(wires) + " wires are not computed",
+           wires > analysis::kMostCoupled ? fewer : "pass --coupling to compute them");
   return std::nullopt;
 }
 
@@ -92,10 +93,11 @@ std::string CircuitOf(const EstimateOptions& options, analysis::WireCosts costs,
   const double least = options.coupling.value_or(kLeastCoupling);
   formats::RoundCouplings(costs.Couplings);
   if (!analysis::IsPositiveDefinite(costs.Rows.size(), costs.Couplings))
-    throw Unusable(
-        {.File = options.package.File}, "no circuit can have only the couplings of at least " + Text(least),
-        "give --coupling " + Text(analysis::UsableLeast(costs.Rows.size(), costs.Couplings, least)) +
-            ", or 0 for all");
+    throw Unusable({.File = options.package.File},
+                   "a circuit with only the couplings of at least " + Text(least) + " cannot exist",
+                   "give --coupling " +
+                       Text(analysis::UsableLeast(costs.Rows.size(), costs.Couplings, least)) +
+                       ", or 0 for all");
   std::string conditions = formats::ConditionsText(costs.Rows.size(), opened.Settings);
   if (options.resistivity) conditions += ", resistivity given";
   if (options.plane) conditions += ", a plane at " + Text(*options.plane) + " " + unit.Name;
@@ -114,7 +116,7 @@ Status Estimate(const EstimateOptions& options) {
       analysis::CostsOf(opened.Package, loops, wires, LeastCoupling(options, loops.size()));
   if (const auto wire = analysis::WireWithoutCost(costs))
     throw Unusable(PlaceOf(options, opened, loops[*wire]),
-                   "wire " + model::Quoted(loops[*wire].Name) + " is too long or too thin to be worked out",
+                   "wire " + model::Quoted(loops[*wire].Name) + " is too long or too thin to compute",
                    "check its coordinates, --wire-diameter and --resistivity");
   if (options.format == "spice")
     WriteOutput(options.output, CircuitOf(options, std::move(costs), opened, unit));
@@ -134,10 +136,10 @@ void AddNumber(CLI::App& command, const char* name, const char* unit, const char
 
 Command AddEstimate(CLI::App& program) {
   CLI::App* const command =
-      program.add_subcommand("estimate", "Work out the wires' resistance, inductance and couplings");
+      program.add_subcommand("estimate", "Compute the wires' resistance, inductance and couplings");
   const auto options = std::make_shared<EstimateOptions>();
   AddPackageOption(*command, options->package);
-  command->add_option("-o,--output", options->output, "Where to write; - for standard output (the default)")
+  command->add_option("-o,--output", options->output, "Output file; - for standard output (the default)")
       ->type_name("FILE");
   command->add_option("--format", options->format, "A table (the default), a JSON object, or a subcircuit")
       ->check(CLI::IsMember(std::vector<std::string>{"csv", "json", "spice"}));
@@ -155,7 +157,7 @@ Command AddEstimate(CLI::App& program) {
               throw Unusable(CommandLine(), "--coupling '" + text + "' is not from 0 to 1", "0 writes all");
             options->coupling = least;
           },
-          "The smallest coupling that a subcircuit has, 0 to 1 (default: 0.1; 0 writes all). More than " +
+          "Smallest coupling to write to a subcircuit, 0 to 1 (default: 0.1; 0 writes all). More than " +
               std::to_string(analysis::kMostCoupledByDefault) +
               " wires have no couplings without this option, more than " +
               std::to_string(analysis::kMostCoupled) + " cannot have them")

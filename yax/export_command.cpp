@@ -37,7 +37,7 @@ ExportFormat ExportFormatOf(const std::string& output) {
   if (name == "-" || name.ends_with(".GLB")) return ExportFormat::Glb;
   if (name.ends_with(".OBJ")) return ExportFormat::Obj;
   if (name.ends_with(".HTML")) return ExportFormat::Html;
-  throw Unusable({.File = output}, "unknown export format", "use .glb, .obj or .html, or give -");
+  throw Unusable({.File = output}, "unknown export format", "use .glb, .obj, .html or -");
 }
 
 /// Writes both files or neither: the one that names the other comes last.

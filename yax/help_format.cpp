@@ -5,7 +5,7 @@
 namespace yax {
 
 std::vector<std::string> ChoicesOf(const CLI::Option& option) {
-  // The parser has no other way to ask a check for its words: it names them "{one,other}" after the type.
+  // CLI11 offers the choices of a check only as text: "{one,other}" after the type.
   const std::string type = option.get_type_name();
   const std::size_t open = type.find('{');
   const std::size_t close = type.find('}');
@@ -20,7 +20,7 @@ std::string ValueNameOf(const CLI::Option& option) {
 }
 
 std::string HelpFormat::make_usage(const CLI::App* level, std::string name) const {
-  // The parser's own word for the program would leave out what every command takes.
+  // CLI11's usage line would omit FILE.yax, which every command takes.
   if (level->get_parent() == nullptr) return "Usage: " + name + " COMMAND [OPTIONS] FILE.yax\n";
   return CLI::Formatter::make_usage(level, name);
 }

@@ -1,4 +1,4 @@
-/// How the help texts look: a line an option, in the form that makers of manual pages read.
+/// Formats the help texts with one line per option, in the form that help2man reads.
 #pragma once
 
 #include <CLI/CLI.hpp>
@@ -17,10 +17,10 @@ class HelpFormat final : public CLI::Formatter {
   std::string make_option_desc(const CLI::Option* option) const override;
 };
 
-/// The words between which an option chooses; empty when it takes anything.
+/// The words that an option accepts; empty when it accepts any text.
 std::vector<std::string> ChoicesOf(const CLI::Option& option);
 
-/// The value that an option takes, as help and completion name it; empty for a flag.
+/// The name of an option's value in help and completion; empty for a flag.
 std::string ValueNameOf(const CLI::Option& option);
 
 }  // namespace yax

@@ -21,7 +21,7 @@ namespace yax {
 
 namespace {
 
-/// The options as they are given; which of them a recipe gave.
+/// The options as text, and which of them came from a recipe.
 struct ImportOptions {
   std::string Output, Recipe;
   std::string Die, DieHeight, Package, Macro, Pads, PadMin = "20", PadAspect = "2", PadSize, DieSize;
@@ -30,7 +30,7 @@ struct ImportOptions {
   std::set<std::string> FromRecipe;
 };
 
-/// Ends the command for the value of an option.
+/// Ends the command with a message about an option's value.
 [[noreturn]] void Refuse(const ImportOptions& options, const std::string& option, const std::string& what,
                          const std::string& advice) {
   if (options.FromRecipe.contains(option)) throw Unusable({options.Recipe}, option + ": " + what, advice);
@@ -44,7 +44,7 @@ std::string FromFolder(const std::filesystem::path& folder, const std::string& p
   return path == "-" ? path : (folder / path).string();
 }
 
-/// A path of a recipe counts from the recipe's folder, and so do files in values that may be something else.
+/// Paths in a recipe are relative to the recipe's folder, also where a value may be a file or something else.
 std::string Located(const std::string& key, const std::string& value, const std::filesystem::path& folder) {
   if (IsPath(key)) return FromFolder(folder, value);
   if (key == "package" && !importer::IsOutline(value)) return FromFolder(folder, value);
@@ -57,11 +57,10 @@ void TakeItem(CLI::App& command, const RecipeItem& item, ImportOptions& options)
   const std::string& file = options.Recipe;
   CLI::Option* const option = command.get_option_no_throw("--" + item.Key);
   if (option == nullptr || item.Key == "recipe" || item.Key == "help" || item.Key == "version")
-    throw Unusable({file}, "there is no key '" + item.Key + "'",
-                   "see yax import --help for the options' names");
-  // The command line comes over the recipe.
+    throw Unusable({file}, "unknown key '" + item.Key + "'", "see yax import --help for the options' names");
+  // The command line overrides the recipe.
   if (option->count() > 0) return;
-  // An empty list gives nothing.
+  // An empty list sets nothing.
   if (item.Values.empty() && option->get_items_expected_max() > 1) return;
   if (item.Values.size() != 1 && option->get_items_expected_max() == 1)
     throw Unusable({file}, item.Key + ": it takes one value", "put a text with commas or blanks in quotes");
@@ -70,7 +69,7 @@ void TakeItem(CLI::App& command, const RecipeItem& item, ImportOptions& options)
   try {
     option->run_callback();
   } catch (const CLI::ParseError& error) {
-    // The library begins its message with the option's name.
+    // CLI11's message begins with the option's name.
     const std::string name = "--" + item.Key + ": ";
     const std::string what = error.what();
     throw Unusable({file}, item.Key + ": " + (what.starts_with(name) ? what.substr(name.size()) : what),
@@ -92,7 +91,7 @@ void TakeRecipe(CLI::App& command, ImportOptions& options) {
   for (const RecipeItem& item : ReadRecipe(text, options.Recipe)) TakeItem(command, item, options);
 }
 
-/// Turns texts into values, each with its option's name for messages.
+/// Converts the texts of options to values; messages name the option.
 class Values {
  public:
   explicit Values(const ImportOptions& options) : options_(options) {}
@@ -130,7 +129,7 @@ class Values {
     return {Number(option, text.substr(0, comma)), Number(option, text.substr(comma + 1))};
   }
   std::regex Pattern(const std::string& option, const std::string& text, std::regex::flag_type flags) const {
-    // Without a limit the library's compiler runs out of stack on long nested patterns.
+    // Limit the length: std::regex runs out of stack on long nested patterns.
     constexpr std::size_t kLongest = 1000;
     try {
       if (text.size() <= kLongest) return std::regex(text, flags);
@@ -198,7 +197,7 @@ importer::ImportRequest RequestOf(const ImportOptions& options) {
   return request;
 }
 
-/// Writes the package with its net types beside it, both or neither. A stream has no place beside it.
+/// Writes the package and its side file of net types, both or neither. Standard output gets no side file.
 void Write(const std::string& output, const model::Package& package) {
   const std::string text = model::reader::PackageText(package);
   if (IsStream(output)) return WriteOutput(output, text);
@@ -238,13 +237,13 @@ void AddDieOptions(CLI::App& command, ImportOptions& options) {
   add("--die-size", options.DieSize, "WxL", "The cut die (default: DIEAREA, or the macro's SIZE)");
   add("--lef", options.Lefs, "FILE", "LEF of the pad cells that a DEF places; may be given several times");
   add("--macro", options.Macro, "NAME", "The macro of a .lef that is the die");
-  add("--pads", options.Pads, "REGEX", "Only pins or cells with these names are pads");
+  add("--pads", options.Pads, "REGEX", "Take only pins or cells with these names as pads");
   add("--pad-min", options.PadMin, "UM", "Least length of a pad's sides in micrometres (default: 20)");
-  add("--pad-aspect", options.PadAspect, "R", "A pad is at most so much longer than wide (default: 2)");
+  add("--pad-aspect", options.PadAspect, "R", "Largest ratio of a pad's length to its width (default: 2)");
   add("--pad-size", options.PadSize, "WxH", "The opening, where the drawn shape is only a mark");
-  add("--rotate", options.Rotate, "", "Turns the die in the package, counter-clockwise (default: 0)")
+  add("--rotate", options.Rotate, "", "Turn the die in the package, counter-clockwise (default: 0)")
       ->check(CLI::IsMember(std::vector<std::string>{"0", "90", "180", "270"}));
-  add("--offset", options.Offset, "X,Y", "Moves the die in the package, once it is turned");
+  add("--offset", options.Offset, "X,Y", "Move the die in the package, after --rotate");
 }
 
 void AddBondOptions(CLI::App& command, ImportOptions& options) {
@@ -258,7 +257,8 @@ void AddBondOptions(CLI::App& command, ImportOptions& options) {
   add("--bonds", options.Bonds, "FILE",
       "Which pad meets which lead: order (the default), names, none, or a table");
   add("--bond", options.Exceptions, "PAD=LEAD",
-      "One bond, over all others; PAD=PADDLE bonds down, PAD= leaves it free; may be given several times");
+      "One bond; overrides --bonds; PAD=PADDLE bonds to the paddle, PAD= leaves the pad free; may be "
+      "repeated");
   add("--unused", options.Unused, "LIST", "Leads that stay free, separated by commas")->delimiter(',');
   add("--land", options.Land, "D",
       "Where wires land, from the leads' inner ends (default: half the lead, at most 0.2 mm)");
@@ -283,7 +283,7 @@ Command AddImport(CLI::App& program) {
       ->type_name("FILE");
   command
       ->add_option("--recipe", options->Recipe,
-                   "A file with these options, one a line; the command line comes over it")
+                   "A file with these options, one a line; the command line overrides it")
       ->type_name("FILE");
   AddDieOptions(*command, *options);
   AddBondOptions(*command, *options);

@@ -1,4 +1,4 @@
-/// How a command ends, and what it says on standard error.
+/// Exit statuses and messages on standard error.
 #pragma once
 
 #include <string_view>

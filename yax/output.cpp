@@ -17,9 +17,9 @@ namespace {
 void Send(std::FILE* stream, const std::string& name, std::string_view bytes) {
   const bool sent = stream != nullptr && std::fwrite(bytes.data(), 1, bytes.size(), stream) == bytes.size() &&
                     std::fflush(stream) == 0;
-  // Who has read enough, as "head" does, misses nothing.
+  // A closed pipe is not an error: head(1) does that.
   if (!sent && errno != EPIPE)
-    throw Unusable({.File = name}, std::generic_category().message(errno), "see where it leads to");
+    throw Unusable({.File = name}, std::generic_category().message(errno), "check the output");
 }
 
 }  // namespace

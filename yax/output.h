@@ -1,4 +1,4 @@
-/// Where a command's output goes.
+/// Writes a command's output.
 #pragma once
 
 #include <string>
@@ -9,14 +9,14 @@
 
 namespace yax {
 
-/// True for "-", devices and named pipes: they have no whole to keep.
+/// True for "-", devices and named pipes, which cannot be replaced atomically.
 bool IsStream(const std::string& output);
 
-/// Writes a file whole or not at all; "-" is standard output, and devices and named pipes are written
-/// through. Faults  Unusable when that fails
+/// Writes a file whole or not at all; "-" is standard output. Writes directly to devices and named pipes.
+/// Faults  Unusable when the write fails
 void WriteOutput(const std::string& output, std::string_view bytes);
 
-/// Writes files that belong together, all or none. None of them may be a stream.
+/// Writes several files, all or none. None may be a stream.
 /// Faults  Unusable with the file that cannot be written
 void WriteOutputs(const std::vector<model::FileToWrite>& files);
 

@@ -17,18 +17,18 @@ namespace yax {
 namespace {
 
 void AddHelpAndVersion(CLI::App& level) {
-  level.set_help_flag("-h,--help", "Show this help and end");
-  level.set_version_flag("--version", std::string("yax ") + model::kVersionText, "Show the version and end");
+  level.set_help_flag("-h,--help", "Show this help and exit");
+  level.set_version_flag("--version", std::string("yax ") + model::kVersionText, "Show the version and exit");
 }
 
-/// What is wrong with the arguments, in words of our own where the parser's are hard to understand.
+/// The mistake in the arguments; replaces CLI11's messages that are hard to understand.
 std::string MistakeIn(const std::vector<std::string>& arguments, const CLI::App& program,
                       const CLI::ParseError& stop) {
   const auto commands = program.get_subcommands();
   if (arguments.empty()) return "a command is missing";
   if (commands.empty()) return "unknown command " + model::Quoted(arguments.front());
   for (const CLI::Option* option : commands.front()->get_options()) {
-    const int most = option->get_items_expected_max();  // 0 for flags, which do no harm twice
+    const int most = option->get_items_expected_max();  // 0 for flags, which may be repeated
     if (most > 0 && static_cast<int>(option->count()) > most)
       return option->get_name() + " is given more than once";
   }
@@ -37,7 +37,7 @@ std::string MistakeIn(const std::vector<std::string>& arguments, const CLI::App&
   return what;
 }
 
-/// Help and version are answers; anything else that stops the parser is a mistake in the arguments.
+/// Handles a stop of the parser: prints help or the version, or reports a mistake in the arguments.
 Status AnswerOrRefuse(const std::vector<std::string>& arguments, const CLI::App& program,
                       const CLI::ParseError& stop) {
   std::ostringstream answer;
@@ -59,8 +59,8 @@ Status ParseAndRun(const std::vector<std::string>& arguments) {
       "Exit status:\n"
       "  0                             Done\n"
       "  1                             Done, and there are findings\n"
-      "  2                             Input or arguments with which nothing can be done";
-  program.footer(endings);  // which the commands take over
+      "  2                             Unusable input or arguments";
+  program.footer(endings);  // inherited by the commands
   program.require_subcommand(1, 1);
   AddHelpAndVersion(program);
   const std::vector<Command> commands = AddCommands(program);
@@ -70,7 +70,7 @@ Status ParseAndRun(const std::vector<std::string>& arguments) {
   }
   program.footer(endings + "\n\nyax COMMAND --help lists the options of a command.");
   try {
-    // The parser takes them from the back, and takes them away.
+    // CLI11 takes the arguments from the back and removes them.
     program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
   } catch (const CLI::ParseError& stop) {
     return AnswerOrRefuse(arguments, program, stop);
@@ -94,7 +94,7 @@ Status RunProgram(const std::vector<std::string>& arguments) {
   } catch (const Unusable& unusable) {
     std::fprintf(stderr, "%s\n", unusable.what());
   } catch (const std::bad_alloc&) {
-    Complain(CommandLine(), "there is not enough memory", "give it less to do");
+    Complain(CommandLine(), "out of memory", "choose fewer wires or a smaller picture");
   }
   return Status::Unusable;
 }

@@ -1,4 +1,4 @@
-/// The program `yax`: a package on the command line, without a display.
+/// The program `yax`: works with packages on the command line, without a display.
 #pragma once
 
 #include <string>

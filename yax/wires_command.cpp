@@ -30,13 +30,13 @@ struct WiresOptions {
   WireOptions wires;
 };
 
-/// Reports every row beyond a limit.
+/// Reports every row above a limit.
 Status Judge(const std::vector<analysis::WireRow>& rows, const analysis::RecordLines& lines,
              const WiresOptions& options) {
   Status status = Status::Done;
   const auto judge = [&](const analysis::WireRow& row, const char* what, double value,
                          const std::string& unit, const std::optional<float>& limit) {
-    // Compare the values as they are written, so that what equals the limit is within it.
+    // Compare the values as written, so that a value that shows as the limit is within it.
     if (!limit || !(static_cast<float>(value) > *limit)) return;
     status = Status::Findings;
     const std::string name = row.OtherName.empty() ? row.Name : row.Name + ":" + row.OtherName;
@@ -64,8 +64,8 @@ std::string TextOf(const OpenedPackage& opened, const std::vector<analysis::Wire
 
 Status Wires(const WiresOptions& options) {
   if (options.format != "csv" && (options.json || options.summary))
-    throw Unusable(CommandLine(), "--json and --summary do not go with --format " + options.format,
-                   "leave them out");
+    throw Unusable(CommandLine(), "--json and --summary cannot be used with --format " + options.format,
+                   "remove them");
   const OpenedPackage opened(options.package, options.loops, options.wires);
   const std::vector<analysis::WireLoop> loops = opened.Loops();
   const std::vector<analysis::WireRow> rows = analysis::MeasureLengths(opened.Package, loops);
@@ -85,20 +85,20 @@ Command AddWires(CLI::App& program) {
   CLI::App* const command = program.add_subcommand("wires", "List the wires with their lengths and angles");
   const auto options = std::make_shared<WiresOptions>();
   AddPackageOption(*command, options->package);
-  command->add_option("-o,--output", options->output, "Where to write; - for standard output (the default)")
+  command->add_option("-o,--output", options->output, "Output file; - for standard output (the default)")
       ->type_name("FILE");
   command
       ->add_option("--format", options->format,
                    "csv (the default), or the tables of assembly houses: bond-list, net-list")
       ->check(CLI::IsMember(std::vector<std::string>{"csv", "bond-list", "net-list"}));
-  command->add_flag("--json", options->json, "JSON, wires and summary, in place of CSV");
-  command->add_flag("--summary", options->summary, "Only a summary per tier and net type");
+  command->add_flag("--json", options->json, "Write wires and summary as JSON instead of CSV");
+  command->add_flag("--summary", options->summary, "Write only a summary per tier and net type");
   command
       ->add_option("--unit", options->unit,
-                   "What the file's length unit is, for the columns' names; no value changes")
+                   "Length unit of the file, for the columns' names; does not convert values")
       ->check(CLI::IsMember(std::vector<std::string>{"mil", "mm", "um"}));
   AddLimit(*command, "--limit-length", "UNITS", "Report wires whose loop is longer", options->longest);
-  AddLimit(*command, "--limit-angle", "DEGREES", "Report wires farther off their edge's normal",
+  AddLimit(*command, "--limit-angle", "DEGREES", "Report wires with a larger angle to their edge's normal",
            options->widest);
   AddLoopOptions(*command, options->loops);
   AddWireOptions(*command, options->wires);

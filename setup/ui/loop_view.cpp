@@ -60,7 +60,7 @@ QAccessibleInterface* Create(const QString&, QObject* object) {
   return view != nullptr ? new QAccessibleWidget(view, QAccessible::Graphic) : nullptr;
 }
 
-/// A label stays inside the picture, on a light ground, so that no line crosses its letters.
+/// Keeps a label inside the picture and paints a light background, so that no line crosses its letters.
 void PaintLabel(QPainter& painter, const PictureLabel& label, const QSize& size) {
   const QString text = QString::fromStdString(label.Text);
   QRectF box = QFontMetricsF(painter.font()).boundingRect(text).adjusted(-3.0, -1.0, 3.0, 1.0);

@@ -1,4 +1,4 @@
-/// `Picture1` on the screen: the side view of the loops, painted with smooth lines.
+/// The widget `Picture1`: paints the side view of the loops with antialiased lines.
 #pragma once
 
 #include <QWidget>
@@ -7,7 +7,7 @@
 
 namespace setup::ui {
 
-/// To be called once, before the first window: makes the view a picture to assistive technology.
+/// Call once, before the first window: gives the view the accessible role of a picture.
 void InstallAccessibleLoopView();
 
 class LoopView final : public QWidget {

@@ -10,8 +10,8 @@ namespace setup::ui {
 
 namespace {
 
-/// "zu files|*.zu|all files|*.*" in Qt's form. Qt takes "*.*" literally, so that files without a point would
-/// be missing.
+/// Converts "zu files|*.zu|all files|*.*" to Qt's form. Qt reads "*.*" literally and would hide names without
+/// a point.
 QStringList NameFilters(const std::string& filter) {
   const QStringList parts = QString::fromStdString(filter).split('|');
   QStringList filters;
@@ -30,7 +30,7 @@ bool MayReplace(QWidget* parent, const std::string& path, const FileDialogReques
                               QMessageBox::No) == QMessageBox::Yes;
 }
 
-/// Qt's dialog, but for a name that is typed without its suffix: a file of exactly that name goes first.
+/// Qt's dialog, except that a typed name without a suffix first means the file of exactly that name.
 class Dialog final : public QFileDialog {
  public:
   Dialog(QWidget* parent, const FileDialogRequest& request, const QString& folder)
@@ -58,13 +58,13 @@ std::optional<std::string> QtFileDialog::ShowSave(const FileDialogRequest& reque
   return Show(request, true);
 }
 
-/// The window in use, so that the dialog is not hidden behind it.
+/// The active window, so that the dialog is not hidden behind it.
 QWidget* QtFileDialog::Parent() const {
   QWidget* const active = QApplication::activeWindow();
   return active != nullptr ? active : parent_;
 }
 
-/// Where the user was last; at first beside the package.
+/// The folder of the last dialog; at first the package's folder.
 QString QtFileDialog::StartFolder(const FileDialogRequest& request) const {
   if (!folder_.isEmpty() || request.PackagePath.empty()) return folder_;
   return QFileInfo(QFile::decodeName(request.PackagePath.c_str())).absolutePath();
@@ -74,11 +74,11 @@ std::optional<std::string> QtFileDialog::Show(const FileDialogRequest& request, 
   Dialog dialog(Parent(), request, StartFolder(request));
   dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-  // Qt's own question would not say that the file is the package itself.
+  // Qt's question does not warn that the file is the package itself.
   dialog.setOption(QFileDialog::DontConfirmOverwrite);
   dialog.setNameFilters(NameFilters(request.Filter));
-  // A pattern shows in the filter already; anything else is a name to start with. Qt would look for a
-  // relative one in the folder where the user was last.
+  // The filter already shows a pattern; anything else is the initial name. Qt would resolve a relative name
+  // against the folder of the last dialog.
   if (!request.FileName.empty() && !request.FileName.starts_with('*'))
     dialog.selectFile(QFileInfo(QFile::decodeName(request.FileName.c_str())).absoluteFilePath());
 

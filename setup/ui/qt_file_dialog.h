@@ -11,7 +11,7 @@ namespace setup::ui {
 
 class QtFileDialog final : public FileDialog {
  public:
-  /// Dialogs stand over the active window, or over `parent` when another program has that.
+  /// The active window is the parent of dialogs; `parent` is, when another program is active.
   explicit QtFileDialog(QWidget* parent = nullptr) : parent_(parent) {}
 
   std::optional<std::string> ShowOpen(const FileDialogRequest& request) override;
@@ -23,7 +23,7 @@ class QtFileDialog final : public FileDialog {
   QString StartFolder(const FileDialogRequest& request) const;
 
   QWidget* parent_;
-  QString folder_;  ///< where the user was last
+  QString folder_;  ///< folder of the last dialog
 };
 
 }  // namespace setup::ui

@@ -23,7 +23,7 @@ namespace {
 
 QString TextOf(const std::string& bytes) { return QString::fromUtf8(bytes.data(), qsizetype(bytes.size())); }
 
-/// A frame whose caption keeps its trailing space on the screen, but not for screen readers.
+/// A frame that shows its caption with the trailing space but reports it to screen readers without.
 QGroupBox* MakeFrame(const char* caption) {
   auto* frame = new QGroupBox(caption);
   frame->setAccessibleName(QString(caption).trimmed());
@@ -34,7 +34,7 @@ QGroupBox* MakeFrame(const char* caption) {
 
 QButtonGroup* GroupOf(const QGroupBox* frame) { return frame->findChild<QButtonGroup*>(); }
 
-/// The code of Enter or Escape, 0 for other keys and for those that repeat.
+/// The code of Enter or Escape; 0 for other keys and for repeats.
 int CodeOf(const QEvent& event) {
   const auto& key = static_cast<const QKeyEvent&>(event);
   if (key.isAutoRepeat()) return 0;
@@ -42,7 +42,7 @@ int CodeOf(const QEvent& event) {
   return key.key() == Qt::Key_Escape ? 27 : 0;
 }
 
-/// Scrolls on a small screen; its preferred size shows everything.
+/// A scroll area whose preferred size shows everything; scrolls only on a small screen.
 class Scroller final : public QScrollArea {
  public:
   explicit Scroller(QWidget* content) {
@@ -53,7 +53,7 @@ class Scroller final : public QScrollArea {
   QSize sizeHint() const override { return widget()->sizeHint(); }
 };
 
-/// Shows the selected options. None may be selected, which a group allows only while it is not exclusive.
+/// Shows the selected options. A QButtonGroup allows none to be selected only while it is not exclusive.
 template <std::size_t kCount>
 void ShowOptions(const std::array<QRadioButton*, kCount>& options, const std::array<bool, kCount>& selected) {
   for (std::size_t i = 0; i < kCount; ++i) {
@@ -63,7 +63,7 @@ void ShowOptions(const std::array<QRadioButton*, kCount>& options, const std::ar
     options[i]->setChecked(selected[i]);
     group->setExclusive(true);
   }
-  // Tab goes to the selected option of a frame, or to the first where none is.
+  // Tab goes to the frame's selected option, or to the first when none is selected.
   for (QRadioButton* const option : options) {
     const QButtonGroup* const group = option->group();
     const QAbstractButton* const stop =
@@ -78,7 +78,7 @@ SetupWindow::SetupWindow(SetupForm& form, Runner run) : form_(form), run_(std::m
   setWindowTitle("Wire Bond Setup");
   setAttribute(Qt::WA_QuitOnClose, false);
   setCentralWidget(MakeClient());
-  // Leaves room for the window's frame and the desktop's bars.
+  // Leave room for the window's frame and the desktop's panels.
   resize(sizeHint().boundedTo(screen()->availableSize() - QSize(16, 48)));
   form_.Actions.ControlsChanged = [this] { ShowControls(); };
   form_.Actions.UnloadWindow = [this] { hide(); };
@@ -94,7 +94,7 @@ SetupWindow::~SetupWindow() {
 void SetupWindow::DoBondWireSetup() {
   form_.Load();
   ShowControls();
-  // Each time it opens, the first frame's selected option has the focus.
+  // Each time the window opens, the first frame's selected option has the focus.
   if (!isVisible()) WD_[0]->group()->checkedButton()->setFocus(Qt::OtherFocusReason);
   setWindowState(windowState() & ~Qt::WindowMinimized);
   show();
@@ -124,7 +124,7 @@ void SetupWindow::BoxEvent(const Box& box, const QEvent& event) {
     case QEvent::FocusIn:
     case QEvent::FocusOut:
       pressedInBox_ = 0;
-      // The box's own menu takes the focus for a moment only.
+      // The box's context menu takes the focus only for a moment.
       if (static_cast<const QFocusEvent&>(event).reason() != Qt::PopupFocusReason)
         run_(event.type() == QEvent::FocusIn ? box.GotFocus : box.LostFocus);
       return;
@@ -132,7 +132,7 @@ void SetupWindow::BoxEvent(const Box& box, const QEvent& event) {
       if (const int code = CodeOf(event); code != 0) pressedInBox_ = code;
       return;
     case QEvent::KeyRelease:
-      // The box also gets the release of a key that its menu or a dialog saw go down.
+      // The box also gets the release of a key whose press went to its menu or to a dialog.
       if (const int code = CodeOf(event); code != 0 && code == std::exchange(pressedInBox_, 0))
         run_([&] { box.KeyUp(code); });
       return;

@@ -1,4 +1,4 @@
-/// The wire bond setup window: its widgets, bound to the form one to one.
+/// The wire bond setup window: widgets bound one to one to the form.
 #pragma once
 
 #include <QMainWindow>
@@ -18,17 +18,17 @@ namespace setup::ui {
 
 class LoopView;
 
-/// A modeless top-level window that does not keep the program alive.
+/// A modeless top-level window that does not keep the program running.
 class SetupWindow final : public QMainWindow {
  public:
-  /// Runs a handler and handles its faults.
+  /// Runs a handler and deals with its faults.
   using Runner = std::function<void(const std::function<void()>& handler)>;
 
-  /// `form` must live longer; the window fills in all of its Actions but the rebuild.
+  /// `form` must outlive the window, which sets all its Actions except RebuildAndRepaint.
   SetupWindow(SetupForm& form, Runner run);
   ~SetupWindow() override;
 
-  /// The command of the main window's menu.
+  /// Runs when the user chooses the entry in the main window's menu.
   /// Faults  as SetupForm::Load
   void DoBondWireSetup();
 
@@ -38,7 +38,7 @@ class SetupWindow final : public QMainWindow {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  /// A text box with the form's value and handlers behind it.
+  /// A text box bound to a field of the form and its handlers.
   struct Box {
     QLineEdit* Edit;
     Field* Value;
@@ -70,7 +70,7 @@ class SetupWindow final : public QMainWindow {
   std::array<QPushButton*, 7> Cmd_{};
   std::vector<QGroupBox*> stackFrames_;
   std::vector<Box> boxes_;
-  int pressedInBox_ = 0;  ///< Enter or Escape, once the focused box has seen it go down
+  int pressedInBox_ = 0;  ///< Enter or Escape after its press went to the focused box
   QPlainTextEdit* Vu_ = nullptr;
   LoopView* Picture1_ = nullptr;
 };

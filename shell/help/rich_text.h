@@ -37,7 +37,7 @@ struct ParagraphFormat {
   Alignment Align = Alignment::Left;
   int Left = 0;
   int Right = 0;
-  int First = 0;  ///< first line against Left; negative hangs out
+  int First = 0;  ///< indent of the first line relative to Left; negative for a hanging indent
   int Before = 0;
   int After = 0;
   std::vector<int> Tabs;  ///< stops in the order given, measured like Left from the page's edge
@@ -53,7 +53,7 @@ struct Paragraph {
 struct Font {
   std::string Name;
   FontFamily Family = FontFamily::Any;
-  bool Symbols = false;  ///< pictures stand in place of its letters
+  bool Symbols = false;  ///< a symbol font: it has pictures instead of letters
 };
 
 struct RichText {

@@ -18,8 +18,8 @@ constexpr char32_t kBullet = 0x2022;
 
 bool IsControl(char32_t character) { return character < ' ' && character != '\t' && character != '\n'; }
 
-/// QTextDocument would split a paragraph at line and paragraph separators, and take the characters of
-/// embedded objects and frames for such.
+/// QTextDocument splits a paragraph at line and paragraph separators, and takes the placeholder characters of
+/// objects and frames for real ones.
 bool IsSpecial(char32_t character) {
   return character == 0x2028 || character == 0x2029 || character == 0xFFFC ||
          (character >= 0xFDD0 && character <= 0xFDEF);
@@ -50,7 +50,7 @@ class Reader {
  private:
   enum class Destination : std::uint8_t { Page, Fonts, Colours, Hidden };
 
-  /// What a closing brace brings back.
+  /// The state that a closing brace restores.
   struct Group {
     RunFormat Run;
     ParagraphFormat Paragraph;
@@ -100,7 +100,7 @@ class Reader {
   void ReadWord() {
     const RtfWord word = ReadRtfWord(bytes_, at_);
     const bool starred = std::exchange(starred_, false);
-    // The bytes behind this word may hold braces; they count even where nothing is shown.
+    // The bytes after this word may be braces, so they are skipped even in hidden groups.
     if (word.Name == "bin") at_ += std::min(bytes_.size() - at_, word.Count());
     if (TakenAsFallback() || tooDeep_ > 0) return;
     if (starred && (word.Name == "pntext" || word.Name == "listtext")) group_.To = beforeStar_;
@@ -195,7 +195,7 @@ class Reader {
     }
   }
 
-  /// Takes one 16-bit unit, written with a sign or without; a character beyond the first 65,536 comes as two.
+  /// Takes one UTF-16 unit, signed or unsigned; a character above U+FFFF comes as two units.
   void Unicode(int value) {
     const auto unit = static_cast<char32_t>(value) & 0xFFFF;
     const bool high = unit >= 0xD800 && unit < 0xDC00;
@@ -224,7 +224,7 @@ class Reader {
   }
 
   void Byte(unsigned char byte) {
-    // Most writers make a bullet from this byte of a symbol font, which may not be installed here.
+    // Most writers use this byte of a symbol font as a bullet; the font may be missing here.
     Character(byte == 0xB7 && HasSymbolFont() ? kBullet : FromCodePage1252(byte));
   }
 
@@ -284,7 +284,7 @@ class Reader {
   std::vector<Group> open_;
   std::size_t tooDeep_ = 0;
 
-  bool starred_ = false;  // the next word decides whether a group marked as optional is known
+  bool starred_ = false;  // after "\*": the next word decides whether the optional group is known
   Destination beforeStar_ = Destination::Page;
   int fallback_ = 0;
   char32_t half_ = 0;

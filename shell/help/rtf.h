@@ -9,14 +9,13 @@
 
 namespace shell::help {
 
-/// What lies beyond these bounds is left out: bytes of the file, nested groups, fonts.
+/// Limits on bytes of the file, nested groups and fonts; the rest is ignored.
 inline constexpr std::size_t kMaxRtfBytes = std::size_t{1} << 20;
 inline constexpr std::size_t kMaxRtfDepth = 256;
 inline constexpr std::size_t kMaxRtfFonts = 256;
 
-/// The text that `bytes` hold, or nothing when they are not RTF (do not start with "{\rtf").
-/// Bytes and \'hh are read as code page 1252. Of damaged RTF the readable part is returned. Takes linear
-/// time.
+/// The text in `bytes`, or nothing when they are not RTF (do not start with "{\rtf").
+/// Reads bytes and \'hh as code page 1252. Returns the readable part of damaged RTF. Takes linear time.
 std::optional<RichText> ReadRtf(std::string_view bytes);
 
 }  // namespace shell::help

@@ -7,14 +7,14 @@ namespace shell::help {
 
 namespace {
 
-// No length on a page comes near this (22 inches), no font either; larger values are damage.
+// 22 inches: no length on a page and no font is that large, so larger values are damage.
 constexpr int kMaxTwips = 31680;
 constexpr int kMaxHalfPoints = 2000;
 
 bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// What `table` pairs with `name`, or null.
+/// The value of `name` in `table`, or null.
 template <class Value, std::size_t kSize>
 const Value* Find(const std::pair<std::string_view, Value> (&table)[kSize], std::string_view name) {
   for (const auto& [key, value] : table)

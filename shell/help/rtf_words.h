@@ -1,4 +1,4 @@
-/// The control words of rich text (RTF): how they are written and what each does to a format.
+/// The control words of rich text (RTF): reads them and applies them to a format.
 #pragma once
 
 #include <algorithm>
@@ -11,10 +11,10 @@
 
 namespace shell::help {
 
-/// The stops that a paragraph keeps; further ones are left out.
+/// The largest number of tab stops in a paragraph; further ones are ignored.
 inline constexpr std::size_t kMaxRtfTabs = 32;
 
-/// A control word with the number behind it, if it has one.
+/// A control word with the number after it, if there is one.
 struct RtfWord {
   std::string_view Name;
   std::optional<int> Value;
@@ -25,7 +25,7 @@ struct RtfWord {
 };
 
 /// Reads the word whose first letter stands at `at`: letters, a number, and the one space that ends them.
-/// Leaves `at` behind it.
+/// Moves `at` past it.
 RtfWord ReadRtfWord(std::string_view bytes, std::size_t& at);
 
 /// The character that the word stands for, or 0.
@@ -34,13 +34,13 @@ char32_t CharacterOfRtfWord(std::string_view word);
 /// True for words that open a group whose text is not part of the page.
 bool HidesItsGroup(std::string_view word);
 
-/// What the words of the run formats refer to.
+/// Tables to which the words for runs refer.
 struct RtfTables {
   int DefaultFont = 0;
   std::vector<int> Colours;  ///< as RunFormat::Colour
 };
 
-/// Changes the format as the word says; false when the word is about something else.
+/// Applies the word to the format; false when the word does not concern it.
 bool ApplyToRun(const RtfWord& word, const RtfTables& tables, RunFormat& run);
 bool ApplyToParagraph(const RtfWord& word, ParagraphFormat& paragraph);
 

@@ -13,7 +13,7 @@ inline constexpr int kLeftButton = 1;
 inline constexpr int kRightButton = 2;
 inline constexpr int kMiddleButton = 4;
 
-/// Key codes the view answers to.
+/// Codes of the keys that the view handles.
 inline constexpr int kEscape = 27;
 inline constexpr int kHome = 36;
 inline constexpr int kLeft = 37;

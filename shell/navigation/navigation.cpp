@@ -15,7 +15,7 @@ void Navigation::ResetRotation() {
   Rotation = {};
   ScrollPitch.SetValue(90);
   ScrollYaw.SetValue(0);
-  // A bar that already had the value has not called its handler, and the rotation was just cleared.
+  // A bar that already has the value does not call its handler, but the rotation was just cleared.
   ScrollPitch_Change();
   ScrollYaw_Change();
 }
@@ -36,7 +36,7 @@ void Navigation::WheelMoved(std::int32_t delta) {
     if (delta < 0) Move_Camera_Out(0);
     if (delta > 0) Move_Camera_In(0);
   } catch (const model::Fault&) {
-    // Deliberate: at the edge of the camera's world the wheel just stops working.
+    // Deliberate: where the camera's 16-bit coordinates end, the wheel does nothing.
   }
 }
 

@@ -1,4 +1,4 @@
-/// Every way to move the camera and turn the model: keys, drags, wheel, bars, buttons, arrows.
+/// Moves the camera and turns the model by keys, drags, wheel, scroll bars, buttons and arrows.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +12,7 @@ namespace shell::navigation {
 
 enum class Pointer { kDefault, kUpArrow };
 
-/// What navigation asks of the window around it.
+/// Calls from navigation to the window.
 struct NavigationActions {
   model::Callback<> Repaint;  ///< paints the view at once
   model::Callback<> Reload;   ///< runs the window's whole load routine
@@ -22,23 +22,23 @@ struct NavigationActions {
   model::Callback<> FocusDummy;  ///< gives the focus to the Dummy box
 };
 
-/// Where the pointer was at the previous mouse event, and how many moves the throttled drags have let pass.
+/// The pointer's position at the previous mouse event, and the counters of the throttled drags.
 struct MouseTracking {
-  float LastX = 0.0F, LastY = 0.0F;     ///< as delivered
-  std::int32_t LastXi = 0, LastYi = 0;  ///< rounded; every test of direction compares with these
+  float LastX = 0.0F, LastY = 0.0F;     ///< unrounded
+  std::int32_t LastXi = 0, LastYi = 0;  ///< rounded; a move's direction is relative to these
   float DeltaX = 0.0F, DeltaY = 0.0F;   ///< of the current move: positive to the left and upwards
   std::int16_t ZoomTick = 0;            ///< Alt drag
   std::int16_t PanTick = 0;             ///< middle button
   std::int16_t SlideTick = 0;           ///< Ctrl+Alt drag
-  bool InMouseMove = false;             ///< while set, the bars' handlers leave the repaint to the move
+  bool InMouseMove = false;             ///< while set, the bars' handlers do not repaint; the move does
 };
 
 /// The walking camera and the turning model, with the main window's handlers for them.
 ///
-/// Units   pointer positions in pixels; one pixel is one degree where a drag is proportional
+/// Units   pointer positions in pixels; in a proportional drag one pixel is one degree
 /// Faults  Overflow when a 16-bit camera value leaves its range, and whatever an action throws.
-///         Form_KeyDown, Dummy_Click and WheelMoved trap faults: they end quietly, the state as far as
-///         changed. All others let them through.
+///         Form_KeyDown, Dummy_Click and WheelMoved trap faults: they end silently and keep the changes
+///         made so far. All others let faults through.
 class Navigation {
  public:
   Navigation();
@@ -52,16 +52,16 @@ class Navigation {
   ScrollBar ScrollPitch{-90, 270};
   ScrollBar ScrollYaw{-180, 180};
   MouseTracking Mouse;
-  bool WalkMode = false;     ///< a load leaves it, and the ticks, as they are
+  bool WalkMode = false;     ///< a load keeps this and the ticks
   bool WheelHooked = false;  ///< set once the window receives the wheel of the whole program
 
-  /// The two steps of a load. ResetRotation pitches the model by 90 degrees and repaints.
+  /// A load calls both. ResetRotation pitches the model by 90 degrees and repaints.
   void ResetCamera() { Camera = {}; }
   void ResetRotation();
 
-  /// Moves the eye along the heading, without a repaint; components below half a unit are lost.
+  /// Moves the eye along the heading without a repaint; rounds each component to a whole unit.
   void MoveCamera(double distance);
-  /// These repaint. `doubleStep`: any value but 0 doubles the step.
+  /// These repaint. A `doubleStep` other than 0 doubles the step.
   void Move_Camera_In(int doubleStep);
   void Move_Camera_Out(int doubleStep);
   void Turn_Camera_Left();
@@ -69,15 +69,15 @@ class Navigation {
   void Tilt_Camera_Up();
   void Tilt_Camera_Down();
   void Trans_Click(int index);  ///< arrow picture 0..3: left, right, up, down
-  /// These do not repaint. `byDelta`: any value but 0 moves by the mouse's delta, 0 by a fixed step.
+  /// These do not repaint. A `byDelta` other than 0 moves by the mouse's delta, 0 by a fixed step.
   void MouseTurn_Camera_Left(int byDelta);
   void MouseTurn_Camera_Right(int byDelta);
   void MouseTilt_Camera_Up(int byDelta);
   void MouseTilt_Camera_Down(int byDelta);
 
-  /// One step by the sign of `delta`, whatever its size: in when positive, out when negative.
+  /// Moves one step, whatever the size of `delta`: in when it is positive, out when it is negative.
   void WheelMoved(std::int32_t delta);
-  /// "IN", "OUT", "LEFT", "RIGHT", "UP" or "DOWN"; nothing else moves.
+  /// Moves for "IN", "OUT", "LEFT", "RIGHT", "UP" or "DOWN"; ignores any other text.
   void NavigateByKey(std::string_view keyword);
 
   void cmdForward_Click() { Move_Camera_In(0); }
@@ -92,7 +92,7 @@ class Navigation {
   void ScrollYaw_Scroll() { ScrollYaw_Change(); }
   void Dummy_Click();
 
-  /// True for the keys that Form_KeyDown answers to, with some modifier at least.
+  /// True for keys that Form_KeyDown handles with at least one modifier state.
   static bool AnswersTo(int keyCode);
   void Form_KeyDown(int keyCode, int shift);
   void Form_KeyUp(int keyCode, int shift);

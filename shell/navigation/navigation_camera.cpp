@@ -8,7 +8,7 @@ namespace shell::navigation {
 namespace {
 
 constexpr double kXBound = 40.0;
-// Deliberate: 3.142 and 6.28, not pi and 2 pi: they decide where a full turn of steps ends.
+// Deliberate: 3.142 and 6.28 instead of pi and 2 pi: they decide where a full turn of steps ends.
 constexpr double kHalfTurn = 3.142;
 constexpr double kFullTurn = 6.28;
 constexpr std::int16_t kTilt = 10;
@@ -31,8 +31,8 @@ void Navigation::MoveCamera(double distance) {
   const double heading = double(Camera.CamYaw);
   const double dx = std::cos(heading) * distance;
   const double dz = -distance * std::sin(heading);
-  // Deliberate: lopsided. A move that would reach -40 is turned back before it is made, while on the other
-  // side the eye has to stand beyond 40 first, so there it swings between 40 and one step more.
+  // Deliberate: the bounds are lopsided. A move that would reach -40 is reversed before it is made. On the
+  // other side only an eye beyond 40 is turned back, so there it swings between 40 and one step more.
   const bool turnedBack = dx + kXBound <= Camera.CamX || Camera.CamX + dx <= -kXBound;
   Camera.CamX = model::Nearest(turnedBack ? Camera.CamX - dx : Camera.CamX + dx);
   Camera.CamZ = model::Nearest(Camera.CamZ + dz);
@@ -66,7 +66,7 @@ void Navigation::MouseTurn_Camera_Left(int byDelta) {
 }
 
 void Navigation::MouseTurn_Camera_Right(int byDelta) {
-  // Deliberate: a drag to the right takes the heading below 0 without a wrap; only the upper test follows.
+  // Deliberate: a drag to the right can take the heading below 0 without a wrap; only the upper bound wraps.
   Turn(Camera, byDelta != 0 ? double(Mouse.DeltaX) : -1.0);
   RestartPastFullTurn(Camera);
 }

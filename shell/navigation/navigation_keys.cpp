@@ -7,7 +7,7 @@ namespace shell::navigation {
 
 namespace {
 
-/// An arrow alone: the model turns by one degree, and at the bar's end goes on from the other end.
+/// An arrow alone: the model turns by one degree and wraps at the end of the bar.
 void StepModel(Navigation& view, int arrow) {
   switch (arrow) {
     case kLeft:
@@ -47,7 +47,7 @@ void LeapModel(Navigation& view, int arrow) {
   }
 }
 
-/// Ctrl and an arrow: the camera turns where it stands.
+/// Ctrl and an arrow: the camera turns in place.
 void TurnCamera(Navigation& view, int arrow) {
   switch (arrow) {
     case kLeft:
@@ -74,7 +74,8 @@ void Navigation::Form_KeyDown(int keyCode, int shift) {
     if (shift == kShift && !WalkMode) Actions.SetPointer(Pointer::kUpArrow);
     PressKey(keyCode, shift);
   } catch (const model::Fault&) {
-    // Deliberate: a key never ends the program, not even Home on a package that no longer builds.
+    // Deliberate: a fault in a key handler never ends the program, not even when Home cannot draw the
+    // package.
   }
 }
 

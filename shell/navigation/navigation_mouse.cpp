@@ -8,7 +8,7 @@ namespace shell::navigation {
 
 namespace {
 
-/// One mouse move. Its directions are against the last rounded position.
+/// One mouse move. Its direction is relative to the last rounded position.
 struct Move {
   Move(const MouseTracking& last, int button, int shift, float x, float y)
       : Button(button),
@@ -24,10 +24,10 @@ struct Move {
   bool Left, Right, Up, Down;
 };
 
-/// Each event turns the model by one degree, however far the pointer went.
+/// Each event turns the model by one degree, however far the pointer moved.
 void StepDrag(Navigation& view, const Move& move) {
   if (move.Left) StepOrJump(view.ScrollYaw, 1, 180, -179);
-  // Deliberate: to the right the jump is from -179 to 180, unlike the Right key's from -180 to 179.
+  // Deliberate: to the right it jumps from -179 to 180; the Right key jumps from -180 to 179.
   if (move.Right) StepOrJump(view.ScrollYaw, -1, -179, 180);
   if (move.Down) StepOrJump(view.ScrollPitch, 1, 270, -89);
   if (move.Up) StepOrJump(view.ScrollPitch, -1, -90, 269);
@@ -59,7 +59,7 @@ void TransByDirection(Navigation& view, const Move& move) {
   if (move.Down) view.Trans_Click(3);
 }
 
-/// Deliberate: every move counts, whatever its button, so the first step of a drag may come early.
+/// Deliberate: moves with any button count, so the first step of a drag may come early.
 void PanDrag(Navigation& view, const Move& move) {
   if (view.Mouse.PanTick < 3) {
     view.Mouse.PanTick++;
@@ -69,7 +69,7 @@ void PanDrag(Navigation& view, const Move& move) {
   view.Mouse.PanTick = 0;
 }
 
-/// Counts every move as PanDrag does; in walk mode every move steps.
+/// Counts every move, like PanDrag; in walk mode every move is a step.
 void ZoomDrag(Navigation& view, const Move& move) {
   if (view.Mouse.ZoomTick < 3 && !view.WalkMode) {
     view.Mouse.ZoomTick++;
@@ -82,7 +82,7 @@ void ZoomDrag(Navigation& view, const Move& move) {
   view.Mouse.ZoomTick = 0;
 }
 
-/// Deliberate: an event that does not step counts once more, so the count climbs by 2, in walk mode by 5.
+/// Deliberate: an event without a step counts twice, so the count rises by 2, in walk mode by 5.
 void SlideDrag(Navigation& view, const Move& move) {
   std::int16_t& tick = view.Mouse.SlideTick;
   tick = model::Add16(tick, view.WalkMode ? 4 : 1);

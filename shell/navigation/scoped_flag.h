@@ -1,4 +1,4 @@
-/// A flag that is set for the life of a scope, however it ends.
+/// Sets a flag until the scope ends, also by an exception.
 #pragma once
 
 namespace shell::navigation {

@@ -7,11 +7,11 @@
 
 namespace shell::navigation {
 
-/// The bar on the screen follows by Show and passes what the user does to SetValue or Drag. A value out of
-/// range is clamped; setting the present value calls nothing.
+/// Show updates the bar on the screen, which passes user input to SetValue or Drag. A value out of range is
+/// clamped; setting the present value calls nothing.
 class ScrollBar {
  public:
-  /// Starts at 0, or at the limit nearest to it.
+  /// Starts at 0, clamped to the limits.
   ScrollBar(std::int16_t min, std::int16_t max);
 
   std::int16_t Min() const { return min_; }

@@ -12,7 +12,7 @@ namespace shell::ui {
 
 namespace {
 
-/// A widget with one action beside Qt's "SetFocus".
+/// A widget with one action besides Qt's "SetFocus".
 class ActingWidget : public QAccessibleWidget {
  public:
   ActingWidget(QWidget* widget, QAccessible::Role role, const QString& action)
@@ -53,7 +53,7 @@ class AccessibleDummy final : public ActingWidget {
   DummyBox* box_;
 };
 
-/// A plain window: Qt gives it the role of a filler and leaves out its open menu.
+/// A plain window: Qt gives it the role Filler and does not list its open menu as a child.
 class AccessibleWindow final : public QAccessibleWidget {
  public:
   explicit AccessibleWindow(QWidget* window) : QAccessibleWidget(window, QAccessible::Window) {}

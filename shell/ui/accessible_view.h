@@ -1,11 +1,11 @@
-/// What assistive technology sees of the view, the Dummy box, the loop picture and plain windows. Qt's own
-/// roles and actions do not suffice there.
+/// Accessible roles and actions of the view, the Dummy box, the loop picture and plain windows, where Qt's
+/// defaults are not enough.
 #pragma once
 
 namespace shell::ui {
 
-/// To be called once, before the first window: gives the view its "ShowMenu" action and the box its "Press",
-/// and makes plain windows frames whose open menu is a child.
+/// Call once, before the first window: gives the view a "ShowMenu" action and the box a "Press" action, and
+/// gives plain windows the role Frame with the open menu as a child.
 void InstallAccessibleViews();
 
 }  // namespace shell::ui

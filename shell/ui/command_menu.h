@@ -12,7 +12,7 @@ class CommandMenuPopup final : public QMenu {
  public:
   CommandMenuPopup(Commands& commands, QWidget* parent);
 
-  /// Greys an entry, or makes it usable; `name` as in the menu's table.
+  /// Enables or greys an entry; `name` as in the menu's table.
   void SetEnabled(std::string_view name, bool enabled);
 };
 

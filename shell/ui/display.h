@@ -1,4 +1,4 @@
-/// Whether there is a display to show windows on.
+/// Finds out whether there is an X display.
 #pragma once
 
 namespace shell::ui {

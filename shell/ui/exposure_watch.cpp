@@ -5,14 +5,14 @@
 #include <QGuiApplication>
 #include <QWindow>
 
-// Last, for its macros.
+// Last: its macros break other headers.
 #include <X11/Xlib.h>
 
 namespace shell::ui {
 
 namespace {
 
-/// The window of an event that makes Qt expose it: Qt does so itself when a window shrinks.
+/// The window that Qt exposes because of this event. Qt also does so when a window shrinks.
 xcb_window_t WindowOf(const xcb_generic_event_t& event) {
   const void* const whole = &event;
   switch (event.response_type & 0x7F) {
@@ -47,12 +47,12 @@ void ExposureWatch::FrameFollows() {
 bool ExposureWatch::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*) {
   if (eventType != "xcb_generic_event_t") return false;
   const auto& event = *static_cast<const xcb_generic_event_t*>(message);
-  // winId() would create a window again that is gone.
+  // winId() would create the window again after it was destroyed.
   if (window_.handle() == nullptr || WindowOf(event) != window_.winId()) return false;
-  // The numbers wrap around.
+  // Request numbers wrap.
   const bool afterFrame = static_cast<std::int32_t>(event.full_sequence - frame_) >= 0;
   due_ = due_ || afterFrame;
-  // Qt would merge later exposures, which this filter has not seen, into this one.
+  // Otherwise Qt would merge later exposures, which this filter has not seen yet, into this one.
   return !due_ && (event.response_type & 0x7F) == XCB_EXPOSE && window_.isExposed();
 }
 

@@ -1,4 +1,4 @@
-/// Separates exposures that need a frame from those that a later frame has already covered.
+/// Decides whether an exposure needs a frame or a later frame has already covered it.
 #pragma once
 
 #include <QAbstractNativeEventFilter>
@@ -9,14 +9,14 @@ class QWindow;
 namespace shell::ui {
 
 /// A resize reloads and draws a frame; the Expose for that resize arrives later. X stamps each event with the
-/// last request processed, so an event older than our last frame needs no repaint. Where the display is not
-/// X, every exposure is due.
+/// last request processed, so an event older than our last frame needs no repaint. Without X every exposure
+/// needs a frame.
 class ExposureWatch final : public QAbstractNativeEventFilter {
  public:
   explicit ExposureWatch(const QWindow& window);
   ~ExposureWatch() override;
 
-  /// Call just before a frame for the whole window goes to the display.
+  /// Call just before each frame of the whole window is sent.
   void FrameFollows();
   /// Whether an exposure was sent after the last frame.
   bool Due() const { return due_; }

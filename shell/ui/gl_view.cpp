@@ -18,7 +18,7 @@ QSurfaceFormat WantedFormat() {
   format.setDepthBufferSize(24);
   format.setSamples(0);
   format.setSwapBehavior(QSurfaceFormat::DoubleBuffer);
-  // Every input event paints at once; waiting for the screen would make the input lag.
+  // Every input event paints at once; waiting for vertical sync would make the input lag.
   format.setSwapInterval(0);
   return format;
 }
@@ -49,8 +49,8 @@ GlView::GlView(QWidget* parent) : QWidget(parent) {
   surface_->create();
   surface_->setVisible(true);
   exposures_ = std::make_unique<ExposureWatch>(*surface_);
-  // A screen of another scale gives other pixels, though the size in Qt's units may stay. The layout follows
-  // the screen only after this signal.
+  // On a screen of another scale the size in pixels changes, though the size in Qt's units may not. Qt
+  // updates its layout only after this signal.
   connect(
       windowHandle(), &QWindow::screenChanged, this, [this] { SizeChanged(); }, Qt::QueuedConnection);
 }
@@ -59,8 +59,8 @@ GlView::~GlView() { GlView::DeleteContext(); }
 
 bool GlView::CreateContext() {
   DeleteContext();
-  // A hidden widget gets no resize event until it is shown, and the driver keeps the first size that it
-  // finds.
+  // A hidden widget gets no resize event until it is shown, and the driver keeps the first size that it is
+  // given.
   FitSurface();
   context_ = std::make_unique<QOpenGLContext>();
   context_->setFormat(WantedFormat());

@@ -1,4 +1,4 @@
-/// The view of the main window: a plain widget that holds one window for OpenGL.
+/// The view of the main window: a plain widget that contains one OpenGL window.
 #pragma once
 
 #include <QOpenGLContext>
@@ -19,12 +19,12 @@ class GlView final : public QWidget, public render::gl::GlSurface {
   explicit GlView(QWidget* parent);
   ~GlView() override;
 
-  /// The view must be drawn again: it was uncovered.
+  /// Called when the view was uncovered and must be drawn again.
   model::Callback<> Exposed;
-  /// The view may have a new size in pixels.
+  /// Called when the view may have a new size in pixels.
   model::Callback<> Resized;
 
-  /// Assistive technology asks for the command menu.
+  /// Called when assistive technology asks for the command menu.
   model::Callback<> MenuAsked;
 
   bool CreateContext() override;

@@ -10,21 +10,21 @@ namespace shell::ui {
 
 namespace {
 
-/// The same with and without Shift, which makes another key of "=" in Qt's own numbers.
+/// The same number with and without Shift: Qt's key code of "=" changes with Shift.
 quint32 CodeOf(const QKeyEvent& key) {
   return key.nativeScanCode() != 0 ? key.nativeScanCode() : static_cast<quint32>(key.key());
 }
 
 bool ClosesPopup(int key) { return key == Qt::Key_Escape || key == Qt::Key_Return || key == Qt::Key_Enter; }
 
-/// The open list or other popup that takes the key. A completer's list takes what closes it and leaves the
-/// rest to the text box that the user types into.
+/// The open list or other popup that takes the key. A completer's list takes only the keys that close it; the
+/// text box below it gets the rest.
 const QObject* PopupThatTakes(int key) {
   const QWidget* const popup = QApplication::activePopupWidget();
   return popup == nullptr || (popup->focusProxy() != nullptr && !ClosesPopup(key)) ? nullptr : popup;
 }
 
-/// Null stands for an open menu: it has the keys of the window below it, and so do its submenus.
+/// Null for an open menu or submenu, which takes the keys of the window below it.
 const QObject* TakerOf(const QKeyEvent& key, const QObject* window) {
   if (qobject_cast<QMenu*>(QApplication::activePopupWidget()) != nullptr) return nullptr;
   const QObject* const popup = PopupThatTakes(key.key());
@@ -40,8 +40,8 @@ HeldKeys::HeldKeys() {
 
 HeldKeys::~HeldKeys() { qApp->removeNativeEventFilter(this); }
 
-/// A repeat is a release and a press at the same time. Qt's own flag misses it when the press reaches its
-/// queue a moment later.
+/// X sends a repeat as a release and a press with equal time stamps. Qt's flag misses it when the press
+/// reaches its queue a moment later.
 bool HeldKeys::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*) {
   if (eventType != "xcb_generic_event_t") return false;
   const int type = static_cast<const xcb_generic_event_t*>(message)->response_type & 0x7F;
@@ -56,9 +56,9 @@ bool HeldKeys::nativeEventFilter(const QByteArray& eventType, void* message, qin
 }
 
 bool HeldKeys::eventFilter(QObject* watched, QEvent* event) {
-  // From now on the releases of keys may go to another program.
+  // Another program may now get the key releases.
   if (event->type() == QEvent::ApplicationStateChange) takers_.clear();
-  // From the window an event goes on to its widgets.
+  // The window passes the event on to its widgets.
   if (event->type() != QEvent::KeyPress || !watched->isWindowType()) return false;
   const auto& key = *static_cast<QKeyEvent*>(event);
   const quint32 code = CodeOf(key);

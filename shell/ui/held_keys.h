@@ -1,4 +1,4 @@
-/// Keeps a key that is held down with the window that took its first press.
+/// Sends the repeats of a held key only to the window that got its first press.
 #pragma once
 
 #include <QAbstractNativeEventFilter>
@@ -9,9 +9,9 @@
 
 namespace shell::ui {
 
-/// A key that closes a menu or a dialog is mostly still down when the window below gets the keyboard back,
-/// and goes on repeating there: Escape would end the program, Enter would press a button again. This filter
-/// of the whole program drops such repeats.
+/// A key that closes a menu or a dialog is usually still down when the window below gets the keyboard back,
+/// and keeps repeating there: Escape would end the program, Enter would press a button again. This
+/// application-wide event filter drops such repeats.
 class HeldKeys final : public QObject, public QAbstractNativeEventFilter {
  public:
   HeldKeys();
@@ -23,14 +23,14 @@ class HeldKeys final : public QObject, public QAbstractNativeEventFilter {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  /// The last events of a key on X.
+  /// The last X events of a key.
   struct XKey {
-    std::uint32_t Released = 0;  ///< in the server's time
+    std::uint32_t Released = 0;  ///< X server time
     bool Repeats = false;
   };
 
   std::array<XKey, 256> xKeys_;            ///< by key code
-  QHash<quint32, const QObject*> takers_;  ///< of the first presses; null stands for an open menu
+  QHash<quint32, const QObject*> takers_;  ///< what got the first press of each key; null for an open menu
 };
 
 }  // namespace shell::ui

@@ -20,7 +20,7 @@ constexpr int kTwipsPerPixel = 15;
 constexpr QSize kFirstSize(720, 600);
 constexpr double kPageMargin = 12;
 
-/// A length in pixels less so many twips; never negative.
+/// A length in pixels minus a length in twips; never negative.
 int Without(int twips, int pixels) {
   const int left = std::max(pixels * kTwipsPerPixel - twips, 0);
   return (left + kTwipsPerPixel / 2) / kTwipsPerPixel;
@@ -50,7 +50,7 @@ void HelpWindow::Open(const QString& caption, const std::string& path) {
 }
 
 void HelpWindow::Form_Resize() {
-  // The outer size, with frame and caption: the difference leaves room for them.
+  // The page gives the outer size: subtract the window's frame and caption.
   const QSize outer = frameGeometry().size();
   Txt_->setGeometry(0, 0, Without(200, outer.width()), Without(450, outer.height()));
 }
@@ -60,7 +60,7 @@ void HelpWindow::resizeEvent(QResizeEvent* event) {
   Form_Resize();
 }
 
-// The frame's size is known once the window manager has placed the window: then a move event arrives.
+// The frame's size is known only after the window manager has placed the window and sent a move event.
 void HelpWindow::moveEvent(QMoveEvent* event) {
   QWidget::moveEvent(event);
   Form_Resize();

@@ -1,4 +1,4 @@
-/// The help window: one help page, shown beside the view.
+/// The help window, which shows one help page beside the view.
 #pragma once
 
 #include <QWidget>
@@ -11,10 +11,10 @@ namespace shell::ui {
 /// One instance shows both pages; the text is read-only.
 class HelpWindow : public QWidget {
  public:
-  /// `owner` is the main window: this one stays in front of it and is deleted with it.
+  /// `owner` is the main window: the help window stays in front of it and is deleted with it.
   explicit HelpWindow(QWidget* owner);
 
-  /// Puts the page into the window and shows it, in front if it was shown already.
+  /// Shows the page; brings the window to the front if it is already open.
   /// Faults  FileFault when the file cannot be read or is not rich text
   void Open(const QString& caption, const std::string& path);
 

@@ -65,7 +65,7 @@ int ShiftState(Qt::KeyboardModifiers modifiers) {
 }
 
 int ShiftState(const QKeyEvent& key) {
-  // While a screen reader listens, keys come as copies in which a modifier key's own bit is inverted, so
+  // With a screen reader, key events arrive as copies in which a modifier key's own bit is inverted, so
   // that bit follows from the press or release.
   Qt::KeyboardModifiers modifiers = key.modifiers();
   modifiers.setFlag(ModifierOf(key.key()), key.type() == QEvent::KeyPress);
@@ -76,7 +76,7 @@ int KeyCode(const QKeyEvent& key) {
   const int code = CodeOf(key.key(), key.modifiers().testFlag(Qt::KeypadModifier));
   if (code != 0 || key.nativeScanCode() == 0 || ModifierOf(key.key()) != Qt::NoModifier) return code;
   const char character = UnshiftedCharacter(key.nativeScanCode(), key.nativeModifiers());
-  // Qt names letters by their capitals.
+  // Qt's key codes of letters are the capitals.
   return CodeOf(QChar(character).toUpper().unicode(), false);
 }
 

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string_view>
 
-// Last, for its macros.
+// Last: its macros break other headers.
 #include <X11/XKBlib.h>
 #include <X11/keysym.h>
 
@@ -18,14 +18,14 @@ struct FreeLayout {
 };
 using Layout = std::unique_ptr<XkbDescRec, FreeLayout>;
 
-/// Asks the server each time: Xlib's own copy would miss a change of the layout, as Qt reads all events.
+/// Asks the server each time: Qt reads all events, so Xlib's copy of the layout would never be updated.
 Layout PresentLayout(Display* display) {
   Layout layout(XkbGetMap(display, XkbKeySymsMask | XkbKeyTypesMask, XkbUseCoreKbd));
   if (layout && XkbGetNames(display, XkbKeyNamesMask, layout.get()) != Success) layout.reset();
   return layout;
 }
 
-/// The first level of a key: no modifier.
+/// The symbol of a key without modifiers (its first level).
 KeySym Unshifted(const XkbDescRec& layout, unsigned keycode, unsigned group) {
   const unsigned groups = XkbKeyNumGroups(&layout, keycode);
   return groups == 0 ? NoSymbol : XkbKeySymEntry(&layout, keycode, 0, std::min(group, groups - 1));

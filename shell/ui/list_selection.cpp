@@ -6,7 +6,7 @@ namespace shell::ui {
 
 namespace {
 
-/// The flags that are set in `flags` and not in `others`.
+/// The flags that are set in `flags` but not in `others`.
 std::vector<bool> Without(std::vector<bool> flags, const std::vector<bool>& others) {
   for (std::size_t i = 0; i < flags.size(); ++i) flags[i] = flags[i] && !others[i];
   return flags;

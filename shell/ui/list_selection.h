@@ -1,4 +1,4 @@
-/// The selection of a long list, fast however many ranges it has.
+/// The selection of a long list; fast for any number of ranges.
 #pragma once
 
 #include <QItemSelectionModel>
@@ -8,9 +8,9 @@
 
 namespace shell::ui {
 
-/// For models of one column. QItemSelectionModel compares each range of the old selection with each of the
-/// new one: seconds at 16,000 ranges. Here every change is computed on one flag per entry, and Qt's storage,
-/// which views and screen readers read, is only ever filled from empty.
+/// For models with one column. QItemSelectionModel compares each old range with each new one, which takes
+/// seconds for 16,000 ranges. This class computes every change on one flag per entry and then refills Qt's
+/// storage, which views and screen readers read, from empty.
 class ListSelection : public QItemSelectionModel {
  public:
   using QItemSelectionModel::QItemSelectionModel;
@@ -19,7 +19,7 @@ class ListSelection : public QItemSelectionModel {
   void select(const QItemSelection& selection, SelectionFlags command) override;
   void reset() override;
 
-  /// Selects exactly these entries, with no signal.
+  /// Selects exactly these entries without a signal.
   void SelectQuietly(const EntryRanges& ranges);
   EntryRanges Selected() const { return RangesOf(flags_); }
 

@@ -23,12 +23,12 @@ namespace shell::ui {
 
 namespace {
 
-/// For the parameter file when the program's folder cannot be written.
+/// The folder for the parameter file when the program's folder is not writable.
 std::string UserFolder() {
   return QFile::encodeName(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)).toStdString();
 }
 
-/// The one package file that is dragged; empty for anything else.
+/// The dragged package file; empty for several files or anything else.
 std::string DraggedPackage(const QMimeData& dragged) {
   const QList<QUrl> urls = dragged.urls();
   const QFileInfo file(urls.size() == 1 ? urls[0].toLocalFile() : QString());
@@ -62,7 +62,7 @@ MainWindow::MainWindow(const StartUp& startUp, ProgramEnd& end, setup::FileDialo
 
 MainWindow::~MainWindow() = default;
 
-/// The view fills the window; the bars stand along its right and lower edges, the buttons below.
+/// The view fills the window, with the bars along its right and lower edges and the buttons below.
 void MainWindow::LayOut() {
   auto* const grid = new QGridLayout(this);
   grid->setContentsMargins(0, 0, 0, 0);
@@ -73,7 +73,7 @@ void MainWindow::LayOut() {
   grid->addWidget(controls_.Strip, 2, 0, 1, 2);
   grid->setRowStretch(0, 1);
   grid->setColumnStretch(0, 1);
-  // Leaves room for the frame and the desktop's bars on a small screen.
+  // On a small screen leave room for the frame and the desktop's panels.
   resize(QSize(1024, 800).boundedTo(screen()->availableSize() * 0.85));
 }
 
@@ -149,7 +149,7 @@ void MainWindow::WireCommands() {
   };
 }
 
-/// A window that opens for the first time does not cover the view; later it stays where the user moved it.
+/// Places a window beside the view when it first opens; later it stays where the user moved it.
 void MainWindow::PlaceFirst(QWidget& window, const QWidget* other) {
   std::vector<QRect> taken{frameGeometry()};
   if (other != nullptr && other->isVisible()) taken.push_back(other->frameGeometry());
@@ -172,8 +172,8 @@ void MainWindow::Load() {
   view_->setFocus();
 }
 
-/// Moved to a screen of another scale, a window may keep its size in Qt's units. Qt then leaves the native
-/// windows of its controls at the pixels of the screen before.
+/// On a screen of another scale a window may keep its size in Qt's units. Qt then keeps the old pixel sizes
+/// of its controls' native windows.
 void MainWindow::FitNativeChildren() {
   for (const QWidget* const child : findChildren<QWidget*>())
     if (QWindow* const native = child->windowHandle(); native != nullptr && !child->isWindow())
@@ -181,15 +181,15 @@ void MainWindow::FitNativeChildren() {
 }
 
 bool MainWindow::event(QEvent* event) {
-  // After a dialog the main window takes the keyboard back, as no window manager may be there to give it.
-  // While the setup window is shown, the dialog may have been that window's.
+  // After a dialog the main window takes the keyboard back, because there may be no window manager to do it.
+  // But not while the setup window is open: the dialog may have been that window's.
   if (event->type() == QEvent::WindowUnblocked && !(BWsu_ && BWsu_->isVisible())) activateWindow();
   return QWidget::event(event);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
   if (DraggedPackage(*event->mimeData()).empty() || !(event->possibleActions() & Qt::CopyAction)) return;
-  // Not the proposed action: after a move the file manager would delete the file.
+  // Always a copy: after a move the file manager would delete the file.
   event->setDropAction(Qt::CopyAction);
   event->accept();
 }

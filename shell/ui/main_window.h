@@ -1,4 +1,4 @@
-/// The main window: the view with its controls, the command menu, and the wiring between forms and windows.
+/// The main window: the view with its controls, the command menu, and the connections of forms and windows.
 #pragma once
 
 #include <QWidget>
@@ -26,12 +26,12 @@ class WireListWindow;
 
 class MainWindow final : public QWidget {
  public:
-  /// `Filn`: dialogs to use instead of Qt's; must live longer.
+  /// `Filn`: dialogs to use instead of Qt's; must outlive the window.
   MainWindow(const StartUp& startUp, ProgramEnd& end, setup::FileDialog* Filn = nullptr);
   ~MainWindow() override;
 
-  /// Loads the package for the size that the window will have, so that its first showing is a finished
-  /// picture.
+  /// Loads the package at the window's future size, so that the window shows a finished picture as soon as it
+  /// opens.
   void Load();
 
   MainForm& Form() { return form_; }

@@ -27,7 +27,7 @@ constexpr std::pair<QPrinter::ColorMode, const char*> kColourModes[] = {
     {QPrinter::GrayScale, "Greyscale"},
 };
 
-/// A PDF file takes any paper; these are the usual ones.
+/// The papers offered for a PDF file, which could have any size.
 QList<QPageSize> UsualPapers() {
   QList<QPageSize> papers;
   for (const QPageSize::PageSizeId id :
@@ -48,7 +48,7 @@ int IndexOf(const QList<QPageSize>& papers, const QPageSize& wanted) {
   return -1;
 }
 
-/// Shows the wanted paper, or the target's usual one where it does not take that.
+/// Shows the wanted paper, or the target's default when it does not support that.
 void OfferPapers(QComboBox& box, QList<QPageSize> papers, const QPageSize& wanted, const QPageSize& usual) {
   if (usual.isValid() && IndexOf(papers, usual) < 0) papers.append(usual);
   box.clear();
@@ -57,7 +57,7 @@ void OfferPapers(QComboBox& box, QList<QPageSize> papers, const QPageSize& wante
   box.setCurrentIndex(index >= 0 ? index : std::max(IndexOf(papers, usual), 0));
 }
 
-/// Offers the modes that the printer has; with a single one there is nothing to choose.
+/// Offers the modes that the printer supports; disabled when there is only one.
 template <class Mode, std::size_t kCount>
 void OfferModes(QComboBox& box, const std::pair<Mode, const char*> (&modes)[kCount],
                 const QList<Mode>& supported, Mode wanted) {
@@ -157,7 +157,7 @@ PrintSettings PrinterSetup::Settings() const {
   settings.PdfFile.clear();
   settings.Printer = printer_->currentText();
   settings.Copies = copies_->value();
-  // A printer with a single mode says nothing about the mode wanted on the next one.
+  // A printer with a single mode keeps the wanted mode for the next printer.
   if (colour_->isEnabled())
     settings.Colour = static_cast<QPrinter::ColorMode>(colour_->currentData().toInt());
   if (duplex_->isEnabled())

@@ -1,4 +1,4 @@
-/// The dialog "Printer Setup": what it offers holds for every print while the program runs.
+/// The dialog "Printer Setup". Its settings apply to every print until the program ends.
 #pragma once
 
 #include <QDialog>
@@ -13,10 +13,10 @@ class QSpinBox;
 
 namespace shell::ui {
 
-/// Start values are the system's own: its default printer with its default paper.
+/// Start values: the system's default printer with its default paper.
 struct PrintSettings {
   QString Printer;  ///< empty: the default printer
-  QString PdfFile;  ///< chosen while there was no printer; goes before `Printer`; empty: none chosen
+  QString PdfFile;  ///< chosen when there is no printer; used instead of `Printer`; empty: none chosen
   QPageSize Paper;  ///< invalid: the target's default
   QPageLayout::Orientation Orientation = QPageLayout::Portrait;
   int Copies = 1;
@@ -24,11 +24,11 @@ struct PrintSettings {
   QPrinter::DuplexMode Duplex = QPrinter::DuplexNone;
 };
 
-/// Qt's own print dialog offers page ranges, job options and more that a print of one picture does not take
-/// over, and forgets the paper of the choice before.
+/// Replaces Qt's print dialog, which offers page ranges, job options and more that a print of one picture
+/// cannot use, and which forgets the paper.
 class PrinterSetup final : public QDialog {
  public:
-  /// Shows `settings`. Without any printer the target is a PDF file.
+  /// Shows `settings`. When there is no printer the target is a PDF file.
   PrinterSetup(const PrintSettings& settings, QWidget* parent);
 
   PrintSettings Settings() const;
@@ -40,7 +40,7 @@ class PrinterSetup final : public QDialog {
   void OfferPrinterOptions();
   void Browse();
 
-  PrintSettings wanted_;          ///< as chosen, also what the shown printer does not offer
+  PrintSettings wanted_;          ///< the user's choice, including what the selected printer does not support
   QComboBox* printer_ = nullptr;  ///< null without printers
   QLineEdit* pdfFile_ = nullptr;  ///< null with printers
   QComboBox* paper_;

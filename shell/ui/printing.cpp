@@ -32,7 +32,7 @@ QImage ImageOf(const render::Picture& picture) {
   return QImage(picture.Rgb.data(), picture.Width, picture.Height, picture.Width * 3, QImage::Format_RGB888);
 }
 
-/// Draws the picture on the one page of a device; false when the device does not take it.
+/// Draws the picture on one page of a device; false when painting cannot start.
 bool PaintPage(QPagedPaintDevice& device, const render::Picture& picture, bool fit) {
   QPainter painter;
   if (!painter.begin(&device)) return false;
@@ -75,7 +75,7 @@ bool Printing::MayReplace(const std::string& file, const std::string& packagePat
 }
 
 void Printing::PrintToFile(const render::Picture& picture, bool fit, const std::string& file) {
-  // Through memory, so that the file is written whole or not at all.
+  // Print into memory first, so that the file is written whole or not at all.
   QBuffer pdf;
   pdf.open(QIODevice::WriteOnly);
   {
@@ -93,10 +93,10 @@ void Printing::PrintToFile(const render::Picture& picture, bool fit, const std::
 }
 
 void Printing::PrintOnPaper(const render::Picture& picture, bool fit) {
-  // A fresh one for each print: the print system may have changed.
+  // A new QPrinter for each print: the system's printers may have changed.
   QPrinter printer(QPrinter::HighResolution);
   const QString& name = settings_.Printer;
-  // Qt would print on another printer in place of one that is gone.
+  // Qt would silently print on another printer when this one is gone.
   if (!name.isEmpty() && QPrinterInfo::printerInfo(name).isNull()) return Complain(NoAnswer(name));
   if (!name.isEmpty()) printer.setPrinterName(name);
   SetPage(printer, settings_);

@@ -1,4 +1,4 @@
-/// Prints the picture as Printer Setup says.
+/// Prints the picture with the settings of Printer Setup.
 #pragma once
 
 #include <QSet>
@@ -11,15 +11,15 @@ namespace shell::ui {
 
 class Printing {
  public:
-  /// Dialogs stand over `parent`.
+  /// `parent` is the parent of the dialogs.
   explicit Printing(QWidget* parent);
 
-  /// Shows the dialog; what it chooses holds while the program runs. Prints nothing.
+  /// Shows the dialog, which sets the options for later prints. Prints nothing.
   void SetUp();
 
-  /// Prints at the picture's own size, a pixel being 1/96 inch, or scaled to the page (`fit`). Asks before it
-  /// replaces a PDF file that this run has not written; `packagePath` is for the question. A target that
-  /// cannot be printed to is reported in a box, and nothing is changed.
+  /// Prints at the picture's own size, 1/96 inch per pixel, or scaled to the page (`fit`). Asks before it
+  /// replaces a PDF file that this run did not write; the question warns when that is `packagePath`. Reports
+  /// a target that cannot be printed to in a box and changes nothing.
   void Print(const render::Picture& picture, bool fit, const std::string& packagePath);
 
  private:
@@ -30,7 +30,7 @@ class Printing {
 
   QWidget* parent_;
   PrintSettings settings_;
-  QSet<QString> written_;  ///< PDF files of this run
+  QSet<QString> written_;  ///< PDF files that this run has written
 };
 
 }  // namespace shell::ui

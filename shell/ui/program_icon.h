@@ -5,7 +5,7 @@
 
 namespace shell::ui {
 
-/// The drawing that desktops show, in the sizes that window managers ask for.
+/// The desktop icon in the sizes that window managers ask for.
 QIcon ProgramIcon();
 
 }  // namespace shell::ui

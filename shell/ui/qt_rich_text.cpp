@@ -30,10 +30,10 @@ Qt::Alignment AlignmentOf(help::Alignment alignment) {
   return Qt::AlignLeft;
 }
 
-/// The stops in Qt's form: rising, and measured from the start of the first line.
+/// The tab stops as Qt wants them: ascending, and measured from the start of the first line.
 QList<QTextOption::Tab> TabsOf(const help::ParagraphFormat& paragraph, double pixelsPerTwip) {
   std::vector<int> stops = paragraph.Tabs;
-  // A hanging first line has one more stop, where the other lines start: a list's text begins there.
+  // A hanging first line has one more stop where the other lines start; the text of a list item begins there.
   if (paragraph.First < 0) stops.push_back(paragraph.Left);
   std::sort(stops.begin(), stops.end());
   QList<QTextOption::Tab> tabs;
@@ -100,7 +100,7 @@ void PourRichText(const help::RichText& text, double pixelsPerTwip, QTextDocumen
   bool first = true;
   for (const help::Paragraph& paragraph : text.Paragraphs) {
     const QTextBlockFormat block = BlockFormatOf(paragraph.Format, pixelsPerTwip);
-    // An empty paragraph gets the height of its font, not of the paragraph above.
+    // An empty paragraph has the height of its own font, not of the font above.
     const QTextCharFormat letters =
         CharFormatOf(paragraph.Runs.empty() ? help::RunFormat{} : paragraph.Runs.front().Format, text.Fonts);
     if (first) {

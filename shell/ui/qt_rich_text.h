@@ -7,8 +7,8 @@ class QTextDocument;
 
 namespace shell::ui {
 
-/// Replaces all that `document` holds by `text`.
-/// Units   `pixelsPerTwip`: the length of a twip where the document is shown
+/// Replaces the contents of `document` with `text`.
+/// Units   `pixelsPerTwip`: the length of a twip on the screen, in pixels
 void PourRichText(const help::RichText& text, double pixelsPerTwip, QTextDocument& document);
 
 }  // namespace shell::ui

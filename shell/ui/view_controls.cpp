@@ -57,7 +57,7 @@ void ArrowPicture::paintEvent(QPaintEvent* event) {
 
 DummyBox::DummyBox(QWidget* parent) : QLineEdit(parent) {
   setReadOnly(true);
-  setAcceptDrops(false);  // the main window takes what is dropped here
+  setAcceptDrops(false);  // the main window handles drops
   setContextMenuPolicy(Qt::NoContextMenu);
   setAccessibleName("Reset view");
   setAccessibleDescription("Reads the package again and goes back to the first view, as the Home key does");
@@ -113,7 +113,7 @@ ViewControls::ViewControls(navigation::Navigation& navigation, ProgramEnd& end, 
     push->setFocusPolicy(Qt::NoFocus);
     push->setAccessibleDescription(button.Description);
     push->setToolTip(button.Description);
-    // No wider than the caption: all of them fit into a window of 640 pixels.
+    // No wider than the caption, so that all buttons fit into a window of 640 pixels.
     push->setFixedWidth(push->fontMetrics().horizontalAdvance(push->text()) + 24);
     QObject::connect(push, &QPushButton::clicked, Strip,
                      [&navigation, &end, click = button.Click] { end.Run([&] { (navigation.*click)(); }); });

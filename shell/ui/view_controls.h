@@ -1,5 +1,4 @@
-/// The controls along the view's edges: two scroll bars, six buttons, four arrows and the box that takes the
-/// focus.
+/// The controls along the view's edges: two scroll bars, six buttons, four arrows and the Dummy box.
 #pragma once
 
 #include <QLineEdit>
@@ -39,7 +38,7 @@ class ArrowPicture final : public QPushButton {
   int index_;
 };
 
-/// The Dummy box: an arrow picture gives it the focus, and a click on it resets the view.
+/// The Dummy box: gets the focus after a click on an arrow picture; a click on it resets the view.
 class DummyBox final : public QLineEdit {
   Q_OBJECT
 

@@ -30,7 +30,7 @@ bool OpensMenu(const QKeyEvent& key) {
 }  // namespace
 
 bool WheelHook::eventFilter(QObject* watched, QEvent* event) {
-  // A window passes the event on to its widgets; only the window's counts.
+  // The window passes the event on to its widgets; handle it only once, at the window.
   if (event->type() == QEvent::Wheel && watched->isWindowType()) Turned(*static_cast<QWheelEvent*>(event));
   return false;
 }
@@ -58,7 +58,7 @@ void ViewInput::OpenMenuByKey() {
 bool ViewInput::eventFilter(QObject* watched, QEvent* event) {
   const QEvent::Type type = event->type();
   if (watched == &view_) return MouseEvent(event);
-  // An open menu takes the keys.
+  // An open menu gets the keys.
   if (watched == keyWindow_ && QApplication::activePopupWidget() == nullptr) {
     if (type == QEvent::KeyPress) return KeyEvent(*static_cast<QKeyEvent*>(event), true);
     if (type == QEvent::KeyRelease) return KeyEvent(*static_cast<QKeyEvent*>(event), false);
@@ -85,7 +85,7 @@ bool ViewInput::MouseEvent(QEvent* event) {
 }
 
 bool ViewInput::KeyEvent(const QKeyEvent& key, bool down) {
-  // A key that is held down repeats as release and press; only its last release counts.
+  // A held key repeats as release and press; only its last release counts.
   if (!down && key.isAutoRepeat()) return true;
   if (OpensMenu(key)) {
     if (down) OpenMenuByKey();
@@ -99,7 +99,7 @@ bool ViewInput::KeyEvent(const QKeyEvent& key, bool down) {
 }
 
 void ViewInput::WheelEvent(const QWheelEvent& wheel) {
-  // While Alt is held, Qt swaps the two directions of a wheel.
+  // While Alt is held, Qt swaps the horizontal and vertical direction of the wheel.
   const QPoint turn = wheel.angleDelta();
   const int delta = wheel.modifiers().testFlag(Qt::AltModifier) ? turn.x() : turn.y();
   if (delta != 0) end_.Run([&] { form_.Navigator().WheelMoved(delta); });

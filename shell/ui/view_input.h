@@ -18,8 +18,8 @@ class ProgramEnd;
 
 namespace shell::ui {
 
-/// An application-wide event filter for wheel events, whichever window of the program is under the pointer.
-/// Apart from ViewInput, which would get its own events twice.
+/// An application-wide event filter for wheel events over any window of the program. It is separate from
+/// ViewInput, which would otherwise get its own events twice.
 class WheelHook final : public QObject {
  public:
   model::Callback<const QWheelEvent&> Turned;
@@ -28,18 +28,18 @@ class WheelHook final : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 };
 
-/// An event filter for two places: the view (mouse) and the main window's native window (keys, before any
-/// control gets them).
+/// An event filter on the view (mouse) and on the main window's native window (keys, before any control gets
+/// them).
 class ViewInput final : public QObject {
  public:
   ViewInput(MainForm& form, ProgramEnd& end, QWidget& view);
 
-  /// Needs  the main window to be created
+  /// Needs  the main window's native window
   void WatchKeysOf(QWindow* window);
   void HookWheel();
   void UnhookWheel();
 
-  /// Opens the command menu at the view's centre, for users without a mouse.
+  /// Opens the command menu at the view's centre, for the keyboard.
   void OpenMenuByKey();
 
  protected:

@@ -12,7 +12,7 @@ QPoint PlaceBeside(const QSize& size, std::span<const QRect> taken, const QRect&
            });
   };
   for (const QRect& other : taken) {
-    // Higher when the screen would cut off the lower edge.
+    // Move up when the screen would cut off the lower edge.
     const int top = std::max(screen.top(), std::min(other.top(), screen.bottom() + 1 - size.height()));
     for (const QPoint corner : {QPoint(other.right() + 1, top), QPoint(other.left() - size.width(), top)})
       if (free(corner)) return corner;

@@ -17,7 +17,7 @@
 
 namespace shell::ui {
 
-/// The form's entries for the list view, read in place.
+/// A list model that reads the form's entries without a copy.
 class WireListWindow::Entries : public QAbstractListModel {
  public:
   explicit Entries(const WireListForm& form) : form_(form) {}
@@ -62,12 +62,12 @@ WireListWindow::WireListWindow(WireListForm& form)
   auto* buttons = new QVBoxLayout;
   for (std::size_t i = 0; i < Cmd_.size(); ++i) {
     Cmd_[i] = new QPushButton(WireListForm::kCaptions[i]);
-    Cmd_[i]->setAutoDefault(true);  // Enter presses it too, not Space alone
+    Cmd_[i]->setAutoDefault(true);  // so that Enter presses it, not only Space
     connect(Cmd_[i], &QPushButton::clicked, this, [this, i] { PressButton(static_cast<int>(i)); });
     buttons->addWidget(Cmd_[i]);
   }
   buttons->addStretch();
-  auto* client = new QWidget;  // screen readers take a QMainWindow for a frame
+  auto* client = new QWidget;  // screen readers see the QMainWindow itself as a frame
   auto* columns = new QHBoxLayout(client);
   columns->addWidget(PL_, 1);
   columns->addLayout(buttons);
@@ -123,13 +123,13 @@ void WireListWindow::TakeSelection() {
 }
 
 void WireListWindow::PressButton(int index) {
-  TakeSelection();  // a key just before may have changed the list
+  TakeSelection();  // a key pressed just before may have changed the list
   form_.Cmd_Click(index);
 }
 
 void WireListWindow::SelectionChanged() {
   changed_ = true;
-  // A drag is reported once, at the release.
+  // Report a drag once, when the button is released.
   if (mouseHeld_ && QGuiApplication::mouseButtons() != Qt::NoButton) return;
   ReportLater(false);
 }
@@ -161,7 +161,7 @@ void WireListWindow::showEvent(QShowEvent* event) {
 void WireListWindow::hideEvent(QHideEvent* event) {
   QMainWindow::hideEvent(event);
   mouseHeld_ = false;
-  if (!event->spontaneous()) form_.Form_Unload();  // a minimised window still counts as shown
+  if (!event->spontaneous()) form_.Form_Unload();  // a minimized window still counts as shown
 }
 
 bool WireListWindow::event(QEvent* event) {
@@ -181,7 +181,7 @@ bool WireListWindow::eventFilter(QObject* watched, QEvent* event) {
     mouseHeld_ = true;
   } else if (inList && event->type() == QEvent::MouseButtonRelease) {
     mouseHeld_ = false;
-    ReportLater(true);  // after the list's own handling, which may change the selection
+    ReportLater(true);  // after the list has handled the event, which may change the selection
   } else if (!inList && event->type() == QEvent::KeyPress) {
     form_.Form_KeyDown(ShiftState(static_cast<QKeyEvent&>(*event)));
   } else if (!inList && event->type() == QEvent::KeyRelease) {

@@ -14,18 +14,18 @@ namespace shell::ui {
 
 class ListSelection;
 
-/// Binds a list and nine buttons to the form. A top-level window that may be closed and opened again; it does
-/// not keep the program alive.
+/// Binds a list and nine buttons to the form. A top-level window that the user can close and open again;
+/// it does not keep the program running.
 class WireListWindow : public QMainWindow {
  public:
-  /// `form` must live longer; the window fills in its `Actions.SelectAndGoToFirst`.
+  /// `form` must outlive the window, which sets its `Actions.SelectAndGoToFirst`.
   explicit WireListWindow(WireListForm& form);
   ~WireListWindow() override;
 
   /// The command of the main window's menu: fills the list and shows the window.
-  /// Faults  as WireListForm::DoWireList; nothing has changed then
+  /// Faults  as WireListForm::DoWireList; changes nothing then
   void DoWireList();
-  /// To be called once a load has replaced the package, before the scene is built.
+  /// Call after a load has replaced the package and before the scene is built.
   void PackageChanged();
 
  protected:
@@ -51,8 +51,8 @@ class WireListWindow : public QMainWindow {
   std::unique_ptr<ListSelection> selection_;
   QListView* PL_;                                           ///< the list
   std::array<QPushButton*, WireListForm::kButtons> Cmd_{};  ///< the buttons
-  bool mouseHeld_ = false;                                  ///< a press in the list awaits its release
-  bool changed_ = false;  ///< the list's selection may differ from the form's
+  bool mouseHeld_ = false;  ///< a mouse button pressed in the list is still down
+  bool changed_ = false;    ///< the list's selection may differ from the form's
   bool reportPosted_ = false;
   bool reportMouseUp_ = false;
 };

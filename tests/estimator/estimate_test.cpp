@@ -64,7 +64,7 @@ TEST_F(EstimateTest, TakesMilUnlessTheDieLooksLikeMillimetresOrAUnitIsChosen) {
 
 TEST_F(EstimateTest, SaysWhatCannotBeUsed) {
   PutFile(folder / "beside/a.yax", "no package\n");
-  EXPECT_NE(Problem().find("a.yax: it holds no package"), std::string::npos);
+  EXPECT_NE(Problem().find("a.yax: it has no COMPZ line"), std::string::npos);
   PutFile(File(), "Material=Ag\n");
   EXPECT_NE(Problem().find("a.zu:1: 'Ag' is not a wire material"), std::string::npos);
   PutFile(File(), "Material=Au\n");

@@ -2,7 +2,7 @@
 
 namespace {
 
-TEST_F(YaxTest, EndsWithAStatusThatTellsWhatWasFound) {
+TEST_F(YaxTest, TheExitStatusSeparatesSuccessFindingsAndErrors) {
   const std::string one = OneWire();
   PutFile(folder / "dirty.yax", std::string(kOneWire) + "# a remark\n");
   PutFile(folder / "small.yax", "TECHNOLOGY WIRE_BOND\nCOMPL 4\nCOMPW 4\nCOMPZ .3\n");
@@ -35,7 +35,7 @@ TEST_F(YaxTest, EndsWithAStatusThatTellsWhatWasFound) {
        "one.yax:7: the length of wire 'A' is"},
       {"wires --limit-angle 0 " + one, 0, "\nA,", ""},
       {"wires --limit-angle x " + one, 2, "", "--limit-angle 'x' is not a number"},
-      {"wires --tier-loop-height 7=1 " + one, 2, "", "one.yax: no wire is of tier 7"},
+      {"wires --tier-loop-height 7=1 " + one, 2, "", "one.yax: no wire has tier 7"},
       {"clearance " + one, 0, "# wires: 1, diameter: 1.0000 mil, touching pairs: 0\n", ""},
       {"clearance " + two, 0, " A     B ", ""},
       {"clearance --limit 14.5 " + two, 1, "others below 14.5000 mil: 1", ""},
@@ -87,7 +87,7 @@ TEST_F(YaxTest, EndsWithAStatusThatTellsWhatWasFound) {
       {"render " + one + to + " --tier 4", 2, "", "--tier 4"},
       {"render " + (folder / "absent.yax") + to, 2, "", "absent.yax: there is no such file"},
       {"render " + (folder / "") + to, 2, "", "it is not a file"},
-      {"render " + (folder / "none.yax") + to, 2, "", "none.yax: it holds no package"},
+      {"render " + (folder / "none.yax") + to, 2, "", "none.yax: it has no COMPZ line"},
       {"render " + one + " -o " + (folder / "a.gif"), 2, "", "a.gif: "},
       {"render " + one + " -o " + (folder / "absent/a.png"), 2, "", "absent/a.png: "},
       {"render " + one + " -o " + (folder / "kept.png") + " --zu " + (folder / "absent.zu"), 2, "",
@@ -105,7 +105,7 @@ TEST_F(YaxTest, EndsWithAStatusThatTellsWhatWasFound) {
   EXPECT_EQ(GetFile(folder / "kept.png"), "old");
 }
 
-TEST_F(YaxTest, LeavesInSilenceWhoHasReadEnough) {
+TEST_F(YaxTest, AClosedPipeIsNotAnError) {
   // More than a pipe holds.
   const std::string command = "bash -c '" YAX_PROGRAM " export --unit mm -o - " + SamplePath("bga332") +
                               " 2>" + (folder / "err") + " | true; exit ${PIPESTATUS[0]}'";
@@ -140,7 +140,7 @@ TEST_F(YaxTest, ExportsAnObjectWithItsColoursBesideIt) {
   ASSERT_EQ(Yax("export -o " + (folder / "a.b.obj") + " " + one).status, 0);
   EXPECT_NE(GetFile(folder / "a.b.obj").find("\nmtllib a.b.mtl\n"), std::string::npos);
   EXPECT_NE(GetFile(folder / "a.b.mtl").find("newmtl rgb_255_255_0\n"), std::string::npos);
-  // Where the one cannot be written the other does not stay.
+  // When one file cannot be written, the other is not left behind.
   ASSERT_EQ(std::system(("mkdir " + (folder / "c.obj")).c_str()), 0);
   EXPECT_EQ(Yax("export -o " + (folder / "c.obj") + " " + one).status, 2);
   EXPECT_EQ(GetFile(folder / "c.mtl"), "");

@@ -170,8 +170,8 @@ struct Box {
   double low[3] = {HUGE_VAL, HUGE_VAL, HUGE_VAL}, high[3] = {-HUGE_VAL, -HUGE_VAL, -HUGE_VAL};
 };
 
-/// The points of a node's mesh and of its children's, as the file's own accessors give them, told to be
-/// within the bounds that the file gives.
+/// The points of a node's mesh and of its children's, read through the file's accessors and checked against
+/// their bounds.
 void Enclose(const tinygltf::Model& model, const tinygltf::Node& node, Box& box) {
   for (const int child : node.children) Enclose(model, model.nodes.at(std::size_t(child)), box);
   if (node.mesh < 0) return;

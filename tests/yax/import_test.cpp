@@ -141,7 +141,7 @@ TEST_F(ImportProgram, RefusesWithOneLineAndWritesNothing) {
       {most + die + "--land -1", "yax: --land: '-1' is below 0; "},
       {most + die + "--rotate 45", "--rotate: 45 not in {0,90,180,270}"},
       {most + die + "--unit inch", "--unit: inch not in {mm,um,mil}"},
-      {most + "--recipe " + (folder / "key.recipe"), "key.recipe: there is no key 'colour'; "},
+      {most + "--recipe " + (folder / "key.recipe"), "key.recipe: unknown key 'colour'; "},
       {"--die-height 1 --package qfn:4,body=9x9 --recipe " + (folder / "value.recipe"),
        "value.recipe: die-size: '5' is not two lengths above 0; "},
       {"--recipe " + (folder / "comma.recipe"),

@@ -136,7 +136,7 @@ TEST(ParameterFile, RestoresAllThatIsWritten) {
   EXPECT_EQ(TextOf(read), "1.5 3.5 2.5 -1 4.5 'Cu' 1.25 2e+09");
 }
 
-TEST(ParameterFile, TellsTheLineThatIsWrong) {
+TEST(ParameterFile, NamesTheLineThatIsWrong) {
   EXPECT_EQ(Refusal([] { ReadParameterText("a.zu", "YAXFile=b.yax\nBaseExtension=wide\n"); }),
             "a.zu:2: 'wide' is not a number; write one such as 12.5");
   EXPECT_EQ(Refusal([] { ReadParameterText("a.zu", "\r\nmaterial=Ag"); }),
@@ -149,7 +149,7 @@ TEST(ParameterFile, TellsTheLineThatIsWrong) {
   EXPECT_EQ(values.BaseExtension, 0.5F);
 }
 
-TEST(NetOptions, RefuseAPatternAndPassOverANameWithoutEnd) {
+TEST(NetOptions, RefuseALongPatternAndIgnoreALongName) {
   // The library would run out of stack.
   for (const std::string& pattern :
        {"(" + std::string(100'000, 'a') + ")", std::string(50'000, '(') + std::string(50'000, ')')})

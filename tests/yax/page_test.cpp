@@ -44,7 +44,7 @@ std::size_t Count(const std::string& page, const std::string& text) {
   return count;
 }
 
-TEST_F(PageTest, NamesAreTextAndThePageNeedsNothingElse) {
+TEST_F(PageTest, NamesAreTextAndThePageIsSelfContained) {
   const std::string page = Page();
   EXPECT_EQ(Count(page, "</script>"), 3U);
   EXPECT_NE(page.find("<title>a&lt;b>.yax</title>"), std::string::npos);

@@ -1,4 +1,4 @@
-/// What is said when something is refused.
+/// Captures the message of a refusal.
 #pragma once
 
 #include <CLI/Error.hpp>
@@ -8,7 +8,7 @@
 
 namespace yax {
 
-/// The message with which `work` is refused; empty when it is not.
+/// The message when `work` is refused; empty when it is not.
 template <class Work>
 std::string Refusal(Work&& work) {
   try {

@@ -121,12 +121,12 @@ TEST_F(YaxTest, NeedsNoDisplay) {
   EXPECT_TRUE(Yax(common, "DISPLAY=nowhere:0 WAYLAND_DISPLAY=none").out == plain);
 }
 
-TEST_F(YaxTest, SaysInOneLineThatThereIsNoGl) {
+TEST_F(YaxTest, ReportsInOneLineThatThereIsNoGl) {
   for (const char* environment :
        {"__EGL_VENDOR_LIBRARY_FILENAMES=/nonexistent", "LIBGL_DRIVERS_PATH=/nonexistent"}) {
     const Ended ended = Yax("render " + OneWire() + " -o " + (folder / "a.png"), environment);
     EXPECT_EQ(ended.status, 2) << environment;
-    EXPECT_EQ(ended.err, "yax: there is no usable OpenGL; install Mesa's EGL and its software driver\n")
+    EXPECT_EQ(ended.err, "yax: OpenGL is not usable; install Mesa's EGL and its software driver\n")
         << environment;
   }
 }

@@ -1,3 +1,3 @@
-// The library is a header; this is its one copy in the tests.
+// The header-only library's implementation, compiled once for the tests.
 #define TINYGLTF_IMPLEMENTATION
 #include <tiny_gltf.h>

@@ -1,4 +1,4 @@
-/// The program as a user runs it, for tests of what it answers.
+/// Runs the program as a user does and captures its output.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -21,7 +21,7 @@ using formats::JsonPiece;
 using render::Mesh;
 using render::MeshGroup;
 
-// Points and triangles are laid out in memory as the format wants them: three numbers of 4 bytes each.
+// Points and triangles already have the format's layout in memory: three numbers of 4 bytes each.
 constexpr std::size_t kPointBytes = 12, kTriangleBytes = 12;
 static_assert(sizeof(model::SceneVector) == kPointBytes && sizeof(Mesh::Triangles[0]) == kTriangleBytes);
 
@@ -31,8 +31,8 @@ double Linear(float component) {
   return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
 }
 
-/// Unlit, so that a viewer shows the colour itself; viewers that cannot do that get a dull material. Flat
-/// shapes are seen from both sides.
+/// Unlit, so that a viewer shows the plain colour; viewers without that extension use a rough material. Flat
+/// shapes are double-sided.
 Json MaterialOf(const std::string& name, const model::Colour& paint) {
   const std::array<double, 4> factor{Linear(paint.Red), Linear(paint.Green), Linear(paint.Blue), 1.0};
   Json look = Json::object();
@@ -57,8 +57,8 @@ struct Bounds {
   }
 };
 
-/// Writes the JSON piece by piece: a tree of it for all nets of a large package takes more memory than the
-/// rest of the program. Its one buffer holds all points before all triangles.
+/// Writes the JSON piece by piece: a JSON tree for all nets of a large package would take more memory than
+/// the rest of the program. The file's one buffer has all points before all triangles.
 class Gltf {
  public:
   explicit Gltf(const MeshScene& scene) : scene_(scene) {
@@ -70,7 +70,7 @@ class Gltf {
   }
 
   std::size_t BufferBytes() const { return pointBytes_ + triangleBytes_; }
-  /// `uri` is where the buffer is; empty when it follows in the same file.
+  /// `uri` is the buffer's address; empty when the buffer follows in the same file.
   void AppendJson(const std::string& uri, std::string& text);
   void AppendBuffer(std::string& bytes) const;
 
@@ -87,13 +87,13 @@ class Gltf {
   std::map<std::string, std::size_t> materials_;  ///< numbers by name, in the order of their first use
 };
 
-/// The format knows no mesh without shapes.
+/// glTF does not allow a mesh without shapes.
 bool HasMesh(const MeshGroup& group) {
   return std::any_of(group.Meshes.begin(), group.Meshes.end(),
                      [](const auto& part) { return !part.second.Triangles.empty(); });
 }
 
-/// Calls `visit` for every mesh with shapes: those of the body, then those of the nets.
+/// Calls `visit` for every mesh that has shapes: first the body's, then the nets'.
 template <class Visit>
 void Gltf::ForEachMesh(Visit&& visit) const {
   for (const bool nets : {false, true})
@@ -123,7 +123,7 @@ void AppendPoint(const char* name, const model::SceneVector& point, std::string&
   text += ']';
 }
 
-/// For each mesh one of its points, one of its triangles.
+/// Two accessors for each mesh: its points and its triangles.
 void Gltf::AppendAccessors(std::string& text) const {
   std::size_t points = 0, triangles = 0;
   List list(text);
@@ -187,7 +187,7 @@ std::string ChildrenText(std::size_t first, std::size_t last) {
   return text + "]";
 }
 
-/// The root, then the body's groups and their parent, then those of the nets and theirs.
+/// The root, then the body's groups and their parent, then the nets' groups and their parent.
 void Gltf::AppendNodes(std::string& text) const {
   std::string nodes;
   std::vector<std::size_t> parents;
@@ -259,7 +259,7 @@ std::string Base64(const std::string& bytes) {
   return text;
 }
 
-/// The bytes of a word of the binary form, least first.
+/// The bytes of a 32-bit word, little-endian.
 std::string WordOf(std::size_t value) {
   std::string word;
   for (int shift = 0; shift < 32; shift += 8) word += static_cast<char>(value >> shift & 0xFFU);
@@ -272,7 +272,7 @@ std::string GlbBytes(const MeshScene& scene) {
   constexpr std::size_t kHeader = 12, kChunkHeader = 8;
   Gltf gltf(scene);
   std::string file;
-  // Memory that is reserved but never written costs nothing; growing would hold the file twice.
+  // Reserved memory costs nothing until it is written; growing the text would copy the whole file.
   file.reserve(gltf.BufferBytes() + 4096 * (scene.groups.size() + 4));
   file.append(kHeader + kChunkHeader, '\0');
   gltf.AppendJson({}, file);

@@ -17,7 +17,7 @@ void Append(std::string& text, Number number) {
   text.append(digits, std::to_chars(digits, digits + sizeof digits, number).ptr);
 }
 
-/// Some readers stop at an object without a name.
+/// Replaces an empty name, because some readers stop at an object without one.
 std::string NameOf(const render::MeshGroup& group) { return group.Name.empty() ? "unnamed" : group.Name; }
 
 }  // namespace
@@ -31,7 +31,7 @@ std::string MaterialName(const model::Colour& paint) {
 
 std::string ObjText(const MeshScene& scene, const std::string& materialFile) {
   std::string text = "# " + scene.Name + ", in " + scene.UnitName + ", y up\nmtllib " + materialFile + "\n";
-  std::size_t first = 1;  // points are counted from 1, through the whole file
+  std::size_t first = 1;  // the format counts points from 1 through the whole file
   for (const render::MeshGroup& group : scene.groups) {
     text += "o " + NameOf(group) + "\n";
     for (const auto& [paint, mesh] : group.Meshes) {
@@ -61,7 +61,7 @@ std::string MtlText(const MeshScene& scene) {
   for (const auto& [name, paint] : materials) {
     text += "newmtl " + name + "\nKd";
     for (const float component : {paint.Red, paint.Green, paint.Blue}) Append(text, component);
-    // Colour only, no light.
+    // Plain colour without lighting.
     text += "\nillum 0\n";
   }
   return text;

@@ -62,7 +62,7 @@ void AddCameraOptions(CLI::App& command, CameraOptions& options) {
         options.Camera.CamY = eye[1];
         options.Camera.CamZ = eye[2];
       });
-  add("--heading", "RADIANS", "Where the eye looks, counted to the left from the x axis (default: 1.56)",
+  add("--heading", "RADIANS", "Direction of view, counted to the left from the x axis (default: 1.56)",
       [&options](const char* name, const std::string& text) {
         options.Camera.CamYaw = NumberOf(name, text);
       });

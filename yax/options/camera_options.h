@@ -1,4 +1,4 @@
-/// From where a picture is taken.
+/// The camera options of a picture.
 #pragma once
 
 #include <optional>
@@ -14,7 +14,7 @@ namespace yax {
 
 struct CameraOptions {
   std::optional<render::NamedView> View;  ///< in place of everything below
-  // What the viewer's window shows first.
+  // The window's start view.
   render::Camera Camera;
   render::ModelRotation Rotation{.RotPitch = 90.0F};
 };

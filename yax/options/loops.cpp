@@ -26,10 +26,10 @@ void AddLoopOptions(CLI::App& command, LoopOptions& options) {
   command
       .add_option_function<std::string>(
           "--loops", [&options](const std::string& text) { options.DieHeight = text == "die-height"; },
-          "Heights and extensions: as the window has them after a load (the default), or the dies' heights")
+          "Heights and extensions: as in the window after a load (the default), or the dies' heights")
       ->check(CLI::IsMember(std::vector<std::string>{"window", "die-height"}))
       ->group(kLoopsGroup);
-  command.add_option("--zu", options.ParameterFile, "A parameter file whose settings come over those")
+  command.add_option("--zu", options.ParameterFile, "A parameter file whose settings override these")
       ->type_name("FILE")
       ->group(kLoopsGroup);
 
@@ -52,7 +52,7 @@ void AddLoopOptions(CLI::App& command, LoopOptions& options) {
       ->group(kLoopsGroup);
   AddValue(command, "--stitch-extension", "UNITS", "How far stitches run level", values.StitchExtension);
   AddTierLoopOptions(command, options.Tiers);
-  command.add_option("--material", values.Material, "What the wires are made of; changes no picture")
+  command.add_option("--material", values.Material, "Material of the wires; changes no picture")
       ->check(CLI::IsMember(std::vector<std::string>{"Au", "Al", "Cu"}))
       ->group(kLoopsGroup);
   AddValue(command, "--wire-diameter", "MILS",
@@ -63,13 +63,13 @@ void AddLoopOptions(CLI::App& command, LoopOptions& options) {
 model::WireBondSettings SettingsOf(const LoopOptions& options, const model::Package& package) {
   model::WireBondSettings settings;
   try {
-    // As in a load, which ends where the heights cannot be.
+    // As in the window, impossible heights end the load.
     model::SetUnsetDefaults(settings, package);
   } catch (const model::Fault& fault) {
     throw Unusable({.File = package.PackagePath}, fault.what(), "correct COMPZ or SD_COMPZ");
   }
   const model::WireBondSettings ofWindow = model::SettingsAfterReset(package);
-  settings.Frequency = ofWindow.Frequency;  // which has no default of its own there
+  settings.Frequency = ofWindow.Frequency;  // the reader has no default frequency
   if (!options.DieHeight) settings = ofWindow;
   if (!options.ParameterFile.empty()) setup::Apply(ReadParameterFile(options.ParameterFile), settings);
   setup::Apply(options.Values, settings);

@@ -1,4 +1,4 @@
-/// The wire bond settings with which a command works.
+/// The options for wire bond settings.
 #pragma once
 
 #include <string>
@@ -14,21 +14,20 @@ class App;
 
 namespace yax {
 
-/// Single settings, those that were given.
+/// The single settings that were given.
 using LoopValues = setup::ParameterValues;
 
 struct LoopOptions {
-  bool DieHeight =
-      false;  ///< start from the reader's own defaults, not from what the window has after a load
-  std::string ParameterFile;  ///< a .zu file over those; empty for none
-  LoopValues Values;          ///< over those
-  TierLoopOptions Tiers;      ///< over everything else
+  bool DieHeight = false;  ///< start from the reader's defaults instead of the window's settings after a load
+  std::string ParameterFile;  ///< a .zu file that overrides those; empty for none
+  LoopValues Values;          ///< override those
+  TierLoopOptions Tiers;      ///< override everything else
 };
 
 /// Adds --loops, --zu, one option for each setting, and those for single tiers.
 void AddLoopOptions(CLI::App& command, LoopOptions& options);
 
-/// The settings for a package just read.
+/// The settings for a package that was just read.
 /// Faults  Unusable when the parameter file cannot be used
 model::WireBondSettings SettingsOf(const LoopOptions& options, const model::Package& package);
 

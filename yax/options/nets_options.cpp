@@ -12,7 +12,7 @@ namespace {
 
 std::regex PatternOf(const std::string& text) {
   if (text.size() > analysis::kLongestNetName)
-    throw Unusable(CommandLine(), "--net-pattern has more than 1000 letters", "give a shorter one");
+    throw Unusable(CommandLine(), "--net-pattern is longer than 1000 characters", "give a shorter one");
   try {
     const std::regex pattern(text);
     if (pattern.mark_count() > 0) return pattern;
@@ -21,7 +21,7 @@ std::regex PatternOf(const std::string& text) {
                    "give one such as '^(V..)_'");
   }
   throw Unusable(CommandLine(), "--net-pattern " + model::Quoted(text) + " has no group",
-                 "put the net's part of a name in round brackets, such as '^(V..)_'");
+                 "put the net's part of the name in parentheses, such as '^(V..)_'");
 }
 
 }  // namespace
@@ -30,7 +30,7 @@ void AddNetOptions(CLI::App& command, analysis::NetRule& rule) {
   command
       .add_option_function<std::string>(
           "--net-pattern", [&rule](const std::string& text) { rule.Pattern = PatternOf(text); },
-          "Names that it matches belong to the net in its first group; any other name is a net of its own")
+          "A name that matches belongs to the net in the first group; any other name is a separate net")
       ->type_name("REGEX");
 }
 

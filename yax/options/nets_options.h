@@ -1,4 +1,4 @@
-/// The option that says which wires belong to one net.
+/// The option that groups wires into nets.
 #pragma once
 
 #include "analysis/nets.h"

@@ -1,4 +1,4 @@
-/// A package as commands open it: read, with the settings, loops and wires that the options ask for.
+/// A package opened for a command: read, with the settings, loops and wires that the options choose.
 #pragma once
 
 #include <vector>
@@ -15,25 +15,25 @@
 namespace yax {
 
 struct OpenedPackage {
-  /// Faults  Unusable when the package cannot be read, or the options do not suit it
+  /// Faults  Unusable when the package cannot be read, or an option does not fit it
   OpenedPackage(const PackageOptions& file, const LoopOptions& loops, const WireOptions& wires = {});
 
   model::WireInputs Wires() const { return {Package, Settings, Selection, &Shapes}; }
   render::SceneInputs Inputs(const render::Appearance& appearance) const {
     return {Package, Settings, appearance, Selection, &Shapes};
   }
-  /// The loops of the wires chosen.
+  /// The loops of the chosen wires.
   /// Faults  Unusable when one of them cannot be drawn
   std::vector<analysis::WireLoop> Loops() const { return LoopsOf(Wires()); }
-  /// The same of every wire, chosen or not.
+  /// The loops of all wires, chosen or not.
   std::vector<analysis::WireLoop> AllLoops() const { return LoopsOf({Package, Settings, {}, &Shapes}); }
-  /// What the command ends with when the package cannot be drawn.
+  /// The error with which the command ends when the package cannot be drawn.
   Unusable NotDrawn(const model::Fault& fault) const;
 
   analysis::RecordLines Lines;
   const model::Package Package;
   const model::WireBondSettings Settings;
-  const model::WireShapes Shapes;  ///< wires with loops of their own
+  const model::WireShapes Shapes;  ///< wires whose loops differ from the settings
   model::WireSelection Selection;
 
  private:

@@ -13,7 +13,7 @@ namespace yax {
 
 namespace {
 
-/// The value that all of `text` spells; nothing when it spells none or one out of range.
+/// The number that the whole of `text` represents; empty when it is not a number or is out of range.
 template <class Value>
 std::optional<Value> Exactly(std::string_view text) {
   Value value{};

@@ -1,4 +1,4 @@
-/// The texts that options take, turned into values.
+/// Converts the texts of options to values.
 #pragma once
 
 #include <array>
@@ -11,9 +11,9 @@
 namespace yax {
 
 // Every routine takes the option's name for its message.
-// Faults  Unusable when the text is anything but the value wanted
+// Faults  Unusable when the text is not such a value
 
-/// A number, the whole of it, within the range of a single.
+/// A number within the range of a single, without further text.
 float NumberOf(std::string_view option, std::string_view text);
 
 /// The same in double precision.

@@ -22,15 +22,15 @@ model::Package LoadPackage(const PackageOptions& options, model::reader::ReadObs
   try {
     package = model::reader::ReadPackage(before, observer);
   } catch (const model::Fault& fault) {
-    throw Unusable(file, fault.what(), "see that it and its side file can be read");
+    throw Unusable(file, fault.what(), "make the file and its side file readable");
   }
   std::error_code ignored;
   if (!package && std::filesystem::exists(options.File, ignored))
-    throw Unusable(file, "it is not a file with lines to read", "give the path of a .yax file");
+    throw Unusable(file, "it is not a text file", "give the path of a .yax file");
   if (!package) throw Unusable(file, "there is no such file", "give the path of a .yax file");
-  // Only the COMPZ line sets the height, which is never 0 after it.
+  // Only a COMPZ line sets the height, and never to 0.
   if (package->CompZ == 0.0F)
-    throw Unusable(file, "it holds no package", "a header that ends in a COMPZ line has to come first");
+    throw Unusable(file, "it has no COMPZ line", "begin with a header that ends in a COMPZ line");
   return *std::move(package);
 }
 

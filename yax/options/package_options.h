@@ -1,4 +1,4 @@
-/// The package file of a command, and reading it.
+/// The package file of a command.
 #pragma once
 
 #include <string>
@@ -16,11 +16,11 @@ struct PackageOptions {
   std::string File;
 };
 
-/// Adds FILE.yax, which every command needs.
+/// Adds FILE.yax.
 void AddPackageOption(CLI::App& command, PackageOptions& options);
 
 /// Reads the package as the viewer does at its start.
-/// Faults  Unusable when there is no such file, it cannot be read, or holds no package
+/// Faults  Unusable when there is no such file, it cannot be read, or it has no COMPZ line
 model::Package LoadPackage(const PackageOptions& options, model::reader::ReadObserver* observer = nullptr);
 
 }  // namespace yax

@@ -1,4 +1,4 @@
-/// A picture that a command writes.
+/// The options for a picture that a command writes.
 #pragma once
 
 #include <string>
@@ -25,7 +25,7 @@ void AddPictureOptions(CLI::App& command, PictureOptions& options);
 /// Adds --background alone.
 void AddBackgroundOption(CLI::App& command, render::Appearance& appearance);
 
-/// The format that the name of an output file asks for; "-" is a PNG.
+/// The format by the ending of an output file's name; "-" is PNG.
 /// Faults  Unusable for any other name
 PictureFormat PictureFormatOf(const std::string& output);
 

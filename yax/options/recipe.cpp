@@ -11,7 +11,7 @@ namespace yax {
 
 namespace {
 
-/// A line without its comment. The library would take a "#" in quotes for one.
+/// A line without its comment. CLI11 would read a "#" inside quotes as a comment.
 std::string_view WithoutComment(std::string_view line) {
   char quote = 0;
   for (std::size_t at = 0; at < line.size(); ++at) {
@@ -30,14 +30,14 @@ std::string_view WithoutComment(std::string_view line) {
 }  // namespace
 
 std::vector<RecipeItem> ReadRecipe(std::string_view text, const std::string& file) {
-  // Some editors begin a text with a byte order mark.
+  // Skip the byte order mark that some editors write.
   if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
   std::string plain;
   model::Lines lines(text);
   std::string_view line;
   while (lines.Next(line)) (plain += WithoutComment(line)) += '\n';
   CLI::ConfigBase format;
-  // A byte that no text has, since comments are gone.
+  // A byte that does not occur in text: comments are already removed.
   format.comment('\x01');
   std::istringstream stream(plain);
   std::vector<RecipeItem> items;

@@ -1,4 +1,4 @@
-/// A recipe: the options of a command in a file, one a line.
+/// Reads a recipe: a file with the options of a command, one a line.
 #pragma once
 
 #include <string>
@@ -13,9 +13,9 @@ struct RecipeItem {
   std::vector<std::string> Values;
 };
 
-/// Reads the format in which the option library keeps its configuration: "key = value", lists in brackets,
-/// texts with commas or blanks in quotes, "#" comments, also behind a value. Faults  Unusable with the file
-/// and the key when a key comes twice, or the text has sections
+/// Reads the format of CLI11's configuration files: "key = value", lists in brackets, texts with commas or
+/// blanks in quotes, "#" comments, also after a value.
+/// Faults  Unusable with the file and the key when a key occurs twice or the text has sections
 std::vector<RecipeItem> ReadRecipe(std::string_view text, const std::string& file);
 
 }  // namespace yax

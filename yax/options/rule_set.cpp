@@ -11,7 +11,7 @@
 namespace yax {
 
 void AddRulesOptions(CLI::App& command, RulesOptions& options) {
-  command.add_option("--rules", options.File, "Rules of an assembly house that the package has to keep")
+  command.add_option("--rules", options.File, "Check the package against an assembly house's rules")
       ->type_name("FILE");
   AddNetOptions(command, options.Nets);
 }

@@ -1,4 +1,4 @@
-/// The options that measure a package against rules.
+/// The options for checking a package against rules.
 #pragma once
 
 #include <string>
@@ -25,16 +25,16 @@ struct RulesOptions {
 /// Adds --rules and --net-pattern.
 void AddRulesOptions(CLI::App& command, RulesOptions& options);
 
-/// Rules and what they find.
+/// Rules and their findings.
 struct RulesFound {
   analysis::RuleSet Set;
   analysis::RulesReport Report;
 
-  /// What the set calls itself, else its file's name.
+  /// The title of the set, or its file's name when it has none.
   std::string Name;
 };
 
-/// What rules measure: every wire of a package.
+/// The input of the rules: every wire of a package.
 struct MeasuredPackage {
   const model::Package& Package;
   const analysis::RecordLines& Lines;
@@ -43,7 +43,7 @@ struct MeasuredPackage {
   const analysis::LengthUnit& Unit;
 };
 
-/// Faults  Unusable when the file is not there or holds what is not a rule
+/// Faults  Unusable when the file does not exist or has a line that is not a rule
 analysis::RuleSet ReadRulesFile(const RulesOptions& options);
 RulesFound MeasureRules(const RulesOptions& options, analysis::RuleSet set, const MeasuredPackage& measured);
 

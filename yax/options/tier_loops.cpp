@@ -59,7 +59,7 @@ model::WireShapes ShapesOf(const TierLoopOptions& options, const model::Package&
       found = true;
     }
     if (!found)
-      throw Unusable({.File = package.PackagePath}, "no wire is of tier " + loop.Tier,
+      throw Unusable({.File = package.PackagePath}, "no wire has tier " + loop.Tier,
                      "yax wires --summary lists the tiers");
   }
   return shapes;

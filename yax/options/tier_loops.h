@@ -1,4 +1,4 @@
-/// Loops of their own for the wires of a tier.
+/// The options that shape the loops of one tier.
 #pragma once
 
 #include <string>
@@ -13,14 +13,14 @@ class App;
 
 namespace yax {
 
-/// What a tier's wires have in place of the settings.
+/// Values for a tier's wires that replace the settings.
 struct TierLoop {
   std::string Tier;
   model::LoopShape Shape;
 };
 
 struct TierLoopOptions {
-  std::vector<TierLoop> Loops;  ///< later ones come over earlier ones
+  std::vector<TierLoop> Loops;  ///< later ones override earlier ones
 };
 
 /// Adds --tier-loop-height and --tier-extension.

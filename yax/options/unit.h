@@ -20,8 +20,8 @@ struct UnitOptions {
 /// Adds --unit.
 void AddUnitOption(CLI::App& command, UnitOptions& options);
 
-/// The unit given, else mils.
-/// Faults  Unusable when none was given and the base die is so small that it must be in millimetres
+/// The given unit, or mils.
+/// Faults  Unusable when no unit was given and the base die is so small that the unit must be millimetres
 analysis::LengthUnit UnitOf(const UnitOptions& options, const model::Package& package);
 
 /// The wires' diameter in file units.

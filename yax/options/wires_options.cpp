@@ -18,7 +18,7 @@ std::string NotANet(const std::string& word) {
   const std::string letter = FirstLetter(word);
   return letter == "P" || letter == "G" || letter == "S"
              ? ""
-             : model::Quoted(word) + " is none of power, ground and signal";
+             : model::Quoted(word) + " is not power, ground or signal";
 }
 
 /// Selects every wire that matches.

@@ -1,4 +1,4 @@
-/// Which wires a command works on.
+/// The options that choose wires.
 #pragma once
 
 #include <string>
@@ -13,11 +13,11 @@ class App;
 
 namespace yax {
 
-/// Filters of the wire list. Each adds what it matches, like the list's buttons with Shift held down; without
-/// any there is no selection, and every wire counts.
+/// Filters of the wire list. Each adds the wires that it matches, like the list's buttons with Shift; without
+/// a filter all wires are chosen.
 struct WireOptions {
   std::vector<std::string> Tiers;
-  std::vector<std::string> Nets;   ///< words whose first letter says the net type
+  std::vector<std::string> Nets;   ///< words whose first letter is the net type
   std::vector<std::string> Names;  ///< texts of the list: "A", or "A:B" for a stitch
   bool Stitches = false;
 };

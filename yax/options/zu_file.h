@@ -1,4 +1,4 @@
-/// Reading an estimator parameter file (".zu") by the keys with which it is written.
+/// Reads an estimator parameter file (".zu") with the keys as the setup window writes them.
 #pragma once
 
 #include <string>
@@ -8,14 +8,14 @@
 
 namespace yax {
 
-/// The settings that the file gives; it may leave some out. Keys in any letter case. Its ninth key, the
-/// package's name, is known and changes nothing: the command line names the package.
-/// Deliberate: the window's own load knows two keys by other texts than it writes and so drops the base and
-/// the stitch extension; here they count.
-/// Faults  Unusable when the file cannot be read, or a value is none
+/// The settings in the file, which may omit some. Keys may have any letter case. Ignores the ninth key, the
+/// package's name: the command line names the package.
+/// Deliberate: unlike the window's load, which spells two keys differently from its save, this reads the base
+/// and the stitch extension.
+/// Faults  Unusable when the file cannot be read, or a value is not valid
 LoopValues ReadParameterFile(const std::string& path);
 
-/// The same from the text; `name` stands in messages. A line without a known key is reported and ignored.
+/// The same from the text; messages use `name`. Reports and ignores a line without a known key.
 LoopValues ReadParameterText(const std::string& name, std::string_view text);
 
 }  // namespace yax

@@ -22,7 +22,7 @@ namespace {
 std::vector<NearestWire> NearestOf(const std::vector<analysis::WireLoop>& loops,
                                    const analysis::Clearances& clearances, const analysis::LengthUnit& unit) {
   std::vector<NearestWire> nearest(loops.size());
-  // The closest pairs come first, so the first pair of a wire has its nearest other wire.
+  // Pairs are sorted by clearance, so the first pair of a wire has its nearest other wire.
   for (const analysis::ClearanceRow& pair : clearances.Rows) {
     const std::string clearance = formats::LengthText(pair.Clearance, unit);
     if (nearest[pair.First].Name.empty()) nearest[pair.First] = {clearance, pair.Other};
@@ -31,7 +31,7 @@ std::vector<NearestWire> NearestOf(const std::vector<analysis::WireLoop>& loops,
   return nearest;
 }
 
-/// The entries of the chosen wires, which are some of all loops in the same order.
+/// The entries of the chosen wires, which occur in the same order among all loops.
 std::vector<NearestWire> Chosen(const std::vector<NearestWire>& nearest,
                                 const std::vector<analysis::WireLoop>& loops,
                                 const std::vector<analysis::WireRow>& rows) {
@@ -44,7 +44,7 @@ std::vector<NearestWire> Chosen(const std::vector<NearestWire>& nearest,
   return chosen;
 }
 
-/// The bonding diagram on a sheet A3, or on a larger one that the plan fits on. Empty, with a note, where no
+/// The bonding diagram on an A3 sheet, or on a larger one if the plan needs it. Empty, with a note, when no
 /// sheet is large enough.
 std::string DiagramOf(const OpenedPackage& opened, const std::vector<analysis::WireLoop>& loops,
                       const analysis::LengthUnit& unit) {

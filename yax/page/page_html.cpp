@@ -15,8 +15,8 @@ namespace {
 
 using formats::Json;
 
-/// JSON that can stand in a script element. Only "<" can end the element; in JSON it occurs in strings alone,
-/// where it can be an escape.
+/// JSON that is safe in a script element. Only "<" can end the element; in JSON it occurs only in strings,
+/// where it can be escaped.
 std::string InElement(const std::string& json) {
   std::string text;
   for (const char c : json) text += c == '<' ? "\\u003c" : std::string(1, c);
@@ -42,7 +42,7 @@ Json Bytes(const model::Colour& paint) {
   return bytes;
 }
 
-/// The wires as lists of values: keys would take more space than the values.
+/// The wires as lists of values, because keys would take more space than the values.
 std::string PackageJson(const PageInputs& inputs) {
   Json json{{"unit", inputs.Unit},
             {"tubeSides", render::kTubeSides},
@@ -60,7 +60,7 @@ std::string PackageJson(const PageInputs& inputs) {
 }
 
 std::string DiagramPanel(const std::string& svg) {
-  // The XML declaration before the element must not stand in a page.
+  // HTML does not allow the XML declaration before the element.
   const std::size_t begin = svg.find("<svg");
   return "<section role=\"tabpanel\" id=\"diagram-panel\" aria-labelledby=\"diagram-tab\" hidden>\n" +
          svg.substr(begin) + "</section>\n";
@@ -85,7 +85,7 @@ std::string PartOf(const PageInputs& inputs, std::string_view name) {
 
 std::string PageHtml(const PageInputs& inputs) {
   std::string page;
-  // The frame splits at "@" into text and names of parts by turns.
+  // Split at "@", the frame is text and names of parts in turn.
   bool isName = false;
   for (std::string_view rest = kPageFrame; !rest.empty(); isName = !isName) {
     const std::size_t end = std::min(rest.find('@'), rest.size());

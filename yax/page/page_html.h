@@ -13,7 +13,7 @@ namespace yax {
 /// The nearest other wire of a wire.
 struct NearestWire {
   std::string Clearance;  ///< in file units, as text
-  std::string Name;       ///< the other wire; empty where there is none
+  std::string Name;       ///< the other wire; empty when there is none
 };
 
 struct PageInputs {
@@ -26,7 +26,7 @@ struct PageInputs {
   std::string Diagram = {};  ///< the bonding diagram as SVG; when empty the page has no tab for it
 };
 
-/// The whole file: viewer, meshes and wires. Names are text, whatever their characters.
+/// The whole file: viewer, meshes and wires. Escapes all names, so they always show as text.
 /// Needs   a wire of the model for each of `wires`
 std::string PageHtml(const PageInputs& inputs);
 

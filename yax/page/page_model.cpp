@@ -9,7 +9,7 @@ namespace yax {
 
 namespace {
 
-/// A mesh holds the shapes of one kind with the same colours.
+/// The key of a mesh: shapes of one kind with the same colours.
 struct Kind {
   const char* Name;
   model::Colour OnBlack, OnWhite;

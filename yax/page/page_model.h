@@ -1,4 +1,4 @@
-/// A package as a few meshes for a page, with the triangles of each wire.
+/// Draws a package as a few meshes for a page and records the triangles of each wire.
 #pragma once
 
 #include <cstddef>
@@ -20,7 +20,7 @@ struct PageModel {
   std::vector<WireTriangles> Wires;       ///< in the order in which they are drawn
 };
 
-/// Draws the package with its colours on black, and notes those on white.
+/// Draws the package with its colours on black and records its colours on white.
 /// Units   `wireRadius` in scene units
 /// Faults  as Scene::DrawPackage
 PageModel ModelOf(const render::SceneInputs& inputs, double wireRadius);

@@ -22,7 +22,7 @@ namespace {
 using render::PixelSize;
 
 void Open(render::gl::OffscreenSurface& surface) {
-  // Its own warnings would only repeat, in several lines, what the message says.
+  // Mesa's warnings would only repeat this program's message in several lines.
   setenv("EGL_LOG_LEVEL", "fatal", 0);
   if (surface.CreateContext()) return;
   const auto text = [](const PixelSize& size) {
@@ -31,14 +31,14 @@ void Open(render::gl::OffscreenSurface& surface) {
   const PixelSize size = surface.Size();
   const PixelSize largest = surface.Largest();
   if (largest == PixelSize{})
-    throw Unusable(CommandLine(), "there is no usable OpenGL", "install Mesa's EGL and its software driver");
+    throw Unusable(CommandLine(), "OpenGL is not usable", "install Mesa's EGL and its software driver");
   if (size.Width > largest.Width || size.Height > largest.Height)
-    throw Unusable(CommandLine(), "--size " + text(size) + " is more than OpenGL draws here",
+    throw Unusable(CommandLine(), "--size " + text(size) + " is larger than OpenGL can draw here",
                    "give at most " + text(largest));
   throw Unusable(CommandLine(), "there is not enough memory for --size " + text(size), "give a smaller one");
 }
 
-/// Measures with another scene: what a scene keeps from pad to pad must not reach the one that is drawn.
+/// Measures with a separate scene: a scene keeps state from pad to pad, which must not affect the drawn one.
 render::Eye EyeOf(render::NamedView view, const render::SceneInputs& inputs, const PixelSize& size) {
   render::FitPen pen;
   render::Scene(inputs, pen).DrawPackage();
@@ -48,7 +48,7 @@ render::Eye EyeOf(render::NamedView view, const render::SceneInputs& inputs, con
 void DrawFrame(const render::SceneInputs& inputs, const CameraOptions& camera, const PixelSize& size) {
   render::gl::GlPen pen;
   render::Scene scene(inputs, pen);
-  // Drawn at once, without a list, the driver would light the same faces a little differently.
+  // Use a display list as the window does: without one the driver lights the same faces slightly differently.
   render::gl::SceneList list;
   list.CompileCube(scene);
   if (camera.View) {

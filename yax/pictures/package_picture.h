@@ -10,7 +10,7 @@
 namespace yax {
 
 /// The picture as the bytes of a file.
-/// Faults  Unusable without usable GL, for a picture too large, and when the package cannot be drawn
+/// Faults  Unusable when OpenGL is not usable, the picture is too large, or the package cannot be drawn
 std::string PictureBytes(const OpenedPackage& opened, const CameraOptions& camera,
                          const PictureOptions& picture, PictureFormat format);
 

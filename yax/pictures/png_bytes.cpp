@@ -11,12 +11,12 @@ namespace yax {
 
 namespace {
 
-// Wide plain areas with few colours: the fastest level finds their runs as well as any, and a filter would
-// only cost time.
+// Pictures are large plain areas with few colours: the fastest level finds their runs as well as any, and a
+// filter would only cost time.
 constexpr int kCompression = 1;
 
-/// The bytes being written. libpng leaves its routines by a long jump, so nothing with a destructor may live
-/// in those that call it.
+/// The bytes being written. libpng reports errors by longjmp, so routines that call it must not have local
+/// variables with destructors.
 struct Target {
   std::string bytes;
   bool complete = true;

@@ -9,11 +9,11 @@
 
 namespace yax {
 
-/// Gives rows of a picture, counted from the top, in 3 bytes a pixel without padding.
+/// Reads rows of a picture, counted from the top, with 3 bytes per pixel and no padding.
 using RowReader = std::function<void(int first, int count, std::uint8_t* rgb)>;
 
-/// The whole file: 8 bits a component, no alpha. The picture is read in bands, so it never is in memory as a
-/// whole.
+/// The whole file: 8 bits per component, no alpha. Reads the picture in bands, so it is never completely in
+/// memory.
 std::string PngBytes(const render::PixelSize& size, const RowReader& read);
 
 }  // namespace yax
