@@ -86,7 +86,7 @@ TEST_F(YaxTest, TheExitStatusSeparatesSuccessFindingsAndErrors) {
       {"render " + one + " " + one + to, 2, "", "yax: "},
       {"render " + one + to + " --tier 4", 2, "", "--tier 4"},
       {"render " + (folder / "absent.yax") + to, 2, "", "absent.yax: there is no such file"},
-      {"render " + (folder / "") + to, 2, "", "it is not a file"},
+      {"render " + (folder / "") + to, 2, "", "it is not a regular file"},
       {"render " + (folder / "none.yax") + to, 2, "", "none.yax: it has no COMPZ line"},
       {"render " + one + " -o " + (folder / "a.gif"), 2, "", "a.gif: "},
       {"render " + one + " -o " + (folder / "absent/a.png"), 2, "", "absent/a.png: "},

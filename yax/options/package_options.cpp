@@ -26,7 +26,7 @@ model::Package LoadPackage(const PackageOptions& options, model::reader::ReadObs
   }
   std::error_code ignored;
   if (!package && std::filesystem::exists(options.File, ignored))
-    throw Unusable(file, "it is not a text file", "give the path of a .yax file");
+    throw Unusable(file, "it is not a regular file", "give the path of a .yax file");
   if (!package) throw Unusable(file, "there is no such file", "give the path of a .yax file");
   // Only a COMPZ line sets the height, and never to 0.
   if (package->CompZ == 0.0F)
