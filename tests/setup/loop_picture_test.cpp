@@ -91,24 +91,6 @@ TEST(LoopPicture, IsToScale) {
   EXPECT_NEAR(edge - Find(picture, PicturePart::StackWire)->Points[0].X, 2.5F * unit, 0.01F);
 }
 
-TEST(LoopPicture, DimensionLinesMeasureHeightAndExtension) {
-  model::WireBondSettings settings = kTenEach;
-  settings.BaseExtension = 20.0F;
-  const LoopPicture picture = Drawn(StackedPackage(), settings);
-  const std::vector<PicturePoint>& base = Find(picture, PicturePart::BaseWire)->Points;
-  std::vector<float> across, up;
-  for (const PictureShape& shape : picture.Shapes) {
-    if (shape.Part != PicturePart::Dimension) continue;
-    across.push_back(shape.Points[1].X - shape.Points[0].X);
-    up.push_back(shape.Points[0].Y - shape.Points[1].Y);
-  }
-  EXPECT_EQ(across.size(), 18U) << "three loops, two lines each with a stroke at both ends";
-  // The base wire's come first: the extension, its strokes, the height.
-  EXPECT_NEAR(across[0], base[5].X - base[0].X, 0.01F);
-  EXPECT_NEAR(up[3], base[0].Y - base[5].Y, 0.01F);
-  EXPECT_NEAR(across[0], 2.0F * up[3], 0.01F);
-}
-
 TEST(LoopPicture, EdgeOfBaseDieEndsTheLevelRunAtTheEdgeOrTheWireIsLeftOut) {
   model::WireBondSettings settings = kTenEach;
   settings.StackExtension = model::kEdgeOfBaseDie;

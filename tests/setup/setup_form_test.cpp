@@ -91,18 +91,6 @@ TEST_F(SetupFormTest, TheFrequencyShowsInTheUnitOfItsSize) {
   }
 }
 
-TEST_F(SetupFormTest, ShowingALivingFormKeepsItsControls) {
-  form.RunCommand3();
-  controls.LHc[0].Text = "77";
-  form.Load();
-  EXPECT_EQ(controls.LHc[0].Text, "77");
-  form.Cmd_Click(4);
-  EXPECT_FALSE(form.Alive());
-  EXPECT_EQ(unloads, 1);
-  form.Load();
-  EXPECT_EQ(controls.LHc[0].Text, "0.25") << "a form made anew shows the setting";
-}
-
 TEST_F(SetupFormTest, AnUnloadedFormIgnoresLateEvents) {
   form.RunCommand3();
   form.Cmd_Click(1);

@@ -113,14 +113,6 @@ TEST_F(YaxTest, TakesTheFormatFromTheOptionBeforeTheName) {
   EXPECT_EQ(Yax(common + (folder / "b") + " --format gif").status, 2);
 }
 
-TEST_F(YaxTest, NeedsNoDisplay) {
-  const std::string common = "render --size 80x60 " + OneWire() + " -o -";
-  const std::string plain = Yax(common).out;
-  EXPECT_FALSE(plain.empty());
-  EXPECT_TRUE(Yax(common, "DISPLAY=:98765").out == plain);
-  EXPECT_TRUE(Yax(common, "DISPLAY=nowhere:0 WAYLAND_DISPLAY=none").out == plain);
-}
-
 TEST_F(YaxTest, ReportsInOneLineThatThereIsNoGl) {
   for (const char* environment :
        {"__EGL_VENDOR_LIBRARY_FILENAMES=/nonexistent", "LIBGL_DRIVERS_PATH=/nonexistent"}) {

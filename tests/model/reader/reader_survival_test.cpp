@@ -64,43 +64,6 @@ TEST_F(ReaderSurvival, FilesWithoutRecordsGiveAnEmptyPackage) {
   }
 }
 
-TEST_F(ReaderSurvival, OneLineOfTenMegabytesIsOneRecord) {
-  const std::string digits(10'000'000, '1');
-  const Package package = ReadInTime("COMPL " + digits + "\nCOMPZ 2\nCBP " + digits + " " + digits +
-                                         " 5\nWB " + digits + " 3" + Repeated(" more", 2'000'000),
-                                     digits + " POWER", "long line");
-  EXPECT_EQ(package.CompL, 0.0F) << "beyond the range of a single";
-  ASSERT_EQ(package.Bonds.Count(), 1U);
-  EXPECT_EQ(package.Bonds[0].Name.size(), digits.size());
-  EXPECT_EQ(package.Bonds[0].DieX, 0.0F);
-  EXPECT_EQ(package.Bonds[0].DieY, 5.0F);
-  EXPECT_EQ(package.Bonds[0].WireStartX, 3.0F);
-  EXPECT_EQ(package.WireNames[0].NetType, "POWER");
-}
-
-TEST_F(ReaderSurvival, AMillionIgnoredLinesHideNoRecord) {
-  const std::string ignored = Repeated("* A 1 2\n", 500'000);
-  const Package package = ReadInTime(ignored + "COMPZ 1\nCBP A\nWB A\n" + ignored + "CBP B\n",
-                                     Repeated("B POWER\n", 1'000'000) + "A GROUND\n", "ignored lines");
-  EXPECT_EQ(package.Bonds.Count(), 2U);
-  EXPECT_EQ(package.WireNames[0].NetType, "GROUND");
-}
-
-TEST_F(ReaderSurvival, WordsThatLookLikeNumbersAreZero) {
-  for (const char* word :
-       {"nan", "NaN", "-nan", "inf", "-inf", "INFINITY", "1e999", "-1e999", "1e-999", "0x7f", "\x80"}) {
-    const std::string text =
-        "COMPL "s + word + "\nSD_ROTATION " + word + "\nCOMPZ " + word + "\nCBP A " + word + " 1\n";
-    const Package package = ReadInTime(text, "", word);
-    EXPECT_EQ(package.CompL, 0.0F) << word;
-    EXPECT_EQ(package.SDRotation, 0.0F) << word;
-    EXPECT_EQ(package.CompZ, 1.0F) << word << ": a height of 0 counts as 1";
-    EXPECT_EQ(package.UnitScale, 1.0F) << word;
-    EXPECT_EQ(package.Bonds[0].DieX, 0.0F) << word;
-    EXPECT_EQ(package.Bonds[0].DieY, 1.0F) << word;
-  }
-}
-
 TEST_F(ReaderSurvival, TheLargestDieIsStillRescaled) {
   // 3.4e38 divided by ten 38 times is 3.4.
   const Package package = ReadInTime("COMPL 3.4e38\nCOMPZ 1\nCBP A 1e38\n", "", "largest die");

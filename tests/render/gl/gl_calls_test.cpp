@@ -32,14 +32,6 @@ TEST_F(GlCallsTest, QuadSetsItsNormalOnceAndItsMaterialBeforeEachCorner) {
   EXPECT_EQ(Calls(), expected + "glEnd()\n");
 }
 
-TEST_F(GlCallsTest, DiscIsAFanOfItsRimWithoutNormalOrMaterial) {
-  scene.DrawCircle(1.0F, 2.0F, 3.0F, 4.0F);
-  ASSERT_EQ(gl.Log().size(), 39U);
-  EXPECT_EQ(gl.Log()[0].Text, "glBegin(GL_TRIANGLE_FAN)");
-  EXPECT_EQ(gl.Log()[1].Text, "glVertex3f(1, 3, 4)");
-  for (std::size_t i = 1; i < 38; ++i) EXPECT_EQ(gl.Log()[i].Name, "glVertex3f");
-}
-
 TEST_F(GlCallsTest, StripIsTwoPixelsWideWithBothSidesInOneMaterial) {
   pen.Strip({{{1, 2, 3}, {1, 2, 4}, {1, 2, 5}, {1, 2, 6}, {1, 2, 7}, {1, 2, 8}, {0.5F, 0, 0}}}, {1, 1, 0});
   std::string expected =
@@ -130,20 +122,6 @@ TEST_F(GlCallsTest, GridBoxHasAFloorAndFourWalls) {
     grid.BuildGrid();
     gl.ClearLog();
   }
-}
-
-TEST_F(GlCallsTest, ViewIsSetUpOnce) {
-  appearance = {false, 1, 1, 1};
-  render::gl::SetUpView({300, 200}, appearance);
-  EXPECT_EQ(Calls(),
-            "glEnable(GL_DEPTH_TEST)\nglEnable(GL_DITHER)\nglDepthFunc(GL_LESS)\nglClearDepth(1)\n"
-            "glClearColor(1, 1, 1, 0)\nglMatrixMode(GL_PROJECTION)\nglLoadIdentity()\n"
-            "gluPerspective(60, 1.5, 1, 2000)\nglViewport(0, 0, 300, 200)\nglMatrixMode(GL_MODELVIEW)\n"
-            "glLoadIdentity()\nglLightfv(GL_LIGHT0, GL_POSITION, 0, 2, 2, 1)\n"
-            "glLightModelfv(GL_LIGHT_MODEL_AMBIENT, 0.65, 0.65, 0.65, 1)\nglEnable(GL_LIGHTING)\n"
-            "glEnable(GL_LIGHT0)\nglShadeModel(GL_SMOOTH)\nglFrontFace(GL_CCW)\n"
-            "glMaterialfv(GL_FRONT, GL_SPECULAR, 1, 0, 0, 1)\nglMateriali(GL_FRONT, GL_SHININESS, 50)\n");
-  EXPECT_EQ(render::gl::AspectRatioOf({300, 0}), 0.0F);
 }
 
 TEST_F(GlCallsTest, FramePlacesTheEyeClearsTurnsTheModelAndReplaysTheList) {

@@ -147,28 +147,6 @@ TEST(Rtf, WhatIsNotThePageIsNotShown) {
        {"{\\rtf1 a\\bin4 }}{{b{\\pict\\bin3 }}}}c}trailing", "<>abc|"}});
 }
 
-TEST(Rtf, DamageLeavesWhatCanBeRead) {
-  ExpectEach({{"", "no RTF"},
-              {"Plain text", "no RTF"},
-              {" {\\rtf1 a}", "no RTF"},
-              {"{\\rt", "no RTF"},
-              {"{\\rtf", ""},
-              {"{\\rtf1 a{\\b b", "<>a<b>b|"},
-              {"{\\rtf1 a{\\info b", "<>a|"},
-              {"{\\rtf1 a}}}}\\b b", "<>a|"},
-              {"{\\rtf1 a\\", "<>a|"},
-              {"{\\rtf1 a\\'", "<>a|"},
-              {"{\\rtf1 a\\'4", "<>a|"},
-              {"{\\rtf1 a\\'zzb\\'4gc", "<>azzbgc|"},
-              {"{\\rtf1 a\\bin99999 b", "<>a|"},
-              {"{\\rtf1 a\\bin-5 b}", "<>ab|"},
-              {"{\\rtf1 a\\u b\\u", "<>ab|"},
-              {"{\\rtf1\\fs-4 a\\fs99999999999999999999 b}", "<fs2>a<fs2000>b|"},
-              {"{\\rtf1\\li-99999999999 a}", "li-31680 <>a|"},
-              {"{\\rtf1{\\*a\\cf5{\\*}\\fonttbl;;}\\uc-3\\u65?b}", "<>A?b|"}});
-  EXPECT_EQ(Described(std::string("{\\rtf1 a\0b\\'00\\u7 ?c}", 22)), "<>abc|");
-}
-
 TEST(Rtf, GroupsBeyondTheDepthAreLeftOutWhole) {
   const std::string open(help::kMaxRtfDepth + 10, '{');
   const std::string close(help::kMaxRtfDepth + 10, '}');

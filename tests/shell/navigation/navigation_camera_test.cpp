@@ -139,24 +139,6 @@ TEST_F(NavigationCamera, WheelStepsBySignOnceItIsHooked) {
   }
 }
 
-TEST_F(NavigationCamera, OverflowLeavesRoutinesAndButtonsButNotTheWheel) {
-  view->Camera = {.CamX = kMost, .CamY = kMost, .CamZ = kLeast, .CamLook = kMost};
-  EXPECT_THROW(view->Trans_Click(1), model::Overflow);
-  EXPECT_THROW(view->Trans_Click(2), model::Overflow);
-  EXPECT_THROW(view->cmdUp_Click(), model::Overflow);
-  EXPECT_THROW(view->MouseTilt_Camera_Up(0), model::Overflow);
-  EXPECT_THROW(view->cmdForward_Click(), model::Overflow);
-
-  // Heading 0.5236 is 30 degrees, x 0.87 and z -0.5 per unit; with a step of 4 x goes by 3 before z
-  // overflows.
-  view->Camera = {.CamZ = kLeast, .CamYaw = 0.5236F, .CamStep = 4.0};
-  view->WheelHooked = true;
-  view->WheelMoved(120);
-  EXPECT_EQ(view->Camera.CamX, 3);
-  EXPECT_EQ(view->Camera.CamZ, kLeast);
-  EXPECT_EQ(counts.repaints, 0);
-}
-
 TEST_F(NavigationCamera, LoadResetsCameraAndRotationButNotWalkModeAndTicks) {
   view->Camera = {.CamX = 1, .CamY = 2, .CamZ = 3, .CamYaw = 4.0F, .CamStep = 5.0, .CamLook = 6};
   view->ScrollYaw.SetValue(33);

@@ -53,15 +53,6 @@ TEST_F(NavigationKeys, EveryKeyWithEveryModifierState) {
   }
 }
 
-TEST_F(NavigationKeys, CodesOutsideTheTableDoNothing) {
-  for (const int keyCode : {0, 16, 32, 35, 41, 65, 100, 108, 186, 188, 190}) {
-    EXPECT_FALSE(navigation::Navigation::AnswersTo(keyCode)) << keyCode;
-    for (int shift = 0; shift < 8; ++shift) view->Form_KeyDown(keyCode, shift);
-  }
-  EXPECT_EQ(Changes(), "");
-  EXPECT_EQ(counts.repaints, 0);
-}
-
 TEST_F(NavigationKeys, ArrowsGoOnFromTheOtherEndOfTheBar) {
   const struct {
     int keyCode, shift, from, to;

@@ -27,18 +27,6 @@ class HelpWindowTest : public testing::Test {
   ui::HelpWindow help_{&owner_};
 };
 
-TEST_F(HelpWindowTest, OneWindowShowsThePageOpenedLast) {
-  help_.Open("3D Yax Viewer Help", kFolder + "/YaxViewHelp.rtf");
-  Text().moveCursor(QTextCursor::End);
-  help_.Open("Navigation Help", kFolder + "/NavHelp.rtf");
-  EXPECT_TRUE(help_.isVisible() && !help_.isModal() && help_.isWindow());
-  EXPECT_EQ(help_.windowTitle(), "Navigation Help");
-  EXPECT_TRUE(Text().toPlainText().contains("walk mode", Qt::CaseInsensitive));
-  EXPECT_FALSE(Text().toPlainText().contains("COMPZ"));
-  EXPECT_EQ(Text().textCursor().position(), 0);
-  EXPECT_TRUE(Text().isReadOnly());
-}
-
 TEST_F(HelpWindowTest, TextLeavesRoomForFrameAndCaption) {
   help_.Open("Navigation Help", kFolder + "/NavHelp.rtf");
   // 200 twips are 13 1/3 pixels and 450 are 30, of the window with its frame.

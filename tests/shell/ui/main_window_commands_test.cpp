@@ -72,23 +72,6 @@ class MainWindowCommands : public MainWindowTest {
   }
 };
 
-std::string Listing(const QMenu& menu, const std::string& indent = "") {
-  std::string text;
-  for (const QAction* entry : menu.actions()) {
-    text += indent + (entry->isSeparator() ? "-" : entry->text().toStdString()) + "\n";
-    if (entry->menu() != nullptr) text += Listing(*entry->menu(), indent + "  ");
-  }
-  return text;
-}
-
-TEST_F(MainWindowCommands, TheMenuReadsAsItAlwaysHas) {
-  Open();
-  EXPECT_EQ(Listing(Menu()),
-            "Load YAX File ...\n-\nSave Picture ...\n-\nPrinter Setup ...\nPrint Picture\n  No Scale\n  Fit "
-            "Page\n-\nBackground\n  Black\n  White\nWire Bond Setup ...\nWire List ...\n-\n"
-            "Help\n  Navagation\n  Viewer\n  About\n");
-}
-
 TEST_F(MainWindowCommands, HelpEntriesFollowTheFilesAtEachLoad) {
   PutFile(folder / "NavHelp.rtf", "{\\rtf1 walk}");
   Open();
