@@ -16,7 +16,7 @@ namespace importer {
 namespace {
 
 constexpr char kAdviceOnPads[] = "give the name or number of one pad of the die";
-constexpr char kAdviceOnHeader[] =
+constexpr char kAdviceOnPadOrHeader[] =
     "give the name or number of one pad of the die, or, in a header, the columns pad and lead";
 constexpr char kAdviceOnLeads[] = "give the number or name of one lead of the package";
 
@@ -154,7 +154,7 @@ void Assigner::TakeTable() {
     if (!pad)
       throw ImportError({request_.TableFile, row.Row},
                         "there is no pad " + Quoted(row.PadName.empty() ? row.PadNumber : row.PadName),
-                        row.MayBeHeader ? kAdviceOnHeader : kAdviceOnPads);
+                        row.MayBeHeader ? kAdviceOnPadOrHeader : kAdviceOnPads);
     if (!excepted[*pad]) TakeRow(row, *pad);
   }
 }
