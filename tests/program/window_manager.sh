@@ -10,9 +10,13 @@ for _ in $(seq 100); do
 done
 start "$folder/board.yax"
 window=$(found 'board.yax$')
-# xdotool complains while no window is active yet; the effect is checked below.
+# xdotool gives up with a complaint while no window is active; what counts is checked below.
 xdotool windowactivate --sync "$window" windowsize --sync "$window" 700 500 2>/dev/null
-xdotool windowminimize --sync "$window" windowactivate --sync "$window"
+xdotool windowminimize --sync "$window" windowactivate --sync "$window" 2>/dev/null
+for _ in $(seq 100); do
+  [ "$(xdotool getactivewindow 2>/dev/null)" = "$window" ] && break
+  sleep 0.05
+done
 expect "size" "$(xdotool getwindowgeometry "$window" | grep -o 'Geometry: .*')" "Geometry: 700x500"
 xdotool key --clearmodifiers alt+F4
 ends "closed by the window manager" 0
