@@ -100,7 +100,7 @@ void PourRichText(const help::RichText& text, double pixelsPerTwip, QTextDocumen
   bool first = true;
   for (const help::Paragraph& paragraph : text.Paragraphs) {
     const QTextBlockFormat block = BlockFormatOf(paragraph.Format, pixelsPerTwip);
-    // An empty paragraph has the height of its own font, not of the font above.
+    // The height of an empty paragraph comes from its font, not from the font of the paragraph above.
     const QTextCharFormat letters =
         CharFormatOf(paragraph.Runs.empty() ? help::RunFormat{} : paragraph.Runs.front().Format, text.Fonts);
     if (first) {

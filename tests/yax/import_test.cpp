@@ -82,7 +82,7 @@ TEST_F(ImportProgram, ReadsItsListsOfWiresBack) {
   const std::string summary =
       Import("--unit um --die " + list + " --die-size 2200x1800 --die-height 280 --package " + list +
              " --bonds " + list);
-  // One of the 32 wires goes down to the paddle, which is no lead.
+  // One of the 32 wires goes down to the paddle, which does not count as a lead.
   EXPECT_EQ(summary.substr(0, 27), "32 pads, 31 leads, 32 wires");
   EXPECT_EQ(WiresOf(again), WiresOf(sample));
   ExpectSound();
