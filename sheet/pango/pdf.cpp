@@ -8,7 +8,7 @@
 
 #include "sheet/drawing.h"
 #include "sheet/paint_order.h"
-#include "sheet/typesetter.h"
+#include "sheet/pango/typesetter.h"
 
 namespace sheet {
 

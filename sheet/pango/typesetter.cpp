@@ -1,4 +1,4 @@
-#include "sheet/typesetter.h"
+#include "sheet/pango/typesetter.h"
 
 #include <pango/pangocairo.h>
 
