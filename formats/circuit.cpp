@@ -1,11 +1,11 @@
 #include "formats/circuit.h"
 
+#include <utf8.h>
 #include <algorithm>
 #include <cctype>
 #include <charconv>
 #include <cmath>
 
-#include "formats/json.h"
 #include "model/numbers.h"
 
 namespace formats {
@@ -32,7 +32,7 @@ std::string SubcircuitName(const std::string& package) {
 std::string OneLine(std::string name) {
   std::replace_if(
       name.begin(), name.end(), [](char c) { return std::iscntrl(static_cast<unsigned char>(c)) != 0; }, ' ');
-  return Utf8Of(name);
+  return utf8::replace_invalid(name);
 }
 
 std::string LeftOutText(const analysis::WireCosts& costs, double least) {

@@ -12,9 +12,4 @@ std::string JsonPiece(const Json& value) {
   return value.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
-std::string Utf8Of(std::string_view bytes) {
-  // The library's writer replaces bad UTF-8; its reader then removes the quotes and escapes.
-  return Json::parse(JsonText(bytes)).get<std::string>();
-}
-
 }  // namespace formats

@@ -3,7 +3,6 @@
 
 #include <nlohmann/json_fwd.hpp>
 #include <string>
-#include <string_view>
 
 namespace formats {
 
@@ -15,8 +14,5 @@ std::string JsonText(const Json& json);
 
 /// A value on one line, for a file that is written piece by piece.
 std::string JsonPiece(const Json& value);
-
-/// The text in UTF-8, with the same replacement.
-std::string Utf8Of(std::string_view bytes);
 
 }  // namespace formats

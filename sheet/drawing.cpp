@@ -1,7 +1,6 @@
 #include "sheet/drawing.h"
 
-#include <glib.h>
-
+#include <utf8.h>
 #include <algorithm>
 
 namespace sheet {
@@ -14,16 +13,13 @@ std::size_t Drawing::LayerOf(std::string_view name) {
 }
 
 std::string CleanText(std::string_view bytes) {
-  gchar* const valid = g_utf8_make_valid(bytes.data(), static_cast<gssize>(bytes.size()));
-  std::string text;
-  for (const gchar* at = valid; *at != '\0'; at = g_utf8_next_char(at)) {
-    const gunichar c = g_utf8_get_char(at);
+  std::u32string text = utf8::utf8to32(utf8::replace_invalid(bytes));
+  for (char32_t& c : text) {
     // XML does not allow U+FFFE and U+FFFF; the separators U+2028 and U+2029 would end a line.
-    const bool blank = g_unichar_iscntrl(c) || c == 0x2028U || c == 0x2029U || (c & 0xFFFEU) == 0xFFFEU;
-    text.append(blank ? " " : std::string_view(at, static_cast<std::size_t>(g_utf8_next_char(at) - at)));
+    const bool control = c < 0x20 || (c >= 0x7F && c < 0xA0);
+    if (control || c == 0x2028 || c == 0x2029 || (c & 0xFFFE) == 0xFFFE) c = U' ';
   }
-  g_free(valid);
-  return text;
+  return utf8::utf32to8(text);
 }
 
 }  // namespace sheet

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <glm/vec2.hpp>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -86,6 +87,14 @@ struct Drawing {
   std::size_t LayerOf(std::string_view name);
 };
 
+/// Texts cannot be set or painted: the libraries for it are missing, or fail.
+class TypesettingFault : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// These four fault with TypesettingFault.
+
 /// Cleans text for a sheet: bytes that are not UTF-8 become U+FFFD, control characters and line ends blanks.
 std::string CleanText(std::string_view bytes);
 
@@ -95,10 +104,8 @@ double TextWidth(std::string_view words, double size, bool bold = false);
 /// The distinct texts with characters that no installed font has; a PDF file shows boxes for these.
 std::vector<std::string> TextsWithoutGlyphs(const Drawing& drawing);
 
-// The same drawing gives the same bytes.
-
-/// One page for each sheet, fonts embedded.
-/// Faults  std::bad_alloc; std::runtime_error with cairo's reason
+/// One page for each sheet, fonts embedded. The same drawing gives the same bytes, also from the other
+/// writers. Faults  std::bad_alloc too
 std::string PdfOf(const Drawing& drawing);
 
 /// The sheets one below another, with one group for each layer.

@@ -1,5 +1,4 @@
-#include <glib.h>
-
+#include <utf8.h>
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -24,18 +23,19 @@ constexpr double kBetweenPages = 20.0;
 /// Encodes a string for DXF: only ASCII, and nothing that a reader takes for a control code.
 std::string Encoded(std::string_view words) {
   std::string text;
-  const char* at = words.data();
-  for (const char* const end = at + words.size(); at < end; at = g_utf8_next_char(at)) {
-    const gunichar c = g_utf8_get_char(at);
-    const bool code = c > 0x7EU || (c == '\\' && end - at > 2 && at[1] == 'U' && at[2] == '+');
+  const std::u32string characters = utf8::utf8to32(words);
+  for (std::size_t k = 0; k < characters.size(); ++k) {
+    const char32_t c = characters[k];
+    const std::u32string_view rest = std::u32string_view(characters).substr(k);
+    const bool code = c > U'~' || rest.starts_with(U"\\U+");
     if (code) {
       char hex[8];
       // The code has four digits: characters beyond U+FFFF become the replacement character.
-      std::snprintf(hex, sizeof hex, "\\U+%04X", c > 0xFFFFU ? 0xFFFDU : c);
+      std::snprintf(hex, sizeof hex, "\\U+%04X", c > 0xFFFF ? 0xFFFDU : unsigned(c));
       text += hex;
-    } else if (c == '%' && end - at > 1 && at[1] == '%') {
+    } else if (rest.starts_with(U"%%")) {
       text += "%%%";
-    } else if (c == '^') {
+    } else if (c == U'^') {
       text += "^ ";
     } else {
       text += static_cast<char>(c);

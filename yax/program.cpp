@@ -8,6 +8,7 @@
 
 #include "model/text.h"
 #include "model/version.h"
+#include "sheet/drawing.h"
 #include "yax/command_list.h"
 #include "yax/help_format.h"
 #include "yax/output.h"
@@ -95,6 +96,8 @@ Status RunProgram(const std::vector<std::string>& arguments) {
     std::fprintf(stderr, "%s\n", unusable.what());
   } catch (const std::bad_alloc&) {
     Complain(CommandLine(), "out of memory", "choose fewer wires or a smaller picture");
+  } catch (const sheet::TypesettingFault& fault) {
+    Complain(CommandLine(), fault.what(), "install yax again");
   }
   return Status::Unusable;
 }

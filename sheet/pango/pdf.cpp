@@ -1,16 +1,16 @@
+#include "sheet/pango/pdf.h"
+
 #include <cairo-pdf.h>
 
 #include <algorithm>
 #include <memory>
 #include <new>
 #include <numbers>
-#include <stdexcept>
 
-#include "sheet/drawing.h"
 #include "sheet/paint_order.h"
 #include "sheet/pango/typesetter.h"
 
-namespace sheet {
+namespace sheet::pango {
 
 namespace {
 
@@ -27,7 +27,7 @@ cairo_status_t Append(void* closure, const unsigned char* bytes, unsigned int co
 
 void Require(cairo_status_t status) {
   if (status == CAIRO_STATUS_NO_MEMORY) throw std::bad_alloc();
-  if (status != CAIRO_STATUS_SUCCESS) throw std::runtime_error(cairo_status_to_string(status));
+  if (status != CAIRO_STATUS_SUCCESS) throw TypesettingFault(cairo_status_to_string(status));
 }
 
 /// Paints shapes on the current page. The page's transformation flips y, because cairo counts downwards.
@@ -128,4 +128,4 @@ std::string PdfOf(const Drawing& drawing) {
   return bytes;
 }
 
-}  // namespace sheet
+}  // namespace sheet::pango

@@ -5,9 +5,7 @@
 #include <algorithm>
 #include <set>
 
-#include "sheet/drawing.h"
-
-namespace sheet {
+namespace sheet::pango {
 
 namespace {
 
@@ -117,4 +115,4 @@ std::vector<std::string> TextsWithoutGlyphs(const Drawing& drawing) {
   return texts;
 }
 
-}  // namespace sheet
+}  // namespace sheet::pango

@@ -4,9 +4,13 @@
 #include <cairo.h>
 
 #include <memory>
+#include <string>
 #include <string_view>
+#include <vector>
 
-namespace sheet {
+#include "sheet/drawing.h"
+
+namespace sheet::pango {
 
 /// Sets one line at a time, at size 1.
 class Typesetter {
@@ -27,4 +31,8 @@ class Typesetter {
   std::unique_ptr<Parts> parts_;
 };
 
-}  // namespace sheet
+// See the routines of these names in sheet/drawing.h.
+double TextWidth(std::string_view words, double size, bool bold);
+std::vector<std::string> TextsWithoutGlyphs(const Drawing& drawing);
+
+}  // namespace sheet::pango

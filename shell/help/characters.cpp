@@ -1,5 +1,7 @@
 #include "shell/help/characters.h"
 
+#include <utf8.h>
+
 namespace shell::help {
 
 char32_t FromCodePage1252(unsigned char byte) {
@@ -12,23 +14,7 @@ char32_t FromCodePage1252(unsigned char byte) {
 
 void AppendUtf8(std::string& text, char32_t character) {
   if ((character >= 0xD800 && character < 0xE000) || character > 0x10FFFF) character = kReplacement;
-  const auto add = [&text](char32_t byte) { text += static_cast<char>(byte); };
-  const auto addRest = [&add](char32_t bits) { add(0x80 | (bits & 0x3F)); };
-  if (character < 0x80) {
-    add(character);
-  } else if (character < 0x800) {
-    add(0xC0 | (character >> 6));
-    addRest(character);
-  } else if (character < 0x10000) {
-    add(0xE0 | (character >> 12));
-    addRest(character >> 6);
-    addRest(character);
-  } else {
-    add(0xF0 | (character >> 18));
-    addRest(character >> 12);
-    addRest(character >> 6);
-    addRest(character);
-  }
+  utf8::append(character, text);
 }
 
 }  // namespace shell::help

@@ -1,7 +1,8 @@
 #include "yax/options/text_file.h"
 
-#include <glib.h>
+#include <sha256.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
@@ -35,11 +36,9 @@ std::string TextOf(const std::string& file) {
 
 std::string DigestOf(const std::string& file) {
   const std::string bytes = BytesOf(file);
-  gchar* const digest = g_compute_checksum_for_data(
-      G_CHECKSUM_SHA256, reinterpret_cast<const guchar*>(bytes.data()), bytes.size());
-  const std::string text(digest, 12);
-  g_free(digest);
-  return text;
+  char digest[SHA256_DIGEST_STRING_LENGTH];
+  SHA256Data(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size(), digest);
+  return {digest, 12};
 }
 
 }  // namespace yax

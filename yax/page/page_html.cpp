@@ -1,5 +1,6 @@
 #include "yax/page/page_html.h"
 
+#include <utf8.h>
 #include <cmath>
 #include <nlohmann/json.hpp>
 #include <string_view>
@@ -25,7 +26,7 @@ std::string InElement(const std::string& json) {
 
 std::string Escaped(std::string_view name) {
   std::string text;
-  for (const char c : formats::Utf8Of(name)) {
+  for (const char c : utf8::replace_invalid(name)) {
     if (c == '&')
       text += "&amp;";
     else if (c == '<')
@@ -56,7 +57,7 @@ std::string PackageJson(const PageInputs& inputs) {
                              inputs.nearest[k].Clearance, inputs.nearest[k].Name, triangles.Mesh,
                              triangles.First, triangles.Count});
   }
-  return InElement(json.dump(-1, ' ', false, Json::error_handler_t::replace));
+  return InElement(formats::JsonPiece(json));
 }
 
 std::string DiagramPanel(const std::string& svg) {

@@ -1,0 +1,34 @@
+#include "sheet/typesetting.h"
+
+#include <dlfcn.h>
+
+namespace sheet {
+
+namespace {
+
+const Typesetting& Load() {
+  // The loader replaces $ORIGIN by the program's folder. The module stays loaded until the program ends.
+  void* const module = dlopen("$ORIGIN/../lib/yax/typesetting.so", RTLD_NOW | RTLD_LOCAL);
+  void* const entry = module == nullptr ? nullptr : dlsym(module, kTypesettingEntry);
+  if (entry == nullptr) throw TypesettingFault(dlerror());
+  return *reinterpret_cast<const Typesetting* (*)()>(entry)();
+}
+
+const Typesetting& Module() {
+  static const Typesetting& module = Load();
+  return module;
+}
+
+}  // namespace
+
+double TextWidth(std::string_view words, double size, bool bold) {
+  return Module().TextWidth(words, size, bold);
+}
+
+std::vector<std::string> TextsWithoutGlyphs(const Drawing& drawing) {
+  return Module().TextsWithoutGlyphs(drawing);
+}
+
+std::string PdfOf(const Drawing& drawing) { return Module().PdfOf(drawing); }
+
+}  // namespace sheet
