@@ -111,6 +111,7 @@ void Maker::AddWire(model::BondRec& bond, const Wire& wire) {
   bond.WireEndX = Length(wire.End.x);
   bond.WireEndY = Length(wire.End.y);
   model::WireNameRec& entry = made_.Package.WireNames.Spare();
+  entry.Wire = {model::RecordTable::Bonds, made_.Package.Bonds.UpperBound(), model::BondPart::Wire};
   entry.Name = bond.Name;
   entry.NetType = NetTypeOf(pad);
   entry.Tier = bond.Tier;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "model/large_pages.h"
+#include "model/record_place.h"
 
 namespace model {
 
@@ -103,6 +104,7 @@ struct WireNameRec {
   std::string Name2;    ///< second pad of a stitch, else empty
   std::string NetType;  ///< from the side file: "POWER", "GROUND", "SIGNAL"
   std::string Tier;     ///< "1" to "4"
+  RecordPlace Wire{};   ///< the bond or stitch that the entry lists
 };
 
 /// The values that a package has once. They survive a load: a file that does not set one leaves it as it was.

@@ -119,8 +119,7 @@ RecordPlace PackageReader::BondPlace(std::uint32_t name, BondPart part) {
   return {};
 }
 
-BondRec* PackageReader::FindBond(std::uint32_t name) {
-  const RecordPlace place = BondPlace(name);
+BondRec* PackageReader::BondAt(const RecordPlace& place) {
   if (place.Table == RecordTable::None) return nullptr;
   return &(place.Table == RecordTable::Bonds ? package_.Bonds : package_.SDBonds)[place.Number];
 }
@@ -135,7 +134,7 @@ const BondRec* PackageReader::LastBond(std::uint32_t name) {
 }
 
 void PackageReader::ReadSubstratePad() {
-  BondRec* bond = FindBond(index_.Find(tokens_[1]));
+  BondRec* const bond = BondAt(BondPlace(index_.Find(tokens_[1]), BondPart::SubstratePad));
   if (bond == nullptr) return;
   bond->SubX = Scaled(2);
   bond->SubY = Scaled(3);
@@ -149,7 +148,8 @@ void PackageReader::ReadSubstratePad() {
 
 void PackageReader::ReadWire() {
   const std::uint32_t name = index_.Find(tokens_[1]);
-  BondRec* bond = FindBond(name);
+  const RecordPlace place = BondPlace(name, BondPart::Wire);
+  BondRec* const bond = BondAt(place);
   if (bond == nullptr) return;
   bond->WireStartX = Scaled(2);
   bond->WireStartY = Scaled(3);
@@ -158,7 +158,7 @@ void PackageReader::ReadWire() {
   bond->WireEndX = Scaled(5);
   bond->WireEndY = Scaled(6);
   bond->WireEndZ = Scaled(8);
-  AddWireName(name, tokens_[1], {});
+  AddWireName(place, name, tokens_[1], {});
 }
 
 void PackageReader::ReadStitch() {
@@ -175,12 +175,14 @@ void PackageReader::ReadStitch() {
   const std::uint32_t name = index_.Add(tokens_[1]);
   if (const BondRec* bond = LastBond(name)) stitch.PadSize1 = bond->DieSizeY;
   if (const BondRec* bond = LastBond(index_.Find(tokens_[4]))) stitch.PadSize2 = bond->DieSizeY;
-  AddWireName(name, tokens_[1], tokens_[4]);
+  AddWireName({RecordTable::Stitches, package_.Stitches.UpperBound()}, name, tokens_[1], tokens_[4]);
   package_.Stitches.Grow();
 }
 
-void PackageReader::AddWireName(std::uint32_t name, std::string_view text, std::string_view text2) {
+void PackageReader::AddWireName(const RecordPlace& wire, std::uint32_t name, std::string_view text,
+                                std::string_view text2) {
   WireNameRec& entry = package_.WireNames.Spare();
+  entry.Wire = wire;
   entry.Name = text;
   entry.Name2 = text2;
   wirePlaces_.push_back(name);

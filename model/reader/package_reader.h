@@ -55,11 +55,12 @@ class PackageReader {
   void ReadSRing();
   void ReadSegment();
   void ReadDap();
-  RecordPlace BondPlace(std::uint32_t name, BondPart part = BondPart::DiePad);
+  RecordPlace BondPlace(std::uint32_t name, BondPart part);
   RecordPlace RingPlace(std::uint32_t name);
-  BondRec* FindBond(std::uint32_t name);
+  BondRec* BondAt(const RecordPlace& place);
   const BondRec* LastBond(std::uint32_t name);
-  void AddWireName(std::uint32_t name, std::string_view text, std::string_view text2);
+  void AddWireName(const RecordPlace& wire, std::uint32_t name, std::string_view text,
+                   std::string_view text2);
   float Number(std::size_t field) {
     numbers_ |= 1U << field;
     return ToNumber(tokens_[field]);

@@ -1,7 +1,6 @@
 #include "model/reader/package_writer.h"
 
 #include <algorithm>
-#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -27,7 +26,7 @@ std::string NumberText(float value, float scale, Read&& read) {
 
 class PackageWriter {
  public:
-  explicit PackageWriter(const Package& package) : package_(package) { IndexPads(); }
+  explicit PackageWriter(const Package& package) : package_(package) {}
 
   std::string Text() {
     WriteHeader();
@@ -43,13 +42,12 @@ class PackageWriter {
   }
 
  private:
-  void IndexPads();
   void WriteHeader();
   void WritePads(const Table<BondRec>& bonds, bool stacked);
   void WriteSubstratePads(const Table<BondRec>& bonds);
   void WriteWires();
-  void WriteWire(const std::string& name);
-  void WriteStitch(const StitchRec& stitch, const WireNameRec& entry);
+  void WriteWire(const BondRec& bond);
+  void WriteStitch(const StitchRec& stitch);
   void WriteRings();
   void Line(std::string_view keyword, std::vector<std::string> fields);
 
@@ -70,13 +68,7 @@ class PackageWriter {
 
   const Package& package_;
   std::string text_;
-  std::unordered_map<std::string_view, const BondRec*> pads_;  ///< the pad that SBP and WB lines name
 };
-
-void PackageWriter::IndexPads() {
-  for (const auto* const bonds : {&package_.Bonds, &package_.SDBonds})
-    for (const BondRec& bond : *bonds) pads_.try_emplace(bond.Name, &bond);
-}
 
 /// Writes  a line. An empty field cannot be written, so the fields from the first empty one on are dropped
 ///         when all of them are empty or "0", which the reader assumes for missing fields.
@@ -129,29 +121,23 @@ void PackageWriter::WriteSubstratePads(const Table<BondRec>& bonds) {
 
 /// In the order of the wire list, so that reading rebuilds the same list.
 void PackageWriter::WriteWires() {
-  std::size_t stitch = 0;
   for (const WireNameRec& entry : package_.WireNames) {
-    const bool isStitch = stitch < package_.Stitches.Count() &&
-                          package_.Stitches[stitch].Name == entry.Name + ":" + entry.Name2;
-    if (isStitch) {
-      WriteStitch(package_.Stitches[stitch++], entry);
-    } else {
-      WriteWire(entry.Name);
-    }
+    const auto& [table, number, part] = entry.Wire;
+    if (table == RecordTable::Stitches)
+      WriteStitch(package_.Stitches[number]);
+    else
+      WriteWire((table == RecordTable::Bonds ? package_.Bonds : package_.SDBonds)[number]);
   }
 }
 
-void PackageWriter::WriteWire(const std::string& name) {
-  const auto found = pads_.find(name);
-  if (found == pads_.end()) return;
-  const BondRec& bond = *found->second;
+void PackageWriter::WriteWire(const BondRec& bond) {
   Line("WB",
        {bond.Name, Length(bond.WireStartX), Length(bond.WireStartY), bond.Lead.empty() ? "-" : bond.Lead,
         Length(bond.WireEndX), Length(bond.WireEndY), Length(bond.WireStartZ), Length(bond.WireEndZ)});
 }
 
-void PackageWriter::WriteStitch(const StitchRec& stitch, const WireNameRec& entry) {
-  Line("STCH", {entry.Name, Length(stitch.X1), Length(stitch.Y1), entry.Name2, Length(stitch.X2),
+void PackageWriter::WriteStitch(const StitchRec& stitch) {
+  Line("STCH", {stitch.Pad1, Length(stitch.X1), Length(stitch.Y1), stitch.Pad2, Length(stitch.X2),
                 Length(stitch.Y2), Length(stitch.Z1), Length(stitch.Z2)});
 }
 
