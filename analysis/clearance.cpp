@@ -47,7 +47,8 @@ Clearances MeasureClearances(const std::vector<WireLoop>& loops, const Clearance
   Clearances clearances{
       .WireDiameter = rules.WireDiameter, .Limit = rules.Limit, .Wires = loops.size(), .Rows = {}};
   const double reach = rules.All ? rules.WireDiameter + std::max(rules.Limit.value_or(0.0), 0.0) : -1.0;
-  for (const LoopPair& pair : FindNearLoops(LoopsByNumber(loops, rules.Nets), reach)) {
+  const std::vector<LoopOfNet> numbered = LoopsByNumber(loops, rules.Nets);
+  for (const LoopPair& pair : FindNearLoops(numbered, reach)) {
     const WireLoop& first = loops[pair.First];
     const WireLoop& second = loops[pair.Second];
     const double clearance = pair.Distance - rules.WireDiameter;

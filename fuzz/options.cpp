@@ -16,13 +16,9 @@
 #include "model/arithmetic.h"
 #include "model/reader/read_package.h"
 #include "yax/messages.h"
-#include "yax/options/camera_options.h"
-#include "yax/options/loops.h"
 #include "yax/options/nets_options.h"
-#include "yax/options/package_options.h"
+#include "yax/options/opened_package.h"
 #include "yax/options/picture_options.h"
-#include "yax/options/unit.h"
-#include "yax/options/wires_options.h"
 
 namespace {
 
@@ -32,24 +28,20 @@ constexpr char kPackage[] =
 
 struct Options {
   yax::PackageOptions package;
-  yax::CameraOptions camera;
-  yax::LoopOptions loops;
   analysis::NetRule nets;
   yax::PictureOptions picture;
-  yax::UnitOptions unit;
-  yax::WireOptions wires;
 };
 
 Options Parsed(std::vector<std::string> arguments) {
   CLI::App command;
   Options options;
   yax::AddPackageOption(command, options.package);
-  yax::AddCameraOptions(command, options.camera);
-  yax::AddLoopOptions(command, options.loops);
+  yax::AddLoopOptions(command, options.package.Loops);
+  command.remove_option(command.get_option("--zu"));  // reads a file
   yax::AddNetOptions(command, options.nets);
   yax::AddPictureOptions(command, options.picture);
-  yax::AddUnitOption(command, options.unit);
-  yax::AddWireOptions(command, options.wires);
+  yax::AddUnitOption(command, options.package);
+  yax::AddWireOptions(command, options.package.Wires);
   std::reverse(arguments.begin(), arguments.end());
   command.parse(arguments);
   return options;
@@ -62,24 +54,20 @@ void ExpectNumbers(const model::WireBondSettings& settings) {
     Expect(std::isfinite(value), "settings are numbers");
 }
 
-void Use(Options& options, const model::Package& package) {
+void Use(const Options& options, const model::Package& package) {
   Expect(options.picture.Size.Width > 0 && options.picture.Size.Height > 0, "a picture has pixels");
-  Expect(std::isfinite(options.camera.Rotation.RotPitch) && std::isfinite(options.camera.Rotation.RotYaw) &&
-             std::isfinite(options.camera.Camera.CamYaw),
+  const auto& [view, camera, rotation] = options.picture.Viewpoint;
+  Expect(std::isfinite(rotation.RotPitch) && std::isfinite(rotation.RotYaw) && std::isfinite(camera.CamYaw),
          "angles are numbers");
-  yax::CheckCamera(options.camera);
-  model::Add16(options.camera.Camera.CamY,
-               options.camera.Camera.CamLook);  // must not fault: CheckCamera has refused what would
+  model::Add16(camera.CamY, camera.CamLook);  // must not fault: the options have refused what would
   yax::PictureFormatOf(options.package.File);
-  options.loops.ParameterFile.clear();
-  const model::WireBondSettings settings = yax::SettingsOf(options.loops, package);
-  ExpectNumbers(settings);
-  for (const auto& [name, shape] : yax::ShapesOf(options.loops.Tiers, package))
+  const yax::OpenedPackage opened(options.package, package, {});
+  ExpectNumbers(opened.Settings);
+  for (const auto& [name, shape] : opened.Shapes)
     Expect(std::isfinite(shape.Height.value_or(0.0F)) && std::isfinite(shape.Extension.value_or(0.0F)),
            "loops have lengths");
-  const model::WireSelection selection = yax::SelectionOf(options.wires, package);
-  Expect(!selection.Shown || !selection.Names.empty(), "a filter finds a wire or is refused");
-  Expect(yax::WireDiameterIn(yax::UnitOf(options.unit, package), settings) > 0.0, "wires have a diameter");
+  Expect(!opened.Selection.Shown || !opened.Selection.Names.empty(), "a filter finds a wire or is refused");
+  Expect(opened.WireDiameter() > 0.0, "wires have a diameter");
   analysis::NetOf(options.nets, "VDD_A");
 }
 
@@ -91,7 +79,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static const model::Package package =
       model::reader::ParsePackage({}, {kPackage, "A POWER\nB GROUND\nA:B SIGNAL\n"});
   try {
-    Options options = Parsed(ArgumentsOf({reinterpret_cast<const char*>(data), size}));
+    const Options options = Parsed(ArgumentsOf({reinterpret_cast<const char*>(data), size}));
     Use(options, package);
   } catch (const CLI::ParseError& stop) {
     ExpectMessage(stop.what());

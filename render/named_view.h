@@ -1,9 +1,11 @@
 /// Named views, from an eye that sees everything drawn.
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "model/pen.h"
+#include "render/camera.h"
 #include "render/eye.h"
 #include "render/picture.h"
 
@@ -11,6 +13,14 @@ namespace render {
 
 /// Front is seen from the package's negative y, left from its negative x; top and front show x to the right.
 enum class NamedView { Top, Bottom, Front, Back, Left, Right, Iso };
+
+/// Where a picture is taken from.
+struct Viewpoint {
+  std::optional<NamedView> View;  ///< in place of everything below
+  // The window's start view.
+  render::Camera Camera;
+  ModelRotation Rotation{.RotPitch = 90.0F};
+};
 
 /// Draws nothing; keeps every point that would be drawn.
 class FitPen final : public model::Pen {

@@ -1,7 +1,6 @@
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <memory>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -11,11 +10,7 @@
 #include "formats/diagnostic_text.h"
 #include "model/faults.h"
 #include "yax/command_list.h"
-#include "yax/options/camera_options.h"
-#include "yax/options/opened_package.h"
-#include "yax/options/picture_options.h"
 #include "yax/options/rule_set.h"
-#include "yax/options/unit.h"
 #include "yax/output.h"
 #include "yax/pictures/package_picture.h"
 
@@ -28,25 +23,20 @@ struct CheckOptions {
   bool notes = false;
   bool json = false;
   RulesOptions rules;
-  std::string pictureFile;  ///< empty for none
-  UnitOptions unit;
-  LoopOptions loops;
+  PackageOptions package;  ///< of each file
   PictureOptions picture;
-  CameraOptions camera;
 };
 
 using Offenders = model::WireSelection;
 
 /// Adds the findings of the rules.
 /// Returns  the wires that break a rule
-Offenders AddRules(const CheckOptions& options, const analysis::RuleSet& set, const model::Package& package,
-                   const analysis::RecordLines& lines, analysis::Diagnostics& diagnostics) {
-  const analysis::LengthUnit unit = UnitOf(options.unit, package);
-  const model::WireBondSettings settings = SettingsOf(options.loops, package);
-  const model::WireShapes shapes = ShapesOf(options.loops.Tiers, package);
+Offenders AddRules(const RulesOptions& rules, const OpenedPackage& opened,
+                   analysis::Diagnostics& diagnostics) {
+  const analysis::LengthUnit unit = opened.Unit();
   std::vector<analysis::WireLoop> loops;
   try {
-    loops = analysis::WireLoopsOf({package, settings, {}, &shapes});
+    loops = analysis::WireLoopsOf(opened.Wires());
   } catch (const model::Fault&) {
     analysis::Diagnostic missed{analysis::Severity::Finding,
                                 "rules-not-measured",
@@ -56,29 +46,24 @@ Offenders AddRules(const CheckOptions& options, const analysis::RuleSet& set, co
     diagnostics.List.push_back(std::move(missed));
     return {};
   }
-  const RulesFound found = MeasureRules(options.rules, set, {package, lines, loops, settings, unit});
-  analysis::AddRuleDiagnostics(found.Set, found.Report, package, options.rules.File, unit.Name, diagnostics);
+  const analysis::RulesReport report = MeasureRules(rules, opened, loops);
+  analysis::AddRuleDiagnostics(rules.Set, report, opened.Package, rules.File, unit.Name, diagnostics);
   Offenders offenders{.Shown = true, .Names = {}};
-  for (const analysis::RuleRemark& remark : found.Report.Remarks)
-    if (analysis::Offends(found.Set, remark))
+  for (const analysis::RuleRemark& remark : report.Remarks)
+    if (analysis::Offends(rules.Set, remark))
       for (const std::size_t wire : remark.Wires) offenders.Names.insert(loops[wire].Name);
   return offenders;
 }
 
-analysis::Diagnostics CheckFile(const CheckOptions& options, const std::string& file,
-                                const std::optional<analysis::RuleSet>& set) {
+analysis::Diagnostics CheckFile(const CheckOptions& options, const std::string& file) {
   analysis::LineCheck lines(file);
-  const model::Package package = LoadPackage({file}, &lines);
+  model::Package package = LoadPackage(file, &lines);
   analysis::Diagnostics found = analysis::CheckPackage(package, lines);
-  if (!set) return found;
-  const Offenders offenders = AddRules(options, *set, package, lines.Lines(), found);
+  if (options.rules.File.empty()) return found;
+  OpenedPackage opened(options.package, std::move(package), lines.Lines());
+  opened.Selection = AddRules(options.rules, opened, found);
   found.Sort();
-  if (!options.pictureFile.empty()) {
-    OpenedPackage opened({file}, options.loops);
-    opened.Selection = offenders;
-    WriteOutput(options.pictureFile,
-                PictureBytes(opened, options.camera, options.picture, PictureFormatOf(options.pictureFile)));
-  }
+  if (!options.picture.File.empty()) WritePicture(opened, options.picture);
   return found;
 }
 
@@ -86,8 +71,8 @@ bool IsClean(const analysis::Diagnostics& found) {
   return found.Count(analysis::Severity::Error) == 0 && found.Count(analysis::Severity::Finding) == 0;
 }
 
-Status CheckOne(const CheckOptions& options, const std::optional<analysis::RuleSet>& set) {
-  const analysis::Diagnostics found = CheckFile(options, options.files.front(), set);
+Status CheckOne(const CheckOptions& options) {
+  const analysis::Diagnostics found = CheckFile(options, options.files.front());
   if (options.json) {
     WriteOutput("-", formats::JsonOf(found, options.notes));
   } else {
@@ -98,13 +83,13 @@ Status CheckOne(const CheckOptions& options, const std::optional<analysis::RuleS
 }
 
 /// Checks the other files too when one is unusable.
-Status CheckSeveral(const CheckOptions& options, const std::optional<analysis::RuleSet>& set) {
+Status CheckSeveral(const CheckOptions& options) {
   Status status = Status::Done;
   std::vector<analysis::Diagnostics> all;
   std::size_t unclean = 0;
   for (const std::string& file : options.files) {
     try {
-      all.push_back(CheckFile(options, file, set));
+      all.push_back(CheckFile(options, file));
     } catch (const Unusable& unusable) {
       std::fprintf(stderr, "%s\n", unusable.what());
       status = Status::Unusable;
@@ -127,16 +112,10 @@ Status CheckSeveral(const CheckOptions& options, const std::optional<analysis::R
 }
 
 Status Check(const CheckOptions& options) {
-  std::optional<analysis::RuleSet> set;
-  if (!options.rules.File.empty()) set = ReadRulesFile(options.rules);
-  if (!options.pictureFile.empty()) {
-    PictureFormatOf(options.pictureFile);
-    CheckCamera(options.camera);
-    if (!set || options.files.size() > 1)
-      throw Unusable(CommandLine(), "--picture draws what --rules finds in one package",
-                     "give --rules and a single file, or leave it out");
-  }
-  return options.files.size() == 1 ? CheckOne(options, set) : CheckSeveral(options, set);
+  if (!options.picture.File.empty() && (options.rules.File.empty() || options.files.size() > 1))
+    throw Unusable(CommandLine(), "--picture draws what --rules finds in one package",
+                   "give --rules and a single file, or leave it out");
+  return options.files.size() == 1 ? CheckOne(options) : CheckSeveral(options);
 }
 
 }  // namespace
@@ -150,14 +129,11 @@ Command AddCheck(CLI::App& program) {
                     "List pads without wire or substrate pad and net types without a wire");
   command->add_flag("--json", options->json, "Write everything as JSON on standard output");
   AddRulesOptions(*command, options->rules);
-  command
-      ->add_option("--picture", options->pictureFile,
-                   "Draw the package with only the wires that break a rule, .png or .bmp")
-      ->type_name("FILE");
-  AddUnitOption(*command, options->unit);
-  AddLoopOptions(*command, options->loops);
+  AddPictureFile(*command, "Draw the package with only the wires that break a rule, .png or .bmp",
+                 options->picture);
+  AddUnitOption(*command, options->package);
+  AddLoopOptions(*command, options->package.Loops);
   AddPictureOptions(*command, options->picture);
-  AddCameraOptions(*command, options->camera);
   return {command, [options] { return Check(*options); }};
 }
 

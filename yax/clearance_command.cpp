@@ -6,12 +6,8 @@
 #include "analysis/clearance.h"
 #include "formats/clearance_table.h"
 #include "yax/command_list.h"
-#include "yax/options/camera_options.h"
 #include "yax/options/nets_options.h"
-#include "yax/options/opened_package.h"
 #include "yax/options/option_text.h"
-#include "yax/options/picture_options.h"
-#include "yax/options/unit.h"
 #include "yax/output.h"
 #include "yax/pictures/package_picture.h"
 
@@ -25,12 +21,8 @@ struct ClearanceOptions {
   bool json = false;
   bool all = false;
   std::optional<double> limit;
-  std::string pictureFile;  ///< empty for none
-  UnitOptions unit;
   analysis::NetRule nets;
-  LoopOptions loops;
   PictureOptions picture;
-  CameraOptions camera;
 };
 
 /// The wires of the findings.
@@ -42,19 +34,16 @@ model::WireSelection OffendersOf(const analysis::Clearances& clearances) {
 }
 
 Status Clearance(const ClearanceOptions& options) {
-  if (!options.pictureFile.empty()) PictureFormatOf(options.pictureFile);
-  CheckCamera(options.camera);
-  OpenedPackage opened(options.package, options.loops);
-  const analysis::LengthUnit unit = UnitOf(options.unit, opened.Package);
+  OpenedPackage opened(options.package);
+  const analysis::LengthUnit unit = opened.Unit();
   const analysis::Clearances clearances =
       analysis::MeasureClearances(opened.Loops(), {.Nets = options.nets,
-                                                   .WireDiameter = WireDiameterIn(unit, opened.Settings),
+                                                   .WireDiameter = opened.WireDiameter(),
                                                    .Limit = options.limit,
                                                    .All = options.all});
-  if (!options.pictureFile.empty()) {
+  if (!options.picture.File.empty()) {
     opened.Selection = OffendersOf(clearances);
-    WriteOutput(options.pictureFile,
-                PictureBytes(opened, options.camera, options.picture, PictureFormatOf(options.pictureFile)));
+    WritePicture(opened, options.picture);
   }
   WriteOutput(options.output,
               options.json ? formats::JsonOf(clearances, unit) : formats::ColumnsOf(clearances, unit));
@@ -80,15 +69,12 @@ Command AddClearance(CLI::App& program) {
       ->type_name("UNITS");
   command->add_flag("--all", options->all,
                     "List every finding, not only each wire's pair with its nearest other one");
-  command
-      ->add_option("--picture", options->pictureFile,
-                   "Draw the package with only the wires of the findings, .png or .bmp")
-      ->type_name("FILE");
-  AddUnitOption(*command, options->unit);
+  AddPictureFile(*command, "Draw the package with only the wires of the findings, .png or .bmp",
+                 options->picture);
+  AddUnitOption(*command, options->package);
   AddNetOptions(*command, options->nets);
-  AddLoopOptions(*command, options->loops);
+  AddLoopOptions(*command, options->package.Loops);
   AddPictureOptions(*command, options->picture);
-  AddCameraOptions(*command, options->camera);
   return {command, [options] { return Clearance(*options); }};
 }
 

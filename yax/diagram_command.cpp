@@ -14,31 +14,14 @@
 #include "sheet/measured_data.h"
 #include "sheet/title_fields.h"
 #include "yax/command_list.h"
-#include "yax/options/opened_package.h"
 #include "yax/options/option_text.h"
 #include "yax/options/rule_set.h"
 #include "yax/options/text_file.h"
-#include "yax/options/unit.h"
 #include "yax/output.h"
 
 namespace yax {
 
 namespace {
-
-struct DiagramOptions {
-  PackageOptions package;
-  std::string output;
-  std::string paper = "a3";
-  std::string scale = "fit";
-  std::string split = "none";
-  bool table = false;
-  std::string titleFile, notesFile;
-  std::vector<std::string> settings;
-  RulesOptions rules;
-  UnitOptions unit;
-  LoopOptions loops;
-  WireOptions wires;
-};
 
 enum class Format { Pdf, Svg, Dxf };
 
@@ -77,14 +60,6 @@ std::optional<double> ScaleOf(const std::string& text) {
   return scale;
 }
 
-sheet::TitleFields TitleOf(const DiagramOptions& options) {
-  sheet::TitleFields fields;
-  if (!options.titleFile.empty())
-    sheet::ReadTitleFields(options.titleFile, TextOf(options.titleFile), fields);
-  for (const std::string& setting : options.settings) sheet::SetTitleField(CommandLine(), setting, fields);
-  return fields;
-}
-
 std::vector<std::string> LinesOf(const std::string& text) {
   std::vector<std::string> list;
   model::Lines lines(text);
@@ -92,6 +67,19 @@ std::vector<std::string> LinesOf(const std::string& text) {
     list.emplace_back(line.substr(0, line.find_last_not_of("\r\n \t") + 1));
   return list;
 }
+
+struct DiagramOptions {
+  PackageOptions package;
+  std::string output;
+  Format format = Format::Pdf;
+  sheet::Paper paper = PaperOf("a3");
+  std::optional<double> scale;
+  sheet::Split split = sheet::Split::None;
+  bool table = false;
+  sheet::TitleFields title;
+  std::vector<std::string> notes;
+  RulesOptions rules;
+};
 
 /// The results of the rules, for the sheet.
 struct Judgement {
@@ -101,18 +89,18 @@ struct Judgement {
 };
 
 /// Judges the whole package: the choice of wires affects only the drawing.
-Judgement Judge(const DiagramOptions& options, const OpenedPackage& opened, const analysis::LengthUnit& unit,
+Judgement Judge(const DiagramOptions& options, const OpenedPackage& opened,
                 std::vector<sheet::DiagramWire>& wires) {
   Judgement judgement;
   if (options.rules.File.empty()) return judgement;
   const std::vector<analysis::WireLoop> loops = opened.AllLoops();
-  const RulesFound found = MeasureRules(options.rules, ReadRulesFile(options.rules),
-                                        {opened.Package, opened.Lines, loops, opened.Settings, unit});
-  judgement.Rules = found.Name;
+  const analysis::RuleSet& set = options.rules.Set;
+  const analysis::RulesReport report = MeasureRules(options.rules, opened, loops);
+  judgement.Rules = set.Name.empty() ? std::string(model::FileNameOf(options.rules.File)) : set.Name;
   std::set<std::pair<model::RecordTable, std::size_t>> offenders;
-  std::vector<std::size_t> counts(found.Set.Rules.size());
-  for (const analysis::RuleRemark& remark : found.Report.Remarks) {
-    if (!analysis::Offends(found.Set, remark)) continue;
+  std::vector<std::size_t> counts(set.Rules.size());
+  for (const analysis::RuleRemark& remark : report.Remarks) {
+    if (!analysis::Offends(set, remark)) continue;
     judgement.Keeps = false;
     ++counts[remark.Rule];
     for (const std::size_t wire : remark.Wires)
@@ -120,12 +108,11 @@ Judgement Judge(const DiagramOptions& options, const OpenedPackage& opened, cons
   }
   for (std::size_t k = 0; k < counts.size(); ++k)
     if (counts[k] > 0)
-      judgement.Lines.push_back(analysis::RuleText(found.Set.Rules[k]) + ": " + std::to_string(counts[k]));
+      judgement.Lines.push_back(analysis::RuleText(set.Rules[k]) + ": " + std::to_string(counts[k]));
   for (sheet::DiagramWire& wire : wires)
     wire.Offends = offenders.contains({wire.Place.Table, wire.Place.Number});
   judgement.Verdict = judgement.Keeps ? "keeps all rules" : "does not keep all rules";
-  if (found.Report.Unmeasured.size() == found.Set.Rules.size())
-    judgement.Verdict = "there is nothing to measure";
+  if (report.Unmeasured.size() == set.Rules.size()) judgement.Verdict = "there is nothing to measure";
   return judgement;
 }
 
@@ -155,19 +142,13 @@ void ReportBoxes(const sheet::Drawing& drawing, const std::string& file) {
 }
 
 Status Diagram(const DiagramOptions& options) {
-  const Format format = FormatOf(options.output);
-  const sheet::Paper paper = PaperOf(options.paper);
-  const std::optional<double> scale = ScaleOf(options.scale);
-  const sheet::TitleFields title = TitleOf(options);
-  std::vector<std::string> notes;
-  if (!options.notesFile.empty()) notes = LinesOf(TextOf(options.notesFile));
-  const OpenedPackage opened(options.package, options.loops, options.wires);
-  const analysis::LengthUnit unit = UnitOf(options.unit, opened.Package);
+  const OpenedPackage opened(options.package);
+  const analysis::LengthUnit unit = opened.Unit();
   const std::vector<analysis::WireLoop> loops = opened.Loops();
   std::vector<sheet::DiagramWire> wires = sheet::DiagramWiresOf(opened.Package, loops, opened.Lines);
-  const Judgement judgement = Judge(options, opened, unit, wires);
+  const Judgement judgement = Judge(options, opened, wires);
   // DXF is true to size: its numbers are in the drawing's unit, and it has the plan once.
-  const bool trueToSize = format == Format::Dxf;
+  const bool trueToSize = options.format == Format::Dxf;
   const double millimetres = unit.Metres * 1e3;
   const std::string shown = trueToSize ? "mm" : unit.Name;
   const double numberScale = trueToSize ? millimetres : 1.0;
@@ -177,21 +158,58 @@ Status Diagram(const DiagramOptions& options) {
       DrawingOf(opened, {.Package = opened.Package,
                          .Wires = wires,
                          .Facts = facts,
-                         .Notes = notes,
+                         .Notes = options.notes,
                          .Findings = judgement.Lines,
-                         .Title = title,
+                         .Title = options.title,
                          .FileName = std::string(model::FileNameOf(options.package.File)),
                          .Digest = DigestOf(options.package.File),
                          .Millimetres = millimetres,
                          .Unit = shown,
                          .NumberScale = numberScale,
-                         .Paper = paper,
-                         .Scale = scale,
-                         .Into = trueToSize ? sheet::Split::None : SplitOf(options.split),
+                         .Paper = options.paper,
+                         .Scale = options.scale,
+                         .Into = trueToSize ? sheet::Split::None : options.split,
                          .Table = options.table});
-  WriteOutput(options.output, BytesOf(drawing, format));
-  if (format == Format::Pdf) ReportBoxes(drawing, options.package.File);
+  WriteOutput(options.output, BytesOf(drawing, options.format));
+  if (options.format == Format::Pdf) ReportBoxes(drawing, options.package.File);
   return judgement.Keeps ? Status::Done : Status::Findings;
+}
+
+void AddSheetOptions(CLI::App& command, DiagramOptions& options) {
+  command
+      .add_option_function<std::string>(
+          "--sheet", [&options](const std::string& text) { options.paper = PaperOf(text); },
+          "Sheet size: a4, a3 (the default), a2, letter, tabloid, or WxH in mm")
+      ->type_name("SIZE");
+  command
+      .add_option_function<std::string>(
+          "--scale", [&options](const std::string& text) { options.scale = ScaleOf(text); },
+          "fit (the default): the largest of 50 20 10 5 2 1 : 1 that fits; or N for N : 1")
+      ->type_name("fit|N");
+  command
+      .add_option_function<std::string>(
+          "--split", [&options](const std::string& text) { options.split = SplitOf(text); },
+          "A sheet for each tier or net type, the other wires in grey")
+      ->check(CLI::IsMember(std::vector<std::string>{"none", "tier", "net-type"}));
+  command.add_flag("--table", options.table, "Further sheets with a table of all wires");
+}
+
+void AddTextOptions(CLI::App& command, DiagramOptions& options) {
+  AddFileOption(
+      command, "--title", "Fields of the title block, as KEY = value lines",
+      [&options](const std::string& file) { sheet::ReadTitleFields(file, TextOf(file), options.title); });
+  // CLI11 takes options in the order in which they are added, so a field set singly overrides the file's.
+  const auto set = [&options](const std::vector<std::string>& settings) {
+    for (const std::string& setting : settings) sheet::SetTitleField(CommandLine(), setting, options.title);
+  };
+  command
+      .add_option_function<std::vector<std::string>>(
+          "--set", set,
+          "One field of the title block: title part package drawn checked approved date revision")
+      ->type_name("KEY=TEXT")
+      ->allow_extra_args(false);
+  AddFileOption(command, "--notes", "A text file to print on the sheet",
+                [&options](const std::string& file) { options.notes = LinesOf(TextOf(file)); });
 }
 
 }  // namespace
@@ -202,33 +220,21 @@ Command AddDiagram(CLI::App& program) {
   const auto options = std::make_shared<DiagramOptions>();
   AddPackageOption(*command, options->package);
   command
-      ->add_option("-o,--output", options->output,
-                   "The sheets, as .pdf, .svg or .dxf; - for a PDF on standard output")
+      ->add_option_function<std::string>(
+          "-o,--output",
+          [options](const std::string& file) {
+            options->output = file;
+            options->format = FormatOf(file);
+          },
+          "The sheets, as .pdf, .svg or .dxf; - for a PDF on standard output")
       ->type_name("FILE")
       ->required();
-  command
-      ->add_option("--sheet", options->paper,
-                   "Sheet size: a4, a3 (the default), a2, letter, tabloid, or WxH in mm")
-      ->type_name("SIZE");
-  command
-      ->add_option("--scale", options->scale,
-                   "fit (the default): the largest of 50 20 10 5 2 1 : 1 that fits; or N for N : 1")
-      ->type_name("fit|N");
-  command->add_option("--split", options->split, "A sheet for each tier or net type, the other wires in grey")
-      ->check(CLI::IsMember(std::vector<std::string>{"none", "tier", "net-type"}));
-  command->add_flag("--table", options->table, "Further sheets with a table of all wires");
-  command->add_option("--title", options->titleFile, "Fields of the title block, as KEY = value lines")
-      ->type_name("FILE");
-  command
-      ->add_option("--set", options->settings,
-                   "One field of the title block: title part package drawn checked approved date revision")
-      ->type_name("KEY=TEXT")
-      ->allow_extra_args(false);
-  command->add_option("--notes", options->notesFile, "A text file to print on the sheet")->type_name("FILE");
+  AddSheetOptions(*command, *options);
+  AddTextOptions(*command, *options);
   AddRulesOptions(*command, options->rules);
-  AddUnitOption(*command, options->unit);
-  AddLoopOptions(*command, options->loops);
-  AddWireOptions(*command, options->wires);
+  AddUnitOption(*command, options->package);
+  AddLoopOptions(*command, options->package.Loops);
+  AddWireOptions(*command, options->package.Wires);
   return {command, [options] { return Diagram(*options); }};
 }
 

@@ -15,7 +15,6 @@
 #include "yax/command_list.h"
 #include "yax/options/opened_package.h"
 #include "yax/options/option_text.h"
-#include "yax/options/unit.h"
 #include "yax/output.h"
 
 namespace yax {
@@ -27,9 +26,6 @@ struct EstimateOptions {
   std::string output = "-";
   std::string format = "csv";
   std::optional<double> resistivity, plane, coupling;
-  UnitOptions unit;
-  LoopOptions loops;
-  WireOptions wires;
 };
 
 constexpr double kLeastCoupling = 0.1;  ///< for a circuit, without --coupling
@@ -44,12 +40,13 @@ double ResistivityFor(const EstimateOptions& options, const model::WireBondSetti
   return *options.resistivity;
 }
 
-analysis::BondWires ConductorsOf(const EstimateOptions& options, const std::vector<analysis::WireLoop>& loops,
-                                 const model::WireBondSettings& settings, const analysis::LengthUnit& unit) {
-  WireDiameterIn(unit, settings);  // refuses a diameter that is not above 0
-  if (settings.Frequency < 0.0F)
+analysis::BondWires ConductorsOf(const EstimateOptions& options, const OpenedPackage& opened,
+                                 const std::vector<analysis::WireLoop>& loops) {
+  opened.WireDiameter();  // refuses a diameter that is not above 0
+  if (opened.Settings.Frequency < 0.0F)
     throw Unusable(CommandLine(), "the frequency is below 0", "give one with --frequency");
-  return analysis::ConductorsOf(loops, settings, unit, ResistivityFor(options, settings), options.plane);
+  return analysis::ConductorsOf(loops, opened.Settings, opened.Unit(),
+                                ResistivityFor(options, opened.Settings), options.plane);
 }
 
 /// The place of the wire's line, for a message.
@@ -58,7 +55,7 @@ Place PlaceOf(const EstimateOptions& options, const OpenedPackage& opened, const
 }
 
 void CheckPlane(const EstimateOptions& options, const OpenedPackage& opened,
-                const std::vector<analysis::WireLoop>& loops, const analysis::LengthUnit& unit) {
+                const std::vector<analysis::WireLoop>& loops) {
   if (!options.plane) return;
   for (const analysis::WireLoop& loop : loops) {
     double lowest = loop.Points.front().z;
@@ -66,7 +63,7 @@ void CheckPlane(const EstimateOptions& options, const OpenedPackage& opened,
     if (lowest < *options.plane)
       throw Unusable(PlaceOf(options, opened, loop),
                      "the plane at " + Text(*options.plane) + " lies above a point of wire " +
-                         model::Quoted(loop.Name) + ", at " + Text(lowest) + " " + unit.Name,
+                         model::Quoted(loop.Name) + ", at " + Text(lowest) + " " + opened.Unit().Name,
                      "give a plane below all wires");
   }
 }
@@ -88,8 +85,8 @@ std::optional<double> LeastCoupling(const EstimateOptions& options, std::size_t 
   return std::nullopt;
 }
 
-std::string CircuitOf(const EstimateOptions& options, analysis::WireCosts costs, const OpenedPackage& opened,
-                      const analysis::LengthUnit& unit) {
+std::string CircuitOf(const EstimateOptions& options, analysis::WireCosts costs,
+                      const OpenedPackage& opened) {
   const double least = options.coupling.value_or(kLeastCoupling);
   formats::RoundCouplings(costs.Couplings);
   if (!analysis::IsPositiveDefinite(costs.Rows.size(), costs.Couplings))
@@ -100,18 +97,17 @@ std::string CircuitOf(const EstimateOptions& options, analysis::WireCosts costs,
                        ", or 0 for all");
   std::string conditions = formats::ConditionsText(costs.Rows.size(), opened.Settings);
   if (options.resistivity) conditions += ", resistivity given";
-  if (options.plane) conditions += ", a plane at " + Text(*options.plane) + " " + unit.Name;
+  if (options.plane) conditions += ", a plane at " + Text(*options.plane) + " " + opened.Unit().Name;
   return formats::CircuitText(costs, {.Package = std::string(model::FileNameOf(opened.Package.PackagePath)),
                                       .Conditions = conditions,
                                       .LeastCoupling = least});
 }
 
 Status Estimate(const EstimateOptions& options) {
-  const OpenedPackage opened(options.package, options.loops, options.wires);
-  const analysis::LengthUnit unit = UnitOf(options.unit, opened.Package);
+  const OpenedPackage opened(options.package);
   const std::vector<analysis::WireLoop> loops = opened.Loops();
-  const analysis::BondWires wires = ConductorsOf(options, loops, opened.Settings, unit);
-  CheckPlane(options, opened, loops, unit);
+  const analysis::BondWires wires = ConductorsOf(options, opened, loops);
+  CheckPlane(options, opened, loops);
   analysis::WireCosts costs =
       analysis::CostsOf(opened.Package, loops, wires, LeastCoupling(options, loops.size()));
   if (const auto wire = analysis::WireWithoutCost(costs))
@@ -119,7 +115,7 @@ Status Estimate(const EstimateOptions& options) {
                    "wire " + model::Quoted(loops[*wire].Name) + " is too long or too thin to compute",
                    "check its coordinates, --wire-diameter and --resistivity");
   if (options.format == "spice")
-    WriteOutput(options.output, CircuitOf(options, std::move(costs), opened, unit));
+    WriteOutput(options.output, CircuitOf(options, std::move(costs), opened));
   else
     WriteOutput(options.output,
                 options.format == "json" ? formats::CostsJson(costs) : formats::CostsCsv(costs));
@@ -162,9 +158,9 @@ Command AddEstimate(CLI::App& program) {
               " wires have no couplings without this option, more than " +
               std::to_string(analysis::kMostCoupled) + " cannot have them")
       ->type_name("K");
-  AddUnitOption(*command, options->unit);
-  AddLoopOptions(*command, options->loops);
-  AddWireOptions(*command, options->wires);
+  AddUnitOption(*command, options->package);
+  AddLoopOptions(*command, options->package.Loops);
+  AddWireOptions(*command, options->package.Wires);
   return {command, [options] { return Estimate(*options); }};
 }
 

@@ -12,7 +12,6 @@
 #include "yax/options/nets_options.h"
 #include "yax/options/opened_package.h"
 #include "yax/options/picture_options.h"
-#include "yax/options/unit.h"
 #include "yax/output.h"
 #include "yax/page/package_page.h"
 
@@ -20,17 +19,15 @@ namespace yax {
 
 namespace {
 
+enum class ExportFormat { Glb, Obj, Html };
+
 struct ExportOptions {
   PackageOptions package;
   std::string output;
+  ExportFormat format = ExportFormat::Glb;
   render::Appearance appearance;
-  UnitOptions unit;
   analysis::NetRule nets;
-  LoopOptions loops;
-  WireOptions wires;
 };
-
-enum class ExportFormat { Glb, Obj, Html };
 
 ExportFormat ExportFormatOf(const std::string& output) {
   const std::string name = model::UpperCase(output);
@@ -54,10 +51,10 @@ void WriteObj(const MeshScene& scene, const std::string& output) {
   }
 }
 
-void WriteMeshes(const OpenedPackage& opened, const ExportOptions& options, ExportFormat format) {
-  const analysis::LengthUnit unit = UnitOf(options.unit, opened.Package);
+void WriteMeshes(const OpenedPackage& opened, const ExportOptions& options) {
+  const analysis::LengthUnit unit = opened.Unit();
   const double scale = double(opened.Package.UnitScale);
-  render::MeshPen pen(opened.Package, WireDiameterIn(unit, opened.Settings) / 2.0 / scale,
+  render::MeshPen pen(opened.Package, opened.WireDiameter() / 2.0 / scale,
                       [&options](const std::string& name) { return analysis::NetOf(options.nets, name); });
   render::Scene(opened.Inputs(options.appearance), pen).DrawPackage();
   const MeshScene scene{.Name = std::string(model::FileNameOf(opened.Package.PackagePath)),
@@ -65,18 +62,17 @@ void WriteMeshes(const OpenedPackage& opened, const ExportOptions& options, Expo
                         .FileUnits = scale,
                         .Metres = scale * unit.Metres,
                         .UnitName = unit.Name};
-  if (format == ExportFormat::Obj) return WriteObj(scene, options.output);
+  if (options.format == ExportFormat::Obj) return WriteObj(scene, options.output);
   WriteOutput(options.output, GlbBytes(scene));
 }
 
 Status Export(const ExportOptions& options) {
-  const ExportFormat format = ExportFormatOf(options.output);
-  const OpenedPackage opened(options.package, options.loops, options.wires);
+  const OpenedPackage opened(options.package);
   try {
-    if (format == ExportFormat::Html)
-      WriteOutput(options.output, PageOf(opened, UnitOf(options.unit, opened.Package), options.nets));
+    if (options.format == ExportFormat::Html)
+      WriteOutput(options.output, PageOf(opened, options.nets));
     else
-      WriteMeshes(opened, options, format);
+      WriteMeshes(opened, options);
   } catch (const model::Fault& fault) {
     throw opened.NotDrawn(fault);
   }
@@ -91,16 +87,20 @@ Command AddExport(CLI::App& program) {
   const auto options = std::make_shared<ExportOptions>();
   AddPackageOption(*command, options->package);
   command
-      ->add_option(
-          "-o,--output", options->output,
+      ->add_option_function<std::string>(
+          "-o,--output",
+          [options](const std::string& file) {
+            options->output = file;
+            options->format = ExportFormatOf(file);
+          },
           "The meshes: .glb, or .obj with an .mtl beside it; - for .glb on standard output. Or a page: .html")
       ->type_name("FILE")
       ->required();
-  AddUnitOption(*command, options->unit);
+  AddUnitOption(*command, options->package);
   AddNetOptions(*command, options->nets);
   AddBackgroundOption(*command, options->appearance);
-  AddLoopOptions(*command, options->loops);
-  AddWireOptions(*command, options->wires);
+  AddLoopOptions(*command, options->package.Loops);
+  AddWireOptions(*command, options->package.Wires);
   return {command, [options] { return Export(*options); }};
 }
 

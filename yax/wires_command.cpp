@@ -26,8 +26,6 @@ struct WiresOptions {
   bool summary = false;
   std::string unit = "units";
   std::optional<float> longest, widest;
-  LoopOptions loops;
-  WireOptions wires;
 };
 
 /// Reports every row above a limit.
@@ -66,7 +64,7 @@ Status Wires(const WiresOptions& options) {
   if (options.format != "csv" && (options.json || options.summary))
     throw Unusable(CommandLine(), "--json and --summary cannot be used with --format " + options.format,
                    "remove them");
-  const OpenedPackage opened(options.package, options.loops, options.wires);
+  const OpenedPackage opened(options.package);
   const std::vector<analysis::WireLoop> loops = opened.Loops();
   const std::vector<analysis::WireRow> rows = analysis::MeasureLengths(opened.Package, loops);
   WriteOutput(options.output, TextOf(opened, loops, rows, options));
@@ -100,8 +98,8 @@ Command AddWires(CLI::App& program) {
   AddLimit(*command, "--limit-length", "UNITS", "Report wires whose loop is longer", options->longest);
   AddLimit(*command, "--limit-angle", "DEGREES", "Report wires with a larger angle to their edge's normal",
            options->widest);
-  AddLoopOptions(*command, options->loops);
-  AddWireOptions(*command, options->wires);
+  AddLoopOptions(*command, options->package.Loops);
+  AddWireOptions(*command, options->package.Wires);
   return {command, [options] { return Wires(*options); }};
 }
 

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "model/arithmetic.h"
+#include "render/gl/gl_pen.h"
 
 namespace render::gl {
 
@@ -21,6 +22,13 @@ void SetProjection(const PixelSize& size, double nearPlane, double farPlane) {
   glMatrixMode(GL_PROJECTION);
   glLoadIdentity();
   gluPerspective(kFieldOfView, double(AspectRatioOf(size)), nearPlane, farPlane);
+}
+
+/// Measures with a separate scene: a scene keeps state from pad to pad, which must not affect the drawn one.
+Eye EyeOf(NamedView view, const SceneInputs& inputs, const PixelSize& size) {
+  FitPen pen;
+  Scene(inputs, pen).DrawPackage();
+  return pen.Fit(view, size);
 }
 
 }  // namespace
@@ -86,6 +94,17 @@ void DrawFrame(const Eye& eye, const PixelSize& size, const SceneList& list) {
             eye.Up[0], eye.Up[1], eye.Up[2]);
   glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
   list.Call();
+}
+
+void DrawPicture(const SceneInputs& inputs, const Viewpoint& viewpoint, const PixelSize& size) {
+  SetUpView(size, inputs.Appearance);
+  GlPen pen;
+  Scene scene(inputs, pen);
+  // Use a display list as the window does: without one the driver lights the same faces slightly differently.
+  SceneList list;
+  list.CompileCube(scene);
+  if (viewpoint.View) return DrawFrame(EyeOf(*viewpoint.View, inputs, size), size, list);
+  DrawFrame(viewpoint.Camera, viewpoint.Rotation, inputs.Package.CompW, list);
 }
 
 }  // namespace render::gl

@@ -6,6 +6,7 @@
 #include "render/eye.h"
 #include "render/gl/gl_surface.h"
 #include "render/gl/scene_list.h"
+#include "render/named_view.h"
 
 namespace render::gl {
 
@@ -29,5 +30,10 @@ void DrawFrame(const Camera& camera, const ModelRotation& rotation, float depth,
 /// only near and far plane of the projection differ.
 /// Needs   current context that SetUpView prepared for `size`
 void DrawFrame(const Eye& eye, const PixelSize& size, const SceneList& list);
+
+/// Sets up a fresh context and draws a package in one frame.
+/// Needs   current context
+/// Faults  those of the drawing; Overflow when CamY + CamLook leaves 16 bits
+void DrawPicture(const SceneInputs& inputs, const Viewpoint& viewpoint, const PixelSize& size);
 
 }  // namespace render::gl

@@ -8,14 +8,14 @@
 #include "model/text.h"
 #include "tests/samples.h"
 #include "tests/temporary_folder.h"
-#include "yax/options/package_options.h"
+#include "yax/options/opened_package.h"
 
 namespace analysis {
 namespace {
 
 Diagnostics CheckFile(const std::string& path) {
   LineCheck lines(path);
-  const model::Package package = yax::LoadPackage({path}, &lines);
+  const model::Package package = yax::LoadPackage(path, &lines);
   return CheckPackage(package, lines);
 }
 

@@ -11,7 +11,6 @@
 #include "tests/temporary_folder.h"
 #include "tests/yax/refusal.h"
 #include "yax/options/opened_package.h"
-#include "yax/options/unit.h"
 
 namespace yax {
 namespace {
@@ -22,7 +21,7 @@ struct How {
   bool all = false;
   double diameter = 1.0;
   std::string netPattern = {};
-  TierLoopOptions tiers = {};
+  std::vector<TierLoop> tiers = {};
 };
 
 analysis::Clearances Measure(const std::string& text, const How& how = {}) {
@@ -31,7 +30,7 @@ analysis::Clearances Measure(const std::string& text, const How& how = {}) {
   loops.Values.BaseLoopHeight = loops.Values.StackLoopHeight = 0.0F;
   loops.Values.BaseExtension = loops.Values.StitchExtension = 0.0F;
   loops.Tiers = how.tiers;
-  const OpenedPackage opened({PutFile(folder / "board.yax", text)}, loops);
+  const OpenedPackage opened({.File = PutFile(folder / "board.yax", text), .Loops = loops});
   analysis::ClearanceRules rules{.WireDiameter = how.diameter, .Limit = how.limit, .All = how.all};
   if (!how.netPattern.empty()) rules.Nets.Pattern = std::regex(how.netPattern);
   return analysis::MeasureClearances(analysis::WireLoopsOf(opened.Wires()), rules);
@@ -96,11 +95,11 @@ TEST(Clearance, ReportsWhatTouchesAndWhatIsBelowTheLimit) {
 
 TEST(Clearance, FollowsTheLoopsOfEachTier) {
   // A rises 10 from its pad and then runs straight from (10, 0, 20) to (50, 0, 10): at x = 30 it meets B.
-  EXPECT_EQ(Texts(Measure(kThreeWires, {.tiers = {{{"1", {10.0F, {}}}}}})).at(0), "A B -1000 touching");
+  EXPECT_EQ(Texts(Measure(kThreeWires, {.tiers = {{"1", {10.0F, {}}}}})).at(0), "A B -1000 touching");
   // 20 high it passes (30, 0, 20), 5 above B and sloping by 20 in 40: 5 * cos(atan(1/2)) = 4.472 off B.
-  EXPECT_EQ(Texts(Measure(kThreeWires, {.tiers = {{{"1", {20.0F, {}}}}}})).at(0), "A B 3472");
+  EXPECT_EQ(Texts(Measure(kThreeWires, {.tiers = {{"1", {20.0F, {}}}}})).at(0), "A B 3472");
   // Level up to x = 40, it passes 15 above B; C, of the same tier, is then farther away.
-  EXPECT_EQ(Texts(Measure(kThreeWires, {.tiers = {{{"1", {20.0F, {}}}, {"1", {{}, 30.0F}}}}})).at(0),
+  EXPECT_EQ(Texts(Measure(kThreeWires, {.tiers = {{"1", {20.0F, {}}}, {"1", {{}, 30.0F}}}})).at(0),
             "A B 14000");
 }
 
@@ -144,21 +143,22 @@ TEST(Units, AreRequiredWhereMilsMakeNoSense) {
   package.UnitScale = 10.0F;
   package.CompL = 1.9F;
   package.CompW = 1.0F;
-  EXPECT_EQ(Refusal([&] { UnitOf({}, package); }),
+  const auto opened = [&](const char* unit = "", float diameter = 2.0F) {
+    PackageOptions options{.Unit = analysis::UnitNamed(unit)};
+    options.Loops.Values.WireDiameter = diameter;
+    return OpenedPackage(options, package, {});
+  };
+  EXPECT_EQ(Refusal([&] { opened().Unit(); }),
             "small.yax: this looks like mm; pass --unit mm, or the unit that the file has")
       << "no die is 19 mil long";
-  EXPECT_STREQ(UnitOf({"mil"}, package).Name, "mil");
+  EXPECT_STREQ(opened("mil").Unit().Name, "mil");
   package.CompW = 2.0F;
-  EXPECT_STREQ(UnitOf({}, package).Name, "mil") << "20 by the longer side";
+  EXPECT_STREQ(opened().Unit().Name, "mil") << "20 by the longer side";
   // 1 mil is 25.4 um.
-  model::WireBondSettings settings;
-  settings.WireDiameter = 2.0F;
-  EXPECT_DOUBLE_EQ(WireDiameterIn(UnitOf({"um"}, package), settings), 50.8);
-  EXPECT_DOUBLE_EQ(WireDiameterIn(UnitOf({"mm"}, package), settings), 0.0508);
-  for (const float diameter : {0.0F, -1.0F}) {
-    settings.WireDiameter = diameter;
-    EXPECT_NE(Refusal([&] { WireDiameterIn(UnitOf({"mm"}, package), settings); }), "");
-  }
+  EXPECT_DOUBLE_EQ(opened("um").WireDiameter(), 50.8);
+  EXPECT_DOUBLE_EQ(opened("mm").WireDiameter(), 0.0508);
+  for (const float diameter : {0.0F, -1.0F})
+    EXPECT_NE(Refusal([&] { opened("mm", diameter).WireDiameter(); }), "");
 }
 
 TEST(Clearance, IsWrittenInColumnsAndInJson) {

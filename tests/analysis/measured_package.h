@@ -7,8 +7,7 @@
 #include "analysis/record_lines.h"
 #include "analysis/wire_loops.h"
 #include "model/package.h"
-#include "yax/options/loops.h"
-#include "yax/options/package_options.h"
+#include "yax/options/opened_package.h"
 
 namespace analysis {
 
@@ -17,7 +16,7 @@ struct Measured {
   model::Package Package;
   std::vector<WireLoop> Loops;
 
-  explicit Measured(const std::string& path) : Package(yax::LoadPackage({path}, &Lines)) {
+  explicit Measured(const std::string& path) : Package(yax::LoadPackage(path, &Lines)) {
     yax::LoopOptions options;
     options.DieHeight = true;
     const model::WireBondSettings settings = yax::SettingsOf(options, Package);

@@ -29,7 +29,7 @@ LoopValues Loops() {
 }
 
 Wires WiresOf(const std::string& text, const std::string& netTypes = {},
-              const model::WireSelection& selection = {}, const TierLoopOptions& tiers = {}) {
+              const model::WireSelection& selection = {}, const std::vector<TierLoop>& tiers = {}) {
   const TemporaryFolder folder;
   const std::string path = folder / "board.yax";
   PutFile(path, text);
@@ -37,7 +37,7 @@ Wires WiresOf(const std::string& text, const std::string& netTypes = {},
   LoopOptions loops;
   loops.Values = Loops();
   loops.Tiers = tiers;
-  OpenedPackage opened({path}, loops);
+  OpenedPackage opened({.File = path, .Loops = loops});
   opened.Selection = selection;
   try {
     Wires wires{analysis::MeasureLengths(opened.Package, analysis::WireLoopsOf(opened.Wires())), {}, {}};

@@ -34,7 +34,7 @@ struct Drawn {
   std::vector<std::string> Notes = {}, Findings = {};
   double Millimetres = 1.0;
 
-  explicit Drawn(const std::string& path) : Opened({path}, AtDieHeight()) {
+  explicit Drawn(const std::string& path) : Opened({.File = path, .Loops = AtDieHeight()}) {
     Wires = DiagramWiresOf(Opened.Package, Opened.Loops(), Opened.Lines);
   }
 

@@ -21,7 +21,7 @@
 #include "yax/meshes/mesh_files.h"
 #include "yax/options/loops.h"
 #include "yax/options/nets_options.h"
-#include "yax/options/package_options.h"
+#include "yax/options/opened_package.h"
 
 namespace yax {
 namespace {
@@ -275,7 +275,7 @@ TEST(Export, WritesTheSameAsText) {
 
 TEST(Export, OfTheSamplesReadsBackWithTheirNets) {
   for (const char* sample : kSamples) {
-    model::Package package = LoadPackage({SamplePath(sample)});
+    model::Package package = LoadPackage(SamplePath(sample));
     std::set<std::string> names;
     for (const auto* bonds : {&package.Bonds, &package.SDBonds})
       for (const model::BondRec& bond : *bonds) names.insert(bond.Name);

@@ -24,10 +24,10 @@ class PageTest : public testing::Test {
  protected:
   PageTest() { PutFile(folder / "a<b>.yax", kThree); }
 
-  OpenedPackage Opened(const WireOptions& wires = {}) const { return {{folder / "a<b>.yax"}, {}, wires}; }
-  std::string Page(const WireOptions& wires = {}) const {
-    return PageOf(Opened(wires), *analysis::UnitNamed("mil"), {});
+  OpenedPackage Opened(const WireOptions& wires = {}) const {
+    return OpenedPackage({.File = folder / "a<b>.yax", .Wires = wires});
   }
+  std::string Page(const WireOptions& wires = {}) const { return PageOf(Opened(wires), {}); }
 
   TemporaryFolder folder;
 };
@@ -77,7 +77,7 @@ TEST_F(PageTest, TheDiagramStandsOnASheetThatIsLargeEnough) {
     const std::string file = PutFile(
         folder / "large.yax", "TECHNOLOGY WIRE_BOND\nCOMPL " + size + "\nCOMPW " + size + "\nCOMPZ 1\n");
     testing::internal::CaptureStderr();
-    const std::string page = PageOf({{file}, {}, {}}, *analysis::UnitNamed("mm"), {});
+    const std::string page = PageOf(OpenedPackage({.File = file, .Unit = analysis::UnitNamed("mm")}), {});
     const std::string note = testing::internal::GetCapturedStderr();
     EXPECT_EQ(Count(page, "id=\"diagram-tab\""), hasDiagram ? 1U : 0U) << side;
     EXPECT_EQ(Count(page, "<svg"), hasDiagram ? 1U : 0U) << side;

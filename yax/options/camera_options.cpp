@@ -23,12 +23,12 @@ constexpr std::pair<const char*, NamedView> kViews[] = {
     {"iso", NamedView::Iso},
 };
 
-CLI::Option* AddView(CLI::App& command, CameraOptions& options) {
+CLI::Option* AddView(CLI::App& command, render::Viewpoint& viewpoint) {
   std::vector<std::string> names;
   for (const auto& [name, view] : kViews) names.emplace_back(name);
-  const auto take = [&options](const std::string& text) {
+  const auto take = [&viewpoint](const std::string& text) {
     for (const auto& [name, view] : kViews)
-      if (text == name) options.View = view;
+      if (text == name) viewpoint.View = view;
   };
   return command
       .add_option_function<std::string>("--view", take,
@@ -37,10 +37,19 @@ CLI::Option* AddView(CLI::App& command, CameraOptions& options) {
       ->group(kCameraGroup);
 }
 
+/// Refuses a target's height beyond 16 bits. Needs --cam to have been taken: CLI11 takes options in the order
+/// in which they are added.
+void CheckTarget(const render::Camera& camera) {
+  const int height = int(camera.CamY) + int(camera.CamLook);
+  if (height < -32768 || height > 32767)
+    throw Unusable(CommandLine(), "--cam and --look give a target at height " + std::to_string(height),
+                   "keep it from -32768 to 32767");
+}
+
 }  // namespace
 
-void AddCameraOptions(CLI::App& command, CameraOptions& options) {
-  CLI::Option* const view = AddView(command, options);
+void AddCameraOptions(CLI::App& command, render::Viewpoint& viewpoint) {
+  CLI::Option* const view = AddView(command, viewpoint);
   const auto add = [&](const char* name, const char* value, const char* description, auto take) {
     const auto takeNamed = [name, take](const std::string& text) { take(name, text); };
     view->excludes(command.add_option_function<std::string>(name, takeNamed, description)
@@ -48,35 +57,29 @@ void AddCameraOptions(CLI::App& command, CameraOptions& options) {
                        ->group(kCameraGroup));
   };
   add("--pitch", "DEGREES", "The model's turn about its x axis (default: 90)",
-      [&options](const char* name, const std::string& text) {
-        options.Rotation.RotPitch = NumberOf(name, text);
+      [&viewpoint](const char* name, const std::string& text) {
+        viewpoint.Rotation.RotPitch = NumberOf(name, text);
       });
   add("--yaw", "DEGREES", "The model's turn about its y axis (default: 0)",
-      [&options](const char* name, const std::string& text) {
-        options.Rotation.RotYaw = NumberOf(name, text);
+      [&viewpoint](const char* name, const std::string& text) {
+        viewpoint.Rotation.RotYaw = NumberOf(name, text);
       });
   add("--cam", "X,Y,Z", "Where the eye stands, whole numbers (default: 0,0,5)",
-      [&options](const char* name, const std::string& text) {
+      [&viewpoint](const char* name, const std::string& text) {
         const std::array<std::int16_t, 3> eye = Whole16TripleOf(name, text);
-        options.Camera.CamX = eye[0];
-        options.Camera.CamY = eye[1];
-        options.Camera.CamZ = eye[2];
+        viewpoint.Camera.CamX = eye[0];
+        viewpoint.Camera.CamY = eye[1];
+        viewpoint.Camera.CamZ = eye[2];
       });
   add("--heading", "RADIANS", "Direction of view, counted to the left from the x axis (default: 1.56)",
-      [&options](const char* name, const std::string& text) {
-        options.Camera.CamYaw = NumberOf(name, text);
+      [&viewpoint](const char* name, const std::string& text) {
+        viewpoint.Camera.CamYaw = NumberOf(name, text);
       });
   add("--look", "HEIGHT", "The target's height over the eye, 100 units away, a whole number (default: 0)",
-      [&options](const char* name, const std::string& text) {
-        options.Camera.CamLook = Whole16Of(name, text);
+      [&viewpoint](const char* name, const std::string& text) {
+        viewpoint.Camera.CamLook = Whole16Of(name, text);
+        CheckTarget(viewpoint.Camera);
       });
-}
-
-void CheckCamera(const CameraOptions& options) {
-  const int height = int(options.Camera.CamY) + int(options.Camera.CamLook);
-  if (height < -32768 || height > 32767)
-    throw Unusable(CommandLine(), "--cam and --look give a target at height " + std::to_string(height),
-                   "keep it from -32768 to 32767");
 }
 
 }  // namespace yax

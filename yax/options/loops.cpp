@@ -1,11 +1,14 @@
 #include "yax/options/loops.h"
 
 #include <CLI/CLI.hpp>
-#include <vector>
+#include <cstddef>
 
 #include "model/faults.h"
+#include "model/text.h"
+#include "model/wire_list_entry.h"
 #include "yax/messages.h"
 #include "yax/options/option_text.h"
+#include "yax/options/text_file.h"
 #include "yax/options/zu_file.h"
 
 namespace yax {
@@ -20,6 +23,33 @@ void AddValue(CLI::App& command, const char* name, const char* unit, const char*
   command.add_option_function<std::string>(name, take, description)->type_name(unit)->group(kLoopsGroup);
 }
 
+using Measure = std::optional<float> model::LoopShape::*;
+
+void AddTierLoops(CLI::App& command, const char* name, const char* description, Measure measure,
+                  std::vector<TierLoop>& loops) {
+  const auto take = [name, measure, &loops](const std::vector<std::string>& texts) {
+    for (const std::string& text : texts) {
+      const std::size_t equals = text.find('=');
+      if (equals == std::string::npos)
+        throw Unusable(CommandLine(), std::string(name) + " " + model::Quoted(text) + " is not TIER=UNITS",
+                       "give a tier and a length, such as 2=12.5");
+      TierLoop loop{.Tier = text.substr(0, equals), .Shape = {}};
+      loop.Shape.*measure = NumberOf(name, text.substr(equals + 1));
+      loops.push_back(loop);
+    }
+  };
+  command.add_option_function<std::vector<std::string>>(name, take, description)
+      ->type_name("TIER=UNITS,...")
+      ->delimiter(',')
+      ->allow_extra_args(false)
+      ->group(kLoopsGroup);
+}
+
+void Give(const model::LoopShape& shape, model::LoopShape& own) {
+  if (shape.Height) own.Height = shape.Height;
+  if (shape.Extension) own.Extension = shape.Extension;
+}
+
 }  // namespace
 
 void AddLoopOptions(CLI::App& command, LoopOptions& options) {
@@ -29,11 +59,11 @@ void AddLoopOptions(CLI::App& command, LoopOptions& options) {
           "Heights and extensions: as in the window after a load (the default), or the dies' heights")
       ->check(CLI::IsMember(std::vector<std::string>{"window", "die-height"}))
       ->group(kLoopsGroup);
-  command.add_option("--zu", options.ParameterFile, "A parameter file whose settings override these")
-      ->type_name("FILE")
-      ->group(kLoopsGroup);
-
   LoopValues& values = options.Values;
+  // CLI11 takes options in the order in which they are added, so a setting given singly overrides the file's.
+  AddFileOption(command, "--zu", "A parameter file whose settings override these",
+                [&values](const std::string& file) { values = ReadParameterFile(file); })
+      ->group(kLoopsGroup);
   AddValue(command, "--base-loop-height", "UNITS", "Height of the base die's loops, in the file's units",
            values.BaseLoopHeight);
   AddValue(command, "--base-extension", "UNITS", "How far the base die's loops run level",
@@ -51,7 +81,10 @@ void AddLoopOptions(CLI::App& command, LoopOptions& options) {
       ->type_name("UNITS|edge")
       ->group(kLoopsGroup);
   AddValue(command, "--stitch-extension", "UNITS", "How far stitches run level", values.StitchExtension);
-  AddTierLoopOptions(command, options.Tiers);
+  AddTierLoops(command, "--tier-loop-height", "Height of a tier's loops, in place of the die's",
+               &model::LoopShape::Height, options.Tiers);
+  AddTierLoops(command, "--tier-extension", "How far a tier's loops run level, in place of the die's",
+               &model::LoopShape::Extension, options.Tiers);
   command.add_option("--material", values.Material, "Material of the wires; changes no picture")
       ->check(CLI::IsMember(std::vector<std::string>{"Au", "Al", "Cu"}))
       ->group(kLoopsGroup);
@@ -71,9 +104,24 @@ model::WireBondSettings SettingsOf(const LoopOptions& options, const model::Pack
   const model::WireBondSettings ofWindow = model::SettingsAfterReset(package);
   settings.Frequency = ofWindow.Frequency;  // the reader has no default frequency
   if (!options.DieHeight) settings = ofWindow;
-  if (!options.ParameterFile.empty()) setup::Apply(ReadParameterFile(options.ParameterFile), settings);
   setup::Apply(options.Values, settings);
   return settings;
+}
+
+model::WireShapes ShapesOf(const LoopOptions& options, const model::Package& package) {
+  model::WireShapes shapes;
+  for (const TierLoop& loop : options.Tiers) {
+    bool found = false;
+    for (const model::WireNameRec& wire : package.WireNames) {
+      if (wire.Tier != loop.Tier) continue;
+      Give(loop.Shape, shapes[EntryText(wire)]);
+      found = true;
+    }
+    if (!found)
+      throw Unusable({.File = package.PackagePath}, "no wire has tier " + loop.Tier,
+                     "yax wires --summary lists the tiers");
+  }
+  return shapes;
 }
 
 }  // namespace yax

@@ -6,7 +6,9 @@
 
 #include "model/text.h"
 #include "yax/messages.h"
+#include "yax/options/camera_options.h"
 #include "yax/options/option_text.h"
+#include "yax/options/text_file.h"
 
 namespace yax {
 
@@ -16,6 +18,13 @@ constexpr char kPictureGroup[] = "Picture";
 
 }  // namespace
 
+void AddPictureFile(CLI::App& command, const char* description, PictureOptions& options) {
+  AddFileOption(command, "--picture", description, [&options](const std::string& file) {
+    options.File = file;
+    options.Format = PictureFormatOf(file);
+  });
+}
+
 void AddPictureOptions(CLI::App& command, PictureOptions& options) {
   command
       .add_option_function<std::string>(
@@ -24,6 +33,7 @@ void AddPictureOptions(CLI::App& command, PictureOptions& options) {
       ->type_name("WxH")
       ->group(kPictureGroup);
   AddBackgroundOption(command, options.Appearance);
+  AddCameraOptions(command, options.Viewpoint);
 }
 
 void AddBackgroundOption(CLI::App& command, render::Appearance& appearance) {

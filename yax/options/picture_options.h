@@ -4,6 +4,7 @@
 #include <string>
 
 #include "render/appearance.h"
+#include "render/named_view.h"
 #include "render/picture.h"
 
 namespace CLI {
@@ -15,11 +16,17 @@ namespace yax {
 enum class PictureFormat { Png, Bmp };
 
 struct PictureOptions {
+  std::string File;  ///< empty for no picture
+  PictureFormat Format = PictureFormat::Png;
   render::PixelSize Size{1024, 768};
   render::Appearance Appearance;
+  render::Viewpoint Viewpoint;
 };
 
-/// Adds --size and --background.
+/// Adds --picture, the picture's file, whose name chooses the format.
+void AddPictureFile(CLI::App& command, const char* description, PictureOptions& options);
+
+/// Adds --size, --background and those of the camera.
 void AddPictureOptions(CLI::App& command, PictureOptions& options);
 
 /// Adds --background alone.

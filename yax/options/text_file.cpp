@@ -2,6 +2,7 @@
 
 #include <sha256.h>
 
+#include <CLI/CLI.hpp>
 #include <cstdint>
 #include <filesystem>
 #include <string_view>
@@ -27,6 +28,14 @@ std::string BytesOf(const std::string& file) {
 }
 
 }  // namespace
+
+CLI::Option* AddFileOption(CLI::App& command, const char* name, const char* description,
+                           const std::function<void(const std::string&)>& take) {
+  const auto takeNamed = [take](const std::string& file) {
+    if (!file.empty()) take(file);
+  };
+  return command.add_option_function<std::string>(name, takeNamed, description)->type_name("FILE");
+}
 
 std::string TextOf(const std::string& file) {
   constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";

@@ -11,7 +11,6 @@
 #include "yax/meshes/mesh_files.h"
 #include "yax/messages.h"
 #include "yax/options/text_file.h"
-#include "yax/options/unit.h"
 #include "yax/page/page_html.h"
 
 namespace yax {
@@ -46,8 +45,8 @@ std::vector<NearestWire> Chosen(const std::vector<NearestWire>& nearest,
 
 /// The bonding diagram on an A3 sheet, or on a larger one if the plan needs it. Empty, with a note, when no
 /// sheet is large enough.
-std::string DiagramOf(const OpenedPackage& opened, const std::vector<analysis::WireLoop>& loops,
-                      const analysis::LengthUnit& unit) {
+std::string DiagramOf(const OpenedPackage& opened, const std::vector<analysis::WireLoop>& loops) {
+  const analysis::LengthUnit unit = opened.Unit();
   const std::vector<sheet::DiagramWire> wires = sheet::DiagramWiresOf(opened.Package, loops, opened.Lines);
   const std::vector<sheet::Fact> facts =
       sheet::MeasuredData({opened.Package, wires, opened.Settings, unit.Name, 1.0, "", ""});
@@ -81,19 +80,17 @@ std::string DiagramOf(const OpenedPackage& opened, const std::vector<analysis::W
 
 }  // namespace
 
-std::string PageOf(const OpenedPackage& opened, const analysis::LengthUnit& unit,
-                   const analysis::NetRule& nets) {
-  const double diameter = WireDiameterIn(unit, opened.Settings);
+std::string PageOf(const OpenedPackage& opened, const analysis::NetRule& nets) {
+  const analysis::LengthUnit unit = opened.Unit();
+  const double diameter = opened.WireDiameter();
   const double scale = double(opened.Package.UnitScale);
   const PageModel model = ModelOf(opened.Inputs({}), diameter / 2.0 / scale);
   const std::string name(model::FileNameOf(opened.Package.PackagePath));
 
-  const model::WireSelection everything;
-  const std::vector<analysis::WireLoop> loops =
-      analysis::WireLoopsOf({opened.Package, opened.Settings, everything, &opened.Shapes});
+  const std::vector<analysis::WireLoop> loops = opened.AllLoops();
   const std::vector<NearestWire> nearest =
       NearestOf(loops, analysis::MeasureClearances(loops, {.Nets = nets, .WireDiameter = diameter}), unit);
-  const std::vector<analysis::WireLoop> chosen = analysis::WireLoopsOf(opened.Wires());
+  const std::vector<analysis::WireLoop> chosen = opened.Loops();
   const std::vector<analysis::WireRow> rows = analysis::MeasureLengths(opened.Package, chosen);
   return PageHtml({.Title = name,
                    .Unit = unit.Name,
@@ -105,7 +102,7 @@ std::string PageOf(const OpenedPackage& opened, const analysis::LengthUnit& unit
                                      .UnitName = unit.Name}),
                    .wires = rows,
                    .nearest = Chosen(nearest, loops, rows),
-                   .Diagram = DiagramOf(opened, chosen, unit)});
+                   .Diagram = DiagramOf(opened, chosen)});
 }
 
 }  // namespace yax

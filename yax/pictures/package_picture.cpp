@@ -8,11 +8,8 @@
 #include "model/faults.h"
 #include "render/bitmap.h"
 #include "render/gl/frame.h"
-#include "render/gl/gl_pen.h"
 #include "render/gl/offscreen.h"
-#include "render/gl/scene_list.h"
-#include "render/scene.h"
-#include "yax/messages.h"
+#include "yax/output.h"
 #include "yax/pictures/png_bytes.h"
 
 namespace yax {
@@ -38,39 +35,8 @@ void Open(render::gl::OffscreenSurface& surface) {
   throw Unusable(CommandLine(), "there is not enough memory for --size " + text(size), "give a smaller one");
 }
 
-/// Measures with a separate scene: a scene keeps state from pad to pad, which must not affect the drawn one.
-render::Eye EyeOf(render::NamedView view, const render::SceneInputs& inputs, const PixelSize& size) {
-  render::FitPen pen;
-  render::Scene(inputs, pen).DrawPackage();
-  return pen.Fit(view, size);
-}
-
-void DrawFrame(const render::SceneInputs& inputs, const CameraOptions& camera, const PixelSize& size) {
-  render::gl::GlPen pen;
-  render::Scene scene(inputs, pen);
-  // Use a display list as the window does: without one the driver lights the same faces slightly differently.
-  render::gl::SceneList list;
-  list.CompileCube(scene);
-  if (camera.View) {
-    render::gl::DrawFrame(EyeOf(*camera.View, inputs, size), size, list);
-  } else {
-    render::gl::DrawFrame(camera.Camera, camera.Rotation, inputs.Package.CompW, list);
-  }
-}
-
-}  // namespace
-
-std::string PictureBytes(const OpenedPackage& opened, const CameraOptions& camera,
-                         const PictureOptions& options, PictureFormat format) {
-  const PixelSize& size = options.Size;
-  render::gl::OffscreenSurface surface(size);
-  Open(surface);
-  render::gl::SetUpView(size, options.Appearance);
-  try {
-    DrawFrame(opened.Inputs(options.Appearance), camera, size);
-  } catch (const model::Fault& fault) {
-    throw opened.NotDrawn(fault);
-  }
+std::string BytesOf(const render::gl::OffscreenSurface& surface, PictureFormat format) {
+  const PixelSize size = surface.Size();
   const auto read = [&surface](int first, int count, std::uint8_t* rgb) {
     surface.ReadRows(first, count, rgb);
   };
@@ -79,6 +45,20 @@ std::string PictureBytes(const OpenedPackage& opened, const CameraOptions& camer
   picture.Rgb.resize(static_cast<std::size_t>(size.Width) * static_cast<std::size_t>(size.Height) * 3);
   read(0, size.Height, picture.Rgb.data());
   return render::BitmapBytes(picture);
+}
+
+}  // namespace
+
+void WritePicture(const OpenedPackage& opened, const PictureOptions& options) {
+  render::gl::OffscreenSurface surface(options.Size);
+  Open(surface);
+  try {
+    render::gl::DrawPicture(opened.Inputs(options.Appearance), options.Viewpoint, options.Size);
+  } catch (const model::Fault& fault) {
+    throw opened.NotDrawn(fault);
+  }
+  const std::string bytes = BytesOf(surface, options.Format);
+  WriteOutput(options.File, bytes);
 }
 
 }  // namespace yax
