@@ -49,6 +49,7 @@ class DrawingCheck {
   std::size_t LineOf(RecordTable table, std::size_t number, BondPart part = BondPart::DiePad) const {
     return lines_.Lines().Of({table, number, part});
   }
+  std::string Named(const RecordPlace& place) const { return QuotedRecordName(package_, place); }
   bool HasMoreThanDies() const;
   void CheckTechnology();
   void CheckDiePads(const model::Table<BondRec>& bonds, RecordTable table);
@@ -56,7 +57,7 @@ class DrawingCheck {
   void CheckBaseDie();
   void CheckStackedDie();
   void CheckBonds(const model::Table<BondRec>& bonds, RecordTable table);
-  void CheckSubstratePad(const BondRec& bond, std::size_t line);
+  void CheckSubstratePad(const BondRec& bond, const RecordPlace& place);
   void CheckLoops();
   void CheckRings();
   void CheckSRings();
@@ -122,7 +123,7 @@ bool DrawingCheck::HasMoreThanDies() const {
 }
 
 void DrawingCheck::CheckTechnology() {
-  if (package_.Technology == "WIRE_BOND" || package_.Technology == "FLIP_CHIP") return;
+  if (model::IsWireBonded(package_) || package_.Technology == "FLIP_CHIP") return;
   const std::string hides = " shows no wires, substrate pads, rings or bands";
   if (const std::size_t line = lines_.Lines().OfHeader("TECHNOLOGY")) {
     Nothing(line, "TECHNOLOGY " + Quoted(package_.Technology) + hides, "write WIRE_BOND or FLIP_CHIP");
@@ -134,8 +135,9 @@ void DrawingCheck::CheckTechnology() {
 void DrawingCheck::CheckDiePads(const model::Table<BondRec>& bonds, RecordTable table) {
   for (std::size_t i = 0; i < bonds.Count(); ++i) {
     const BondRec& bond = bonds[i];
-    const std::size_t line = LineOf(table, i);
-    const std::string pad = "the die pad " + Quoted(bond.Name);
+    const RecordPlace place{table, i};
+    const std::size_t line = lines_.Lines().Of(place);
+    const std::string pad = Named(place);
     const bool rectangle = EqualsUpper(bond.DieShape, "RECTANGLE");
     // Deliberate: as in the drawing, ROUND counts in capitals only.
     if (!rectangle && bond.DieShape != "ROUND") {
@@ -143,7 +145,7 @@ void DrawingCheck::CheckDiePads(const model::Table<BondRec>& bonds, RecordTable 
               "write RECTANGLE, or ROUND in capitals");
     } else if (bond.DieSizeX == 0.0F || (rectangle && bond.DieSizeY == 0.0F)) {
       NothingOfZero(line, pad + " shows nothing: its size is 0", "give fields 5 and 6 a size");
-    } else if (package_.Technology == "WIRE_BOND" && !model::SideOf(bond.DieSide)) {
+    } else if (model::IsWireBonded(package_) && !model::SideOf(bond.DieSide)) {
       Nothing(line,
               pad + " lies on no edge, " + Quoted(bond.DieSide) +
                   ": a substrate pad would be drawn over the one before it",
@@ -197,16 +199,19 @@ void DrawingCheck::CheckStackedDie() {
 
 void DrawingCheck::CheckBonds(const model::Table<BondRec>& bonds, RecordTable table) {
   for (std::size_t i = 0; i < bonds.Count(); ++i) {
-    if (const std::size_t line = LineOf(table, i, BondPart::SubstratePad)) CheckSubstratePad(bonds[i], line);
-    const std::size_t wire = LineOf(table, i, BondPart::Wire);
-    if (wire != 0 && !model::HasWire(bonds[i]))
-      NothingOfZero(wire, "the wire " + Quoted(bonds[i].Name) + " is not drawn: it starts at (0, 0)",
+    CheckSubstratePad(bonds[i], {table, i, BondPart::SubstratePad});
+    const RecordPlace wire{table, i, BondPart::Wire};
+    const std::size_t line = lines_.Lines().Of(wire);
+    if (line != 0 && !model::HasWire(bonds[i]))
+      NothingOfZero(line, Named(wire) + " is not drawn: it starts at (0, 0)",
                     "give fields 2 and 3 its start");
   }
 }
 
-void DrawingCheck::CheckSubstratePad(const BondRec& bond, std::size_t line) {
-  const std::string pad = "the substrate pad of " + Quoted(bond.Name);
+void DrawingCheck::CheckSubstratePad(const BondRec& bond, const RecordPlace& place) {
+  const std::size_t line = lines_.Lines().Of(place);
+  if (line == 0) return;
+  const std::string pad = Named(place);
   if (bond.SubX == 0.0F && bond.SubY == 0.0F) {
     NothingOfZero(line, pad + " is not drawn: its centre is (0, 0)", "give fields 2 and 3 its place");
   } else if (bond.SubSizeX == 0.0F || bond.SubSizeY == 0.0F) {
@@ -225,7 +230,7 @@ void DrawingCheck::CheckRings() {
   for (std::size_t i = 0; i < package_.Rings.Count(); ++i) {
     const RecordPlace place{RecordTable::Rings, i};
     if (package_.Rings[i].Width == 0.0F)
-      NothingOfZero(lines_.Lines().Of(place), "the ring shows nothing: its width is 0",
+      NothingOfZero(lines_.Lines().Of(place), Named(place) + " shows nothing: its width is 0",
                     "give field 7 its width");
     if (!EqualsUpper(package_.Rings[i].Kind, "ARC")) continue;
     Try("ring-fault", place, [&] { scene_.DrawArcRing(i); });
@@ -237,7 +242,7 @@ void DrawingCheck::CheckSRings() {
   for (std::size_t i = 0; i < package_.SRings.Count(); ++i) {
     const model::SRingRec& ring = package_.SRings[i];
     const RecordPlace place{RecordTable::SRings, i};
-    const std::string name = "the ring " + Quoted(ring.Name);
+    const std::string name = Named(place);
     if (ring.Segs.Empty()) {
       Nothing(lines_.Lines().Of(place), name + " shows nothing: it has no pieces", "add SRSEG lines");
     } else if (ring.Width == 0.0F) {
@@ -255,7 +260,7 @@ void DrawingCheck::CheckSegments(std::size_t ring) {
   for (std::size_t i = 0; i < segments.Count(); ++i) {
     if (model::ExactSideOf(segments[i].Name)) continue;
     Nothing(lines_.Lines().OfSegment(ring, i),
-            "the piece of ring " + Quoted(package_.SRings[ring].Name) + " is not drawn: its side is " +
+            "a piece of " + Named({RecordTable::SRings, ring}) + " is not drawn: its side is " +
                 Quoted(segments[i].Name),
             "write B, T, L or R, in capitals");
   }
@@ -263,8 +268,9 @@ void DrawingCheck::CheckSegments(std::size_t ring) {
 
 void DrawingCheck::CheckBands() {
   for (std::size_t i = 0; i < package_.Daps.Count(); ++i) {
+    const RecordPlace place{RecordTable::Daps, i};
     if (package_.Daps[i].D5 == 0.0F)
-      NothingOfZero(LineOf(RecordTable::Daps, i), "the band shows nothing: its width is 0",
+      NothingOfZero(lines_.Lines().Of(place), Named(place) + " shows nothing: its width is 0",
                     "give field 6 its width");
   }
 }
@@ -282,7 +288,7 @@ void DrawingCheck::NotePads(const model::Table<BondRec>& bonds, RecordTable tabl
     const bool wire = LineOf(table, i, BondPart::Wire) != 0;
     const bool stitch = stitched.contains(bonds[i].Name);
     const std::size_t line = LineOf(table, i);
-    const std::string pad = "the die pad " + Quoted(bonds[i].Name);
+    const std::string pad = Named({table, i});
     if (!wire && !stitch) note("pads-without-wire", line, pad + " has no wire");
     // A pad with nothing but stitches needs none.
     if (LineOf(table, i, BondPart::SubstratePad) == 0 && (wire || !stitch))
@@ -297,7 +303,7 @@ void DrawingCheck::Run() {
   CheckDiePads(package_.SDBonds, RecordTable::SDBonds);
   CheckBaseDie();
   CheckStackedDie();
-  if (package_.Technology == "WIRE_BOND") {
+  if (model::IsWireBonded(package_)) {
     CheckBonds(package_.Bonds, RecordTable::Bonds);
     CheckBonds(package_.SDBonds, RecordTable::SDBonds);
     CheckLoops();

@@ -19,6 +19,9 @@ struct WireRow {
   double Length = 0.0;  ///< length of the loop in space
   double Angle = 0.0;   ///< between the wire, seen from above, and the normal of its pad's edge; degrees
   double StartHeight = 0.0, TopHeight = 0.0, EndHeight = 0.0;
+
+  /// As in the wire list: "A", or "A:B" for a stitch.
+  std::string ListName() const { return OtherName.empty() ? Name : Name + ":" + OtherName; }
 };
 
 /// The wires of one tier and net type.

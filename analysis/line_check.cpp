@@ -221,7 +221,7 @@ Diagnostics LineCheck::Finish(const model::Package& package) {
       Add("names-nothing", line.Line, what + ", which does not exist, and is ignored", "correct the name");
     }
   }
-  if (package.Technology == "WIRE_BOND") {
+  if (model::IsWireBonded(package)) {
     for (std::vector<Diagnostic>* const held : {&repeatedPads_, &unknownNets_})
       std::move(held->begin(), held->end(), std::back_inserter(found_.List));
   }

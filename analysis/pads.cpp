@@ -96,7 +96,7 @@ std::vector<Pad> DiePads(const model::Package& package) {
 
 std::vector<Pad> SubstratePads(const model::Package& package) {
   std::vector<Pad> pads;
-  if (package.Technology != "WIRE_BOND") return pads;
+  if (!model::IsWireBonded(package)) return pads;
   AddSubstratePads(package.Bonds, RecordTable::Bonds, double(package.UnitScale), pads);
   AddSubstratePads(package.SDBonds, RecordTable::SDBonds, double(package.UnitScale), pads);
   return pads;

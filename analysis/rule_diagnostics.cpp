@@ -36,13 +36,6 @@ constexpr std::array<Wording, 15> kWordings{
      {"is", "inside the edge of its die", true, "move it inwards"},
      {"takes", "", false, "end a wire elsewhere"}}};
 
-std::string Named(const model::Package& package, const model::RecordPlace& place) {
-  const std::string name = model::NameOf(package, place);
-  std::string noun = model::RecordName(package, place);
-  noun.erase(noun.size() - name.size());
-  return noun + model::Quoted(name);
-}
-
 std::string WhatOf(const Rule& rule, const RuleRemark& remark, const model::Package& package,
                    const std::string& unit) {
   const Wording& words = kWordings[static_cast<std::size_t>(rule.Name)];
@@ -51,13 +44,13 @@ std::string WhatOf(const Rule& rule, const RuleRemark& remark, const model::Pack
                                                             : value == 1.0 ? " wire"
                                                                            : " wires");
   };
-  std::string what =
-      std::string(KindOf(rule.Name).Word) + ": " + Named(package, remark.Place) + " " + words.Before;
+  std::string what = std::string(KindOf(rule.Name).Word) + ": " + QuotedRecordName(package, remark.Place) +
+                     " " + words.Before;
   if (remark.Value) what += " " + number(*remark.Value);
   if (*words.After != '\0') what += std::string(" ") + words.After;
   if (rule.Plan) what += " in plan";
   if (remark.Other)
-    what += " " + Named(package, *remark.Other) + " of line " + std::to_string(remark.OtherLine);
+    what += " " + QuotedRecordName(package, *remark.Other) + " of line " + std::to_string(remark.OtherLine);
   if (remark.Limit)
     what += (words.Least ? ", under the limit of " : ", over the limit of ") + number(*remark.Limit);
   return what;

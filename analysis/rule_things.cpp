@@ -13,8 +13,6 @@ namespace analysis {
 
 namespace {
 
-using RecordKey = std::pair<model::RecordTable, std::size_t>;
-
 class Collector {
  public:
   Collector(const model::Package& package, const RecordLines& lines) : package_(package), lines_(lines) {
@@ -41,22 +39,21 @@ class Collector {
 
   void AddLeads() {
     std::map<std::array<double, 6>, std::size_t> numbers;
-    std::map<RecordKey, std::size_t> leadOfBond;
+    std::map<model::RecordPlace, std::size_t> leadOfBond;
     for (const Pad& pad : SubstratePads(package_)) {
       const PlanRectangle& at = pad.Shape;
       const auto [found, isNew] = numbers.try_emplace(
           {at.Centre.x, at.Centre.y, at.Axis.x, at.Axis.y, at.Half.x, at.Half.y}, things_.Leads.size());
       if (isNew) things_.Leads.push_back({at, {}, {}});
       things_.Leads[found->second].Records.push_back(ThingOf(pad));
-      leadOfBond[{pad.Place.Table, pad.Place.Number}] = found->second;
+      leadOfBond[WholeRecord(pad.Place)] = found->second;
     }
     for (RuleLead& lead : things_.Leads)
       std::stable_sort(lead.Records.begin(), lead.Records.end(),
                        [](const RuleThing& a, const RuleThing& b) { return a.Line < b.Line; });
     // A wire ends on the substrate pad of its bond.
     for (std::size_t wire = 0; wire < things_.Wires.size(); ++wire) {
-      const model::RecordPlace& place = things_.Wires[wire].Place;
-      const auto lead = leadOfBond.find({place.Table, place.Number});
+      const auto lead = leadOfBond.find(WholeRecord(things_.Wires[wire].Place));
       if (lead != leadOfBond.end()) things_.Leads[lead->second].Wires.push_back(wire);
     }
   }

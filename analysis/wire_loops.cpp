@@ -13,7 +13,7 @@ std::array<std::string, 2> PadsOf(const model::Package& package, const model::Wi
 }  // namespace
 
 std::vector<WireLoop> WireLoopsOf(const model::WireInputs& inputs) {
-  if (inputs.Package.Technology != "WIRE_BOND") return {};
+  if (!model::IsWireBonded(inputs.Package)) return {};
   const double scale = double(inputs.Package.UnitScale);
   std::vector<WireLoop> loops;
   model::ForEachWire(inputs, [&](const model::Wire& wire) {

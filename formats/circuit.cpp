@@ -54,9 +54,7 @@ std::string Ports(std::size_t wires) {
 }
 
 std::string WireText(const analysis::WireCost& wire, const std::string& number) {
-  const std::string name =
-      wire.Wire.OtherName.empty() ? wire.Wire.Name : wire.Wire.Name + ":" + wire.Wire.OtherName;
-  return "* " + number + ": " + OneLine(name) + "\n" +  //
+  return "* " + number + ": " + OneLine(wire.Wire.ListName()) + "\n" +  //
          "R_" + number + " s" + number + " m" + number + " " + NineDigits(wire.Impedance.Resistance) +
          "\n" +  //
          "L_" + number + " m" + number + " e" + number + " " + NineDigits(wire.Impedance.Inductance) + "\n";

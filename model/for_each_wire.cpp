@@ -22,11 +22,8 @@ class WireWalk {
   void Stitches() const;
 
  private:
-  template <class Work>
-  bool Succeeds(Work&& work) const;
-  void Count(std::size_t records, RecordTable table) const {
-    Succeeds([&] { CountIn16Bits(records, table); });
-  }
+  void Count(std::size_t records, RecordTable table) const;
+  void Report(const Fault& fault) const;
   float InSceneUnits(float setting) const { return Single(double(setting) / double(in_.Package.UnitScale)); }
   Loop OwnLoop(const std::string& name, Loop loop) const;
   WirePath PathOf(const BondRec& bond, const Loop& loop) const;
@@ -38,15 +35,17 @@ class WireWalk {
   const WireFault& onFault_;
 };
 
-template <class Work>
-bool WireWalk::Succeeds(Work&& work) const {
+/// Called while the fault is handled: rethrows it when there is nobody to pass it to.
+void WireWalk::Report(const Fault& fault) const {
+  if (!onFault_) throw;
+  onFault_(fault);
+}
+
+void WireWalk::Count(std::size_t records, RecordTable table) const {
   try {
-    work();
-    return true;
+    CountIn16Bits(records, table);
   } catch (const Fault& fault) {
-    if (!onFault_) throw;
-    onFault_(fault);
-    return false;
+    Report(fault);
   }
 }
 
@@ -68,8 +67,12 @@ template <class MakePath>
 void WireWalk::Visit(const RecordPlace& place, const std::string& name, MakePath&& makePath) const {
   if (!in_.Selection.Draws(name)) return;
   WirePath path{};
-  if (Succeeds([&] { AtRecord(in_.Package, place, [&] { path = makePath(); }); }))
-    visit_({place, name, path});
+  try {
+    AtRecord(in_.Package, place, [&] { path = makePath(); });
+  } catch (const Fault& fault) {
+    return Report(fault);
+  }
+  visit_({place, name, path});
 }
 
 void WireWalk::BaseWires() const {

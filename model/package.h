@@ -122,6 +122,9 @@ struct PackageScalars {
   float SDXOffset = 0.0F, SDYOffset = 0.0F;  ///< stacked die's centre from the base die's
 };
 
+/// True when wires, substrate pads, rings and die attach bands are drawn.
+inline bool IsWireBonded(const PackageScalars& package) { return package.Technology == "WIRE_BOND"; }
+
 /// One package.
 struct Package : PackageScalars {
   bool HaveVuFile = false;  ///< a net-type side file was read

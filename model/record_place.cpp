@@ -1,6 +1,7 @@
 #include "model/record_place.h"
 
 #include "model/package.h"
+#include "model/text.h"
 #include "model/wire_list_entry.h"
 
 namespace model {
@@ -30,6 +31,11 @@ const char* WordsBefore(const RecordPlace& place) {
   return "";
 }
 
+/// True for records without a name.
+bool IsCounted(const RecordPlace& place) { return place.Table == RecordTable::Rings; }
+
+std::string NumberOf(const RecordPlace& place) { return std::to_string(place.Number + 1); }
+
 }  // namespace
 
 std::string NameOf(const Package& package, const RecordPlace& place) {
@@ -54,8 +60,11 @@ std::string NameOf(const Package& package, const RecordPlace& place) {
 }
 
 std::string RecordName(const Package& package, const RecordPlace& place) {
-  const bool counted = place.Table == RecordTable::Rings;
-  return WordsBefore(place) + (counted ? std::to_string(place.Number + 1) : NameOf(package, place));
+  return WordsBefore(place) + (IsCounted(place) ? NumberOf(place) : NameOf(package, place));
+}
+
+std::string QuotedRecordName(const Package& package, const RecordPlace& place) {
+  return WordsBefore(place) + (IsCounted(place) ? NumberOf(place) : Quoted(NameOf(package, place)));
 }
 
 const char* TableName(RecordTable table) {

@@ -16,7 +16,7 @@ void Scene::DrawDie() {
 
   DrawQuad(Corner(w, l, z), Corner(-w, l, z), Corner(-w, -l, z), Corner(w, -l, z),
            in_.Appearance.BlackBackground ? "White" : "Cyan");
-  if (in_.Package.Technology == "WIRE_BOND")
+  if (model::IsWireBonded(in_.Package))
     DrawQuad(Corner(w, -l, 0.0), Corner(-w, -l, 0.0), Corner(-w, l, 0.0), Corner(w, l, 0.0), "DarkBlue");
   DrawQuad(Corner(w, l, 0.0), Corner(-w, l, 0.0), Corner(-w, l, z), Corner(w, l, z), "DarkCyan");
   DrawQuad(Corner(-w, -l, 0.0), Corner(w, -l, 0.0), Corner(w, -l, z), Corner(-w, -l, z), "DarkCyan");

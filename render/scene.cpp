@@ -10,7 +10,7 @@ void Scene::DrawPackage() {
   if (package.SDCompW != 0.0F) DrawSDDie();
   DrawDiePads();
   if (package.SDBonds.UpperBound() > 0) DrawSDDiePads();
-  if (package.Technology != "WIRE_BOND") return;
+  if (!model::IsWireBonded(package)) return;
   DrawAttach();
   DrawRings();
   DrawSRings();

@@ -30,12 +30,11 @@ bool Contains(const analysis::PlanRectangle& pad, const glm::dvec2& point) {
          std::fabs(glm::dot(from, across)) <= pad.Half.y + slack;
 }
 
-using PadOfBond = std::map<std::pair<model::RecordTable, std::size_t>, analysis::PlanRectangle>;
+using PadOfBond = std::map<model::RecordPlace, analysis::PlanRectangle>;
 
 PadOfBond PadsByBond(const model::Package& package) {
   PadOfBond pads;
-  for (const analysis::Pad& pad : analysis::SubstratePads(package))
-    pads[{pad.Place.Table, pad.Place.Number}] = pad.Shape;
+  for (const analysis::Pad& pad : analysis::SubstratePads(package)) pads[WholeRecord(pad.Place)] = pad.Shape;
   return pads;
 }
 
@@ -45,7 +44,7 @@ Label LabelOf(const DiagramWire& wire, const PadOfBond& pads, double millimetres
               .Name = CleanText(wire.Name),
               .Anchor = wire.To * millimetres,
               .Towards = Direction(wire.From, wire.To)};
-  const auto pad = pads.find({wire.Place.Table, wire.Place.Number});
+  const auto pad = pads.find(WholeRecord(wire.Place));
   if (pad == pads.end() || !Contains(pad->second, wire.To)) return label;
   const glm::dvec2 axis =
       glm::dot(pad->second.Axis, label.Towards) < 0.0 ? -pad->second.Axis : pad->second.Axis;

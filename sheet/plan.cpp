@@ -97,7 +97,7 @@ void AddBands(const model::Package& package, double millimetres, std::vector<Pla
 
 std::vector<PlanShape> PlanOf(const model::Package& package, double millimetresPerUnit) {
   std::vector<PlanShape> shapes;
-  const bool wireBond = package.Technology == "WIRE_BOND";
+  const bool wireBond = model::IsWireBonded(package);
   if (wireBond) {
     AddBands(package, millimetresPerUnit, shapes);
     AddRings(package, millimetresPerUnit, shapes);

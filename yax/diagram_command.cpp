@@ -97,20 +97,18 @@ Judgement Judge(const DiagramOptions& options, const OpenedPackage& opened,
   const analysis::RuleSet& set = options.rules.Set;
   const analysis::RulesReport report = MeasureRules(options.rules, opened, loops);
   judgement.Rules = set.Name.empty() ? std::string(model::FileNameOf(options.rules.File)) : set.Name;
-  std::set<std::pair<model::RecordTable, std::size_t>> offenders;
+  std::set<model::RecordPlace> offenders;
   std::vector<std::size_t> counts(set.Rules.size());
   for (const analysis::RuleRemark& remark : report.Remarks) {
     if (!analysis::Offends(set, remark)) continue;
     judgement.Keeps = false;
     ++counts[remark.Rule];
-    for (const std::size_t wire : remark.Wires)
-      offenders.insert({loops[wire].Place.Table, loops[wire].Place.Number});
+    for (const std::size_t wire : remark.Wires) offenders.insert(loops[wire].Place);
   }
   for (std::size_t k = 0; k < counts.size(); ++k)
     if (counts[k] > 0)
       judgement.Lines.push_back(analysis::RuleText(set.Rules[k]) + ": " + std::to_string(counts[k]));
-  for (sheet::DiagramWire& wire : wires)
-    wire.Offends = offenders.contains({wire.Place.Table, wire.Place.Number});
+  for (sheet::DiagramWire& wire : wires) wire.Offends = offenders.contains(wire.Place);
   judgement.Verdict = judgement.Keeps ? "keeps all rules" : "does not keep all rules";
   if (report.Unmeasured.size() == set.Rules.size()) judgement.Verdict = "there is nothing to measure";
   return judgement;

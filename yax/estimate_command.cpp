@@ -62,8 +62,9 @@ void CheckPlane(const EstimateOptions& options, const OpenedPackage& opened,
     for (const glm::dvec3& point : loop.Points) lowest = std::min(lowest, point.z);
     if (lowest < *options.plane)
       throw Unusable(PlaceOf(options, opened, loop),
-                     "the plane at " + Text(*options.plane) + " lies above a point of wire " +
-                         model::Quoted(loop.Name) + ", at " + Text(lowest) + " " + opened.Unit().Name,
+                     "the plane at " + Text(*options.plane) + " lies above a point of " +
+                         QuotedRecordName(opened.Package, loop.Place) + ", at " + Text(lowest) + " " +
+                         opened.Unit().Name,
                      "give a plane below all wires");
   }
 }
@@ -111,9 +112,10 @@ Status Estimate(const EstimateOptions& options) {
   analysis::WireCosts costs =
       analysis::CostsOf(opened.Package, loops, wires, LeastCoupling(options, loops.size()));
   if (const auto wire = analysis::WireWithoutCost(costs))
-    throw Unusable(PlaceOf(options, opened, loops[*wire]),
-                   "wire " + model::Quoted(loops[*wire].Name) + " is too long or too thin to compute",
-                   "check its coordinates, --wire-diameter and --resistivity");
+    throw Unusable(
+        PlaceOf(options, opened, loops[*wire]),
+        QuotedRecordName(opened.Package, loops[*wire].Place) + " is too long or too thin to compute",
+        "check its coordinates, --wire-diameter and --resistivity");
   if (options.format == "spice")
     WriteOutput(options.output, CircuitOf(options, std::move(costs), opened));
   else

@@ -29,7 +29,7 @@ struct WiresOptions {
 };
 
 /// Reports every row above a limit.
-Status Judge(const std::vector<analysis::WireRow>& rows, const analysis::RecordLines& lines,
+Status Judge(const OpenedPackage& opened, const std::vector<analysis::WireRow>& rows,
              const WiresOptions& options) {
   Status status = Status::Done;
   const auto judge = [&](const analysis::WireRow& row, const char* what, double value,
@@ -37,9 +37,8 @@ Status Judge(const std::vector<analysis::WireRow>& rows, const analysis::RecordL
     // Compare the values as written, so that a value that shows as the limit is within it.
     if (!limit || !(static_cast<float>(value) > *limit)) return;
     status = Status::Findings;
-    const std::string name = row.OtherName.empty() ? row.Name : row.Name + ":" + row.OtherName;
-    Complain({options.package.File, lines.Of(row.Place)},
-             "the " + std::string(what) + " of wire " + model::Quoted(name) + " is " +
+    Complain({options.package.File, opened.Lines.Of(row.Place)},
+             "the " + std::string(what) + " of " + QuotedRecordName(opened.Package, row.Place) + " is " +
                  model::GeneralText(static_cast<float>(value)) + " " + unit + ", over the limit of " +
                  model::GeneralText(*limit),
              "move its pad or its end");
@@ -68,7 +67,7 @@ Status Wires(const WiresOptions& options) {
   const std::vector<analysis::WireLoop> loops = opened.Loops();
   const std::vector<analysis::WireRow> rows = analysis::MeasureLengths(opened.Package, loops);
   WriteOutput(options.output, TextOf(opened, loops, rows, options));
-  return Judge(rows, opened.Lines, options);
+  return Judge(opened, rows, options);
 }
 
 void AddLimit(CLI::App& command, const char* name, const char* unit, const char* description,

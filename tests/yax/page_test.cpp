@@ -92,7 +92,7 @@ TEST_F(PageTest, EachWiresTrianglesLieAroundItsLine) {
   ASSERT_EQ(model.Wires.size(), 3U);
   const double middles[][2] = {{30, 0}, {30, 4}, {-30, 0}};  // of the wires in plan
   for (std::size_t k = 0; k < model.Wires.size(); ++k) {
-    const WireTriangles& wire = model.Wires[k];
+    const WireTriangles& wire = model.Wires.at({model::RecordTable::Bonds, k, model::BondPart::Wire});
     const render::MeshGroup& group = model.Groups[wire.Mesh];
     EXPECT_EQ(group.Name, "wires");
     EXPECT_GT(wire.Count, 0U);

@@ -18,29 +18,16 @@ namespace yax {
 namespace {
 
 /// The nearest other wire of each wire, among all loops of the package.
-std::vector<NearestWire> NearestOf(const std::vector<analysis::WireLoop>& loops,
-                                   const analysis::Clearances& clearances, const analysis::LengthUnit& unit) {
-  std::vector<NearestWire> nearest(loops.size());
+NearestWires NearestOf(const std::vector<analysis::WireLoop>& loops, const analysis::Clearances& clearances,
+                       const analysis::LengthUnit& unit) {
+  NearestWires nearest;
   // Pairs are sorted by clearance, so the first pair of a wire has its nearest other wire.
   for (const analysis::ClearanceRow& pair : clearances.Rows) {
     const std::string clearance = formats::LengthText(pair.Clearance, unit);
-    if (nearest[pair.First].Name.empty()) nearest[pair.First] = {clearance, pair.Other};
-    if (nearest[pair.Second].Name.empty()) nearest[pair.Second] = {clearance, pair.Name};
+    nearest.try_emplace(loops[pair.First].Place, NearestWire{clearance, pair.Other});
+    nearest.try_emplace(loops[pair.Second].Place, NearestWire{clearance, pair.Name});
   }
   return nearest;
-}
-
-/// The entries of the chosen wires, which occur in the same order among all loops.
-std::vector<NearestWire> Chosen(const std::vector<NearestWire>& nearest,
-                                const std::vector<analysis::WireLoop>& loops,
-                                const std::vector<analysis::WireRow>& rows) {
-  std::vector<NearestWire> chosen;
-  std::size_t loop = 0;
-  for (const analysis::WireRow& row : rows) {
-    while (!(loops[loop].Place == row.Place)) ++loop;
-    chosen.push_back(nearest[loop]);
-  }
-  return chosen;
 }
 
 /// The bonding diagram on an A3 sheet, or on a larger one if the plan needs it. Empty, with a note, when no
@@ -88,7 +75,7 @@ std::string PageOf(const OpenedPackage& opened, const analysis::NetRule& nets) {
   const std::string name(model::FileNameOf(opened.Package.PackagePath));
 
   const std::vector<analysis::WireLoop> loops = opened.AllLoops();
-  const std::vector<NearestWire> nearest =
+  const NearestWires nearest =
       NearestOf(loops, analysis::MeasureClearances(loops, {.Nets = nets, .WireDiameter = diameter}), unit);
   const std::vector<analysis::WireLoop> chosen = opened.Loops();
   const std::vector<analysis::WireRow> rows = analysis::MeasureLengths(opened.Package, chosen);
@@ -101,7 +88,7 @@ std::string PageOf(const OpenedPackage& opened, const analysis::NetRule& nets) {
                                      .Metres = scale * unit.Metres,
                                      .UnitName = unit.Name}),
                    .wires = rows,
-                   .nearest = Chosen(nearest, loops, rows),
+                   .nearest = nearest,
                    .Diagram = DiagramOf(opened, chosen)});
 }
 

@@ -50,12 +50,13 @@ std::string PackageJson(const PageInputs& inputs) {
             {"light", Json::array()},
             {"wires", Json::array()}};
   for (const model::Colour& paint : inputs.model.Light) json["light"].push_back(Bytes(paint));
-  for (std::size_t k = 0; k < inputs.wires.size(); ++k) {
-    const analysis::WireRow& row = inputs.wires[k];
-    const WireTriangles& triangles = inputs.model.Wires[k];
+  for (const analysis::WireRow& row : inputs.wires) {
+    const auto found = inputs.nearest.find(row.Place);
+    const NearestWire nearest = found == inputs.nearest.end() ? NearestWire{} : found->second;
+    const WireTriangles& triangles = inputs.model.Wires.at(row.Place);
     json["wires"].push_back({row.Name, row.OtherName, row.Tier, row.NetType, row.Length, row.Angle,
-                             inputs.nearest[k].Clearance, inputs.nearest[k].Name, triangles.Mesh,
-                             triangles.First, triangles.Count});
+                             nearest.Clearance, nearest.Name, triangles.Mesh, triangles.First,
+                             triangles.Count});
   }
   return InElement(formats::JsonPiece(json));
 }

@@ -1,7 +1,7 @@
 /// A package as one page for any browser.
 #pragma once
 
-#include <optional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -13,8 +13,11 @@ namespace yax {
 /// The nearest other wire of a wire.
 struct NearestWire {
   std::string Clearance;  ///< in file units, as text
-  std::string Name;       ///< the other wire; empty when there is none
+  std::string Name;       ///< the other wire
 };
+
+/// A wire alone has none.
+using NearestWires = std::map<model::RecordPlace, NearestWire>;
 
 struct PageInputs {
   std::string Title;  ///< the name of the package's file
@@ -22,7 +25,7 @@ struct PageInputs {
   const PageModel& model;
   const std::string& gltf;  ///< the model's groups as glTF
   const std::vector<analysis::WireRow>& wires;
-  const std::vector<NearestWire>& nearest;  ///< of each wire
+  const NearestWires& nearest;
   std::string Diagram = {};  ///< the bonding diagram as SVG; when empty the page has no tab for it
 };
 

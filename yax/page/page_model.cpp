@@ -42,8 +42,9 @@ class PagePen final : public model::Pen {
   PagePen(std::vector<model::Colour> onWhite, double wireRadius)
       : onWhite_(std::move(onWhite)), wireRadius_(wireRadius) {}
 
-  void Begin(model::Part part, const model::RecordPlace&) override {
+  void Begin(model::Part part, const model::RecordPlace& record) override {
     name_ = kKindNames[static_cast<std::size_t>(part)];
+    record_ = record;
   }
   void Quad(const model::Face& face) override {
     current_ = MeshOf(face.Paint);
@@ -55,7 +56,7 @@ class PagePen final : public model::Pen {
     render::Mesh& mesh = meshes_[current_].second;
     const std::size_t first = mesh.Triangles.size();
     render::AddTube(points, wireRadius_, mesh);
-    wires_.push_back({current_, first, mesh.Triangles.size() - first});
+    wires_[record_] = {current_, first, mesh.Triangles.size() - first};
   }
 
   /// Moves the meshes out.
@@ -74,9 +75,10 @@ class PagePen final : public model::Pen {
   double wireRadius_;
   std::size_t shapes_ = 0;
   const char* name_ = "";
+  model::RecordPlace record_;
   std::size_t current_ = 0;
   std::vector<std::pair<Kind, render::Mesh>> meshes_;
-  std::vector<WireTriangles> wires_;
+  std::map<model::RecordPlace, WireTriangles> wires_;
 };
 
 /// Meshes without triangles are left out, as glTF files do.
@@ -91,7 +93,7 @@ PageModel PagePen::Model() {
     group.Name = kind.Name;
     group.Meshes.emplace_back(kind.OnBlack, std::move(mesh));
   }
-  for (WireTriangles& wire : wires_) wire.Mesh = places[wire.Mesh];
+  for (auto& [record, wire] : wires_) wire.Mesh = places[wire.Mesh];
   model.Wires = std::move(wires_);
   return model;
 }

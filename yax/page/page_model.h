@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <map>
 #include <vector>
 
 #include "render/mesh_pen.h"
@@ -17,7 +18,7 @@ struct WireTriangles {
 struct PageModel {
   std::vector<render::MeshGroup> Groups;  ///< a group for each kind of thing
   std::vector<model::Colour> Light;       ///< the colour on white of each mesh, through all groups
-  std::vector<WireTriangles> Wires;       ///< in the order in which they are drawn
+  std::map<model::RecordPlace, WireTriangles> Wires;
 };
 
 /// Draws the package with its colours on black and records its colours on white.
