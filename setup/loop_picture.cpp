@@ -87,7 +87,7 @@ class Drawing {
     double topMargin = kTopMargin - double(kLabelHeight);
     for (const SideWire* wire : {&wires_.Base, &wires_.Stack, &wires_.Stitch}) {
       for (const SidePoint& point : wire->Points) scale_.Include(point);
-      // The labels of loops of one height stand one over the other.
+      // Labels of loops of the same height are stacked.
       if (!wire->Points.empty()) topMargin += double(kLabelHeight);
     }
     scale_.Include({0.0, dieHeight_});

@@ -51,7 +51,7 @@ struct Circle {
   std::optional<Ink> Fill{};
 };
 
-/// The point of the base line that lies at the text's position.
+/// The point of the text's base line that is at its position.
 enum class Align { Start, Middle, End };
 
 struct Text {
