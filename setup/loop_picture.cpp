@@ -13,7 +13,7 @@ namespace {
 // Pixels.
 constexpr double kMargin = 10.0;
 constexpr double kTopMargin = 32.0;     ///< the dimension line and the label of the highest loop go here
-constexpr double kBottomMargin = 26.0;  ///< the labels of the dies and pads on the substrate go here
+constexpr double kBottomMargin = 26.0;  ///< the labels "Die" and "SBP" go here
 constexpr double kPadThickness = 3.0;
 constexpr float kDimensionGap = 8.0F;     ///< between a loop and its dimension lines
 constexpr float kDimensionTick = 3.0F;    ///< half of the stroke at each of their ends
