@@ -15,7 +15,7 @@ namespace bench {
 
 namespace {
 
-/// A file's bytes, in memory that was not zeroed first.
+/// A file's bytes, read into memory that is not zeroed first.
 struct Bytes {
   std::unique_ptr<char[]> data;
   std::size_t size = 0;

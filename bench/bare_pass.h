@@ -1,4 +1,4 @@
-/// The least work that any reader of a package must do, as the yardstick for ours.
+/// The least work that any reader of a package must do: the yardstick for the viewer's reader.
 #pragma once
 
 #include <string>

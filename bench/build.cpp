@@ -1,6 +1,6 @@
 // Measures the build of the scene's list and the bare emission of the same calls:
-// bench_build PACKAGE ROUNDS, or bench_build PACKAGE ours|bare for the memory of one of them.
-// bench_build_silent is the same program with GL routines that do nothing.
+// bench_build PACKAGE ROUNDS prints times, bench_build PACKAGE ours|bare the memory of one of them.
+// bench_build_silent is the same program, linked with GL routines that do nothing.
 #include <cstdio>
 #include <cstdlib>
 #include <memory>

@@ -1,5 +1,5 @@
-// Time and peak memory of one command: bench_command PROGRAM ARGUMENTS...
-// A small program starts it, because a process inherits the peak of its parent.
+// Measures time and peak memory of one command: bench_command PROGRAM ARGUMENTS...
+// A separate small program does this, because a process inherits the peak of its parent.
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>

@@ -1,4 +1,5 @@
-/// The target of a measuring program's GL calls: Mesa, or empty routines. Each program links one of the two.
+/// Where the GL calls of a measuring program go: to Mesa, or to empty routines. Each program links one of the
+/// two.
 #pragma once
 
 #include <memory>

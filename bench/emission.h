@@ -1,4 +1,4 @@
-/// The GL calls of a scene, recorded in advance, as the yardstick for building its list.
+/// The GL calls of a scene, recorded in advance: the yardstick for building its list.
 #pragma once
 
 #include <array>

@@ -1,6 +1,6 @@
 // The yardstick for the program's start: bench_empty_window shows an empty Qt window of the viewer's size,
-// with the same context in a child window, and clears it. bench_empty_window PACKAGE adds what every start
-// with a package has to do: the bare pass, the bare emission and one frame.
+// with the same context in a child window, and clears it. bench_empty_window PACKAGE adds the work that every
+// start with a package must do: the bare pass, the bare emission and one frame.
 #include <GL/gl.h>
 
 #include <QApplication>
@@ -60,8 +60,7 @@ class GlWindow final : public QWindow {
   }
 
  private:
-  /// Recording the calls requires reading the package, which makes the yardstick slightly slower than
-  /// necessary.
+  /// To record the calls it reads the package, which makes the yardstick slightly slower than necessary.
   void Build(const char* path) {
     bench::PackageScene opened(path);
     emission_.emplace(opened.Inputs());

@@ -1,5 +1,5 @@
-// Seconds from a program's start until its window is mapped and shows a picture: bench_first_picture PROGRAM
-// ARGUMENTS... The picture is there when a pixel of its middle column is not black.
+// Measures the seconds from a program's start until its window is mapped and shows a picture, that is, until
+// a pixel of the middle column is not black: bench_first_picture PROGRAM ARGUMENTS...
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <signal.h>

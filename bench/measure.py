@@ -1,7 +1,7 @@
-"""Runs the measuring programs in turn and prints their ratios as one table: measure.py BUILD_FOLDER ROUNDS [GROUP...]
+"""Runs the measuring programs in turn and prints one table: measure.py BUILD_FOLDER ROUNDS [GROUP...]
 
-Every figure is ours divided by a yardstick that was measured in the same run, in alternating rounds; it is
-the median of the rounds' ratios. Memory is the same division of resident kilobytes.
+Each figure is the time of our program divided by that of a yardstick, which runs in alternating rounds; the
+figure is the median of the rounds' ratios. The column "memory" is the same ratio of resident kilobytes.
 """
 import json
 import pathlib
@@ -25,7 +25,7 @@ def program(name):
 
 
 def lines_of(*command):
-    """What a program reports: name -> list of values, one for each of its lines."""
+    """Runs a program that prints lines "name value"; returns the list of values of each name."""
     done = subprocess.run([str(part) for part in command], stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
     if done.returncode != 0:
         sys.exit(f"bench: {' '.join(map(str, command))} ended with status {done.returncode}\n{done.stderr}")
@@ -37,7 +37,7 @@ def lines_of(*command):
 
 
 class Worker:
-    """A program that waits for orders."""
+    """A running program that takes orders on its standard input and answers each with one line."""
 
     def __init__(self, name, package):
         self.process = subprocess.Popen([program(name), str(package)], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
@@ -65,8 +65,8 @@ class Table:
         self.rows = []
 
     def add(self, figure, package, ours, yardstick, memory=None, target=None, faster=False):
-        """`ours` and `yardstick`: seconds (or kilobytes) round by round. `target` bounds their ratio: from above, or,
-        where the figure is a speed (`faster`), from below."""
+        """`ours` and `yardstick` are seconds (or kilobytes), one value per round. `target` is an upper bound of their
+        ratio or, for a speed (`faster`), a lower bound."""
         ratios = [b / o if faster else o / b for o, b in zip(ours, yardstick)]
         row = {"figure": figure, "package": package, "ratio": statistics.median(ratios),
                "ours": statistics.median(ours), "yardstick": statistics.median(yardstick)}
@@ -115,7 +115,7 @@ def read(table):
 
 
 def build(table):
-    """The same program alternates the two sides; the one with silent GL names takes turns with it."""
+    """Each program alternates our side and the bare one; the program with empty GL routines takes turns with the other."""
     seconds = {}
     for name, path in PACKAGES.items():
         mesa, silent = {}, {}
@@ -125,7 +125,7 @@ def build(table):
                     kept.setdefault(key, []).extend(values)
         seconds[name] = mesa["ours"]
         table.add("build: time / bare emission", name, mesa["ours"], mesa["bare"], memory_of("bench_build", path), 1.1)
-        # The emission's own time, measured with silent GL, is not Mesa's.
+        # Mesa's time is the time of the bare emission less the time of its loop, measured with empty GL routines.
         in_mesa = [all_of - loop for all_of, loop in zip(mesa["bare"], silent["bare"])]
         table.add("build: our own share / Mesa's time", name, silent["ours"], in_mesa, target=0.4)
     bond = per_bond(seconds)
@@ -141,7 +141,7 @@ def rebuilds(table):
 
 
 def window(table):
-    """The viewer's window and a bare replay stand side by side and take turns."""
+    """The viewer's window and a bare replay are open side by side and take turns."""
     for name, path in PACKAGES.items():
         ours, bare = Worker("bench_view_window", path), Worker("bench_replay_window", path)
         if ours.do("picture") != bare.do("picture"):
@@ -152,7 +152,7 @@ def window(table):
         count = max(3, int(0.3 / (bare.do("frames", 3) / 3)))
         taken = ([], [])
         for turn in range(max(10, ROUNDS)):
-            # Who begins alternates: other load on the machine changes within a round.
+            # The two alternate in who begins, because other load on the machine changes within a round.
             sides = ((ours, taken[0]), (bare, taken[1]))
             for side, kept in sides if turn % 2 == 0 else reversed(sides):
                 kept.append(side.do("frames", count) / count)
@@ -164,7 +164,7 @@ def window(table):
             taken[0].append(ours.do("step", width))
             lists = ours.do("lists")
             if lists != 1:
-                sys.exit(f"bench: a load has built {lists:g} lists instead of one")
+                sys.exit(f"bench: a load built {lists:g} lists instead of one")
             taken[1].append(bare.do("step", width))
         table.add("edge step / context + pass + list + frame", name, *taken,
                   ours.do("memory") / bare.do("memory"), 1.3)
@@ -180,7 +180,7 @@ def window(table):
 
 
 def in_turn(rounds, first, *others):
-    """Time and memory of commands that take turns, after one turn to warm up."""
+    """Time and memory of commands that take turns; the first round only warms up."""
     commands = (first, *others)
     taken = [{"time": [], "memory": []} for _ in commands]
     for turn in range(rounds + 1):
@@ -193,7 +193,7 @@ def in_turn(rounds, first, *others):
 
 
 def start(table):
-    """Until the window is mapped and shows its picture."""
+    """Time from the start of a program until its window is mapped and shows the picture."""
     watch = program("bench_first_picture")
     for name, path in PACKAGES.items():
         ours, empty, least = in_turn(ROUNDS, (watch, program("yaxview"), path), (watch, program("bench_empty_window")),
@@ -201,12 +201,12 @@ def start(table):
         memory = statistics.median(ours["memory"]) / statistics.median(empty["memory"])
         table.add("start / empty Qt window", name, ours["time"], empty["time"], memory,
                   1.2 if name == MAIN else None)
-        table.add("start / such a window + pass + list + frame", name, ours["time"], least["time"],
+        table.add("start / same window + pass + list + frame", name, ours["time"], least["time"],
                   statistics.median(ours["memory"]) / statistics.median(least["memory"]))
 
 
 def yax(table):
-    # In memory: writing to a busy disk would spoil the figure.
+    # A folder in memory, because a busy disk would change the figures.
     with tempfile.TemporaryDirectory(dir="/dev/shm") as folder:
         yax_render(table, pathlib.Path(folder))
         yax_reports(table, pathlib.Path(folder))
@@ -220,11 +220,11 @@ def yax_render(table, folder):
         ours, bare = in_turn(ROUNDS, (run, program("yax"), "render", path, "-o", folder / "ours.png"),
                              (run, program("bench_clear_png"), folder / "picture.bmp", folder / "bare.png"))
         if (folder / "ours.png").read_bytes() != (folder / "bare.png").read_bytes():
-            sys.exit("bench: yax render and the bare program have written different pictures")
+            sys.exit("bench: yax render and the bare program wrote different pictures")
         target = {"target": 1.6} if name == MAIN else {}
         table.add("yax render / clear and the same PNG", name, ours["time"], bare["time"], **target)
         target = {"target": 1.3} if name == MAIN else {}
-        table.add("yax render: memory / the same", name, ours["memory"], bare["memory"], **target)
+        table.add("yax render: memory / clear and the same PNG", name, ours["memory"], bare["memory"], **target)
 
 
 def yax_reports(table, folder):
@@ -254,17 +254,17 @@ def viewer_of_others(table, folder):
                            (run, shutil.which("f3d"), "--resolution=1024,768", f"--output={folder / 'f3d.png'}",
                             exported))
     table.add("yax render / f3d of the exported package", MAIN, ours["time"], theirs["time"], target=0.25)
-    table.add("yax render: memory / the same", MAIN, ours["memory"], theirs["memory"], target=0.45)
+    table.add("yax render: memory / f3d", MAIN, ours["memory"], theirs["memory"], target=0.45)
 
 
 def main():
     checked = subprocess.run([program("bench_same_calls"), *map(str, PACKAGES.values())])
     if checked.returncode != 0:
-        sys.exit("bench: the yardstick of the build is wrong")
+        sys.exit("bench: the bare emission does not make the calls of the scene")
     groups = {"read": read, "build": build, "rebuilds": rebuilds, "window": window, "start": start, "yax": yax}
     unknown = set(CHOSEN) - set(groups)
     if unknown:
-        sys.exit(f"bench: there is no group {', '.join(sorted(unknown))}; there are {', '.join(groups)}")
+        sys.exit(f"bench: unknown group {', '.join(sorted(unknown))}; use {', '.join(groups)}")
     table = Table()
     table.head()
     for name in CHOSEN or groups:
@@ -274,7 +274,7 @@ def main():
     met = sum(row["met"] for row in targets)
     (BUILD / "figures.json").write_text(json.dumps({"figures": table.rows, "targets": len(targets), "met": met},
                                                    indent=1) + "\n")
-    print(f"{met} of {len(targets)} targets are met")
+    print(f"{met} of {len(targets)} targets met")
     return 0 if met == len(targets) else 1
 
 

@@ -1,4 +1,4 @@
-/// A measuring program that waits for orders, so that two of them can take turns.
+/// The order loop of a measuring program, so that two programs can take turns.
 #pragma once
 
 #include <iostream>

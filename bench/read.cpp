@@ -1,5 +1,5 @@
 // Measures the reader, and the bare pass that any reader must make:
-// bench_read PACKAGE ROUNDS, or bench_read PACKAGE ours|bare for the memory of one of them.
+// bench_read PACKAGE ROUNDS prints times, bench_read PACKAGE ours|bare the memory of one of them.
 #include <cstdio>
 #include <cstdlib>
 #include <string>

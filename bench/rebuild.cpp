@@ -1,5 +1,5 @@
-// Resident memory over many rebuilds: bench_rebuild PACKAGE keep|delete. "keep" empties the previous list, as
-// the viewer does; "delete" deletes it.
+// Measures resident memory over many rebuilds: bench_rebuild PACKAGE keep|delete. "keep" empties the previous
+// list, as the viewer does; "delete" deletes it.
 #include <GL/gl.h>
 
 #include <cstdio>

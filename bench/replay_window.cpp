@@ -1,7 +1,7 @@
-// The yardstick for the window: the same list replayed in plain Xlib and GLX. bench_replay_window PACKAGE,
-// then orders: "frames N" draws and swaps N frames, "step N" repeats the work that a new size
-// requires, "build N" compiles the recorded calls and draws a frame, "picture N" answers with a checksum of
-// the window's pixels.
+// The yardstick for the window: replays the same list in plain Xlib and GLX. bench_replay_window PACKAGE
+// takes these orders: "frames N" draws and swaps N frames, "step N" sets the width to N and does the work
+// that a new size requires, "build N" compiles the recorded calls and draws a frame. "picture N" answers with
+// a checksum of the window's pixels, "memory N" with resident kilobytes.
 #include <cstdlib>
 #include <string>
 
@@ -14,7 +14,7 @@
 #include "bench/x_window.h"
 #include "render/gl/frame.h"
 
-// Last: they define macros such as None.
+// Include these last: they define macros such as None.
 #include <GL/gl.h>
 #include <GL/glx.h>
 #include <X11/Xlib.h>

@@ -1,4 +1,5 @@
-// The GL routines that a build of the list calls, as empty ones: the time that remains is the viewer's share.
+// Empty versions of the GL routines that a build of the list calls: the time that remains is the viewer's
+// share.
 #include <GL/gl.h>
 
 #include "bench/drawing_place.h"

@@ -1,7 +1,7 @@
-// A long day with the viewer: soak PACKAGE [SHARE]
-// Does everything SHARE times (default 1.0) as often as kUses says, one kind of use after the other, with the
-// wire list open. Resident memory must stay as it was after the first tenth of each kind, and the last
-// picture must be that of a fresh start in the same state.
+// Uses the viewer for as long as a long day: soak PACKAGE [SHARE]
+// Repeats each kind of use in kUses as often as the table says, times SHARE (default 1.0), with the wire list
+// open. Within each kind, resident memory may grow by 5 % after the first tenth. The last picture must equal
+// that of a fresh start in the same state.
 #include <unistd.h>
 #include <QAction>
 #include <QApplication>
@@ -75,7 +75,7 @@ class Viewer {
     Settle();
   }
 
-  /// From the menu and with Home in turn. The menu closes the wire list of the old package.
+  /// Loads from the menu and with Home in turn. A load from the menu closes the wire list.
   void Load(int count) {
     for (int i = 0; i < count; ++i) {
       i % 2 == 0 ? Choose("DoLoadYAX") : QTest::keyClick(window_.windowHandle(), Qt::Key_Home);

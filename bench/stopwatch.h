@@ -1,4 +1,4 @@
-/// The clocks and memory counts of the measuring programs, and the lines in which they report.
+/// Clocks, memory counts and result lines of the measuring programs.
 #pragma once
 
 #include <string>
@@ -8,7 +8,7 @@ namespace bench {
 
 /// Seconds of wall time.
 double Seconds();
-/// Seconds of processor time of this thread, which other programs do not add to.
+/// Seconds of processor time of this thread.
 double ThreadSeconds();
 
 /// A line of /proc/self/status: "VmRSS" is resident memory now, "VmHWM" its peak so far.
@@ -25,7 +25,8 @@ double ThreadSecondsOf(Work&& work) {
   return ThreadSeconds() - start;
 }
 
-/// Times both in turn for `rounds` rounds, repeats each for a few milliseconds; reports seconds per run.
+/// Times both routines in turn for `rounds` rounds and repeats each for a few milliseconds per round; reports
+/// seconds per run.
 template <class Ours, class Bare>
 void InTurn(int rounds, const char* oursName, Ours&& ours, const char* bareName, Bare&& bare) {
   constexpr double kEnough = 4e-3;

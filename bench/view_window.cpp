@@ -1,8 +1,8 @@
-// The viewer's window under orders: bench_view_window PACKAGE, then "frames N" paints N frames as an exposure
-// of the view does, "step N" makes the view N pixels wide as a drag of the window's edge does, "select N"
-// selects all wires in the wire list. Counts: "lists N" of lists that the last load built, "wires N" of
-// wires, "uncovered N" of frames that the last order painted because of an exposure. "picture N" answers with
-// a checksum of the view's pixels.
+// Drives the viewer's window: bench_view_window PACKAGE takes these orders: "frames N" paints N frames as an
+// exposure of the view does, "step N" makes the view N pixels wide as a drag of the window's edge does,
+// "select N" selects all wires in the wire list. These answer with a number: "lists N" (lists that the last
+// load built), "wires N" (all wires), "uncovered N" (frames that the last order painted because of an
+// exposure), "picture N" (checksum of the view's pixels), "memory N" (resident kilobytes).
 #include <GL/gl.h>
 
 #include <QAction>
@@ -62,7 +62,7 @@ class ViewWindow {
   }
 
  private:
-  /// Runs until neither this program nor the X server has anything left to do.
+  /// Returns once this program and the X server have handled all events and requests.
   void Settle() {
     for (int i = 0; i < 2; ++i) {
       QApplication::processEvents();

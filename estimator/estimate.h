@@ -23,8 +23,8 @@ struct Estimate {
   formats::CircuitNote Note;  ///< for the wires as a circuit; the window shows its conditions
 };
 
-/// Reads both files and computes the wires' costs. A setting that is missing in the parameter file has its
-/// value after a load.
+/// Reads both files and computes the wires' costs. A setting that the parameter file does not give has the
+/// value that a load sets.
 /// Faults  InputError when one of the files cannot be used, Fault when a wire cannot be drawn
 Estimate Work(const Request& request);
 

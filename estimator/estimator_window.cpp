@@ -50,7 +50,7 @@ void EstimatorWindow::Fill() {
   connect(&work_, &QFutureWatcherBase::finished, this, [this] { ShowResult(); });
   ReadAgainWhenWritten();
   Begin();
-  // A window that became active while it was empty gives the focus to none of its widgets.
+  // The window became active while it was empty, so no widget has the focus.
   search_->setFocus();
 }
 
@@ -165,7 +165,7 @@ void EstimatorWindow::ShowResult() {
   ShowState(StateText(found));
 }
 
-/// A program that writes a new file and renames it replaces the file; only the folder reports this.
+/// Some programs write a new file and rename it; only the watch on the folder reports this.
 void EstimatorWindow::ReadAgainWhenWritten() {
   const QString file = QString::fromStdString(request_.ParameterFile);
   settle_.setSingleShot(true);

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-/// The pieces between NUL bytes, since no argument can hold one.
+/// The pieces between NUL bytes, which no argument can contain.
 inline std::vector<std::string> ArgumentsOf(std::string_view bytes) {
   std::vector<std::string> arguments;
   while (!bytes.empty()) {

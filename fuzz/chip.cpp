@@ -1,4 +1,4 @@
-// Chips: a DEF text and, after a NUL byte, the LEF of its cells, read up to the pads; the LEF is read as a
+// Chips: a DEF text and, after a NUL byte, the LEF of its cells. Reads both up to the pads, and the LEF as a
 // chip too.
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 // Command lines: which file the start-up routine opens, and how the program then runs or ends.
 //
-// The first byte says whether there is GL; the rest are the arguments, each ended by a NUL byte.
+// The first byte says whether GL is available; the rest are the arguments, each ended by a NUL byte.
 #include <unistd.h>
 
 #include <algorithm>
@@ -23,8 +23,8 @@ namespace {
 
 constexpr char kPackage[] = "COMPL 4\nCOMPW 4\nCOMPZ 1\nCBP A 1 1 0 1 1 0 L ROUND\nWB A 1 1 F 9 9 1 0\n";
 
-/// The program's folder, which is also the current one, with targets for a path: a good package, one whose
-/// drawing faults, and a folder.
+/// The program's folder, which is also the working directory. It has a good package, a package whose drawing
+/// faults, and a folder.
 class ProgramFolder {
  public:
   ProgramFolder() {

@@ -1,4 +1,4 @@
-/// A rule that must hold for every input; the run stops at the first that breaks it.
+/// Checks a rule that must hold for every input; the run stops at the first input that breaks it.
 #pragma once
 
 #include <cstdio>

@@ -1,4 +1,4 @@
-// Footprints and boards of KiCad, up to leads and paddle.
+// Footprints and boards of KiCad, read up to leads and paddle.
 #include <cmath>
 #include <cstddef>
 #include <cstdint>

@@ -8,7 +8,7 @@
 #include "fuzz/expect.h"
 #include "import/import_error.h"
 
-/// Runs `read`; a refusal has a reason, advice, and a line that the source has.
+/// Runs `read`. A refusal must have a reason, advice, and a line that exists in the source.
 template <class Read>
 void ReadOrRefuse(std::string_view source, Read&& read) {
   try {

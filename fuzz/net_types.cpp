@@ -1,4 +1,4 @@
-// Side files, compared with what a few plain lines make of them.
+// Side files; compares the result with that of a second, simple reader.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -12,8 +12,8 @@
 
 namespace {
 
-// Tiers that start at 0 are renumbered, those from 1 stay; a name appears twice, in a stitch, without a wire,
-// or nowhere.
+// Two packages: tiers from 0, which the reader renumbers, and tiers from 1. Names appear twice, in a stitch,
+// without a wire, or nowhere.
 constexpr char kPackage[] =
     "COMPZ 1\nCBP A\nCBP B\nCBP C\nCBP N\nSD_CBP S\nSD_CBP A\n"
     "SBP A 1 2 0 3 4 5 ROUND 0 2\nSBP B 1 2 0 3 4 5 ROUND 0 1\nSBP S 1 2 0 3 4 5 ROUND 0 3\n"

@@ -1,4 +1,4 @@
-// Packages: read twice, the second time over the scalars of the first, and drawn.
+// Packages: reads each twice, the second time over the scalars of the first, and draws it.
 #include <cmath>
 #include <cstddef>
 #include <cstdint>

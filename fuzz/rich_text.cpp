@@ -1,4 +1,4 @@
-// Rich text, of which only text may remain.
+// Rich text; the result may contain only text.
 #include <cstddef>
 #include <cstdint>
 #include <string>

@@ -1,4 +1,5 @@
-// Tables: as a die, as fingers and as bonds at once, up to the package, which is written and read again.
+// Tables: reads one as die, fingers and bonds at once, up to the package, then writes the package and reads
+// it again.
 #include <cmath>
 #include <cstddef>
 #include <cstdint>

@@ -1,4 +1,4 @@
-/// A strict stand-in for OpenGL that unit tests link: it records and checks every call.
+/// A strict replacement for OpenGL that unit tests link: it records and checks every call.
 #pragma once
 
 #include <cstdint>
@@ -22,7 +22,7 @@ struct Argument {
   Argument(double number, std::string text) : Number(number), Text(std::move(text)) {}
 };
 
-/// Receives the program's gl and glu calls during its lifetime; there is one at a time.
+/// Receives the program's gl and glu calls during its lifetime. Only one may exist at a time.
 ///
 /// It notes an error for: a vertex or normal outside begin and end; anything but vertices, normals, colours
 /// and materials inside; a begin inside a begin; an end without one, except the one that BuildCube puts right
@@ -43,7 +43,7 @@ class Recorder {
   std::vector<Call> List(unsigned name) const;
   void SetNextListName(unsigned name) { nextName_ = name; }
 
-  /// A fresh context, without lists; or none, and then every call is an error.
+  /// NewContext makes a fresh context without lists. After DropContext every call is an error.
   void NewContext();
   void DropContext();
 
@@ -84,7 +84,7 @@ class Recorder {
   } open_;
 };
 
-/// The current recorder. Needs  one to exist
+/// Needs   a Recorder
 Recorder& Current();
 
 /// The name of a GL value, or its number when the program does not use it.

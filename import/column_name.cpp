@@ -24,8 +24,8 @@ std::string Plain(std::string_view text) {
   return plain;
 }
 
-/// The subject that a word names. Some words name one only together with a number, name or place: "die" alone
-/// may be one chip of several.
+/// The subject that a word names. Some words name a subject only together with a number, name or place: "die"
+/// alone may be one chip of several.
 std::optional<std::string> SubjectOf(std::string_view word, bool alone) {
   static constexpr std::pair<std::string_view, std::string_view> kSubjects[] = {
       {"pad", "pad"},          {"bondpad", "pad"}, {"diepad", "pad"},      {"lead", "lead"},

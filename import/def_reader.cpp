@@ -165,7 +165,7 @@ void DefReader::ReadPin() {
   chip_.Terminals.push_back(std::move(pin));
 }
 
-/// Reads   the part of a pin after a "+".
+/// Reads the part of a pin after a "+".
 void DefReader::ReadPinPart(Terminal& pin) {
   if (words_.Is("USE")) {
     pin.Type = NetTypeOf(words_.Take());

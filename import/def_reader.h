@@ -1,4 +1,4 @@
-/// Reads   a DEF file: the die's area, pins and placed cells.
+/// Reads a DEF file: the die's area, pins and placed cells.
 #pragma once
 
 #include <cstddef>

@@ -1,4 +1,4 @@
-/// A chip as an import sees it: its size and its pads, as values.
+/// The chip of an import: its size and its pads, as values.
 #pragma once
 
 #include <cstddef>

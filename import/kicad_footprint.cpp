@@ -236,8 +236,8 @@ std::optional<Paddle> Footprint::TakePaddleInParts() {
   return std::nullopt;
 }
 
-/// A lead lies along the longer side of its pad; along the one that points to the middle where both are as
-/// long.
+/// A lead runs along the longer side of its pad or, if both sides are equal, along the one that points to the
+/// middle.
 Lead Footprint::LeadOf(const CopperPad& pad) const {
   constexpr double kSquare = 1.02;
   bool alongX = pad.Size.x > pad.Size.y;
@@ -264,7 +264,7 @@ void Footprint::Cut(Lead& lead, const Box& body) const {
     const double edge = along[axis] > 0.0 ? body.High[axis] : body.Low[axis];
     part = std::min(part, (edge - lead.Inner[axis]) / along[axis]);
   }
-  // With its inner end on the outline the lead would have no length.
+  // A lead with its inner end on the outline would get no length.
   if (part > 0.0) lead.Outer = lead.Inner + along * part;
 }
 

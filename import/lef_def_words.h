@@ -15,7 +15,7 @@ namespace importer {
 /// is not closed is a word like any other.
 class LefDefWords {
  public:
-  /// The text must outlive this; `file` stands in messages.
+  /// The text must outlive this; `file` is its name in messages.
   LefDefWords(std::string_view text, std::string file) : rest_(text), file_(std::move(file)) {}
 
   /// Whether quoted text may span lines. Where it may not, a stray quote in a remark cannot swallow the lines

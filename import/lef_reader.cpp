@@ -46,7 +46,7 @@ class LefReader {
   std::size_t repeated_ = 0;  ///< shapes that ITERATE has made so far
 };
 
-/// Two numbers, which may stand in brackets.
+/// Two numbers, which may be in brackets.
 glm::dvec2 LefReader::TakePoint() {
   const bool bracket = words_.Take() == "(";
   if (!bracket) words_.PutBack();

@@ -30,7 +30,7 @@ FieldNames FieldNamesOf(const std::vector<std::string>& given, Repeat repeat, co
       name = replaced.at(given[i]);
       continue;
     }
-    // The owner counts as the first of its name.
+    // The one that has the name unchanged counts as the first.
     const std::size_t count = ++counts.try_emplace(name, 1).first->second;
     name = FreeName(name, taken, count);
     taken.insert(name);

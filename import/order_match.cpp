@@ -18,8 +18,8 @@ struct GridPoint {
 
 using Cost = std::int64_t;
 
-/// The largest coordinate and the number of pairs decide how fine the grid can be without an overflow: a
-/// nanometre for all but the very largest packages.
+/// The number of grid steps in a millimetre, as many as sums allow without an overflow for the largest
+/// coordinate and the number of pairs: a nanometre except for the very largest packages.
 double GridSteps(const std::vector<glm::dvec2>& pads, const std::vector<glm::dvec2>& leads) {
   double farthest = 0.0;
   for (const auto* const places : {&pads, &leads})
@@ -32,8 +32,8 @@ double GridSteps(const std::vector<glm::dvec2>& pads, const std::vector<glm::dve
   return steps;
 }
 
-/// The half turn in which a direction lies: counter-clockwise from the left (excluded) over below to the
-/// right, or the rest. The origin has no direction and comes first.
+/// The half turn of a direction, for sorting: counter-clockwise from the left (excluded) through below to the
+/// right, then the other half. The origin has no direction and comes first.
 int HalfOf(const GridPoint& point) {
   if (point.X == 0 && point.Y == 0) return 0;
   return point.Y < 0 || (point.Y == 0 && point.X > 0) ? 1 : 2;
@@ -79,7 +79,7 @@ class MarkRows {
     bits_.resize(bits_.size() + (width + 63) / 64);
   }
   void Mark(std::size_t at, bool mark) { bits_[starts_.back() + at / 64] |= std::uint64_t{mark} << at % 64; }
-  /// The last mark of a row up to this one, which has to exist.
+  /// The last mark of a row at or before `at`. Needs  such a mark
   std::size_t LastUpTo(std::size_t row, std::size_t at) const {
     while ((bits_[starts_[row] + at / 64] >> at % 64 & 1) == 0) --at;
     return at;
@@ -143,7 +143,7 @@ class CyclicMatch {
   Cost bestCost_ = std::numeric_limits<Cost>::max();
   std::vector<Cost> sums_, least_;
   std::vector<std::size_t> firsts_, lasts_;  ///< the range of partners of each row
-  MarkRows falls_;                           ///< where the least sum of a row so far falls
+  MarkRows falls_;                           ///< marks where the least sum of a row so far decreases
 };
 
 /// The best partners when the first of the few meets `start`; they lie between the best ones of two other
@@ -189,8 +189,8 @@ CyclicMatch::Path CyclicMatch::BestPath(std::size_t start, const Path* low, cons
 }
 
 /// False when no path between two others can be as cheap as the best one so far, even if each of the few took
-/// the nearest partner. Distances to boxes around partners make this quick. It rules out most starts, since
-/// they lead to the other side of the die.
+/// the nearest partner. Uses distances to boxes around partners, which is fast, and rules out most starts,
+/// because those lead to the other side of the die.
 bool CyclicMatch::MayBeBetter(const Path& low, const Path& high) const {
   Cost sum = 0;
   for (std::size_t i = 0; i < few_.size(); ++i) {

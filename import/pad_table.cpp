@@ -42,7 +42,7 @@ std::string TierOf(const TextTable& table, const TableRow& row, Column column) {
   return std::to_string(static_cast<int>(*tier));
 }
 
-/// Reports unknown columns, since one of them may hold what was meant.
+/// Reports unknown columns, because one of them may be a misspelled known one.
 void NoteUnknownColumns(const TextTable& table, std::vector<std::string>& notes) {
   if (const std::string unknown = table.UnknownColumns(); !unknown.empty())
     notes.push_back("ignored: " + unknown);
@@ -207,7 +207,7 @@ Die DieFromTable(const DieRequest& request) {
     if (HasNoPlace(table, row, roles.DieX, roles.DieY, die.Notes)) continue;
     const glm::dvec2 place{table.Number(row, *roles.DieX), table.Number(row, *roles.DieY)};
     pad.Middle = (place + origin) * request.TableUnit;
-    // In a list with both ends the sizes are those of the fingers.
+    // In a list with both ends the columns of sizes are those of the fingers.
     if (!roles.HasBothEnds())
       pad.Size = glm::dvec2(table.NumberIfAny(row, roles.Width).value_or(0.0),
                             table.NumberIfAny(row, roles.Height).value_or(0.0)) *

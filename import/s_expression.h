@@ -39,7 +39,7 @@ class SExpression {
 
   /// The n-th item after the element's name; empty when it is an element or missing.
   std::string Word(std::size_t number) const;
-  /// The words of the first element of this name within, at any depth; stops at an element among them.
+  /// The words of the first element of this name, at any depth, up to the first element among them.
   std::vector<std::string> WordsOf(std::string_view name) const;
   /// The last of them; empty when there is none.
   std::string LastWordOf(std::string_view name) const;

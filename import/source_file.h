@@ -17,7 +17,7 @@ std::string ReadSource(const std::string& path);
 /// Faults  ImportError, with `path` in its message, as above
 std::string Unzipped(std::string_view bytes, const std::string& path);
 
-/// The number that `text` as a whole spells; nothing for any other text, and beyond 1e12, which no length in
+/// The whole of `text` as a number; nothing when it is not a number, or is beyond 1e12, which no length in
 /// any unit reaches.
 std::optional<double> NumberIn(std::string_view text);
 

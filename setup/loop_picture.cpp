@@ -13,7 +13,7 @@ namespace {
 // Pixels.
 constexpr double kMargin = 10.0;
 constexpr double kTopMargin = 32.0;     ///< the dimension line and the label of the highest loop go here
-constexpr double kBottomMargin = 26.0;  ///< the labels of what stands on the substrate go here
+constexpr double kBottomMargin = 26.0;  ///< the labels "Die" and "SBP" go here
 constexpr double kPadThickness = 3.0;
 constexpr float kDimensionGap = 8.0F;     ///< between a loop and its dimension lines
 constexpr float kDimensionTick = 3.0F;    ///< half of the stroke at each of their ends
@@ -87,7 +87,7 @@ class Drawing {
     double topMargin = kTopMargin - double(kLabelHeight);
     for (const SideWire* wire : {&wires_.Base, &wires_.Stack, &wires_.Stitch}) {
       for (const SidePoint& point : wire->Points) scale_.Include(point);
-      // The labels of loops of one height stand one over the other.
+      // Labels of loops of the same height are stacked.
       if (!wire->Points.empty()) topMargin += double(kLabelHeight);
     }
     scale_.Include({0.0, dieHeight_});
@@ -142,8 +142,8 @@ class Drawing {
 
   PicturePoint At(const SidePoint& point) const { return scale_.At(point.Out, point.Up); }
 
-  /// Dimension lines: the extension above the loop, from its start to the end of the level run; the height as
-  /// one behind the start.
+  /// Adds two dimension lines: the extension above the loop, from its start to the end of the level run, and
+  /// the height behind the start.
   void Dimensions(const SideWire& wire) {
     if (wire.Points.empty()) return;
     const PicturePoint start = At(wire.Points[0]), end = At(wire.Points[5]);

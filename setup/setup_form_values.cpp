@@ -45,8 +45,8 @@ void SetupForm::ReadControls(model::WireBondSettings& settings) const {
     if (controls_.FQ[i])
       settings.Frequency = model::Single(double(model::ToNumber(controls_.FQc.Text)) * kFQUnits[i]);
   for (const LoopFrame& frame : kLoopFrames) {
-    // Deliberate: takes the die height in model units without conversion, although the drawing divides every
-    // setting by UnitScale; the reader's own defaults are in file units.
+    // Deliberate: the die height is in model units and is not converted, although the drawing divides every
+    // setting by UnitScale. The reader's own defaults are in file units.
     if (controls_.LH[frame.First]) settings.*frame.Setting = package_.CompZ;
     if (frame.HasEdge() && controls_.LH[frame.First + 1]) settings.*frame.Setting = model::kEdgeOfBaseDie;
     if (controls_.LH[frame.Custom]) settings.*frame.Setting = model::ToNumber(frame.FieldOf(controls_).Text);

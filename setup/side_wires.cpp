@@ -18,7 +18,7 @@ using model::PackagePoint;
 using model::RecordTable;
 using model::StitchRec;
 
-/// A wire of the walk.
+/// The loop of one wire.
 struct Loop {
   double Length = 0.0;  ///< in plan
   std::size_t Number = 0;

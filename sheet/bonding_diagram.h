@@ -63,12 +63,12 @@ struct DiagramInputs {
   const std::vector<DiagramWire>& Wires;  ///< by number
   const std::vector<Fact>& Facts;
   const std::vector<std::string>& Notes;     ///< lines of text
-  const std::vector<std::string>& Findings;  ///< lines below the legend of wires with findings
+  const std::vector<std::string>& Findings;  ///< broken rules, one line for each
   TitleFields Title;
   std::string FileName, Digest;  ///< the package file's
-  double Millimetres = 1.0;      ///< in a file unit
+  double Millimetres = 1.0;      ///< length of a file unit
   std::string Unit = "mm";       ///< of the numbers on the sheets
-  double NumberScale = 1.0;      ///< that unit in a file unit
+  double NumberScale = 1.0;      ///< length of a file unit in `Unit`
   sheet::Paper Paper;
   std::optional<double> Scale;  ///< none: the largest round one that fits
   Split Into = Split::None;

@@ -51,7 +51,7 @@ struct Circle {
   std::optional<Ink> Fill{};
 };
 
-/// The point of the base line that lies at the text's position.
+/// The point of the text's base line that is at its position.
 enum class Align { Start, Middle, End };
 
 struct Text {
@@ -79,7 +79,7 @@ struct Drawing {
   std::string Title;
   double Width = 420.0, Height = 297.0;  ///< of every page
   double Scale = 1.0;                    ///< paper millimetres for each millimetre of the package
-  glm::dvec2 Origin{};                   ///< where the package's origin lies on the paper
+  glm::dvec2 Origin{};                   ///< place of the package's origin on the paper
   std::vector<std::string> Layers = {};  ///< painted in this order
   std::vector<Page> Pages = {};
 

@@ -10,7 +10,7 @@
 
 namespace sheet {
 
-/// Units  `numberScale` is the unit of the numbers, named `unit`, in a file unit
+/// Units  the numbers are in `Unit`; a file unit is `NumberScale` of these
 struct MeasuredInputs {
   const model::Package& Package;
   const std::vector<DiagramWire>& Wires;

@@ -112,7 +112,8 @@ class ShapeWriter {
   double lowerEdge_;
 };
 
-/// The start of each page's items of one layer, so that a layer is one group in the whole document.
+/// Writes one layer of all pages, so that a layer is one group in the whole document. `next` has the next
+/// item of each page.
 void WriteLayer(std::string& svg, const Drawing& drawing, std::size_t layer,
                 const std::vector<std::vector<const Item*>>& pages, std::vector<std::size_t>& next) {
   svg += "<g" + Attribute("id", Escaped(drawing.Layers[layer])) + ">\n";

@@ -1,6 +1,5 @@
-/// What the typesetting module gives. The module has the sheets' only ties to Pango and cairo: their
-/// libraries take longer to load than most commands run, so a program loads them with the first text that it
-/// measures.
+/// The routines of the typesetting module, which alone links Pango and cairo: their libraries take longer to
+/// load than most commands run, so a program loads the module when it measures its first text.
 #pragma once
 
 #include <string>
@@ -18,7 +17,7 @@ struct Typesetting {
   std::string (*PdfOf)(const Drawing& drawing);
 };
 
-/// The module's one entry: `const Typesetting* SheetTypesetting()`.
+/// The module's only entry point: `const Typesetting* SheetTypesetting()`.
 inline constexpr char kTypesettingEntry[] = "SheetTypesetting";
 
 }  // namespace sheet

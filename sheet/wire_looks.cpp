@@ -13,7 +13,7 @@ constexpr char kPrefix[] = "WIRES_";
 /// The longest layer name in a DXF file, without the prefix.
 constexpr std::size_t kLongestTier = 25;
 
-// Dark enough to stay black when printed in grey.
+// Dark enough for a print in greys.
 constexpr std::array<Ink, 5> kInks{
     {kBlack, {0.0, 0.2, 0.65}, {0.0, 0.38, 0.1}, {0.5, 0.0, 0.5}, {0.5, 0.25, 0.0}}};
 constexpr std::array<Dash, 4> kDashes{Dash::Dashed, Dash::Dotted, Dash::DashDot, Dash::DashDotDot};

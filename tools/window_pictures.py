@@ -1,4 +1,4 @@
-"""Opens the viewer's windows as a user would and grabs what the screen shows: VIEWER PACKAGES PICTURES"""
+"""Opens the viewer's windows as a user would and saves screenshots: window_pictures.py VIEWER PACKAGES PICTURES"""
 
 import atexit
 import subprocess
@@ -15,12 +15,12 @@ def run(*command):
 
 
 def visible(title):
-    """The X window with this title, once it is there."""
+    """Waits for the X window with this title and returns it."""
     return until(lambda: run("xdotool", "search", "--onlyvisible", "--name", title).split()[-1], title)
 
 
 def grab(name, title=None):
-    """The window with this title in its frame, or all of the screen that is not empty."""
+    """Saves a screenshot of the window with this title and its frame, or of the screen without its empty margins."""
     run("xdotool", "mousemove", "1490", "950")
     time.sleep(1)
     picture = f"{PICTURES}/{name}.png"
@@ -29,7 +29,7 @@ def grab(name, title=None):
 
 
 class Shown(Viewer):
-    """The viewer with a package, at a place that leaves room for other windows."""
+    """The viewer with a package, placed so that other windows fit beside it."""
 
     def __init__(self, package):
         super().__init__(YAXVIEW, f"{PACKAGES}/{package}")
@@ -89,7 +89,7 @@ def estimating():
         setup = viewer.open("Wire Bond Setup ...", "Wire Bond Setup")
         press(setup, "ZU Estimator")
         grab("window-estimator", "^ZU Estimator")
-        # It outlives the viewer, as it should.
+        # The estimator outlives the viewer, so close it here.
         run("xdotool", "windowactivate", "--sync", visible("^ZU Estimator"), "key", "alt+F4")
 
 
@@ -97,7 +97,7 @@ def keeping():
     with Shown("AAAc.yax") as viewer:
         viewer.keys(*TURNED)
         choose(viewer.app, "White")
-        # By keys: a dialog answers the accessibility bus only when it closes.
+        # Use keys: over the accessibility bus the action would return only when the dialog closes.
         viewer.keys("Menu", "Down", "Down", "Return")
         grab("window-save")
         run("xdotool", "key", "Escape")

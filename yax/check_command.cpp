@@ -126,7 +126,7 @@ Command AddCheck(CLI::App& program) {
   const auto options = std::make_shared<CheckOptions>();
   command->add_option("FILE.yax", options->files, "The packages to read")->type_name("FILE")->required();
   command->add_flag("--notes", options->notes,
-                    "List pads without wire or substrate pad and net types without a wire");
+                    "List pads without a wire or a substrate pad, and net types without a wire");
   command->add_flag("--json", options->json, "Write everything as JSON on standard output");
   AddRulesOptions(*command, options->rules);
   AddPictureFile(*command, "Draw the package with only the wires that break a rule, .png or .bmp",

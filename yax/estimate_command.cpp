@@ -144,7 +144,7 @@ Command AddEstimate(CLI::App& program) {
   AddNumber(*command, "--resistivity", "OHM_M",
             "Resistivity of the wires in ohm metres (default: that of the material)", options->resistivity);
   AddNumber(*command, "--plane", "UNITS",
-            "Add a conducting plane below the wires, at this height over the substrate in file units",
+            "Add a conducting plane below the wires, at this height above the substrate in file units",
             options->plane);
   command
       ->add_option_function<std::string>(
@@ -155,10 +155,12 @@ Command AddEstimate(CLI::App& program) {
               throw Unusable(CommandLine(), "--coupling '" + text + "' is not from 0 to 1", "0 writes all");
             options->coupling = least;
           },
-          "Smallest coupling to write to a subcircuit, 0 to 1 (default: 0.1; 0 writes all). More than " +
+          "Smallest coupling to write to a subcircuit, 0 to 1 (default: 0.1; 0 writes all). Couplings of "
+          "more "
+          "than " +
               std::to_string(analysis::kMostCoupledByDefault) +
-              " wires have no couplings without this option, more than " +
-              std::to_string(analysis::kMostCoupled) + " cannot have them")
+              " wires are computed only with this option, of more than " +
+              std::to_string(analysis::kMostCoupled) + " never")
       ->type_name("K");
   AddUnitOption(*command, options->package);
   AddLoopOptions(*command, options->package.Loops);

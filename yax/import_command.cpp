@@ -233,14 +233,14 @@ void AddDieOptions(CLI::App& command, ImportOptions& options) {
     return command.add_option(name, value, description)->type_name(type);
   };
   add("--die", options.Die, "FILE", "The chip: .def, .def.gz, .lef, or a table of pads (.csv, .tsv, .txt)");
-  add("--die-height", options.DieHeight, "H", "The die's height");
+  add("--die-height", options.DieHeight, "H", "The die's height (required)");
   add("--die-size", options.DieSize, "WxL", "The cut die (default: DIEAREA, or the macro's SIZE)");
   add("--lef", options.Lefs, "FILE", "LEF of the pad cells that a DEF places; may be given several times");
   add("--macro", options.Macro, "NAME", "The macro of a .lef that is the die");
-  add("--pads", options.Pads, "REGEX", "Take only pins or cells with these names as pads");
+  add("--pads", options.Pads, "REGEX", "Use only pins, cells or macros with these names as pads");
   add("--pad-min", options.PadMin, "UM", "Least length of a pad's sides in micrometres (default: 20)");
   add("--pad-aspect", options.PadAspect, "R", "Largest ratio of a pad's length to its width (default: 2)");
-  add("--pad-size", options.PadSize, "WxH", "The opening, where the drawn shape is only a mark");
+  add("--pad-size", options.PadSize, "WxH", "The pads' opening, if the drawn shape is only a mark");
   add("--rotate", options.Rotate, "", "Turn the die in the package, counter-clockwise (default: 0)")
       ->check(CLI::IsMember(std::vector<std::string>{"0", "90", "180", "270"}));
   add("--offset", options.Offset, "X,Y", "Move the die in the package, after --rotate");
@@ -251,9 +251,9 @@ void AddBondOptions(CLI::App& command, ImportOptions& options) {
     return command.add_option(name, value, description)->type_name(type);
   };
   add("--package", options.Package, "FILE",
-      "The leads: qfn:N,body=WxL,pitch=P,lead=LENGTHxWIDTH,paddle=WxL or qfp: (tip= in place of the length), "
-      "a "
-      ".kicad_mod, BOARD.kicad_pcb:REFERENCE, or a table of fingers");
+      "The leads: qfn:N,body=WxL,pitch=P,lead=LENGTHxWIDTH,paddle=WxL, or the same with qfp: and "
+      "lead=WIDTH,tip=D, "
+      "a .kicad_mod, BOARD.kicad_pcb:REFERENCE, or a table of fingers");
   add("--bonds", options.Bonds, "FILE",
       "Which pad meets which lead: order (the default), names, none, or a table");
   add("--bond", options.Exceptions, "PAD=LEAD",
@@ -263,11 +263,11 @@ void AddBondOptions(CLI::App& command, ImportOptions& options) {
   add("--land", options.Land, "D",
       "Where wires land, from the leads' inner ends (default: half the lead, at most 0.2 mm)");
   add("--power", options.Power, "REGEX",
-      "Names of power nets, where the chip's file does not say (default: names that begin like VDD, VCC)");
+      "Names of power nets, if the chip's file gives no type (default: names that begin like VDD, VCC)");
   add("--ground", options.Ground, "REGEX",
-      "Names of ground nets, which come before power nets (default: like VSS, GND)");
+      "Names of ground nets, tried before --power (default: names that begin like VSS, GND)");
   add("--unit", options.Unit, "",
-      "The unit of lengths given here and in tables, and of the package (default: mm)")
+      "The unit of lengths in these options and in tables, and of the package (default: mm)")
       ->check(CLI::IsMember(std::vector<std::string>{"mm", "um", "mil"}));
 }
 
@@ -283,7 +283,7 @@ Command AddImport(CLI::App& program) {
       ->type_name("FILE");
   command
       ->add_option("--recipe", options->Recipe,
-                   "A file with these options, one a line; the command line overrides it")
+                   "A file with these options, one per line; the command line overrides it")
       ->type_name("FILE");
   AddDieOptions(*command, *options);
   AddBondOptions(*command, *options);

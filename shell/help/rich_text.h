@@ -32,7 +32,7 @@ struct Run {
   bool operator==(const Run&) const = default;
 };
 
-/// How a paragraph stands on the page. Units: twips, 1440 to the inch.
+/// The layout of a paragraph. Units: twips, 1440 to the inch.
 struct ParagraphFormat {
   Alignment Align = Alignment::Left;
   int Left = 0;

@@ -18,8 +18,8 @@ constexpr char32_t kBullet = 0x2022;
 
 bool IsControl(char32_t character) { return character < ' ' && character != '\t' && character != '\n'; }
 
-/// QTextDocument splits a paragraph at line and paragraph separators, and takes the placeholder characters of
-/// objects and frames for real ones.
+/// QTextDocument splits a paragraph at line and paragraph separators, and treats the placeholder characters
+/// of objects and frames as real objects and frames.
 bool IsSpecial(char32_t character) {
   return character == 0x2028 || character == 0x2029 || character == 0xFFFC ||
          (character >= 0xFDD0 && character <= 0xFDEF);
@@ -216,7 +216,7 @@ class Reader {
     if (std::exchange(half_, 0) != 0) Append(kReplacement);
   }
 
-  /// True when what was just read is the fallback of a \u, for readers that do not know \u.
+  /// True when the character just read is the fallback after a \u, for readers that do not know \u.
   bool TakenAsFallback() {
     if (fallback_ == 0) return false;
     --fallback_;

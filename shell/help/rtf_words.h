@@ -24,11 +24,11 @@ struct RtfWord {
   std::size_t Count() const { return static_cast<std::size_t>(std::max(ValueOr(0), 0)); }
 };
 
-/// Reads the word whose first letter stands at `at`: letters, a number, and the one space that ends them.
+/// Reads the word whose first letter is at `at`: letters, a number, and the one space that ends them.
 /// Moves `at` past it.
 RtfWord ReadRtfWord(std::string_view bytes, std::size_t& at);
 
-/// The character that the word stands for, or 0.
+/// The character that the word means, or 0.
 char32_t CharacterOfRtfWord(std::string_view word);
 
 /// True for words that open a group whose text is not part of the page.

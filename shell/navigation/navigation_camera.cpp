@@ -14,8 +14,8 @@ constexpr double kFullTurn = 6.28;
 constexpr std::int16_t kTilt = 10;
 constexpr std::int16_t kMouseTilt = 2;
 
-/// The heading is rounded to single precision before its wrap is tested. The tests are in double
-/// precision, so the stored 6.28, a little above the double, counts as past it.
+/// Rounds the heading to single precision; the callers then test for a wrap in double precision. The
+/// single 6.28 is a little larger than the double 6.28, so it counts as past a full turn.
 void Turn(render::Camera& camera, double degrees) {
   camera.CamYaw = model::Single(double(camera.CamYaw) + degrees * kHalfTurn / 180.0);
 }

@@ -129,7 +129,7 @@ void WireListWindow::PressButton(int index) {
 
 void WireListWindow::SelectionChanged() {
   changed_ = true;
-  // Report a drag once, when the button is released.
+  // Report a drag only once, when the button is released.
   if (mouseHeld_ && QGuiApplication::mouseButtons() != Qt::NoButton) return;
   ReportLater(false);
 }

@@ -187,7 +187,7 @@ TEST(Check, ReportsAByteOrderMark) {
   EXPECT_EQ(report.List.at(0).What, "a byte order mark hides 'TECHNOLOGY', the line is ignored");
 }
 
-TEST(Check, EdgeDistancesCountWhereALoadLeavesThem) {
+TEST(Check, ReportsFaultsOfTheSettingsThatALoadSets) {
   // After a load every extension is the die's height; a height of -1 thus means the base die's edge.
   const std::string body =
       "SD_CBP S 1 1 0 .2 .2 0 R ROUND\nSBP S 1 4 0 1 1 0 ROUND 0 1\nWB S 1 1 0 1 4 1 0\n";

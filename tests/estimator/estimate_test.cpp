@@ -62,7 +62,7 @@ TEST_F(EstimateTest, TakesMilUnlessTheDieLooksLikeMillimetresOrAUnitIsChosen) {
   EXPECT_NEAR(Made().Costs.Rows.front().Impedance.Inductance, 3.2473e-9, 1e-13);
 }
 
-TEST_F(EstimateTest, SaysWhatCannotBeUsed) {
+TEST_F(EstimateTest, ReportsUnusableInput) {
   PutFile(folder / "beside/a.yax", "no package\n");
   EXPECT_NE(Problem().find("a.yax: it has no COMPZ line"), std::string::npos);
   PutFile(File(), "Material=Ag\n");

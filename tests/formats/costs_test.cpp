@@ -62,7 +62,7 @@ TEST(CircuitTest, HasAPortPairForEachWireAndSaysWhatIsLeftOut) {
             ".ends a_b\n");
 }
 
-TEST(CircuitTest, OneIsSingular) {
+TEST(CircuitTest, CommentsUseTheSingularForOne) {
   analysis::WireCosts costs = Three();
   costs.LeftOut = 1;
   const CircuitNote note{

@@ -82,7 +82,7 @@ TEST(StartDetached, PassesOneArgumentDefaultSignalsAndANewSessionAndLeavesNoZomb
   EXPECT_NE(std::atoi(written.c_str() + expected.size()), getsid(0));
 }
 
-TEST(StartDetached, WhatCannotBeStartedIsPassedOver) {
+TEST(StartDetached, IgnoresAProgramThatCannotBeStarted) {
   const TemporaryFolder folder;
   StartDetached(folder / "ZU.exe", "x");
   StartDetached(PutFile(folder / "ZU.exe", "no program"), "x");

@@ -105,7 +105,7 @@ TEST(LoopPicture, EdgeOfBaseDieEndsTheLevelRunAtTheEdgeOrTheWireIsLeftOut) {
   EXPECT_NE(Find(picture, PicturePart::BaseWire), nullptr);
 }
 
-TEST(LoopPicture, TheWireOfMiddleLengthStandsForAll) {
+TEST(LoopPicture, ShowsTheWireOfMedianLength) {
   model::Package package = StackedPackage();
   for (const float end : {20.0F, 5.0F}) {
     package.Bonds.Spare() = package.Bonds[0];

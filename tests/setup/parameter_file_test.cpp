@@ -89,7 +89,7 @@ TEST_F(SetupFormTest, LoadTakesForeignFiles) {
   EXPECT_EQ(settings.Frequency, 500.5F);
 }
 
-TEST_F(SetupFormTest, DialogsAskAsToldAndCancellingChangesNothing) {
+TEST_F(SetupFormTest, DialogsGetTheirRequestsAndCancellingChangesNothing) {
   form.RunCommand3();
   rebuilds = 0;
   const auto asked = [this](std::size_t button) {

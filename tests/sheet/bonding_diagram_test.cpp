@@ -29,7 +29,7 @@ TEST(BondingDiagram, DrawsWiresToScaleFromTheDiesOrigin) {
   EXPECT_TRUE(Has(WordsOf(drawing, "NUMBERS"), "1"));
 }
 
-TEST(BondingDiagram, TakesTheLargestScaleThatFitsAndNamesThePaperThatWouldDo) {
+TEST(BondingDiagram, TakesTheLargestScaleThatFitsOrNamesAPaperThatFits) {
   const TemporaryFolder folder;
   Drawn drawn(PutPackage(folder, Wire("VDD", 0.5, "P1")));
   // From -2 to 4.5 the plan is 6.5 wide: 130 at 20 : 1, 325 at 50 : 1.
@@ -44,7 +44,7 @@ TEST(BondingDiagram, TakesTheLargestScaleThatFitsAndNamesThePaperThatWouldDo) {
   }
 }
 
-TEST(BondingDiagram, MarksLeadOneWhereThereIsOneAlone) {
+TEST(BondingDiagram, MarksLeadOneOnlyIfThereIsExactlyOne) {
   const std::pair<std::vector<const char*>, std::size_t> rows[] = {
       {{"1", "2"}, 1}, {{"P1", "P2"}, 1}, {{"P1", "Q1"}, 0}, {{"11", "P10"}, 0}, {{"1A", "LEAD_1"}, 0}};
   for (const auto& [leads, marks] : rows) {
@@ -104,7 +104,7 @@ TEST(BondingDiagram, SplitsIntoASheetForEachTierWithTheOthersInGrey) {
   for (const DiagramWire& wire : drawn.Wires) EXPECT_TRUE(listed.contains(wire.Name)) << wire.Name;
 }
 
-TEST(BondingDiagram, GivesEveryLayerOfWiresALookOfItsOwn) {
+TEST(BondingDiagram, GivesEachLayerOfWiresADifferentLook) {
   std::vector<DiagramWire> wires;
   for (const char* tier : {"", "0", "00", "x", "1", "2", "3", "4", "5", "12", "100", "101", "1000000"})
     wires.push_back({.Place = {model::RecordTable::Bonds, 0}, .Tier = tier});
@@ -143,7 +143,7 @@ TEST(BondingDiagram, TakesOddNamesAndNotesAndPackagesWithoutWires) {
   EXPECT_THROW(Drawn(huge).On(PaperNamed("a4")), DoesNotFit);
 }
 
-TEST(TitleFields, TakeKeysOfAFileAndNameThoseThatAreNone) {
+TEST(TitleFields, TakeTheKeysOfAFileAndNameUnknownKeys) {
   TitleFields fields;
   ReadTitleFields("t", "# block\n\ntitle = A b \nrevision=B=2\r\n", fields);
   EXPECT_EQ(fields.Title, "A b");

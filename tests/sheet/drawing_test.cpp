@@ -97,7 +97,7 @@ TEST(Dxf, GivesLinesThePatternAndTheNearestColourOfThePalette) {
   }
 }
 
-TEST(Dxf, EncodesWhatTheFormatDoesNotTake) {
+TEST(Dxf, EncodesCharactersThatTheFormatCannotHold) {
   const std::pair<std::string, std::string> rows[] = {
       {"VDD", "VDD"},
       {"\xc3\xa4\xe4\xb8\xad", "\\U+00E4\\U+4E2D"},

@@ -27,7 +27,7 @@ void ExpectClear(const std::vector<LabelPlace>& places, const LabelRoom& room) {
   }
 }
 
-TEST(LabelPlacement, ALabelStandsWhereItsWayOutLeavesTheBox) {
+TEST(LabelPlacement, ALabelIsWhereTheRayFromItsAnchorLeavesTheBox) {
   struct Row {
     LabelWish Wish;
     Edge At;

@@ -16,8 +16,8 @@ namespace {
 
 using formats::Json;
 
-/// JSON that is safe in a script element. Only "<" can end the element; in JSON it occurs only in strings,
-/// where it can be escaped.
+/// JSON that is safe in a script element. Only "<" can end the element; JSON has it only in strings, where an
+/// escape can replace it.
 std::string InElement(const std::string& json) {
   std::string text;
   for (const char c : json) text += c == '<' ? "\\u003c" : std::string(1, c);
@@ -87,7 +87,7 @@ std::string PartOf(const PageInputs& inputs, std::string_view name) {
 
 std::string PageHtml(const PageInputs& inputs) {
   std::string page;
-  // Split at "@", the frame is text and names of parts in turn.
+  // Split at "@", the frame alternates between text and names of parts.
   bool isName = false;
   for (std::string_view rest = kPageFrame; !rest.empty(); isName = !isName) {
     const std::size_t end = std::min(rest.find('@'), rest.size());

@@ -1,4 +1,4 @@
-# Puts the files of a page into a source: cmake -DHERE=FOLDER -DSCRIPT_FILE=FILE -DTO=FILE -P page_parts.cmake
+# Writes the files of a page into a C++ source: cmake -DHERE=FOLDER -DSCRIPT_FILE=FILE -DTO=FILE -P page_parts.cmake
 file(READ "${HERE}/viewer/page.html" FRAME)
 file(READ "${HERE}/viewer/page.css" STYLE)
 file(READ "${SCRIPT_FILE}" SCRIPT)

@@ -61,7 +61,7 @@ class FileDialogs : public SetupFormTest {
   const QString beside = QDir(QString::fromStdString(folder / "")).absolutePath();
 };
 
-TEST_F(FileDialogs, SavingOverThePackageItselfIsAskedWithNoAsTheDefault) {
+TEST_F(FileDialogs, SavingOverThePackageItselfAsksWithNoAsTheDefault) {
   for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
     DialogUser user;
     user.Answer = answer;

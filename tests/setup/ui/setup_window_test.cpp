@@ -80,7 +80,7 @@ TEST_F(SetupShown, EnterLeavesAFieldForItsOptionAndEscapeRestores) {
   EXPECT_TRUE(stitch->hasFocus());
 }
 
-TEST_F(SetupShown, ItGoesAwayByOkCancelAndItsCloseBoxAndComesBackWithTheSettings) {
+TEST_F(SetupShown, OkCancelAndTheCloseBoxHideItAndItReopensWithTheSettings) {
   for (const std::string way : {"OK", "Cancel", "close"}) {
     Open();
     Value("Wire Diameter Mils")->setFocus();

@@ -138,7 +138,7 @@ TEST(Rtf, EachWordIsAboutTheRunOrTheParagraphOrNeither) {
   }
 }
 
-TEST(Rtf, WhatIsNotThePageIsNotShown) {
+TEST(Rtf, TextOutsideThePageIsNotShown) {
   ExpectEach(
       {{R"({\rtf1{\stylesheet{\s1\b heading 1;}}{\info{\title T}{\author A}}{\*\generator x{y}z;}\pard\s1 a})",
         "<>a|"},

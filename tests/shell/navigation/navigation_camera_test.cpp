@@ -78,7 +78,7 @@ TEST_F(NavigationCamera, ComponentsAreRoundedHalvesToEven) {
   EXPECT_EQ(view->Camera.CamZ, 5);
 }
 
-TEST_F(NavigationCamera, HeadingsPastARoundStartAgainAtZeroAndBelowItAt628) {
+TEST_F(NavigationCamera, HeadingsPastAFullTurnRestartAtZeroAndThoseBelowZeroAt628) {
   // 1.56 + 27 * 0.174556 = 6.273, + 0.174556 = 6.448.
   for (int turn = 1; turn <= 27; ++turn) view->Turn_Camera_Left();
   EXPECT_NEAR(view->Camera.CamYaw, 6.273F, 1e-4F);

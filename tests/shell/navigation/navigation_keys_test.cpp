@@ -97,7 +97,7 @@ TEST_F(NavigationKeys, ShiftAloneShowsTheUpArrowOutsideWalkMode) {
   EXPECT_FALSE(counts.pointer.has_value());
 }
 
-TEST_F(NavigationKeys, FaultsEndAKeyQuietlyWithTheStateAsFarAsChanged) {
+TEST_F(NavigationKeys, FaultsEndAKeySilentlyAndKeepTheChangesSoFar) {
   constexpr std::int16_t most = std::numeric_limits<std::int16_t>::max();
   constexpr std::int16_t least = std::numeric_limits<std::int16_t>::min();
   view->Camera = {.CamX = most, .CamY = least, .CamLook = least};

@@ -82,7 +82,7 @@ TEST_F(NavigationMouse, DragsGoOnFromTheOtherEndOrClamp) {
   }
 }
 
-TEST_F(NavigationMouse, DirectionsAreAgainstTheRoundedPositionAndDeltasAgainstTheExact) {
+TEST_F(NavigationMouse, DirectionsAreRelativeToTheRoundedPositionAndDeltasToTheExact) {
   Press(10.5F, 20.0F);  // 10.5 rounds to the even 10
   EXPECT_EQ(view->Mouse.LastXi, 10);
   // Right of 10, though the pointer went left by 0.25: the step is to the right.
@@ -152,7 +152,7 @@ TEST_F(NavigationMouse, OnlyAPlainRightPressOpensTheMenuAndRecordsNothing) {
   EXPECT_EQ(counts.repaints, 0);
 }
 
-TEST_F(NavigationMouse, AnOverflowLeavesTheMoveAndTheMoveIsOver) {
+TEST_F(NavigationMouse, AnOverflowEscapesAndEndsTheMove) {
   view->Camera.CamLook = std::numeric_limits<std::int16_t>::max();
   EXPECT_THROW(Drag(1, navigation::kLeftButton, navigation::kCtrl, 0, -1), model::Overflow);
   EXPECT_FALSE(view->Mouse.InMouseMove);

@@ -130,7 +130,7 @@ TEST_F(WireListShown, ModifierKeysAreTrackedThoughTheirOwnBitIsInverted) {
   }
 }
 
-TEST_F(WireListShown, KeysExtendAndShrinkAStretchBesideWhatWasSelected) {
+TEST_F(WireListShown, KeysExtendAndShrinkARangeBesideTheSelection) {
   Open(8);
   Click("Tier1");  // 0246
   ClickRow(1, Qt::ControlModifier);

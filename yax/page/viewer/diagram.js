@@ -1,4 +1,4 @@
-// The diagram's tab: the whole sheet, or a part of it enlarged, which scrolls.
+// The diagram's tab: shows the whole sheet, or an enlarged part that scrolls.
 
 const kStep = 1.5;
 const kLargest = kStep ** 6;
@@ -6,7 +6,7 @@ const kLargest = kStep ** 6;
 export function addDiagram(panel) {
   const drawing = panel.querySelector("svg");
   let size = 1;
-  // What was in the middle stays there.
+  // Keeps the middle of the visible part in place.
   const zoom = (wanted) => {
     const next = Math.min(Math.max(wanted, 1), kLargest);
     const place = ["Left", "Top"].map((side) => {

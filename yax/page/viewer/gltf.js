@@ -14,8 +14,8 @@ function screenColour(material) {
     Math.round(255 * (c <= 0.0031308 ? 12.92 * c : 1.055 * Math.pow(c, 1 / 2.4) - 0.055)));
 }
 
-// The primitives in the order of the file, each with its points (x, y, z), its triangles (three numbers of
-// points) and its colour (three values from 0 to 255).
+// The primitives in the order of the file, each with its points (x, y, z), its triangles (indexes of three points)
+// and its colour (three values from 0 to 255).
 export function primitivesOf(file) {
   const meshes = file.meshes || [];
   if (meshes.length === 0) return [];

@@ -1,8 +1,8 @@
-// Which wire is at a place of the canvas. This is geometry: to read back what the graphics card has drawn would
-// stall it, and browsers complain about that in their console.
+// Finds the wire at a place of the canvas by geometry: reading back the drawn pixels would stall the graphics card,
+// and browsers warn about that in their console.
 
-// Points as the eye sees them, three numbers each: x and y in pixels of the canvas, and the depth w. Behind the
-// eye x and y mean nothing.
+// Projects points; each result has three numbers: x and y in pixels of the canvas, and the depth w. Behind the eye x
+// and y are meaningless.
 function projected(points, matrix, { width, height }) {
   const seen = new Float64Array(points.length);
   for (let k = 0; k < points.length; k += 3) {
@@ -15,7 +15,7 @@ function projected(points, matrix, { width, height }) {
   return seen;
 }
 
-// Where the line from `eye` along `ray` meets the triangle, in lengths of `ray`; Infinity when it does not.
+// The distance at which the line from `eye` along `ray` meets the triangle, in lengths of `ray`; else Infinity.
 // Source: T. Moeller, B. Trumbore, "Fast, minimum storage ray-triangle intersection" (1997).
 function hit(eye, ray, [a, b, c]) {
   const minus = (p, q) => [p[0] - q[0], p[1] - q[1], p[2] - q[2]];
@@ -34,7 +34,7 @@ const pointAt = (points, k) => [points[3 * k], points[3 * k + 1], points[3 * k +
 const between = (a, b, part) => a.map((c, axis) => c + part * (b[axis] - c));
 
 export class Picker {
-  // `sides` is how many vertices a ring of a wire's tube has.
+  // `sides` is the number of vertices in a ring of a wire's tube.
   constructor(shape, sides) {
     this.shape = shape;
     this.lines = shape.wireTriangles.map((triangles) => this.middleLine(triangles, sides));
@@ -43,7 +43,7 @@ export class Picker {
       : Math.hypot(...pointAt(shape.positions, ring).map((c, axis) => c - this.lines[0][axis]));
   }
 
-  // A tube's vertices are rings, one after the other from its start to its end.
+  // The middle points of a tube's rings. Its vertices are rings, one after the other from its start to its end.
   middleLine(triangles, sides) {
     const first = triangles.reduce((least, vertex) => Math.min(least, vertex), Infinity);
     const last = triangles.reduce((most, vertex) => Math.max(most, vertex), -1);
@@ -54,9 +54,9 @@ export class Picker {
     return line;
   }
 
-  // The index of the wire of `shown` that is nearest to `place`, at most `reach` pixels away, and that no body
-  // hides; -1 for none. `look` says how the eye sees: its place `eye`, `matrix` from the package to the
-  // screen, `near`, the canvas's `size`, and `scale`, the pixels of a length of 1 at a depth of 1.
+  // The index of the wire in `shown` that is nearest to `place`, at most `reach` pixels away and not hidden by a body;
+  // -1 for none. `look` describes the camera: its place `eye`, `matrix` from the package to the screen, `near`, the
+  // canvas's `size`, and `scale`, the pixels of a length of 1 at a depth of 1.
   wireAt(shown, place, reach, look) {
     this.project(look);
     const found = [];
@@ -78,7 +78,7 @@ export class Picker {
     return visible ? visible.index : -1;
   }
 
-  // While the eye rests, everything stays where it is on the screen.
+  // Projects all points again only when the camera or the size has changed.
   project({ matrix, size }) {
     const key = `${matrix.join()} ${size.width} ${size.height}`;
     if (key === this.key) return;
@@ -87,7 +87,7 @@ export class Picker {
     this.seenLines = this.lines.map((line) => projected(line, matrix, size));
   }
 
-  // How many pixels away a wire's surface is, and the depth and the point of its line there.
+  // The distance to a wire's surface in pixels, and the depth and the point of its middle line there.
   nearestOf(line, seen, place, look) {
     const [x, y] = place;
     const { near } = look;
@@ -122,7 +122,7 @@ export class Picker {
     return best;
   }
 
-  // The triangles of bodies that may hide a wire there: those whose box on the screen holds the place.
+  // The triangles of bodies that may hide a wire here: those whose box on the screen contains the place.
   bodiesNear([x, y], reach, near) {
     const { positions, bodyTriangles } = this.shape;
     const { seen } = this;

@@ -1,4 +1,4 @@
-// On paper the page shows the picture as it is on the screen, and the wires of the list as a table.
+// Prints the picture as it is on the screen, and the wires of the list as a table.
 
 const kColumns = [
   ["Wire", (wire) => wire.name],

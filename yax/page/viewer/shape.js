@@ -1,9 +1,9 @@
-// All triangles of the package on one set of vertices, so that thousands of wires are drawn with one call.
+// All triangles of the package on one set of vertices, so that one call draws thousands of wires.
 
 import { BufferAttribute, BufferGeometry } from "three";
 
-// Puts all primitives into one set of vertices, each with its colour. `lightColours` has, by the number of a
-// primitive, its colour on a light background.
+// Joins all primitives into one set of vertices with colours. `lightColours` has the colour of each primitive on a
+// light background.
 export class Shape {
   constructor(primitives, wires, lightColours) {
     this.primitives = primitives;
@@ -44,7 +44,7 @@ export class Shape {
     if (this.colour) this.colour.needsUpdate = true;
   }
 
-  // All triangles but those of the wires.
+  // All triangles except those of the wires.
   restOf(wires) {
     const isWire = this.triangles.map((triangles) => new Uint8Array(triangles.length / 3));
     for (const { primitive, first, count } of wires) isWire[primitive].fill(1, first, first + count);
@@ -52,7 +52,7 @@ export class Shape {
       triangles.filter((_, k) => isWire[primitive][Math.floor(k / 3)] === 0)));
   }
 
-  // A geometry of these triangles on the one set of vertices.
+  // A geometry of these triangles that shares the one set of vertices.
   geometry(triangles) {
     const geometry = new BufferGeometry();
     geometry.setAttribute("position", (this.position = this.position || new BufferAttribute(this.positions, 3)));

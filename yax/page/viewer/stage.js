@@ -1,4 +1,4 @@
-// The picture: camera, light, drawing when something has changed, and which wire is under the pointer.
+// The picture: camera and light; draws after changes and finds the wire under the pointer.
 
 import {
   AmbientLight, Color, DirectionalLight, DoubleSide, Mesh, MeshBasicMaterial, MeshPhongMaterial, PerspectiveCamera,
@@ -9,7 +9,7 @@ import { Picker } from "./picking.js";
 import { fit, kFieldOfView, kViews } from "./views.js";
 
 const kHighlight = 0xff5a1f;
-// The pointer means a wire that is at most so many pixels away; a finger is less exact than a mouse.
+// The largest distance in pixels from the pointer to a wire that it picks; a finger is less exact than a mouse.
 const kReach = { mouse: 3, touch: 9 };
 
 export class Stage {
@@ -19,7 +19,7 @@ export class Stage {
     this.renderer = new WebGLRenderer({ canvas, context });
     this.camera = new PerspectiveCamera(kFieldOfView, 1, 0.1, 1000);
     this.controls = new OrbitControls(this.camera, canvas);
-    this.controls.enableKeys = false; // they would move the picture while a list is read
+    this.controls.enableKeys = false; // keys would move the picture while the list has the focus
     this.controls.screenSpacePanning = true;
     this.controls.addEventListener("change", () => this.draw());
     // After a drag the view has no name, so a new size of the window does not reset it.
@@ -47,7 +47,7 @@ export class Stage {
     return { width: this.canvas.clientWidth || 1, height: this.canvas.clientHeight || 1 };
   }
 
-  // Moves the eye to the view of that name.
+  // Moves the eye to the view of this name.
   show(view) {
     const { width, height } = this.size;
     const { position, target } = fit(kViews[view], this.shape.low, this.shape.high, width / height);
@@ -103,7 +103,7 @@ export class Stage {
     this.renderer.render(this.scene, this.camera);
   }
 
-  // Near and far plane touch the package, which makes the most of the depth buffer's precision.
+  // Moves the near and far planes close to the package, for the best precision of the depth buffer.
   placePlanes() {
     const { low, high } = this.shape;
     const middle = [0, 1, 2].map((axis) => (low[axis] + high[axis]) / 2);
@@ -145,7 +145,7 @@ export class Stage {
     return this.picker.wireAt(this.shown, [x, y], kReach[pointer] || kReach.mouse, look);
   }
 
-  // The picture as the address of an image, in colours for white paper.
+  // The picture as a data URL, in colours for white paper.
   picture() {
     const shown = [this.isDark, `#${this.scene.background.getHexString()}`];
     this.setTheme(false, "#ffffff");

@@ -1,5 +1,4 @@
-// The switches for tiers and net types. A wire is shown when the switch of its tier and that of its net type
-// are on.
+// The switches for tiers and net types. The page shows a wire when the switches of its tier and its net type are on.
 
 const kTypes = { P: "Power", G: "Ground", S: "Signal" };
 

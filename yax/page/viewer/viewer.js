@@ -1,5 +1,5 @@
-// The page of one package: connects the parts of the viewer. The data stand in the page itself: the wires in the
-// element "package", the meshes in "model".
+// The page of one package: connects the parts of the viewer. The page contains the data: the wires in the element
+// "package", the meshes in "model".
 
 import { addDiagram } from "./diagram.js";
 import { primitivesOf } from "./gltf.js";
@@ -45,13 +45,13 @@ class Page {
     this.select();
   }
 
-  // Returns nothing when the browser cannot draw in three dimensions; the list works without.
+  // Returns nothing when the browser has no WebGL; the list works without a picture.
   makeStage() {
     const canvas = element("view");
     const wanted = { antialias: true };
     const context = canvas.getContext("webgl2", wanted) || canvas.getContext("webgl", wanted);
     if (!context) {
-      canvas.replaceWith("This browser does not show three-dimensional pictures.");
+      canvas.replaceWith("This browser cannot draw three-dimensional pictures: it has no WebGL.");
       return undefined;
     }
     const primitives = primitivesOf(JSON.parse(element("model").textContent));
@@ -120,7 +120,7 @@ class Page {
     this.describe();
   }
 
-  // Describes the wire that is pointed at, else the one that is chosen.
+  // Describes the wire under the pointer, else the chosen one.
   describe() {
     if (this.stage) this.stage.mark([...new Set([this.marked, this.chosen])].filter((index) => index >= 0));
     const index = this.marked >= 0 ? this.marked : this.chosen;
@@ -135,7 +135,7 @@ class Page {
 
   factsOf(wire) {
     const { unit } = this.data;
-    const clearance = wire.nearest === "" ? "no other net's wire" : `${wire.clearance} ${unit} to ${wire.nearest}`;
+    const clearance = wire.nearest === "" ? "no wire of another net" : `${wire.clearance} ${unit} to ${wire.nearest}`;
     return [["Wire", wire.name], ["Tier", wire.tier || "none"], ["Net type", wire.netType || "none"],
             ["Length", `${wire.length} ${unit}`], ["Angle", `${wire.angle}\u00b0`], ["Clearance", clearance]];
   }

@@ -1,9 +1,9 @@
 // The directions of the named views, and the distance from which the whole package is visible. In the scene y is
-// up, and the package's y runs along -z.
+// up, and the package's y axis is -z.
 
 export const kFieldOfView = 60;
 const kMargin = 1.05;
-// At its poles an orbit loses its direction. Views from above and below stay this far off.
+// At the poles an orbit has no direction, so views from above and below keep this distance from them.
 const kOffPole = 1e-4;
 
 export const kViews = {
@@ -27,8 +27,8 @@ function cornersOf(low, high) {
   return corners;
 }
 
-// The place along an axis from which an eye at this distance has the same margin on both sides. The outermost
-// points depend on the place, so it is found in steps; a few are enough.
+// The place along an axis from which an eye at this distance has equal margins on both sides. The outermost points
+// depend on the place, so a few steps approach it.
 function middleFor(points, axis, distance) {
   let middle = points[0][axis];
   for (let step = 0; step < 8; ++step) {
