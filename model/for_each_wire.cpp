@@ -23,7 +23,6 @@ class WireWalk {
 
  private:
   void Count(std::size_t records, RecordTable table) const;
-  void Report(const Fault& fault) const;
   float InSceneUnits(float setting) const { return Single(double(setting) / double(in_.Package.UnitScale)); }
   Loop OwnLoop(const std::string& name, Loop loop) const;
   WirePath PathOf(const BondRec& bond, const Loop& loop) const;
@@ -35,17 +34,12 @@ class WireWalk {
   const WireFault& onFault_;
 };
 
-/// Called while the fault is handled: rethrows it when there is nobody to pass it to.
-void WireWalk::Report(const Fault& fault) const {
-  if (!onFault_) throw;
-  onFault_(fault);
-}
-
 void WireWalk::Count(std::size_t records, RecordTable table) const {
   try {
     CountIn16Bits(records, table);
   } catch (const Fault& fault) {
-    Report(fault);
+    if (!onFault_) throw;
+    onFault_(fault);
   }
 }
 
@@ -70,7 +64,8 @@ void WireWalk::Visit(const RecordPlace& place, const std::string& name, MakePath
   try {
     AtRecord(in_.Package, place, [&] { path = makePath(); });
   } catch (const Fault& fault) {
-    return Report(fault);
+    if (!onFault_) throw;
+    return onFault_(fault);
   }
   visit_({place, name, path});
 }
