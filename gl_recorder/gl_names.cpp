@@ -52,7 +52,7 @@ void glEndList() { Current().EndList(); }
 void glCallList(GLuint list) { Current().CallList(list); }
 
 // Matrices.
-void glMatrixMode(GLenum mode) { Current().MatrixMode(mode); }
+OUTSIDE(glMatrixMode, (GLenum mode), Value(mode))
 void glPushMatrix() { Current().Nest(1, "Matrix", {}); }
 void glPopMatrix() { Current().Nest(-1, "Matrix", {}); }
 OUTSIDE(glLoadIdentity, ())

@@ -33,10 +33,11 @@ Argument::Argument(double number) : Number(number) {
 #define VALUES_AND_NAMES(...)                   \
   constexpr unsigned kValues[] = {__VA_ARGS__}; \
   constexpr char kNames[] = #__VA_ARGS__
-VALUES_AND_NAMES(GL_MODELVIEW, GL_PROJECTION, GL_COMPILE, GL_COMPILE_AND_EXECUTE, GL_DEPTH_TEST, GL_DITHER,
-                 GL_LIGHTING, GL_LIGHT0, GL_POSITION, GL_LIGHT_MODEL_AMBIENT, GL_SMOOTH, GL_CCW, GL_LESS,
-                 GL_FRONT, GL_BACK, GL_FRONT_AND_BACK, GL_AMBIENT_AND_DIFFUSE, GL_SPECULAR, GL_SHININESS,
-                 GL_PACK_ALIGNMENT, GL_RGB, GL_UNSIGNED_BYTE);
+VALUES_AND_NAMES(GL_LINES, GL_LINE_STRIP, GL_TRIANGLE_FAN, GL_QUADS, GL_MODELVIEW, GL_PROJECTION, GL_COMPILE,
+                 GL_COMPILE_AND_EXECUTE, GL_DEPTH_TEST, GL_DITHER, GL_LIGHTING, GL_LIGHT0, GL_POSITION,
+                 GL_LIGHT_MODEL_AMBIENT, GL_SMOOTH, GL_CCW, GL_LESS, GL_FRONT, GL_BACK, GL_FRONT_AND_BACK,
+                 GL_AMBIENT_AND_DIFFUSE, GL_SPECULAR, GL_SHININESS, GL_PACK_ALIGNMENT, GL_RGB,
+                 GL_UNSIGNED_BYTE);
 
 std::string NameOf(unsigned value) {
   std::istringstream names(kNames);
@@ -89,12 +90,7 @@ void Recorder::Take(Place place, const std::string& name, const std::vector<Argu
 }
 
 void Recorder::Begin(unsigned mode) {
-  // Primitives have small numbers that mean other things elsewhere, hence this separate table.
-  static const std::map<unsigned, std::string> kPrimitives = {{GL_LINES, "GL_LINES"},
-                                                              {GL_LINE_STRIP, "GL_LINE_STRIP"},
-                                                              {GL_TRIANGLE_FAN, "GL_TRIANGLE_FAN"},
-                                                              {GL_QUADS, "GL_QUADS"}};
-  Take(Place::Outside, "glBegin", {{double(mode), kPrimitives.at(mode)}});
+  Take(Place::Outside, "glBegin", {{double(mode), NameOf(mode)}});
   open_.Primitive = true;
 }
 
@@ -139,14 +135,8 @@ std::vector<Call> Recorder::List(unsigned name) const {
   return found == lists_.end() ? std::vector<Call>() : found->second;
 }
 
-void Recorder::MatrixMode(unsigned mode) {
-  matrixMode_ = NameOf(mode);
-  Take(Place::Outside, "glMatrixMode", {{double(mode), matrixMode_}});
-}
-
-void Recorder::Nest(int step, std::string stack, const std::vector<Argument>& arguments) {
+void Recorder::Nest(int step, const std::string& stack, const std::vector<Argument>& arguments) {
   Take(Place::Outside, (step > 0 ? "glPush" : "glPop") + stack, arguments);
-  if (stack == "Matrix") stack += " in " + matrixMode_;
   if ((open_.Depths[stack] += step) < 0) Error("glPop of an empty stack: " + stack);
 }
 
@@ -154,7 +144,6 @@ void Recorder::NewContext() {
   DropContext();
   hasContext_ = true;
   nextName_ = 1;
-  matrixMode_ = NameOf(GL_MODELVIEW);
 }
 
 void Recorder::DropContext() {

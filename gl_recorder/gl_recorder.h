@@ -62,8 +62,7 @@ class Recorder {
   void NewList(unsigned name, unsigned mode);
   void EndList();
   void CallList(unsigned name);
-  void MatrixMode(unsigned mode);
-  void Nest(int step, std::string stack, const std::vector<Argument>& arguments);
+  void Nest(int step, const std::string& stack, const std::vector<Argument>& arguments);
   bool HasContext() const { return hasContext_; }
 
  private:
@@ -73,7 +72,6 @@ class Recorder {
   std::vector<std::string> errors_;
   std::map<unsigned, std::vector<Call>> lists_;
   unsigned nextName_ = 1;
-  std::string matrixMode_ = "GL_MODELVIEW";
   bool hasContext_ = true;
   struct {
     unsigned Name = 0, Mode = 0;  ///< name and mode of the list being compiled

@@ -122,9 +122,10 @@ TEST(Check, ReportsEachBadLineOnceWithItsPlace) {
   }
 }
 
-TEST(Check, ReportsDiesWithoutASize) {
+TEST(Check, ReportsWhatTheHeaderHides) {
   const std::string wireBond = "TECHNOLOGY WIRE_BOND\n";
-  const std::string pad = "SD_CBP A 2 1 0 .2 .2 0 R ";
+  const std::string stackedPad = "SD_CBP A 2 1 0 .2 .2 0 R ";
+  const std::string pad = "COMPZ 1\nCBP V 2 1 0 .2 .2 0 R ROUND\n";
   const struct {
     std::string text;
     Texts findings;
@@ -138,11 +139,23 @@ TEST(Check, ReportsDiesWithoutASize) {
       {wireBond + "SD_COMPL 3\nCOMPZ 1\n", {"2 draws-nothing"}},
       // Writers that support stacked dies may always write all of it.
       {wireBond + "SD_COMPL 0\nSD_COMPW 0\nSD_COMPZ 0\nCOMPZ 1\n", {}},
-      {wireBond + "COMPZ 1\n" + pad + "ROUND\n" + pad + "RECTANGLE\n", {"4 duplicate", "4 draws-nothing"}},
-      {wireBond + "COMPZ 1\n" + pad + "ROUND\n", {"3 draws-nothing"}},
+      {wireBond + "COMPZ 1\n" + stackedPad + "ROUND\n" + stackedPad + "RECTANGLE\n",
+       {"4 duplicate", "4 draws-nothing"}},
+      {wireBond + "COMPZ 1\n" + stackedPad + "ROUND\n", {"3 draws-nothing"}},
+      // A missing technology is reported where it hides something, a wrong one always.
+      {pad, {}},
+      {pad + "SBP V 4 1 0 1 1 0 ROUND 0 1\n", {"0 draws-nothing"}},
+      {pad + "WB V 2 1 0 4 1 1 0\n", {"0 draws-nothing"}},
+      {pad + "STCH V 2 1 V 3 1 1 1\n", {"0 draws-nothing"}},
+      {pad + "RING X STRAIGHT -4 4 4 -4 1\n", {"0 draws-nothing"}},
+      {pad + "DAP D 0 0 1 0 1\n", {"0 draws-nothing"}},
+      {"TECHNOLOGY WIREBOND\n" + pad, {"1 draws-nothing"}},
+      {"\xEF\xBB\xBFTECHNOLOGY FLIP_CHIP\nCOMPZ 1\n", {"1 unknown-keyword"}},
   };
   for (const auto& [text, findings] : cases)
     EXPECT_EQ(Remarks(Check(text), Severity::Finding), findings) << text;
+  EXPECT_EQ(Check("\xEF\xBB\xBFTECHNOLOGY FLIP_CHIP\nCOMPZ 1\n").List.at(0).What,
+            "a byte order mark hides 'TECHNOLOGY', the line is ignored");
 }
 
 constexpr char kHeader[] = "TECHNOLOGY WIRE_BOND\nCOMPL 8\nCOMPW 6\nCOMPZ 1\n";
@@ -170,30 +183,6 @@ TEST(Check, FlipChipsHaveNoWiresToMiss) {
   // Bumps of one net share its name; bumps lie anywhere.
   const std::string bumps = "COMPZ 1\nCBP V 2 1 0 .2 .2 0 C ROUND\nCBP V 2 2 0 .2 .2 0 C ROUND\n";
   EXPECT_EQ(Check("TECHNOLOGY FLIP_CHIP\n" + bumps, "Q POWER\n").List.size(), 0U);
-  EXPECT_EQ(Remarks(Check("TECHNOLOGY WIREBOND\n" + bumps), Severity::Finding), Texts{"1 draws-nothing"});
-}
-
-TEST(Check, ReportsAMissingTechnologyWhereItHidesSomething) {
-  const std::string pad = "COMPZ 1\nCBP V 2 1 0 .2 .2 0 R ROUND\n";
-  EXPECT_EQ(Remarks(Check(pad), Severity::Finding), Texts{});
-  for (const char* line : {"SBP V 4 1 0 1 1 0 ROUND 0 1\n", "WB V 2 1 0 4 1 1 0\n", "STCH V 2 1 V 3 1 1 1\n",
-                           "RING X STRAIGHT -4 4 4 -4 1\n", "DAP D 0 0 1 0 1\n"})
-    EXPECT_EQ(Remarks(Check(pad + line), Severity::Finding), Texts{"0 draws-nothing"}) << line;
-}
-
-TEST(Check, ReportsAByteOrderMark) {
-  const Diagnostics report = Check("\xEF\xBB\xBFTECHNOLOGY FLIP_CHIP\nCOMPZ 1\n");
-  EXPECT_EQ(Remarks(report, Severity::Finding), Texts{"1 unknown-keyword"});
-  EXPECT_EQ(report.List.at(0).What, "a byte order mark hides 'TECHNOLOGY', the line is ignored");
-}
-
-TEST(Check, ReportsFaultsOfTheSettingsThatALoadSets) {
-  // After a load every extension is the die's height; a height of -1 thus means the base die's edge.
-  const std::string body =
-      "SD_CBP S 1 1 0 .2 .2 0 R ROUND\nSBP S 1 4 0 1 1 0 ROUND 0 1\nWB S 1 1 0 1 4 1 0\n";
-  const std::string header = "TECHNOLOGY WIRE_BOND\nSD_COMPW 3\nCOMPL 8\nCOMPW 6\nCOMPZ ";
-  EXPECT_EQ(Remarks(Check(header + "1\n" + body), Severity::Error), Texts{});
-  EXPECT_EQ(Remarks(Check(header + "-1\n" + body), Severity::Error), Texts{"8 wire-fault"});
 }
 
 TEST(Check, FindsTablesBeyondTheirLimit) {
@@ -215,26 +204,27 @@ std::string WireOfTier(const std::string& name, const std::string& tier) {
   return Wire(name, "SBP " + name + " 4 1 0 1 1 0 ROUND 0 " + tier + "\n");
 }
 
-TEST(Check, FindsTiersThatEndTheViewerInTheWireList) {
+TEST(Check, FindsWhatEndsTheViewer) {
+  const std::string header = kHeader, stacked = "TECHNOLOGY WIRE_BOND\nSD_COMPW 3\nCOMPL 8\nCOMPW 6\nCOMPZ ";
+  const std::string toEdge =
+      "\nSD_CBP S 1 1 0 .2 .2 0 R ROUND\nSBP S 1 4 0 1 1 0 ROUND 0 1\nWB S 1 1 0 1 4 1 0\n";
   const std::pair<std::string, Texts> cases[] = {
-      {WireOfTier("A", "0") + WireOfTier("B", "3") + WireOfTier("C", ""), {}},
-      {WireOfTier("A", "12") + WireOfTier("B", "1") + WireOfTier("C", "12") + WireOfTier("D", "-1"),
+      {header + WireOfTier("A", "0") + WireOfTier("B", "3") + WireOfTier("C", ""), {}},
+      {header + WireOfTier("A", "12") + WireOfTier("B", "1") + WireOfTier("C", "12") + WireOfTier("D", "-1"),
        {"6 tier-fault", "15 tier-fault"}},
       // Where tiers count from 0, 9 is shown as 10.
-      {WireOfTier("A", "0") + WireOfTier("B", "9"), {"9 tier-fault"}},
+      {header + WireOfTier("A", "0") + WireOfTier("B", "9"), {"9 tier-fault"}},
       // A wire without a tier counts as the lowest, so the others are not renumbered from 1.
-      {Wire("A", "") + WireOfTier("B", "0") + WireOfTier("C", "0"), {"8 tier-fault"}},
+      {header + Wire("A", "") + WireOfTier("B", "0") + WireOfTier("C", "0"), {"8 tier-fault"}},
+      // After a load every extension is the die's height; a height of -1 thus means the base die's edge.
+      {stacked + "1" + toEdge, {}},
+      {stacked + "-1" + toEdge, {"8 wire-fault"}},
+      // The corners of the largest die that can be written leave the range of a single.
+      {"TECHNOLOGY WIRE_BOND\nSD_COMPW 3e38\nSD_XOFFSET 3e38\nCOMPZ 1\n", {"0 fault"}},
+      // In units of a die that is 431 wide, the greatest height is more than a single holds.
+      {"COMPW 431\nCOMPZ 3.4028235e38\n", {"2 fault"}},
   };
-  for (const auto& [body, errors] : cases)
-    EXPECT_EQ(Remarks(Check(kHeader + body), Severity::Error), errors) << body;
-}
-
-TEST(Check, FindsEveryOtherFaultOfTheDrawing) {
-  // The corners of the largest die that can be written leave the range of a single.
-  const Diagnostics report = Check("TECHNOLOGY WIRE_BOND\nSD_COMPW 3e38\nSD_XOFFSET 3e38\nCOMPZ 1\n");
-  EXPECT_EQ(Remarks(report, Severity::Error), Texts{"0 fault"});
-  // In units of a die that is 431 wide, the greatest height is more than a single holds.
-  EXPECT_EQ(Remarks(Check("COMPW 431\nCOMPZ 3.4028235e38\n"), Severity::Error), Texts{"2 fault"});
+  for (const auto& [text, errors] : cases) EXPECT_EQ(Remarks(Check(text), Severity::Error), errors) << text;
 }
 
 TEST(Check, FindsNoErrorInTheSamples) {

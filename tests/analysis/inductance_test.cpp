@@ -6,9 +6,6 @@
 #include <random>
 
 #include "analysis/coupling_matrix.h"
-#include "analysis/wire_costs.h"
-#include "model/reader/read_package.h"
-#include "tests/samples.h"
 
 namespace analysis {
 namespace {
@@ -80,19 +77,6 @@ TEST(InductanceTest, LoopsAgreeWithAFieldSolver) {
   }
 }
 
-TEST(InductanceTest, AWireInAHundredPiecesHasTheSameInductance) {
-  std::mt19937 random(1);
-  const Axis whole = Loop(kFirstLoop);
-  Axis cut = whole;
-  while (cut.size() < 101) {
-    const std::size_t k = std::uniform_int_distribution<std::size_t>(1, cut.size() - 1)(random);
-    cut.insert(cut.begin() + static_cast<std::ptrdiff_t>(k),
-               cut[k - 1] + std::uniform_real_distribution(0.05, 0.95)(random) * (cut[k] - cut[k - 1]));
-  }
-  const double expected = Of({whole}).Wires().front().Inductance;
-  EXPECT_NEAR(Of({cut}).Wires().front().Inductance, expected, 1e-7 * expected);
-}
-
 TEST(InductanceTest, CouplingIsTheMutualOverBothAndHasTheSignOfTheCurrents) {
   // Two wires of 2 mm side by side at 100 um: M 1.0923 nH.
   Axis against = Straight(2.0, 0.1);
@@ -137,21 +121,6 @@ TEST(CouplingMatrixTest, AllCouplingsTogetherAreAlwaysPositiveDefinite) {
       axes.push_back(axes.front());  // two wires in one place
       EXPECT_TRUE(IsPositiveDefinite(count + 1, Of(axes, plane).Couple(0.0).Kept)) << count;
     }
-}
-
-TEST(CouplingMatrixTest, AllCouplingsOfEverySampleArePositiveDefinite) {
-  for (const char* name : kSamples) {
-    model::PackageScalars before;
-    before.PackagePath = SamplePath(name);
-    const model::Package package = model::reader::ReadPackage(before).value();
-    model::WireBondSettings settings;
-    model::SetUnsetDefaults(settings, package);
-    const model::WireSelection all;
-    const std::vector<WireLoop> loops = WireLoopsOf({package, settings, all});
-    const LengthUnit unit = LikelyUnitOf(package).value_or(*UnitNamed("mm"));
-    const Inductances wires(ConductorsOf(loops, settings, unit, *ResistivityOf("Au")));
-    EXPECT_TRUE(IsPositiveDefinite(loops.size(), wires.Couple(0.0).Kept)) << name;
-  }
 }
 
 TEST(CouplingMatrixTest, WithoutSmallCouplingsTheRestMayNotBePositiveDefinite) {

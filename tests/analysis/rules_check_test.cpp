@@ -7,17 +7,14 @@
 #include <vector>
 
 #include "analysis/rule_diagnostics.h"
-#include "tests/analysis/measured_package.h"
 #include "tests/temporary_folder.h"
+#include "yax/options/opened_package.h"
 
 namespace analysis {
 namespace {
 
-std::vector<RuleRemark> Check(const std::string& rules, const Measured& measured, const NetRule& nets = {},
-                              double millimetres = 1.0) {
-  return CheckRules(ReadRules("rules", rules),
-                    {measured.Package, measured.Lines, measured.Loops, nets, millimetres, kDiameter})
-      .Remarks;
+RulesReport Check(const RuleSet& rules, const yax::OpenedPackage& opened) {
+  return CheckRules(rules, {opened.Package, opened.Lines, opened.Loops(), {}, 1.0, 0.0254});
 }
 
 /// "line value" of each remark, "line other-line value" of a pair; values in thousandths.
@@ -45,7 +42,8 @@ const std::string kPackage =
 TEST(Rules, ReportValuesBeyondTheirLimitWithTheLinesOfTheRecords) {
   const TemporaryFolder folder;
   PutFile(folder / "board.yax.vu", "A POWER\nB GROUND\nC signal\n");
-  const Measured measured(PutFile(folder / "board.yax", kPackage));
+  const yax::OpenedPackage measured(
+      {.File = PutFile(folder / "board.yax", kPackage), .Loops = {.DieHeight = true}});
   const std::pair<const char*, Found> rows[] = {
       // sqrt(2.95^2 + 1.25^2) = 3.2039.
       {"max-length 3 mm plan", {"13 3204"}},
@@ -53,6 +51,10 @@ TEST(Rules, ReportValuesBeyondTheirLimitWithTheLinesOfTheRecords) {
       {"max-length 3000 um plan net POWER", {}},
       {"max-length 118 mil plan tier 1", {"11 3000"}},
       {"max-length 6.1 die-height plan", {"13 3204"}},
+      // Its loop is 0.2 + 2 * sqrt(0.025^2 + 0.1^2) + sqrt(0.02) + 0.35 long up to x = 0.5 along it, at
+      // height
+      // 1, and sqrt(2.7039^2 + 1) from there. In A and B, 2.5 in place of 2.7039 makes 3.590.
+      {"max-length 3.6 mm", {"13 3780"}},
       // atan(1.25 / 2.95) = 22.964 degrees.
       {"max-angle 22 deg", {"13 22964"}},
       // C runs through y = 0.25 and 0.5 between the pads and the leads.
@@ -76,12 +78,14 @@ TEST(Rules, ReportValuesBeyondTheirLimitWithTheLinesOfTheRecords) {
       {"max-wires 1", {"9 2000"}},
       {"max-wires 1 net SIGNAL", {}},
       {"max-wires 2", {}}};
-  for (const auto& [rule, found] : rows) EXPECT_EQ(Texts(Check(rule, measured)), found) << rule;
+  for (const auto& [rule, found] : rows)
+    EXPECT_EQ(Texts(Check(ReadRules("rules", rule), measured).Remarks), found) << rule;
 }
 
 TEST(Rules, ReportValueAndLimit) {
   const TemporaryFolder folder;
-  const Measured measured(PutFile(folder / "board.yax", kPackage));
+  const yax::OpenedPackage measured(
+      {.File = PutFile(folder / "board.yax", kPackage), .Loops = {.DieHeight = true}});
   const std::pair<const char*, const char*> rows[] = {
       {"max-length 3.1 mm plan error",
        "13: max-length: wire 'C' is 3.203904 mm long in plan, over the limit of 3.1 mm"},
@@ -97,29 +101,19 @@ TEST(Rules, ReportValueAndLimit) {
        "6: pad-pitch: die pad 'B' has its centre 0.25 mm from that of die pad 'A' of line 5, under "
        "the limit of 0.3 mm"},
       {"max-wires 1", "9: max-wires: substrate pad of 'B' takes 2 wires, over the limit of 1 wire"},
-      {"pad-size 0.05 mm tier 7", "1: the package has nothing for pad-size 0.05 mm tier 7"}};
+      {"pad-size 0.05 mm tier 7", "1: the package has nothing for pad-size 0.05 mm tier 7"},
+      {"max-length 1 mm tier 7", "1: the package has nothing for max-length 1 mm tier 7"},
+      {"max-wires 9 net POWER", "1: the package has nothing for max-wires 9 net POWER"},
+      {"wire-gap 0 mm tier 8", "1: the package has nothing for wire-gap 0 mm tier 8"}};
   for (const auto& [rule, message] : rows) {
     const RuleSet set = ReadRules("rules", rule);
-    const NetRule none;
-    const RulesReport report =
-        CheckRules(set, {measured.Package, measured.Lines, measured.Loops, none, 1.0, kDiameter});
+    const RulesReport report = Check(set, measured);
     Diagnostics found{.File = "board.yax"};
     AddRuleDiagnostics(set, report, measured.Package, "rules", "mm", found);
     ASSERT_EQ(found.List.size(), 1U) << rule;
     EXPECT_EQ(std::to_string(found.List[0].Place.Line) + ": " + found.List[0].What, message);
     EXPECT_EQ(found.List[0].Place.File, report.Remarks.empty() ? "rules" : "board.yax");
   }
-}
-
-TEST(Rules, WithNothingToMeasureAreReported) {
-  const TemporaryFolder folder;
-  const Measured measured(PutFile(folder / "board.yax", kPackage));
-  const RuleSet set =
-      ReadRules("rules", "max-length 1 mm tier 7\nno-crossing\nmax-wires 9 net POWER\nwire-gap 0 mm tier 8");
-  const NetRule none;
-  const RulesReport report =
-      CheckRules(set, {measured.Package, measured.Lines, measured.Loops, none, 1.0, kDiameter});
-  EXPECT_EQ(report.Unmeasured, (std::vector<std::size_t>{0, 2, 3}));
 }
 
 }  // namespace

@@ -7,46 +7,26 @@
 #include "analysis/lengths.h"
 #include "formats/length_table.h"
 #include "tests/model/package_text.h"
-#include "tests/yax/refusal.h"
 #include "yax/options/opened_package.h"
 
 namespace yax {
 namespace {
 
-struct Wires {
-  std::vector<analysis::WireRow> rows;
-  std::vector<analysis::WireGroup> groups;
-  std::vector<std::size_t> lines;
-};
-
 /// Loops 10 high that reach out 10; those of the stacked die and the stitches are 20 high, straight up.
-LoopValues Loops() {
-  LoopValues loops;
-  loops.BaseLoopHeight = loops.BaseExtension = 10.0F;
-  loops.StackLoopHeight = 20.0F;
-  loops.StackExtension = loops.StitchExtension = 0.0F;
-  return loops;
+OpenedPackage Opened(const std::string& text, const std::string& netTypes = {},
+                     const std::vector<TierLoop>& tiers = {}) {
+  const TemporaryFolder folder;
+  PutFile(folder / "board.yax.vu", netTypes);
+  LoopOptions loops;
+  loops.Values.BaseLoopHeight = loops.Values.BaseExtension = 10.0F;
+  loops.Values.StackLoopHeight = 20.0F;
+  loops.Values.StackExtension = loops.Values.StitchExtension = 0.0F;
+  loops.Tiers = tiers;
+  return OpenedPackage({.File = PutFile(folder / "board.yax", text), .Loops = loops});
 }
 
-Wires WiresOf(const std::string& text, const std::string& netTypes = {},
-              const model::WireSelection& selection = {}, const std::vector<TierLoop>& tiers = {}) {
-  const TemporaryFolder folder;
-  const std::string path = folder / "board.yax";
-  PutFile(path, text);
-  PutFile(path + ".vu", netTypes);
-  LoopOptions loops;
-  loops.Values = Loops();
-  loops.Tiers = tiers;
-  OpenedPackage opened({.File = path, .Loops = loops});
-  opened.Selection = selection;
-  try {
-    Wires wires{analysis::MeasureLengths(opened.Package, analysis::WireLoopsOf(opened.Wires())), {}, {}};
-    for (const analysis::WireRow& row : wires.rows) wires.lines.push_back(opened.Lines.Of(row.Place));
-    wires.groups = analysis::GroupsOf(wires.rows);
-    return wires;
-  } catch (const model::Fault& fault) {
-    throw opened.NotDrawn(fault);
-  }
+std::vector<analysis::WireRow> RowsOf(const OpenedPackage& opened) {
+  return analysis::MeasureLengths(opened.Package, opened.Loops());
 }
 
 // 80 long, so lengths are divided by 10 in the package. Results are in the file's units.
@@ -57,7 +37,8 @@ constexpr char kThreeWires[] =
     "STCH S 0 10 A 25 10 7 5\n";
 
 TEST(WireRows, AreMeasuredInTheFilesUnits) {
-  const Wires wires = WiresOf(kThreeWires, "A SIGNAL\nS POWER\n");
+  const OpenedPackage opened = Opened(kThreeWires, "A SIGNAL\nS POWER\n");
+  const std::vector<analysis::WireRow> found = RowsOf(opened);
   const char* const rows[] = {
       // dx 30, dy 40: 50 in plan, and 53.13 degrees off the x axis. Up 4; then (0.5, 2), (0.5, 2), (2, 2),
       // level 7, and down from 40 away and 15 up: 4 + 2 * sqrt(4.25) + sqrt(8) + 7 + sqrt(40^2 + 15^2) = 4 +
@@ -69,15 +50,15 @@ TEST(WireRows, AreMeasuredInTheFilesUnits) {
       // A stitch starts at its first pad: 25 along x from there, at right angles to its edge's normal; up 20
       // and over to (25, -22), 33.30165 away.
       "'S' 'A' '2' 'POWER' 25 53.30165 90 7 27 5 13"};
-  ASSERT_EQ(wires.rows.size(), std::size(rows));
+  ASSERT_EQ(found.size(), std::size(rows));
   for (std::size_t i = 0; i < std::size(rows); ++i) {
-    const analysis::WireRow& row = wires.rows[i];
-    EXPECT_EQ(model::Fields(row.Name, row.OtherName, row.Tier, row.NetType, row.PlanLength, row.Length,
-                            row.Angle, row.StartHeight, row.TopHeight, row.EndHeight, wires.lines[i]),
-              rows[i]);
+    const analysis::WireRow& row = found[i];
+    EXPECT_EQ(
+        model::Fields(row.Name, row.OtherName, row.Tier, row.NetType, row.PlanLength, row.Length, row.Angle,
+                      row.StartHeight, row.TopHeight, row.EndHeight, opened.Lines.Of(row.Place)),
+        rows[i]);
   }
-  ASSERT_EQ(wires.groups.size(), 2U);
-  const analysis::WireGroup& power = wires.groups[1];
+  const analysis::WireGroup power = analysis::GroupsOf(found).at(1);
   EXPECT_EQ(model::Fields(power.Tier, power.NetType, power.Wires, power.Shortest, power.Longest,
                           power.LargestAngle),
             "'2' 'POWER' 2 53.30165 53.6006 90");
@@ -86,19 +67,20 @@ TEST(WireRows, AreMeasuredInTheFilesUnits) {
 }
 
 TEST(WireRows, AreForTheDrawnWires) {
-  EXPECT_EQ(WiresOf(kThreeWires, {}, {true, {"S:A"}}).rows.at(0).OtherName, "A");
-  EXPECT_EQ(WiresOf(std::string(kThreeWires).substr(21)).rows.size(), 0U) << "without TECHNOLOGY";
-  EXPECT_EQ(WiresOf(std::string(kThreeWires) + "WB A 0 0 0 5 5 0 0\n").rows.size(), 2U);
-  const std::string refusal = Refusal([] { WiresOf(std::string(kThreeWires) + "WB A 5 5 0 5 5 0 0\n"); });
-  EXPECT_NE(refusal.find("board.yax:14: Run-time error: Division by zero (wire A"), std::string::npos)
-      << refusal;
+  OpenedPackage opened = Opened(kThreeWires);
+  opened.Selection = {true, {"S:A"}};
+  EXPECT_EQ(RowsOf(opened).at(0).OtherName, "A");
+  EXPECT_EQ(RowsOf(Opened(std::string(kThreeWires).substr(21))).size(), 0U) << "without TECHNOLOGY";
+  EXPECT_EQ(RowsOf(Opened(std::string(kThreeWires) + "WB A 0 0 0 5 5 0 0\n")).size(), 2U);
 }
 
 TEST(WireRows, GiveATierItsOwnLoops) {
   // Tier 2 is that of S; A keeps the settings.
-  const Wires wires = WiresOf(kThreeWires, {}, {}, {{{"2", {3.0F, {}}}, {"2", {{}, 1.0F}}}});
-  EXPECT_DOUBLE_EQ(wires.rows[0].TopHeight, 15.0);
-  EXPECT_DOUBLE_EQ(wires.rows[1].TopHeight, 10.0) << "3 above the pad, which is at 7";
+  const std::vector<analysis::WireRow> rows =
+      RowsOf(Opened(kThreeWires, {}, {{"2", {3.0F, {}}}, {"2", {{}, 1.0F}}}));
+  EXPECT_DOUBLE_EQ(rows[0].TopHeight, 15.0);
+  EXPECT_DOUBLE_EQ(rows[1].TopHeight, 10.0) << "3 above the pad, which is at 7";
+  EXPECT_DOUBLE_EQ(rows[2].TopHeight, 10.0) << "the stitch as well";
 }
 
 TEST(DieEdges, NearestEdgeIsThatOfTheTurnedDie) {
@@ -125,15 +107,9 @@ TEST(DieEdges, NearestEdgeIsThatOfTheTurnedDie) {
   }
 }
 
-TEST(DieEdges, AnglesRunFromZeroToAHalfTurn) {
-  EXPECT_DOUBLE_EQ(analysis::AngleBetween({2, 0}, {5, 0}), 0.0);
-  EXPECT_DOUBLE_EQ(analysis::AngleBetween({1, 0}, {0, -3}), 90.0);
-  EXPECT_DOUBLE_EQ(analysis::AngleBetween({1, 0}, {-1, 1}), 135.0);
-  EXPECT_DOUBLE_EQ(analysis::AngleBetween({1, 0}, {-1, 0}), 180.0);
-}
-
 TEST(WireTable, QuotesWhatNeedsIt) {
   EXPECT_EQ(formats::CsvField("mprj_io[32]"), "mprj_io[32]");
+  EXPECT_EQ(formats::CsvField("a\rb"), "\"a\rb\"");
   EXPECT_EQ(formats::CsvField("a,\"b\""), "\"a,\"\"b\"\"\"");
   const analysis::WireRow row{.Place = {model::RecordTable::Stitches, 0},
                               .Name = "A,1",

@@ -144,19 +144,20 @@ TEST_F(ChipImportTest, RefusesMissingPadsAndLeads) {
             "--bond: there is no lead '17'; give the number or name of one lead of the package");
   EXPECT_EQ(refused("Z=1"), "--bond: there is no pad 'Z'; give the name or number of one pad of the die");
   EXPECT_EQ(refused("A"), "--bond: 'A' has no '='; write PAD=LEAD, PAD=PADDLE or PAD=");
-  request.Bonds.Exceptions.clear();
-  Table("pad,lead\nA,1\nZ,1\n");
-  EXPECT_EQ(Refused(), "b.csv:3: there is no pad 'Z'; give the name or number of one pad of the die");
-  // One known column of two may be a pad called so.
-  Table("Pad Name,Wohin\nA,1\n");
-  EXPECT_EQ(Refused(),
-            "b.csv:1: there is no pad 'Pad Name'; give the name or number of one pad of the die, or, in a "
-            "header, the columns pad and lead");
-  Table("pad,lead\nA,99\n");
-  EXPECT_EQ(Refused(), "b.csv:2: there is no lead '99'; give the number or name of one lead of the package");
-  request.Bonds.Unused = {"5"};
-  Table("pad,lead\nA,4\nB,5\n");
-  EXPECT_EQ(Refused(), "b.csv:3: lead '5' is in --unused; remove it from the row or from --unused");
+  request.Bonds = {.Unused = {"5"}};
+  const std::pair<const char*, const char*> tables[] = {
+      {"pad,lead\nA,1\nZ,1\n", "3: there is no pad 'Z'; give the name or number of one pad of the die"},
+      // One known column of two may be a pad called so.
+      {"Pad Name,Wohin\nA,1\n",
+       "1: there is no pad 'Pad Name'; give the name or number of one pad of the die, or, in a header, the "
+       "columns "
+       "pad and lead"},
+      {"pad,lead\nA,99\n", "2: there is no lead '99'; give the number or name of one lead of the package"},
+      {"pad,lead\nA,4\nB,5\n", "3: lead '5' is in --unused; remove it from the row or from --unused"}};
+  for (const auto& [text, message] : tables) {
+    Table(text);
+    EXPECT_EQ(Refused(), std::string("b.csv:") + message);
+  }
   Table("pad,lead\nA,PADDLE\n");
   request.Package = "qfn:16,body=5x5,pitch=0.65,lead=0.4x0.3,paddle=2x2";
   EXPECT_EQ(Refused().substr(0, 64), "b.csv:2: pad 'A' cannot be bonded down: the paddle does not exte");
@@ -164,36 +165,6 @@ TEST_F(ChipImportTest, RefusesMissingPadsAndLeads) {
   EXPECT_EQ(Refused().substr(0, 29), "--unused: there is no lead '0");
   request.Bonds = {.Land = 0.5};
   EXPECT_EQ(Refused(), "--land: it is longer than lead '1'; give less");
-}
-
-TEST_F(ChipImportTest, MakesThePackage) {
-  request.Chip.File = Put("d.csv", "name,x,y,width,height,type\nV x,-900,0,70,60,ground\nT,0,700,70,60,\n");
-  request.Chip.TableUnit = request.Unit = 1e-3;
-  request.Chip.DieSize = glm::dvec2(2, 1.6);
-  request.Package = "qfn:4,body=5000x5000,lead=400x300";
-  request.UnitName = "um";
-  Wires();
-  const model::Package& package = made.Package;
-  // Micrometres: the longer side, 2000, comes to at most 10 at a scale of 1000.
-  EXPECT_EQ(package.UnitScale, 1000.0F);
-  const model::BondRec& left = package.Bonds[0];
-  const model::BondRec& top = package.Bonds[1];
-  EXPECT_EQ(left.Name + left.DieSide + top.DieSide + left.Tier, "V_xLT1");
-  EXPECT_FLOAT_EQ(left.DieSizeX, 0.07F);
-  EXPECT_FLOAT_EQ(left.WireStartZ, 0.25F);
-  // Lead 1 reaches from -2.5 to -2.1, lead 4 from 2.5 down to 2.1; wires land in the middle, at most 0.2 from
-  // the tip.
-  EXPECT_FLOAT_EQ(left.SubX, -2.3F);
-  EXPECT_FLOAT_EQ(left.WireEndX, -2.3F);
-  EXPECT_FLOAT_EQ(top.SubY, 2.3F);
-  // At angle 0 a pad lies along x on the left, along y at the top.
-  EXPECT_EQ(left.SubAngle, 0.0F);
-  EXPECT_EQ(top.SubAngle, 0.0F);
-  EXPECT_EQ(package.WireNames[0].NetType + package.WireNames[1].NetType, "GROUNDSIGNAL");
-  EXPECT_EQ(
-      made.Summary,
-      "2 pads, 4 leads, 2 wires; leads free: 2, 3; 0 crossings; longest 1600 um (T), widest angle 0.0 deg");
-  EXPECT_EQ(made.Findings.size(), 1U) << "a name with a blank";
 }
 
 TEST_F(ChipImportTest, NotesUnknownColumnsAndTablesWithoutBonds) {

@@ -6,6 +6,7 @@
 #include "import/source_file.h"
 #include "model/numbers.h"
 #include "tests/import/import_fixture.h"
+#include "tests/pattern.h"
 
 namespace importer {
 namespace {
@@ -134,7 +135,7 @@ TEST_F(DieReaderTest, TakesPadsOfCellsAndPinsOnThem) {
       "- B + PORT + LAYER m5 ( 0 0 ) ( 60000 60000 ) + FIXED ( 915000 10000 ) N ;\n"
       "- C + PORT + LAYER m2 ( 0 0 ) ( 1000 1000 ) + FIXED ( 160000 50000 ) N ;\nEND PINS\n";
   EXPECT_EQ(Pads(kHead + cells + pins + "END DESIGN\n", request), "A -360 -358 60 76; B 440 -358 60 76");
-  request.Rule.Names = std::regex("^io2$");
+  request.Rule.Names = Pattern("^io2$");
   EXPECT_EQ(Pads(kHead + cells + "END DESIGN\n", request), "io2 440 -358 60 76");
   EXPECT_EQ(Refused("a.def", kHead + cells + "END DESIGN\n"),
             "a.def: no pads found among 0 pins with 0 shapes and 5 cells (0 of them in a --lef); give the "
@@ -225,17 +226,12 @@ TEST_F(DieReaderTest, NamesTheFaultAndItsLine) {
 }
 
 TEST(SourceFile, UnpacksMembersAndRefusesDamage) {
-  std::string packed(200, '\0');
-  std::string text = "some text, some text, some text";
-  z_stream stream{};
-  ASSERT_EQ(deflateInit2(&stream, 9, Z_DEFLATED, MAX_WBITS + 16, 8, Z_DEFAULT_STRATEGY), Z_OK);
-  stream.next_in = reinterpret_cast<Bytef*>(text.data());
-  stream.avail_in = static_cast<uInt>(text.size());
-  stream.next_out = reinterpret_cast<Bytef*>(packed.data());
-  stream.avail_out = static_cast<uInt>(packed.size());
-  ASSERT_EQ(deflate(&stream, Z_FINISH), Z_STREAM_END);
-  packed.resize(stream.total_out);
-  deflateEnd(&stream);
+  const TemporaryFolder folder;
+  const std::string text = "some text, some text, some text";
+  const gzFile file = gzopen((folder / "a.gz").c_str(), "wb9");
+  gzputs(file, text.c_str());
+  gzclose(file);
+  std::string packed = GetFile(folder / "a.gz");
   EXPECT_EQ(Unzipped(packed, "a"), text);
   EXPECT_EQ(Unzipped(packed + packed, "a"), text + text);
   EXPECT_NE(RefusalOf([&] { Unzipped(packed.substr(0, packed.size() - 1), "a"); }), "");

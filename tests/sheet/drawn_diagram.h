@@ -9,21 +9,15 @@
 
 #include "sheet/bonding_diagram.h"
 #include "sheet/measured_data.h"
+#include "tests/refusal.h"
 #include "tests/temporary_folder.h"
 #include "yax/options/opened_package.h"
 
 namespace sheet {
 
-inline const std::vector<Paper>& Papers() { return NamedPapers(); }
 inline Paper PaperNamed(const std::string& name) {
-  return *std::find_if(Papers().begin(), Papers().end(),
+  return *std::find_if(NamedPapers().begin(), NamedPapers().end(),
                        [&](const Paper& paper) { return paper.Name == name; });
-}
-
-inline yax::LoopOptions AtDieHeight() {
-  yax::LoopOptions options;
-  options.DieHeight = true;
-  return options;
 }
 
 /// A package and its diagram.
@@ -34,7 +28,7 @@ struct Drawn {
   std::vector<std::string> Notes = {}, Findings = {};
   double Millimetres = 1.0;
 
-  explicit Drawn(const std::string& path) : Opened({.File = path, .Loops = AtDieHeight()}) {
+  explicit Drawn(const std::string& path) : Opened({.File = path, .Loops = {.DieHeight = true}}) {
     Wires = DiagramWiresOf(Opened.Package, Opened.Loops(), Opened.Lines);
   }
 
@@ -54,6 +48,11 @@ struct Drawn {
                            .Scale = scale,
                            .Into = split,
                            .Table = table});
+  }
+
+  /// The reason why it does not fit; empty when it does.
+  std::string RefusalOn(const Paper& paper, double scale, bool table = false) {
+    return Refusal([&] { On(paper, scale, Split::None, table); });
   }
 };
 

@@ -2,9 +2,7 @@
 #include <tiny_gltf.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <cstring>
 #include <map>
 #include <optional>
 #include <set>
@@ -13,14 +11,16 @@
 #include <utility>
 #include <vector>
 
+#include "analysis/nets.h"
+#include "formats/json.h"
 #include "render/mesh_pen.h"
 #include "render/scene.h"
 #include "render/tube.h"
 #include "tests/model/package_text.h"
+#include "tests/pattern.h"
 #include "tests/samples.h"
 #include "yax/meshes/mesh_files.h"
 #include "yax/options/loops.h"
-#include "yax/options/nets_options.h"
 #include "yax/options/opened_package.h"
 
 namespace yax {
@@ -86,37 +86,25 @@ TEST(Tube, IsClosedAndLooksOutwards) {
   EXPECT_TRUE(none.Points.empty());
 }
 
-/// A package as meshes, with wires of 2 units that run straight.
+/// A package as meshes, with wires of 2 units that run straight. Names that begin with V_ are a net.
 struct Exported {
-  explicit Exported(const std::string& text, const std::string& netPattern = {})
-      : Exported(model::PackageOf(text), netPattern) {}
-
-  explicit Exported(model::Package package, const std::string& netPattern = {}) {
+  explicit Exported(const model::Package& package) {
     LoopOptions loops;
     loops.Values.BaseLoopHeight = loops.Values.BaseExtension = 0.0F;
-    analysis::NetRule nets;
-    if (!netPattern.empty()) nets.Pattern = std::regex(netPattern);
-    scale = double(package.UnitScale);
+    const analysis::NetRule nets{Pattern("^(V)_")};
+    Scene.FileUnits = double(package.UnitScale);
+    Scene.Metres = Scene.FileUnits * 25.4e-6;
     const model::WireBondSettings settings = SettingsOf(loops, package);
     const render::Appearance appearance;
     const model::WireSelection selection;
-    render::MeshPen pen(package, 1.0 / scale,
+    render::MeshPen pen(package, 1.0 / Scene.FileUnits,
                         [&](const std::string& name) { return analysis::NetOf(nets, name); });
     render::Scene({package, settings, appearance, selection}, pen).DrawPackage();
-    groups = pen.Groups();
+    Groups = pen.Groups();
   }
 
-  MeshScene Scene() const { return {"board.yax", groups, scale, scale * 25.4e-6, "mil"}; }
-
-  const Mesh& Only(const std::string& name) const {
-    const auto group = std::find_if(groups.begin(), groups.end(),
-                                    [&](const render::MeshGroup& one) { return one.Name == name; });
-    return group == groups.end() || group->Meshes.size() != 1 ? none : group->Meshes.front().second;
-  }
-
-  double scale;
-  std::vector<render::MeshGroup> groups;
-  const Mesh none = {};
+  std::vector<render::MeshGroup> Groups;
+  MeshScene Scene{"board.yax", Groups, 1.0, 1.0, "mil"};
 };
 
 // 60 long, so everything is divided by 10 inside. Pads of no known shape are not drawn.
@@ -124,17 +112,38 @@ constexpr char kThreeWires[] =
     "TECHNOLOGY WIRE_BOND\nCOMPL 60\nCOMPW 40\nCOMPZ 5\n"
     "CBP V_1 1 1 0 1 1 0 R NONE\nWB V_1 10 0 0 50 0 10 10\n"
     "CBP V_2 1 1 0 1 1 0 R NONE\nWB V_2 10 9 0 50 9 10 10\n"
-    "CBP X\xff 1 1 0 1 1 0 R NONE\nWB X\xff -10 0 0 -50 30 10 2\n";
+    "CBP X\xff 1 1 0 1 1 0 R NONE\nWB X\xff -10 0 0 -50 30 10 2\nCBP P 5 7 5 4 4 0 R ROUND\n";
 
-TEST(Export, HasAClosedTubeForEachWire) {
-  const Exported exported(kThreeWires, "^(V)_");
-  const Mesh& tubes = exported.Only("V");
-  EXPECT_TRUE(IsClosed(tubes));
-  // Both 4 long in the scene, 0.1 thick on either side: 2 * 4 * 2 * sqrt(2) * 0.01.
-  EXPECT_NEAR(Volume(tubes), 0.2262742, 1e-5);
-  EXPECT_TRUE(IsClosed(exported.Only("X\xff")));
-  // 40 by 30 in plan and 8 down: sqrt(1600 + 900 + 64) = 50.636.
-  EXPECT_NEAR(Volume(exported.Only("X\xff")), 5.0635956 * 0.0282843, 1e-5);
+constexpr float model::SceneVector::*kAxes[] = {&model::SceneVector::X, &model::SceneVector::Y,
+                                                &model::SceneVector::Z};
+
+/// The lowest and the highest value of a coordinate.
+std::pair<double, double> Ends(const Mesh& mesh, float model::SceneVector::*axis) {
+  const auto [low, high] =
+      std::minmax_element(mesh.Points.begin(), mesh.Points.end(),
+                          [&](const auto& a, const auto& b) { return a.*axis < b.*axis; });
+  return {double((*low).*axis), double((*high).*axis)};
+}
+
+TEST(Export, IsAsLargeAsThePackage) {
+  const Exported exported(model::PackageOf(kThreeWires));
+  std::ostringstream text;
+  for (const render::MeshGroup& group : exported.Groups) {
+    Mesh all;
+    for (const auto& [paint, mesh] : group.Meshes)
+      all.Points.insert(all.Points.end(), mesh.Points.begin(), mesh.Points.end());
+    text << group.Name;
+    for (const auto axis : kAxes) {
+      const auto [low, high] = Ends(all, axis);
+      text << " " << std::round(low * 1e4) / 1e3 << " " << std::round(high * 1e4) / 1e3;
+    }
+    text << "\n";
+  }
+  // Up is y, and the package's y runs against z. A wire reaches 1 to either side: the slanting one 0.6 and
+  // 0.8 in plan, where it runs 40 by 30, and sqrt(1 - (8 / 50.636)^2) up and down.
+  EXPECT_EQ(text.str(),
+            "die -20 20 0 5 -30 30\nP 3 7 5.01 5.01 -9 -5\nV 10 50 9 11 -10 1\n"
+            "X\xff -50.6 -9.4 1.013 10.987 -30.8 0.8\n");
 }
 
 /// Reads a .glb file back.
@@ -149,100 +158,67 @@ tinygltf::Model Parsed(const std::string& bytes) {
   return model;
 }
 
-std::vector<std::string> ChildNames(const tinygltf::Model& model, const std::string& parent) {
-  std::vector<std::string> names;
-  for (const tinygltf::Node& node : model.nodes)
-    if (node.name == parent)
-      for (const int child : node.children) names.push_back(model.nodes.at(std::size_t(child)).name);
-  return names;
-}
-
-template <class Value>
-std::vector<Value> ValuesOf(const tinygltf::Model& model, const tinygltf::Accessor& accessor) {
+/// The accessor has the bytes of the table.
+template <class Table>
+bool Holds(const tinygltf::Model& model, const tinygltf::Accessor& accessor, const Table& table) {
   const tinygltf::BufferView& view = model.bufferViews.at(std::size_t(accessor.bufferView));
-  std::vector<Value> values(accessor.count);
-  std::memcpy(values.data(), model.buffers.at(0).data.data() + view.byteOffset + accessor.byteOffset,
-              values.size() * sizeof(Value));
-  return values;
+  const auto* const begin = reinterpret_cast<const unsigned char*>(table.data());
+  return std::equal(begin, begin + table.size() * sizeof table[0],
+                    model.buffers.at(0).data.begin() + std::ptrdiff_t(view.byteOffset + accessor.byteOffset));
 }
 
-struct Box {
-  double low[3] = {HUGE_VAL, HUGE_VAL, HUGE_VAL}, high[3] = {-HUGE_VAL, -HUGE_VAL, -HUGE_VAL};
-};
-
-/// The points of a node's mesh and of its children's, read through the file's accessors and checked against
-/// their bounds.
-void Enclose(const tinygltf::Model& model, const tinygltf::Node& node, Box& box) {
-  for (const int child : node.children) Enclose(model, model.nodes.at(std::size_t(child)), box);
-  if (node.mesh < 0) return;
-  for (const tinygltf::Primitive& primitive : model.meshes.at(std::size_t(node.mesh)).primitives) {
-    const tinygltf::Accessor& points = model.accessors.at(std::size_t(primitive.attributes.at("POSITION")));
-    Box own;
-    for (const auto& at : ValuesOf<std::array<float, 3>>(model, points)) {
-      for (std::size_t k = 0; k < 3; ++k) {
-        own.low[k] = std::min(own.low[k], double(at[k]));
-        own.high[k] = std::max(own.high[k], double(at[k]));
-      }
-    }
-    for (std::size_t k = 0; k < 3; ++k) {
-      EXPECT_EQ(points.minValues.at(k), own.low[k]);
-      EXPECT_EQ(points.maxValues.at(k), own.high[k]);
-      box.low[k] = std::min(box.low[k], own.low[k]);
-      box.high[k] = std::max(box.high[k], own.high[k]);
-    }
-  }
-}
-
-/// "low high" of x, y and z in mils.
-std::string BoundsOf(const tinygltf::Model& model, const std::string& name) {
-  Box box;
-  for (const tinygltf::Node& node : model.nodes)
-    if (node.name == name) Enclose(model, node, box);
-  const double mils = model.nodes.at(std::size_t(model.scenes.at(0).nodes.at(0))).scale.at(0) / 25.4e-6;
-  std::ostringstream text;
+void ExpectHolds(const tinygltf::Model& model, const tinygltf::Primitive& primitive,
+                 const model::Colour& paint, const Mesh& mesh) {
+  EXPECT_EQ(model.materials.at(std::size_t(primitive.material)).name, MaterialName(paint));
+  const tinygltf::Accessor& points = model.accessors.at(std::size_t(primitive.attributes.at("POSITION")));
+  const tinygltf::Accessor& corners = model.accessors.at(std::size_t(primitive.indices));
+  EXPECT_EQ(points.count, mesh.Points.size());
+  EXPECT_EQ(corners.count, 3 * mesh.Triangles.size());
+  EXPECT_TRUE(Holds(model, points, mesh.Points) && Holds(model, corners, mesh.Triangles));
   for (std::size_t k = 0; k < 3; ++k)
-    text << std::round(box.low[k] * mils * 1e3) / 1e3 << " " << std::round(box.high[k] * mils * 1e3) / 1e3
-         << " ";
-  return text.str();
+    EXPECT_EQ(std::pair(points.minValues.at(k), points.maxValues.at(k)), Ends(mesh, kAxes[k]));
 }
 
-TEST(Export, NamesANodeForEachNetAndIsAsLargeAsThePackage) {
-  const tinygltf::Model model = Parsed(GlbBytes(Exported(kThreeWires, "^(V)_").Scene()));
-  EXPECT_EQ(ChildNames(model, "board.yax"), (std::vector<std::string>{"body", "nets"}));
-  EXPECT_EQ(ChildNames(model, "body"), std::vector<std::string>{"die"});
-  EXPECT_EQ(ChildNames(model, "nets"), (std::vector<std::string>{"V", "X\xEF\xBF\xBD"}));
-  // Up is y, and the package's y runs against z.
-  EXPECT_EQ(BoundsOf(model, "die"), "-20 20 0 5 -30 30 ");
-  EXPECT_EQ(BoundsOf(model, "V"), "10 50 9 11 -10 1 ");
-  const tinygltf::Model bare = Parsed(GlbBytes(Exported("COMPL 60\nCOMPW 40\nCOMPZ 5\n").Scene()));
-  EXPECT_EQ(ChildNames(bare, "board.yax"), std::vector<std::string>{"body"});
-}
-
-TEST(Export, KeepsItsTrianglesAndColoursInTheFile) {
-  const Exported exported(kThreeWires);
-  const tinygltf::Model model = Parsed(GlbBytes(exported.Scene()));
-  std::size_t triangles = 0;
-  for (const tinygltf::Mesh& mesh : model.meshes) {
-    for (const tinygltf::Primitive& primitive : mesh.primitives) {
-      const tinygltf::Accessor& corners = model.accessors.at(std::size_t(primitive.indices));
-      const auto points = model.accessors.at(std::size_t(primitive.attributes.at("POSITION"))).count;
-      triangles += corners.count / 3;
-      for (const std::uint32_t corner : ValuesOf<std::uint32_t>(model, corners)) ASSERT_LT(corner, points);
+/// Each group is a node below "body" or "nets", with its meshes.
+tinygltf::Model ExpectReadsBack(const Exported& exported) {
+  const tinygltf::Model model = Parsed(GlbBytes(exported.Scene));
+  const auto node = [&](int number) -> const tinygltf::Node& { return model.nodes.at(std::size_t(number)); };
+  const tinygltf::Node& root = node(model.scenes.at(0).nodes.at(0));
+  EXPECT_EQ(root.name, "board.yax");
+  EXPECT_EQ(root.scale, std::vector<double>(3, exported.Scene.Metres));
+  std::size_t count = 0;
+  for (const int parent : root.children) {
+    auto child = node(parent).children.begin();
+    for (const render::MeshGroup& group : exported.Groups) {
+      if (group.IsNet != (node(parent).name == "nets")) continue;
+      EXPECT_EQ(node(*child).name, formats::Utf8Of(group.Name));
+      const auto& primitives = model.meshes.at(std::size_t(node(*child++).mesh)).primitives;
+      for (std::size_t k = 0; k < group.Meshes.size(); ++k)
+        ExpectHolds(model, primitives.at(k), group.Meshes[k].first, group.Meshes[k].second);
+      ++count;
     }
   }
-  // The die's six faces; a tube of one piece: 8 sides of two triangles, and two octagons of six.
-  EXPECT_EQ(triangles, 6U * 2 + 3 * (8 * 2 + 2 * 6));
-  const auto yellow = std::find_if(model.materials.begin(), model.materials.end(),
-                                   [](const auto& material) { return material.name == "rgb_255_255_0"; });
-  ASSERT_NE(yellow, model.materials.end());
-  EXPECT_EQ(yellow->pbrMetallicRoughness.baseColorFactor, (std::vector<double>{1, 1, 0, 1}));
-  EXPECT_EQ(yellow->extensions.count("KHR_materials_unlit"), 1U);
+  EXPECT_EQ(count, exported.Groups.size());
+  return model;
+}
+
+TEST(Export, ReadsBackWithItsColours) {
+  const tinygltf::Model model = ExpectReadsBack(Exported(model::PackageOf(kThreeWires)));
+  // The file's colours are linear: a half becomes ((0.5 + 0.055) / 1.055) ^ 2.4.
+  std::map<std::string, double> green;
+  for (const tinygltf::Material& material : model.materials) {
+    EXPECT_EQ(material.extensions.count("KHR_materials_unlit"), 1U);
+    green[material.name] = material.pbrMetallicRoughness.baseColorFactor.at(1);
+  }
+  EXPECT_EQ(green["rgb_255_255_0"], 1.0);
+  EXPECT_NEAR(green["rgb_0_128_128"], 0.21404, 1e-5);
+  ExpectReadsBack(Exported(model::PackageOf("COMPL 60\nCOMPW 40\nCOMPZ 5\n")));
 }
 
 TEST(Export, WritesTheSameAsText) {
-  const Exported exported(kThreeWires, "^(V)_");
-  std::istringstream obj(ObjText(exported.Scene(), "board.mtl"));
-  const std::string mtl = MtlText(exported.Scene());
+  const Exported exported(model::PackageOf(kThreeWires));
+  std::istringstream obj(ObjText(exported.Scene, "board.mtl"));
+  const std::string mtl = MtlText(exported.Scene);
   std::map<std::string, std::size_t> counts;
   std::vector<std::string> objects;
   std::set<std::string> materials;
@@ -260,11 +236,12 @@ TEST(Export, WritesTheSameAsText) {
     }
     for (std::size_t corner = 0; word == "f" && values >> corner;) lastCorner = std::max(lastCorner, corner);
   }
-  EXPECT_EQ(objects, (std::vector<std::string>{"die", "V", "X\xff"}));
-  // Four points a face; two octagons a wire. Triangles as in the other format.
-  EXPECT_EQ(counts["v"], 6U * 4 + 3 * 16);
+  EXPECT_EQ(objects, (std::vector<std::string>{"die", "P", "V", "X\xff"}));
+  // Four points a face; two octagons a wire, with 8 sides of two triangles and two ends of six between; a
+  // round pad, a face below a rim of 37 points whose last one repeats the first.
+  EXPECT_EQ(counts["v"], 7U * 4 + 3 * 16 + 37);
   EXPECT_EQ(lastCorner, counts["v"]);
-  EXPECT_EQ(counts["f"], 6U * 2 + 3 * 28);
+  EXPECT_EQ(counts["f"], 7U * 2 + 3 * 28 + 34);
   EXPECT_EQ(farthest, 50.0) << "in file units";
   EXPECT_EQ(lowest, 0.0);
   for (const std::string& material : materials)
@@ -274,16 +251,17 @@ TEST(Export, WritesTheSameAsText) {
 }
 
 TEST(Export, OfTheSamplesReadsBackWithTheirNets) {
-  for (const char* sample : kSamples) {
-    model::Package package = LoadPackage(SamplePath(sample));
-    std::set<std::string> names;
+  for (const char* sample : {"AAAc", "stacked-ram"}) {
+    const model::Package package = LoadPackage(SamplePath(sample));
+    const Exported exported(package);
+    ExpectReadsBack(exported);
+    std::set<std::string> names, groups;
     for (const auto* bonds : {&package.Bonds, &package.SDBonds})
       for (const model::BondRec& bond : *bonds) names.insert(bond.Name);
     for (const model::StitchRec& stitch : package.Stitches) names.insert(stitch.Name);
-    const std::vector<std::string> nodes =
-        ChildNames(Parsed(GlbBytes(Exported(std::move(package)).Scene())), "nets");
-    EXPECT_EQ(std::set<std::string>(nodes.begin(), nodes.end()), names) << sample;
-    EXPECT_EQ(nodes.size(), names.size()) << sample;
+    for (const render::MeshGroup& group : exported.Groups)
+      if (group.IsNet && !groups.insert(group.Name).second) ADD_FAILURE() << group.Name << " comes twice";
+    EXPECT_EQ(groups, names) << sample;
   }
 }
 

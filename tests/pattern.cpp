@@ -1,0 +1,3 @@
+#include "tests/pattern.h"
+
+std::regex Pattern(const std::string& text) { return std::regex(text); }
