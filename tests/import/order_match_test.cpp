@@ -101,6 +101,18 @@ TEST(OrderMatch, IsBestForEachNumberUpToEightPadsAndTenLeads) {
   }
 }
 
+TEST(OrderMatch, MeetsOppositeLeadsInAnyOrderOfTheLists) {
+  // A pad's own lead lies twice as far out. The sum of all products of a pad with a lead is largest when each
+  // pad has its own, and so the sum of the squares is smallest. 50 more leads are far away.
+  std::mt19937 random(3);
+  const Places pads = Ring(random, 150, 1.0);
+  Places leads = Ring(random, 50, 20.0);
+  for (const glm::dvec2& pad : pads) leads.push_back(2.0 * pad);
+  std::shuffle(leads.begin(), leads.end(), random);
+  const Partners partners = MatchInOrder(pads, leads);
+  for (std::size_t i = 0; i < pads.size(); ++i) EXPECT_EQ(leads[partners[i].value()], 2.0 * pads[i]);
+}
+
 TEST(OrderMatch, DecidesTiesTheSameWayEveryTime) {
   // One pad amid four equally near leads: the first one counter-clockwise from the left is below.
   const Places leads = {{1, 0}, {0, 1}, {-1, 0}, {0, -1}};

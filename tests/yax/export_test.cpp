@@ -12,10 +12,10 @@
 #include <vector>
 
 #include "analysis/nets.h"
-#include "formats/json.h"
 #include "render/mesh_pen.h"
 #include "render/scene.h"
 #include "render/tube.h"
+#include "sheet/drawing.h"
 #include "tests/model/package_text.h"
 #include "tests/pattern.h"
 #include "tests/samples.h"
@@ -191,7 +191,7 @@ tinygltf::Model ExpectReadsBack(const Exported& exported) {
     auto child = node(parent).children.begin();
     for (const render::MeshGroup& group : exported.Groups) {
       if (group.IsNet != (node(parent).name == "nets")) continue;
-      EXPECT_EQ(node(*child).name, formats::Utf8Of(group.Name));
+      EXPECT_EQ(node(*child).name, sheet::CleanText(group.Name));
       const auto& primitives = model.meshes.at(std::size_t(node(*child++).mesh)).primitives;
       for (std::size_t k = 0; k < group.Meshes.size(); ++k)
         ExpectHolds(model, primitives.at(k), group.Meshes[k].first, group.Meshes[k].second);

@@ -37,9 +37,11 @@ class ImportProgram : public YaxTest {
 TEST_F(ImportProgram, MakesTheSamplesFromTheirRecipes) {
   for (const std::string name : {"cob32", "stagger40"}) {
     const std::string sample = YAX_SAMPLES "/" + name;
-    Import("--recipe " + sample + ".recipe");
+    const std::string summary = Import("--recipe " + sample + ".recipe");
     EXPECT_EQ(GetFile(folder / "a.yax"), GetFile(sample + ".yax"));
     EXPECT_EQ(GetFile(folder / "a.yax.vu"), GetFile(sample + ".yax.vu"));
+    // The first is in micrometres, which need no decimals.
+    EXPECT_EQ(summary.find('.', summary.find("longest ")) < summary.find(" ("), name != "cob32") << summary;
     ExpectSound();
   }
 }
