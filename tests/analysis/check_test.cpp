@@ -126,10 +126,7 @@ TEST(Check, ReportsWhatTheHeaderHides) {
   const std::string wireBond = "TECHNOLOGY WIRE_BOND\n";
   const std::string stackedPad = "SD_CBP A 2 1 0 .2 .2 0 R ";
   const std::string pad = "COMPZ 1\nCBP V 2 1 0 .2 .2 0 R ROUND\n";
-  const struct {
-    std::string text;
-    Texts findings;
-  } cases[] = {
+  const std::pair<std::string, Texts> cases[] = {
       {wireBond + "COMPL 0\nCOMPW 6\nCOMPZ 1\n", {"2 draws-nothing"}},
       {wireBond + "COMPL 8\nCOMPW 0.0\nCOMPZ 0\n", {"3 draws-nothing", "4 zero-height"}},
       {wireBond + "COMPL long\nCOMPW\nCOMPZ high\n",

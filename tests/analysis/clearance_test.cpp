@@ -74,10 +74,7 @@ TEST(Clearance, OfThreeWiresIsTheirDistanceLessADiameter) {
 }
 
 TEST(Clearance, ReportsWhatTouchesAndWhatIsBelowTheLimit) {
-  const struct {
-    How how;
-    Rows rows;
-  } cases[] = {
+  const std::pair<How, Rows> cases[] = {
       {{.diameter = 5.0}, {"A B 0 touching", "B C 6180"}},
       {{.diameter = 6.0}, {"A B -1000 touching", "B C 5180"}},
       {{.limit = 4.0}, {"A B 4000", "B C 10180"}},

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "analysis/die_edges.h"
@@ -85,10 +86,7 @@ TEST(WireRows, GiveATierItsOwnLoops) {
 
 TEST(DieEdges, NearestEdgeIsThatOfTheTurnedDie) {
   const analysis::DieOutline die{{10.0, 0.0}, 8.0, 2.0, 0.0};
-  const struct {
-    analysis::DieOutline die;
-    glm::dvec2 point, normal;
-  } cases[] = {
+  const std::tuple<analysis::DieOutline, glm::dvec2, glm::dvec2> cases[] = {
       {die, {9.0, 0.9}, {0, 1}},
       {die, {13.9, 0.5}, {1, 0}},
       {die, {6.0, 0.0}, {-1, 0}},

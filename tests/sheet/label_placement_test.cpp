@@ -7,6 +7,7 @@
 #include <numbers>
 #include <random>
 #include <set>
+#include <tuple>
 
 namespace sheet {
 namespace {
@@ -28,23 +29,19 @@ void ExpectClear(const std::vector<LabelPlace>& places, const LabelRoom& room) {
 }
 
 TEST(LabelPlacement, ALabelIsWhereTheRayFromItsAnchorLeavesTheBox) {
-  struct Row {
-    LabelWish Wish;
-    Edge At;
-    double Along;
-  };
   // From (20, 30): 20 to the left edge; upwards 30 to the top; along (1, 1) the top comes first, 30 further.
-  const Row rows[] = {{{{20.0, 30.0}, {-1.0, 0.0}}, Edge::Left, 30.0},
-                      {{{20.0, 30.0}, {0.0, 1.0}}, Edge::Top, 20.0},
-                      {{{20.0, 30.0}, {1.0, 1.0}}, Edge::Top, 50.0},
-                      {{{20.0, 30.0}, {4.0, -1.0}}, Edge::Right, 10.0},
-                      // Without a direction the way leads away from the middle, (50, 30).
-                      {{{50.0, 10.0}, {}}, Edge::Bottom, 50.0}};
-  for (const Row& row : rows) {
-    const std::vector<LabelPlace> places = PlaceLabels({row.Wish}, kRoom);
+  const std::tuple<LabelWish, Edge, double> rows[] = {
+      {{{20.0, 30.0}, {-1.0, 0.0}}, Edge::Left, 30.0},
+      {{{20.0, 30.0}, {0.0, 1.0}}, Edge::Top, 20.0},
+      {{{20.0, 30.0}, {1.0, 1.0}}, Edge::Top, 50.0},
+      {{{20.0, 30.0}, {4.0, -1.0}}, Edge::Right, 10.0},
+      // Without a direction the way leads away from the middle, (50, 30).
+      {{{50.0, 10.0}, {}}, Edge::Bottom, 50.0}};
+  for (const auto& [wish, edge, along] : rows) {
+    const std::vector<LabelPlace> places = PlaceLabels({wish}, kRoom);
     ASSERT_EQ(places.size(), 1U);
-    EXPECT_EQ(places[0].At, row.At) << row.Along;
-    EXPECT_NEAR(places[0].Along, row.Along, 1e-9);
+    EXPECT_EQ(places[0].At, edge) << along;
+    EXPECT_NEAR(places[0].Along, along, 1e-9);
   }
 }
 

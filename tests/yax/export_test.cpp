@@ -163,8 +163,9 @@ template <class Table>
 bool Holds(const tinygltf::Model& model, const tinygltf::Accessor& accessor, const Table& table) {
   const tinygltf::BufferView& view = model.bufferViews.at(std::size_t(accessor.bufferView));
   const auto* const begin = reinterpret_cast<const unsigned char*>(table.data());
-  return std::equal(begin, begin + table.size() * sizeof table[0],
-                    model.buffers.at(0).data.begin() + std::ptrdiff_t(view.byteOffset + accessor.byteOffset));
+  const std::vector<unsigned char>& bytes = model.buffers.at(0).data;
+  const std::size_t at = view.byteOffset + accessor.byteOffset, size = table.size() * sizeof table[0];
+  return at + size <= bytes.size() && std::equal(begin, begin + size, bytes.begin() + std::ptrdiff_t(at));
 }
 
 void ExpectHolds(const tinygltf::Model& model, const tinygltf::Primitive& primitive,
