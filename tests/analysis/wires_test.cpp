@@ -82,6 +82,8 @@ TEST(WireRows, GiveATierItsOwnLoops) {
   EXPECT_DOUBLE_EQ(rows[0].TopHeight, 15.0);
   EXPECT_DOUBLE_EQ(rows[1].TopHeight, 10.0) << "3 above the pad, which is at 7";
   EXPECT_DOUBLE_EQ(rows[2].TopHeight, 10.0) << "the stitch as well";
+  // 1.2 up, 2 * sqrt(0.05^2 + 0.6^2), sqrt(0.2^2 + 0.6^2), 0.7 level, and sqrt(19^2 + 10^2) down.
+  EXPECT_NEAR(rows[1].Length, 25.20753, 1e-4);
 }
 
 TEST(DieEdges, NearestEdgeIsThatOfTheTurnedDie) {

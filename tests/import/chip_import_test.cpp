@@ -133,6 +133,10 @@ TEST_F(ChipImportTest, KnowsSuppliesByTheirObviousNames) {
       {"AVREF", ' '}, {"VBAT", ' '},  {"NVDD", ' '},   {"CLK", ' '},   {"AGC", ' '}};
   for (const auto& [name, type] : cases)
     EXPECT_EQ(Matches(name, usual.Ground) ? 'G' : Matches(name, usual.Power) ? 'P' : ' ', type) << name;
+  // A type in the table goes before the name.
+  request.Chip.File = Put("d.csv", "name,x,y,width,height,type\nVDD,-.9,0,.07,.07,ground\n");
+  Wires();
+  EXPECT_EQ(made.Package.WireNames[0].NetType, "GROUND");
 }
 
 TEST_F(ChipImportTest, RefusesMissingPadsAndLeads) {

@@ -103,10 +103,10 @@ TEST(OrderMatch, IsBestForEachNumberUpToEightPadsAndTenLeads) {
 
 TEST(OrderMatch, MeetsOppositeLeadsInAnyOrderOfTheLists) {
   // A pad's own lead lies twice as far out. The sum of all products of a pad with a lead is largest when each
-  // pad has its own, and so the sum of the squares is smallest. 50 more leads are far away.
+  // pad has its own, and so the sum of the squares is smallest. 100 more leads are far away.
   std::mt19937 random(3);
-  const Places pads = Ring(random, 150, 1.0);
-  Places leads = Ring(random, 50, 20.0);
+  const Places pads = Ring(random, 100, 1.0);
+  Places leads = Ring(random, 100, 20.0);
   for (const glm::dvec2& pad : pads) leads.push_back(2.0 * pad);
   std::shuffle(leads.begin(), leads.end(), random);
   const Partners partners = MatchInOrder(pads, leads);

@@ -93,6 +93,7 @@ TEST_F(YaxTest, TheExitStatusSeparatesSuccessFindingsAndErrors) {
       {"render " + one + to + " --view above", 2, "", "--view"},
       {"render " + one + to + " --view top --look 1", 2, "", "--look"},
       {"render " + one + to + " --look 1 --cam 0,32767,0", 2, "", "--look"},
+      {"render " + one + to + " --look -1 --cam 0,-32768,0", 2, "", "--look"},
       {"render " + one + " " + one + to, 2, "", "yax: "},
       {"render " + one + to + " --tier 4", 2, "", "--tier 4"},
       {"render " + (folder / "absent.yax") + to, 2, "", "absent.yax: there is no such file"},

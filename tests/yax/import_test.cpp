@@ -141,14 +141,12 @@ TEST_F(ImportProgram, RefusesWithOneLineAndWritesNothing) {
   for (const auto& [arguments, message] : cases) expectRefusal(arguments, message);
   const std::pair<const char*, const char*> recipes[] = {
       {"colour = 3\n", "unknown key 'colour'; "},
-      {"die-size = 5\n", "die-size: '5' is not two lengths above 0; "},
+      {"die = d\ndie-height = 1\npackage = p\ndie-size = 5\n", "die-size: '5' is not two lengths above 0; "},
       {"package = qfn:4,body=9x9\n", "package: it takes one value; put a text with commas"},
       {"die = a\nmacro = m\ndie = b\n", "die is there twice; "},
       {"unit = inch\n", "unit: inch not in {mm,um,mil}; "}};
   for (const auto& [text, message] : recipes)
-    expectRefusal(
-        die + "--die-height 1 --package qfn:4,body=9x9 --recipe " + PutFile(folder / "a.recipe", text),
-        std::string("a.recipe: ") + message);
+    expectRefusal("--recipe " + PutFile(folder / "a.recipe", text), std::string("a.recipe: ") + message);
 }
 
 TEST_F(ImportProgram, DoesWhatItsGuideShows) {
