@@ -61,6 +61,23 @@ TEST_F(WiresTest, SettingsAreInFileUnits) {
       "(1 0.5 -2)(1 0.9 -2)(1.0075 1.1 -2.01)(1.015 1.3 -2.02)(1.045 1.5 -2.06)(1.15 1.5 -2.2)(4 -1 -6)");
 }
 
+std::string Text(const model::WireBondSettings& s) {
+  return model::Fields(s.Material, s.WireDiameter, s.Frequency, s.BaseLoopHeight, s.StackLoopHeight,
+                       s.BaseExtension, s.StackExtension, s.StitchExtension);
+}
+
+TEST_F(WiresTest, UnsetSettingsBecomeTheDiesHeightsInFileUnitsAndOthersStay) {
+  package.UnitScale = 100.0F;
+  package.CompZ = 0.125F;
+  package.SDCompZ = 0.0625F;
+  settings = {};
+  SetUnsetDefaults(settings, package);
+  EXPECT_EQ(Text(settings), "'Au' 1 0 12.5 6.25 12.5 6.25 6.25");
+  settings = {"Cu", 2.0F, 3.0F, 4.0F, 5.0F, 6.0F, model::kEdgeOfBaseDie, 8.0F};
+  SetUnsetDefaults(settings, package);
+  EXPECT_EQ(Text(settings), "'Cu' 2 3 4 5 6 -1 8");
+}
+
 TEST_F(WiresTest, TablesFollowEachOtherWithTheirOwnSettings) {
   // All along x, from height 0: the reach shows each table's height and extension.
   DrawWires(

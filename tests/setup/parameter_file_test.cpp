@@ -127,10 +127,5 @@ TEST(ParameterFile, ItsNameReplacesThreeCharacters) {
     EXPECT_EQ(ParameterFileName(path), name) << path;
 }
 
-TEST(ParameterFile, ItsFolderKeepsTheSeparator) {
-  for (const auto& [path, its] : {std::pair("/a b/c.zu", "/a b/"), {"/c.zu", "/"}, {"c.zu", ""}})
-    EXPECT_EQ(GetFilePath(path), its);
-}
-
 }  // namespace
 }  // namespace setup

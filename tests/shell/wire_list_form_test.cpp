@@ -149,22 +149,6 @@ TEST_F(WireList, TheListsSelectionIsTakenOverInAnyOrder) {
   EXPECT_EQ(rebuilds, 2);  // the mouse rebuilds even so
 }
 
-TEST_F(WireList, OnlyTheShownListLimitsTheDrawing) {
-  Add("A", "1");
-  Add("B", "2");
-  bool drawnB = false;
-  form.Actions.RebuildAndRepaint = [&] { drawnB = selection.Draws("B"); };
-  form.DoWireList();
-  form.Cmd_Click(kTier1);
-  EXPECT_TRUE(drawnB);
-  form.Form_Show();
-  EXPECT_FALSE(drawnB);
-  form.Form_Unload();
-  EXPECT_TRUE(drawnB);  // already not shown when its closing rebuilds
-  form.Actions.RebuildAndRepaint = [] { ADD_FAILURE() << "closed twice"; };
-  form.Form_Unload();
-}
-
 TEST_F(WireList, OtherTextsAfterALoadRefillAndKeepTheSelectionByText) {
   OpenFive();
   Pressed(kTier1);  // A, D

@@ -31,12 +31,6 @@ TEST_F(ReaderText, MissingFieldsAreEmptyAndFurtherOnesDropped) {
   EXPECT_EQ(package.Bonds[0].Tier, "T");
 }
 
-TEST_F(ReaderText, UnreadableNumbersAreZero) {
-  const Package package = ReadBody("CBP A 1,5 x7 0 2,5mil -,5 0 L ROUND\n");
-  const BondRec& bond = package.Bonds[0];
-  EXPECT_EQ(Fields(bond.DieX, bond.DieY, bond.DieSizeX, bond.DieSizeY), "1.5 0 2.5 -0.5");
-}
-
 TEST_F(ReaderText, OrdinaryBytesStayAsTheyAre) {
   // NUL, byte 26, a no-break space and letters beyond ASCII are parts of a name like any other.
   for (const std::string_view name :
