@@ -94,19 +94,4 @@ TEST(ReadFrame, GivesTheTopRowFirstAtAnyWidth) {
   EXPECT_TRUE(render::gl::ReadFrame({0, 3}).Rgb.empty());
 }
 
-TEST(OffscreenSurface, WorksBesideOthers) {
-  render::gl::OffscreenSurface first({8, 8});
-  ASSERT_TRUE(first.CreateContext());
-  {
-    render::gl::OffscreenSurface second({4, 4});
-    ASSERT_TRUE(second.CreateContext());
-  }
-  EXPECT_TRUE(first.MakeCurrent());
-  glClearColor(1.0F, 0.0F, 0.0F, 0.0F);
-  glClear(GL_COLOR_BUFFER_BIT);
-  EXPECT_EQ(int(render::gl::ReadFrame({8, 8}).Rgb[0]), 255);
-  first.DeleteContext();
-  EXPECT_FALSE(first.MakeCurrent());
-}
-
 }  // namespace

@@ -103,18 +103,6 @@ TEST_F(NavigationCamera, MouseTurnsAndTiltsMoveByDeltaOrAFixedStepWithoutRepaint
   EXPECT_EQ(counts.repaints, 0);
 }
 
-TEST_F(NavigationCamera, WheelStepsBySignOnceItIsHooked) {
-  view->WheelMoved(120 << 16);
-  EXPECT_EQ(Changes(), "");
-  view->WheelHooked = true;
-  for (const auto& [delta, changes] :
-       {std::pair(240 << 16, "z 4"), {1, "z 4"}, {-120 * 65536, "z 6"}, {0, ""}}) {
-    view->Camera = {};
-    view->WheelMoved(delta);
-    EXPECT_EQ(Changes(), changes) << delta;
-  }
-}
-
 TEST_F(NavigationCamera, LoadResetsCameraAndRotationButNotWalkModeAndTicks) {
   view->Camera = {.CamX = 1, .CamY = 2, .CamZ = 3, .CamYaw = 4.0F, .CamStep = 5.0, .CamLook = 6};
   view->ScrollYaw.SetValue(33);
