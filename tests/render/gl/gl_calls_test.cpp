@@ -150,6 +150,15 @@ TEST_F(GlCallsTest, FramePlacesTheEyeClearsTurnsTheModelAndReplaysTheList) {
   EXPECT_NEAR(eye[5], 5.0 - 99.99417, 1e-4);
 }
 
+TEST_F(GlCallsTest, FrameFromAnEyeKeepsTheAspectOfThePicture) {
+  const render::Eye eye{.Position = {1, 2, 9}, .Target = {1, 2, 0}, .Up = {0, 1, 0}, .Near = 3, .Far = 20};
+  render::gl::DrawFrame(eye, {300, 100}, list);
+  EXPECT_EQ(Calls(),
+            "glMatrixMode(GL_PROJECTION)\nglLoadIdentity()\ngluPerspective(60, 3, 3, 20)\n"
+            "glMatrixMode(GL_MODELVIEW)\nglLoadIdentity()\ngluLookAt(1, 2, 9, 1, 2, 0, 0, 1, 0)\n"
+            "glClear(0x4100)\nglCallList(0)\n");
+}
+
 TEST_F(GlCallsTest, FrameFaultsBeforeItsFirstCallWhenTheTargetLeaves16Bits) {
   EXPECT_THROW(render::gl::DrawFrame({.CamY = 32767, .CamLook = 1}, {}, 0.0F, list), model::Overflow);
   EXPECT_THROW(render::gl::DrawFrame({.CamY = -32768, .CamLook = -1}, {}, 0.0F, list), model::Overflow);

@@ -8,6 +8,8 @@ namespace {
 using NavigationCamera = NavigationTest;
 
 TEST_F(NavigationCamera, KeywordsStepAndRepaintOnce) {
+  view->WheelMoved(1);
+  EXPECT_EQ(Changes(), "") << "the wheel is not hooked yet";
   // At heading 1.56 a step of 1 is (0.011, -0.9999): x stays, z moves by one.
   for (const auto& [word, changes] : {std::pair("IN", "z 4"),
                                       {"OUT", "z 6"},
