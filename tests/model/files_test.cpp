@@ -155,10 +155,5 @@ TEST(Text, RaisesAsciiLettersOnly) {
   EXPECT_FALSE(EqualsUpper("ROUNDS", "ROUND"));
 }
 
-TEST(Text, FileNameIsThePartAfterTheLastSeparator) {
-  for (const auto& [path, name] : {std::pair("/a/b.yax", "b.yax"), {"b.yax", "b.yax"}, {"/a/", ""}, {"", ""}})
-    EXPECT_EQ(FileNameOf(path), name);
-}
-
 }  // namespace
 }  // namespace model

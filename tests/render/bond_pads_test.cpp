@@ -4,8 +4,6 @@ namespace {
 
 using render::Scene;
 
-constexpr char kBody[] = "TECHNOLOGY WIRE_BOND\nCOMPL 4\nCOMPW 4\nCOMPZ 1\n";
-
 std::string Die(const char* name, const char* side) {
   return std::string("CBP ") + name + " 0 0 0 1 1 0 " + side + " NONE\n";
 }
@@ -16,7 +14,7 @@ std::string Pad(const char* name, const char* angle, const char* shape) {
 }
 
 TEST_F(SceneTest, SubstratePadsAreThinPlatesWithYNegated) {
-  Draw(kBody + Die("A", "B") + Pad("A", "0", "RECTANGLE"), &Scene::DrawBondPads);
+  Draw(kSmallDie + Die("A", "B") + Pad("A", "0", "RECTANGLE"), &Scene::DrawBondPads);
   ASSERT_EQ(pen.Order, "QQ");
   EXPECT_EQ(FaceText(pen.Quads[0]),
             "Gray (0 -1 0) (5.5 -0.001 0) (5.5 -0.001 -4) (4.5 -0.001 -4) (4.5 -0.001 0)");
@@ -38,7 +36,7 @@ TEST_F(SceneTest, SubstratePadsTurnWithTheirSideAndAngle) {
       {"B", "0", upright},  {"t", "0", upright},   {"L", "0", quarter}, {"r", "0", quarter},
       {"T", "90", quarter}, {"R", "-90", upright}, {"B", "30", thirty}, {"L", "-60", thirty}};
   for (const auto& [side, angle, expected] : cases) {
-    Draw(kBody + Die("A", side) + Pad("A", angle, "rectangle"), &Scene::DrawBondPads);
+    Draw(kSmallDie + Die("A", side) + Pad("A", angle, "rectangle"), &Scene::DrawBondPads);
     ASSERT_EQ(pen.Order, "QQ");
     EXPECT_EQ(FaceText(pen.Quads[1]), expected) << side << " " << angle;
   }
@@ -46,7 +44,7 @@ TEST_F(SceneTest, SubstratePadsTurnWithTheirSideAndAngle) {
 
 TEST_F(SceneTest, AnyOtherShapeHasRoundEnds) {
   for (const char* shape : {"ROUND", "OBLONG", "x"}) {
-    Draw(kBody + Die("A", "T") + Pad("A", "0", shape), &Scene::DrawBondPads);
+    Draw(kSmallDie + Die("A", "T") + Pad("A", "0", shape), &Scene::DrawBondPads);
     ASSERT_EQ(pen.Order, "QDDQDD");
     // Half as long: 1 to each side of the centre, with a disc of the width at either end.
     EXPECT_EQ(FaceText(pen.Quads[1]), "White (0 1 0) (4.5 0 -1) (4.5 0 -3) (5.5 0 -3) (5.5 0 -1)");
@@ -58,16 +56,16 @@ TEST_F(SceneTest, AnyOtherShapeHasRoundEnds) {
 }
 
 TEST_F(SceneTest, SubstratePadsOnTheOriginAreNotDrawn) {
-  Draw(kBody + Die("A", "B") + Die("B", "B") + "SBP B 0 0 0 4 1 0 RECTANGLE 0 1\n", &Scene::DrawBondPads);
+  Draw(kSmallDie + Die("A", "B") + Die("B", "B") + "SBP B 0 0 0 4 1 0 RECTANGLE 0 1\n", &Scene::DrawBondPads);
   EXPECT_EQ(pen.Order, "");
-  Draw(kBody + Die("A", "B") + Die("B", "B") +
+  Draw(kSmallDie + Die("A", "B") + Die("B", "B") +
            "SBP A 0 2 0 4 1 0 RECTANGLE 0 1\nSBP B 5 0 0 4 1 0 RECTANGLE 0 1\n",
        &Scene::DrawBondPads);
   EXPECT_EQ(pen.Order, "QQQQ");
 }
 
 TEST_F(SceneTest, PadsOnNoEdgeTakeTheCornersOfThePadBefore) {
-  const std::string pads = kBody + Die("LOST", "X") + Die("A", "B") + Die("FLAT", "B") +
+  const std::string pads = kSmallDie + Die("LOST", "X") + Die("A", "B") + Die("FLAT", "B") +
                            "SD_CBP S 0 0 0 1 1 0 ? NONE\n" + Pad("LOST", "0", "RECTANGLE") +
                            Pad("A", "0", "RECTANGLE") + "SBP FLAT 9 9 0 0 1 0 RECTANGLE 0 1\n" +
                            Pad("S", "0", "RECTANGLE");

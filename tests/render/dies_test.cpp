@@ -8,7 +8,7 @@ using render::Scene;
 constexpr char kBase[] = "COMPL 4\nCOMPW 6\n";
 constexpr char kWireBond[] = "TECHNOLOGY WIRE_BOND\n";
 constexpr char kFlipChip[] = "TECHNOLOGY FLIP_CHIP\n";
-constexpr char kBody[] = "COMPZ 1\n";
+constexpr char kOneHigh[] = "COMPZ 1\n";
 // On it 1 wide, 2 long, 0.5 high, with its centre at (1, 0.5).
 constexpr char kStacked[] = "SD_COMPL 2\nSD_COMPW 1\nSD_COMPZ 0.5\nSD_XOFFSET 1\nSD_YOFFSET 0.5\n";
 
@@ -19,7 +19,7 @@ std::string Text(std::initializer_list<const char*> parts) {
 }
 
 TEST_F(SceneTest, BaseDieIsABoxWithNormalsOutwards) {
-  Draw(Text({kWireBond, kBase, kBody}), &Scene::DrawDie);
+  Draw(Text({kWireBond, kBase, kOneHigh}), &Scene::DrawDie);
   const char* expected[] = {"White (0 1 0) (3 1 2) (-3 1 2) (-3 1 -2) (3 1 -2)",
                             "DarkBlue (0 -1 0) (3 0 -2) (-3 0 -2) (-3 0 2) (3 0 2)",
                             "DarkCyan (0 0 1) (3 0 2) (-3 0 2) (-3 1 2) (3 1 2)",
@@ -33,14 +33,14 @@ TEST_F(SceneTest, BaseDieIsABoxWithNormalsOutwards) {
   EXPECT_EQ(ColourText(Draw(&Scene::DrawDie).Quads[0].Paint), "Cyan");
   // Only a wire bond package has a bottom face.
   for (const char* technology : {kFlipChip, ""}) {
-    Draw(Text({technology, kBase, kBody}), &Scene::DrawDie);
+    Draw(Text({technology, kBase, kOneHigh}), &Scene::DrawDie);
     ASSERT_EQ(pen.Order, "QQQQQ");
     EXPECT_EQ(FaceText(pen.Quads[1]), expected[2]);
   }
 }
 
 TEST_F(SceneTest, StackedDieStandsOnTheBaseDieWithYNotNegated) {
-  Draw(Text({kBase, kStacked, kBody}), &Scene::DrawSDDie);
+  Draw(Text({kBase, kStacked, kOneHigh}), &Scene::DrawSDDie);
   const char* expected[] = {"Gray (0 1 0) (1.5 1.5 1.5) (0.5 1.5 1.5) (0.5 1.5 -0.5) (1.5 1.5 -0.5)",
                             "DarkCyan (0 0 -1) (1.5 1.5 -0.5) (0.5 1.5 -0.5) (0.5 1 -0.5) (1.5 1 -0.5)",
                             "DarkCyan (0 0 1) (1.5 1 1.5) (0.5 1 1.5) (0.5 1.5 1.5) (1.5 1.5 1.5)",
@@ -49,21 +49,21 @@ TEST_F(SceneTest, StackedDieStandsOnTheBaseDieWithYNotNegated) {
   ASSERT_EQ(pen.Order, "QQQQQ");
   for (std::size_t i = 0; i < 5; ++i) EXPECT_EQ(FaceText(pen.Quads[i]), expected[i]);
   // A quarter turn about (1, 0.5) takes the corner at (+0.5, +1) from it to (-1, +0.5).
-  Draw(Text({kBase, kStacked, "SD_ROTATION 90\n", kBody}), &Scene::DrawSDDie);
+  Draw(Text({kBase, kStacked, "SD_ROTATION 90\n", kOneHigh}), &Scene::DrawSDDie);
   EXPECT_EQ(FaceText(pen.Quads[0]), "Gray (0 1 0) (0 1.5 1) (0 1.5 0) (2 1.5 0) (2 1.5 1)");
 }
 
 TEST_F(SceneTest, AnyWidthButZeroIsAStackedDie) {
-  EXPECT_EQ(Draw(Text({kBase, kBody})).Quads.size(), 5U);
+  EXPECT_EQ(Draw(Text({kBase, kOneHigh})).Quads.size(), 5U);
   // Corner 2, where the top begins, is at half the width to the right: here -0.5.
-  Draw(Text({kBase, "SD_COMPL 2\nSD_COMPW -1\n", kBody}));
+  Draw(Text({kBase, "SD_COMPL 2\nSD_COMPW -1\n", kOneHigh}));
   ASSERT_EQ(pen.Quads.size(), 10U);
   EXPECT_EQ(PointText(pen.Quads[5].Corners[0]), "(-0.5 1 1)");
 }
 
 TEST_F(SceneTest, DiePadsLieJustAboveTheDieWithYNegated) {
   const auto pad = [&](const std::string& rest) {
-    Draw(Text({kBase, kBody}) + "CBP A 1 0.5 0 0.4 0.2 0 " + rest, &Scene::DrawDiePads);
+    Draw(Text({kBase, kOneHigh}) + "CBP A 1 0.5 0 0.4 0.2 0 " + rest, &Scene::DrawDiePads);
     return pen.Quads.empty() ? "nothing" : FaceText(pen.Quads[0]);
   };
   // The normal of a pad on the base die points down.
@@ -81,13 +81,13 @@ TEST_F(SceneTest, DiePadsLieJustAboveTheDieWithYNegated) {
 
 TEST_F(SceneTest, RoundDiePadsAreDiscsAndBumpsHaveASecondOneBelow) {
   const std::string pad = "CBP A 1 0.5 0 0.4 0.2 0 L ROUND\n";
-  Draw(Text({kWireBond, kBase, kBody}) + pad, &Scene::DrawDiePads);
+  Draw(Text({kWireBond, kBase, kOneHigh}) + pad, &Scene::DrawDiePads);
   ASSERT_EQ(pen.Order, "QD");
   // Quarters of the sizes to each side of the centre.
   EXPECT_EQ(FaceText(pen.Quads[0]),
             "Blue (0 -1 0) (1.1 1.001 -0.55) (0.9 1.001 -0.55) (0.9 1.001 -0.45) (1.1 1.001 -0.45)");
   EXPECT_EQ(DiscText(pen.Discs[0]), "(1 1.001 -0.5) 0.4");
-  Draw(Text({kFlipChip, kBase, kBody}) + pad, &Scene::DrawDiePads);
+  Draw(Text({kFlipChip, kBase, kOneHigh}) + pad, &Scene::DrawDiePads);
   ASSERT_EQ(pen.Order, "QDD");
   EXPECT_EQ(DiscText(pen.Discs[0]), "(1 1.001 -0.5) 0.4");
   EXPECT_EQ(DiscText(pen.Discs[1]), "(1 0.999 -0.5) 0.4");
@@ -96,7 +96,7 @@ TEST_F(SceneTest, RoundDiePadsAreDiscsAndBumpsHaveASecondOneBelow) {
 TEST_F(SceneTest, StackedDiePadsTurnEachAboutItsOwnCentre) {
   // Sizes change places on every side: 0.4 along x, 0.2 along y. A quarter turn about (1, -0.5) takes
   // corner 2 from (+0.2, +0.1) to (-0.1, +0.2).
-  const std::string turned = Text({kBase, kStacked, "SD_ROTATION 90\n", kBody});
+  const std::string turned = Text({kBase, kStacked, "SD_ROTATION 90\n", kOneHigh});
   for (const char* side : {"L", "T"}) {
     Read(turned + "SD_CBP S 1 0.5 0 0.2 0.4 0 " + side + " rectangle\n");
     scene.RotateSDCorners();
@@ -112,7 +112,8 @@ TEST_F(SceneTest, StackedDiePadsTurnEachAboutItsOwnCentre) {
 
 TEST_F(SceneTest, PartsOfARoundStackedPadLieAtThreeHeights) {
   // Base die 1 high: the quad at 1 + 1 + 0.001, the disc at 1 + 0.001, the bump at 1 - 0.001 + 1; not turned.
-  Draw(Text({kFlipChip, kBase, kStacked, "SD_ROTATION 90\n", kBody}) + "SD_CBP S 1 0.5 0 0.2 0.4 0 L ROUND\n",
+  Draw(Text({kFlipChip, kBase, kStacked, "SD_ROTATION 90\n", kOneHigh}) +
+           "SD_CBP S 1 0.5 0 0.2 0.4 0 L ROUND\n",
        &Scene::DrawSDDiePads);
   ASSERT_EQ(pen.Order, "QDD");
   EXPECT_EQ(FaceText(pen.Quads[0]),
@@ -122,7 +123,7 @@ TEST_F(SceneTest, PartsOfARoundStackedPadLieAtThreeHeights) {
 }
 
 TEST_F(SceneTest, PadsOfAStackedDieWithoutWidthHaveTheirCornersAtZero) {
-  Draw(Text({kBase, kBody}) + "SD_CBP S 1 0.5 0 0.2 0.4 0 L RECTANGLE\n");
+  Draw(Text({kBase, kOneHigh}) + "SD_CBP S 1 0.5 0 0.2 0.4 0 L RECTANGLE\n");
   ASSERT_EQ(pen.Quads.size(), 6U);
   EXPECT_EQ(FaceText(pen.Quads[5]), "Blue (0 0 0) (0 1.001 0) (0 1.001 0) (0 1.001 0) (0 1.001 0)");
 }

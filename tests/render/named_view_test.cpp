@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <glm/ext/matrix_clip_space.hpp>
+#include <glm/ext/matrix_transform.hpp>
 #include <glm/geometric.hpp>
 #include <vector>
 
@@ -13,23 +15,19 @@ namespace {
 constexpr NamedView kViews[] = {NamedView::Top,  NamedView::Bottom, NamedView::Front, NamedView::Back,
                                 NamedView::Left, NamedView::Right,  NamedView::Iso};
 
-/// The extent of the points in a perspective picture: -1 and 1 are its edges.
+/// The box of the points in a perspective picture, whose edges and planes are at -1 and 1.
 struct Extent {
-  double left = 9, right = -9, bottom = 9, top = -9, nearest = 1e9, farthest = -1e9;
+  glm::dvec3 Low{9.0}, High{-9.0};
 };
 
 Extent ExtentOf(const Eye& eye, const PixelSize& size, const std::vector<model::SceneVector>& points) {
-  const glm::dvec3 forward = glm::normalize(eye.Target - eye.Position);
-  const glm::dvec3 right = glm::normalize(glm::cross(forward, eye.Up));
-  const double slope = 1.0 / std::sqrt(3.0);  // tangent of 30 degrees
+  const glm::dmat4 picture =
+      glm::perspective(glm::radians(60.0), double(size.Width) / size.Height, eye.Near, eye.Far) *
+      glm::lookAt(eye.Position, eye.Target, eye.Up);
   Extent extent;
   for (const model::SceneVector& point : points) {
-    const glm::dvec3 ray = glm::dvec3(double(point.X), double(point.Y), double(point.Z)) - eye.Position;
-    const double depth = glm::dot(ray, forward);
-    const double x = glm::dot(ray, right) / (depth * slope * size.Width / size.Height);
-    const double y = glm::dot(ray, eye.Up) / (depth * slope);
-    extent = {std::min(extent.left, x), std::max(extent.right, x),       std::min(extent.bottom, y),
-              std::max(extent.top, y),  std::min(extent.nearest, depth), std::max(extent.farthest, depth)};
+    const glm::dvec4 at = picture * glm::dvec4(double(point.X), double(point.Y), double(point.Z), 1.0);
+    extent = {glm::min(extent.Low, glm::dvec3(at) / at.w), glm::max(extent.High, glm::dvec3(at) / at.w)};
   }
   return extent;
 }
@@ -54,12 +52,12 @@ TEST(NamedView, FillsThePictureUpToItsMarginAndStandsInItsMiddle) {
       const Eye eye = pen.Fit(view, size);
       const Extent extent = ExtentOf(eye, size, kPyramid);
       // The larger of both directions ends 5 % before the edge, the other one earlier.
-      EXPECT_NEAR(std::max(extent.right, extent.top), 1.0 / 1.05, 1e-6);
-      EXPECT_NEAR(extent.left, -extent.right, 1e-6);
-      EXPECT_NEAR(extent.bottom, -extent.top, 1e-6);
+      EXPECT_NEAR(std::max(extent.High.x, extent.High.y), 1.0 / 1.05, 1e-6);
+      EXPECT_NEAR(extent.Low.x, -extent.High.x, 1e-6);
+      EXPECT_NEAR(extent.Low.y, -extent.High.y, 1e-6);
       EXPECT_GT(eye.Near, 0.0);
-      EXPECT_LT(eye.Near, extent.nearest);
-      EXPECT_GT(eye.Far, extent.farthest);
+      EXPECT_GT(extent.Low.z, -1.0);
+      EXPECT_LT(extent.High.z, 1.0);
     }
   }
 }

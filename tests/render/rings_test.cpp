@@ -5,8 +5,6 @@ namespace {
 using render::Scene;
 using render::Snap;
 
-constexpr char kBody[] = "TECHNOLOGY WIRE_BOND\nCOMPL 4\nCOMPW 4\nCOMPZ 1\n";
-
 std::string PlanText(const model::SceneVector& point) {
   return "(" + NumberText(double(point.X)) + " " + NumberText(double(point.Z)) + ")";
 }
@@ -47,7 +45,7 @@ std::string Top(const RecordingPen& pen, std::size_t plate) {
 }
 
 TEST_F(SceneTest, StraightRingsMeetEdgeToEdge) {
-  Draw(std::string(kBody) + "RING R LINE -4 3 4 -3 0.5 9\n", &Scene::DrawRings);
+  Draw(std::string(kSmallDie) + "RING R LINE -4 3 4 -3 0.5 9\n", &Scene::DrawRings);
   ASSERT_EQ(pen.Order, "QQQQQQQQ");
   ExpectPlates(pen);
   // Half the width, 0.25, to each side; the upright sides end where the others begin, at +-2.75.
@@ -55,11 +53,11 @@ TEST_F(SceneTest, StraightRingsMeetEdgeToEdge) {
   EXPECT_EQ(Top(pen, 1), "(-4.25 -3.25)(4.25 -3.25)(4.25 -2.75)(-4.25 -2.75)");
   EXPECT_EQ(Top(pen, 2), "(-4.25 2.75)(-4.25 -2.75)(-3.75 -2.75)(-3.75 2.75)");
   EXPECT_EQ(Top(pen, 3), "(3.75 2.75)(3.75 -2.75)(4.25 -2.75)(4.25 2.75)");
-  EXPECT_EQ(Draw(kBody, &Scene::DrawRings).Order, "");
+  EXPECT_EQ(Draw(kSmallDie, &Scene::DrawRings).Order, "");
 }
 
 TEST_F(SceneTest, ArcRingsBowOutwardsByTheirBulgeAndKeepTheirCorners) {
-  Draw(std::string(kBody) + "RING R Arc -4 3 4 -3 0.5 1\n", &Scene::DrawRings);
+  Draw(std::string(kSmallDie) + "RING R Arc -4 3 4 -3 0.5 1\n", &Scene::DrawRings);
   ASSERT_EQ(pen.Quads.size(), 792U);
   ExpectPlates(pen);
   // Horizontal sides: radius (8^2 / 4 + 1) / 2 = 8.5, a step is 8 / 99 = 0.080808. At the corner
@@ -82,14 +80,14 @@ TEST_F(SceneTest, ArcRingsBowOutwardsByTheirBulgeAndKeepTheirCorners) {
 }
 
 TEST_F(SceneTest, ArcRingsGivenUpsideDownAreSampledBeyondTheRing) {
-  Draw(std::string(kBody) + "RING R ARC -4 -3 4 3 0.5 1\n", &Scene::DrawRings);
+  Draw(std::string(kSmallDie) + "RING R ARC -4 -3 4 3 0.5 1\n", &Scene::DrawRings);
   // Upright sides start at y2 = 3 and run 6 upwards all the same, over the circle of radius 5 and beyond it:
   // the bulge is 1 - 5 = -4 at y = 5, and 1 - (5 - sqrt(9^2 - 25)) = 3.4833 at y = 9.
   EXPECT_EQ(Bounds(pen, 396, 198), "(-7.7333 2.75)(0.25 9.25)");
 }
 
 TEST_F(SceneTest, SegmentsDrawTheirPartOfAStraightSide) {
-  Draw(std::string(kBody) +
+  Draw(std::string(kSmallDie) +
            "SRING S LINE -4 3 4 -3 0.5 0\nSRSEG S B -1 1\nSRSEG S T -1 1\nSRSEG S L 2 -1\nSRSEG S R 2 -1\n"
            "SRSEG S b 0 1\nSRSEG S X 0 1\nSRING EMPTY LINE -4 3 4 -3 0.5 0\n",
        &Scene::DrawSRings);
@@ -102,7 +100,7 @@ TEST_F(SceneTest, SegmentsDrawTheirPartOfAStraightSide) {
 }
 
 TEST_F(SceneTest, SegmentsOfArcRingsLieOnTheRingsArcWithTheirTopsUp) {
-  Draw(std::string(kBody) +
+  Draw(std::string(kSmallDie) +
            "SRING S arc -4 3 4 -3 0.5 1\nSRSEG S L 2 -1\nSRSEG S R 2 -1\nSRSEG S B -2 1\nSRSEG S T -2 "
            "1\nSRSEG S l 2 1\n",
        &Scene::DrawSRings);
@@ -131,7 +129,7 @@ TEST(Snap, MeasuresFromTheSidesMiddleAndGoesOnBeyondTheCircle) {
 }
 
 TEST_F(SceneTest, AttachBandsAreLongerByHalfTheirWidthInEitherOrderOfTheirEnds) {
-  Draw(std::string(kBody) +
+  Draw(std::string(kSmallDie) +
            "DAP X 3 1 -1 1 0.5\nDAP Y 2 -1 2 3 0.5\nDAP SLANTED 0 0 3 4 2\nDAP POINT 1 1 1 1 0.5\n",
        &Scene::DrawAttach);
   ASSERT_EQ(pen.Quads.size(), 8U);
@@ -145,11 +143,11 @@ TEST_F(SceneTest, AttachBandsAreLongerByHalfTheirWidthInEitherOrderOfTheirEnds) 
 }
 
 TEST_F(SceneTest, RingsWithoutBulgeFaultOnlyWhereARadiusIsNeeded) {
-  Read(std::string(kBody) + "RING R LINE -4 3 4 -3 0.5 0\nRING R ARC -4 3 4 -3 0.5 0\n");
+  Read(std::string(kSmallDie) + "RING R LINE -4 3 4 -3 0.5 0\nRING R ARC -4 3 4 -3 0.5 0\n");
   EXPECT_EQ(FaultOf(), "Run-time error: Division by zero (ring 2: its bulge is 0)");
-  Read(std::string(kBody) + "SRING S ARC -4 3 4 -3 0.5 0\nSRSEG S x 1 2\n");
+  Read(std::string(kSmallDie) + "SRING S ARC -4 3 4 -3 0.5 0\nSRSEG S x 1 2\n");
   EXPECT_EQ(FaultOf(), "no fault");
-  Read(std::string(kBody) + "SRING S ARC -4 3 4 -3 0.5 0\nSRSEG S B 1 2\n");
+  Read(std::string(kSmallDie) + "SRING S ARC -4 3 4 -3 0.5 0\nSRSEG S B 1 2\n");
   EXPECT_EQ(FaultOf(), "Run-time error: Division by zero (segmented ring S: its bulge is 0)");
 }
 

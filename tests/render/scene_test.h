@@ -12,6 +12,9 @@
 
 using model::PackageOf;
 
+/// The header of a wire bond package with a die of 4 x 4 x 1.
+inline constexpr char kSmallDie[] = "TECHNOLOGY WIRE_BOND\nCOMPL 4\nCOMPW 4\nCOMPZ 1\n";
+
 class SceneTest : public testing::Test {
  protected:
   void Read(const std::string& text) { package = PackageOf(text); }

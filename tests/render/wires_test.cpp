@@ -5,7 +5,7 @@ namespace {
 using render::Scene;
 
 // 6 wide (x), 8 long (y): edges at x = +-3 and y = +-4.
-constexpr char kBody[] = "TECHNOLOGY WIRE_BOND\nCOMPL 8\nCOMPW 6\nCOMPZ 1\n";
+constexpr char kLongDie[] = "TECHNOLOGY WIRE_BOND\nCOMPL 8\nCOMPW 6\nCOMPZ 1\n";
 
 class WiresTest : public SceneTest {
  protected:
@@ -31,7 +31,7 @@ class WiresTest : public SceneTest {
 
 TEST_F(WiresTest, LoopsRiseBendRunLevelAndDrop) {
   const std::string wire = "CBP A 0 0 0 1 1 0 L NONE\nWB A 1 2 0 4 6 0.5 -1\n";
-  DrawWires(kBody + wire);
+  DrawWires(kLongDie + wire);
   // From (1, 2) to (4, 6) the direction is (0.6, 0.8); heights 0.5 + 0.4, 0.6, 0.8 and 1 times 10;
   // out by 0.05, 0.1, 0.3 and 1 times 2.5. Package (x, y, z) is drawn at (x, z, -y).
   ASSERT_EQ(pen.Order, "S");
@@ -61,10 +61,27 @@ TEST_F(WiresTest, SettingsAreInFileUnits) {
       "(1 0.5 -2)(1 0.9 -2)(1.0075 1.1 -2.01)(1.015 1.3 -2.02)(1.045 1.5 -2.06)(1.15 1.5 -2.2)(4 -1 -6)");
 }
 
+std::string Text(const model::WireBondSettings& s) {
+  return model::Fields(s.Material, s.WireDiameter, s.Frequency, s.BaseLoopHeight, s.StackLoopHeight,
+                       s.BaseExtension, s.StackExtension, s.StitchExtension);
+}
+
+TEST_F(WiresTest, UnsetSettingsBecomeTheDiesHeightsInFileUnitsAndOthersStay) {
+  package.UnitScale = 100.0F;
+  package.CompZ = 0.125F;
+  package.SDCompZ = 0.0625F;
+  settings = {};
+  SetUnsetDefaults(settings, package);
+  EXPECT_EQ(Text(settings), "'Au' 1 0 12.5 6.25 12.5 6.25 6.25");
+  settings = {"Cu", 2.0F, 3.0F, 4.0F, 5.0F, 6.0F, model::kEdgeOfBaseDie, 8.0F};
+  SetUnsetDefaults(settings, package);
+  EXPECT_EQ(Text(settings), "'Cu' 2 3 4 5 6 -1 8");
+}
+
 TEST_F(WiresTest, TablesFollowEachOtherWithTheirOwnSettings) {
   // All along x, from height 0: the reach shows each table's height and extension.
   DrawWires(
-      std::string(kBody) +
+      std::string(kLongDie) +
       "STCH A 0 0 B 9 0 0 0\nCBP A 0 0 0 1 1 0 L NONE\nSD_CBP S 0 0 0 1 1 0 L NONE\nWB S 1 0 0 9 0 0 0\n"
       "WB A 1 0 0 9 0 0 0\n");
   ASSERT_EQ(pen.Order, "SSS");
@@ -74,7 +91,7 @@ TEST_F(WiresTest, TablesFollowEachOtherWithTheirOwnSettings) {
 }
 
 TEST_F(WiresTest, BondsThatStartOnTheOriginHaveNoWire) {
-  DrawWires(std::string(kBody) +
+  DrawWires(std::string(kLongDie) +
             "CBP A 0 0 0 1 1 0 L NONE\nCBP B 0 0 0 1 1 0 L NONE\nCBP C 0 0 0 1 1 0 L NONE\nCBP D 0 0 0 1 1 0 "
             "L NONE\n"
             "SD_CBP S 0 0 0 1 1 0 L NONE\nWB A 0 0 0 9 0 1 0\nWB B 0 1 0 9 1 0 0\nWB C 1 0 0 9 0 0 0\nWB S 0 "
@@ -85,7 +102,7 @@ TEST_F(WiresTest, BondsThatStartOnTheOriginHaveNoWire) {
 }
 
 TEST_F(WiresTest, OnlySelectedWiresAreDrawnWhileTheListIsShown) {
-  Read(std::string(kBody) +
+  Read(std::string(kLongDie) +
        "CBP A 0 0 0 1 1 0 L NONE\nCBP B 0 0 0 1 1 0 L NONE\nWB A 1 0 0 9 0 0 0\nWB B 2 0 0 9 0 0 0\n"
        "STCH A 3 0 B 9 0 0 0\n");
   EXPECT_EQ(DrawWires().Order, "SSS");
@@ -118,14 +135,14 @@ TEST_F(WiresTest, StackedWiresCanRunLevelToTheBaseDiesEdge) {
       // From beyond the edge, and the distance is positive all the same: 3.75 along (0.6, -0.8).
       {"T", "1 7", "4 3", "(3.25 20 -4)"}};
   for (const auto& [side, from, to, reach] : cases) {
-    DrawWires(kBody + StackedWire("S", side, from, to));
+    DrawWires(kLongDie + StackedWire("S", side, from, to));
     EXPECT_EQ(Reach(0), reach) << side << " " << from;
   }
 }
 
 TEST_F(WiresTest, WiresOnNoSideTakeTheEdgeDistanceOfTheWireBefore) {
   settings.StackExtension = model::kEdgeOfBaseDie;
-  Read(kBody + StackedWire("FIRST", "?", "1 1", "4 5") + StackedWire("T", "T", "1 1", "4 5") +
+  Read(kLongDie + StackedWire("FIRST", "?", "1 1", "4 5") + StackedWire("T", "T", "1 1", "4 5") +
        StackedWire("R", "R", "1 1", "5 4") + StackedWire("LAST", "-", "1 1", "4 5"));
   for (int build = 0; build < 2; ++build) {
     DrawWires();
@@ -140,17 +157,17 @@ TEST_F(WiresTest, WiresOnNoSideTakeTheEdgeDistanceOfTheWireBefore) {
 }
 
 TEST_F(WiresTest, FaultsNameTheWire) {
-  Read(std::string(kBody) + "CBP VDD 0 0 0 1 1 0 L NONE\nWB VDD 1 2 0 1 2 0 5\n");
+  Read(std::string(kLongDie) + "CBP VDD 0 0 0 1 1 0 L NONE\nWB VDD 1 2 0 1 2 0 5\n");
   EXPECT_EQ(FaultOf(), "Run-time error: Division by zero (wire VDD: its ends coincide)");
-  Read(std::string(kBody) + "STCH A 0 0 B 0 0 0 0\n");
+  Read(std::string(kLongDie) + "STCH A 0 0 B 0 0 0 0\n");
   EXPECT_EQ(FaultOf(), "Run-time error: Division by zero (wire A:B: its ends coincide)");
   settings.StackExtension = model::kEdgeOfBaseDie;
-  Read(kBody + StackedWire("S", "T", "1 2", "5 2"));
+  Read(kLongDie + StackedWire("S", "T", "1 2", "5 2"));
   EXPECT_EQ(FaultOf(), "Run-time error: Division by zero (wire S: it runs along the base die's edge)");
-  Read(kBody + StackedWire("S", "L", "1 2", "1 5"));
+  Read(kLongDie + StackedWire("S", "L", "1 2", "1 5"));
   EXPECT_EQ(FaultOf(), "Run-time error: Division by zero (wire S: it runs along the base die's edge)");
   // The length between the largest numbers of a file exceeds a single.
-  Read(std::string(kBody) + "CBP FAR 0 0 0 1 1 0 L NONE\nWB FAR -3e38 1 0 3e38 1 0 0\n");
+  Read(std::string(kLongDie) + "CBP FAR 0 0 0 1 1 0 L NONE\nWB FAR -3e38 1 0 3e38 1 0 0\n");
   EXPECT_EQ(FaultOf(), "Run-time error: Overflow (wire FAR)");
 }
 

@@ -116,26 +116,17 @@ TEST(LoopPicture, ShowsTheWireOfMedianLength) {
   EXPECT_FALSE(Moved(Drawn(StackedPackage(), kTenEach), Drawn(package, kTenEach), PicturePart::BaseWire));
 }
 
-TEST(LoopPicture, StackAndItsLabelNeedAStackedDie) {
-  model::Package package = StackedPackage();
-  const LoopPicture stacked = Drawn(package, kTenEach);
-  package.SDBonds = {};
-  const LoopPicture single = Drawn(package, kTenEach);
-  for (const char* label : {"Die", "Base", "SBP"}) EXPECT_TRUE(HasLabel(single, label)) << label;
-  EXPECT_TRUE(HasLabel(stacked, "Stack"));
-  EXPECT_FALSE(HasLabel(single, "Stack"));
-  EXPECT_EQ(Find(single, PicturePart::StackWire), nullptr);
-  EXPECT_EQ(Find(single, PicturePart::StackedDie), nullptr);
-  EXPECT_NE(Find(single, PicturePart::StitchWire), nullptr);
-}
-
 TEST(LoopPicture, LabelsOfLoopsOfOneHeightStandApartAndInsideThePicture) {
   for (const bool stacked : {false, true}) {
     model::Package package = StackedPackage();
     if (!stacked) package.SDBonds = {};
     // A picture so wide that its height limits the scale: the highest loop reaches the top margin.
-    const std::vector<PictureLabel> labels = DrawLoops(package, kTenEach, 3000.0F, 230.0F).Labels;
-    ASSERT_EQ(labels.size(), stacked ? 5U : 4U);
+    const LoopPicture picture = DrawLoops(package, kTenEach, 3000.0F, 230.0F);
+    for (const char* label : {"Die", "Base", "SBP"}) EXPECT_TRUE(HasLabel(picture, label)) << label;
+    EXPECT_EQ(HasLabel(picture, "Stack"), stacked);
+    for (const PicturePart part : {PicturePart::StackWire, PicturePart::StackedDie})
+      EXPECT_EQ(Find(picture, part) != nullptr, stacked);
+    const std::vector<PictureLabel>& labels = picture.Labels;
     for (auto label = labels.begin(); label != labels.end(); ++label) {
       // Half of the 14 pixels that a line of text takes.
       EXPECT_GE(label->Centre.Y, 7.0F) << label->Text;

@@ -178,6 +178,20 @@ TEST_F(MainFormTest, FaultOfALoadIsReportedOnceAndNothingRunsAfterIt) {
   EXPECT_EQ(status, 1);
 }
 
+TEST_F(MainFormTest, TooLittleMemoryIsAFault) {
+  int ranWhileEnding = 0;
+  end.ShowCritical = [&](const std::string&, const std::string& text) {
+    box = text;
+    end.Run([&] { ++ranWhileEnding; });
+  };
+  end.RunTrapped([] { throw std::bad_alloc(); });
+  EXPECT_FALSE(end.Ending());
+  end.Run([] { throw std::bad_alloc(); });
+  EXPECT_EQ(box, "Run-time error: Out of memory");
+  EXPECT_EQ(status, 1);
+  EXPECT_EQ(ranWhileEnding, 0) << "no handler runs from the box's event loop";
+}
+
 TEST_F(MainFormTest, TrappedFaultLeavesTheProgramAlive) {
   Load(kGood);
   // A rebuild that faults keeps the list shown.

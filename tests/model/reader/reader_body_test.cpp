@@ -18,9 +18,6 @@ std::string Wire(const BondRec& bond) {
   return Fields(bond.WireStartX, bond.WireStartY, bond.WireStartZ, bond.WireEndX, bond.WireEndY,
                 bond.WireEndZ);
 }
-std::string Ring(const auto& ring) {
-  return Fields(ring.Kind, ring.X1, ring.Y1, ring.X2, ring.Y2, ring.Width, ring.Param);
-}
 
 // Sizes 4 and 2 stand in fields 5 and 6. The base die exchanges them by the exact side letter, the stacked
 // die always; both take the base die's height.
@@ -85,15 +82,6 @@ TEST_F(ReaderBody, AStitchTakesItsPadSizesFromTheLastBondsOfItsNames) {
   EXPECT_EQ(stitch.PadSize2, 5.0F);
   EXPECT_EQ(package.Stitches[1].PadSize2, 0.0F) << "the pad came too late";
   EXPECT_EQ(Fields(package.WireNames[0].Name, package.WireNames[0].Name2), "'S' 'B'");
-}
-
-TEST_F(ReaderBody, RingsAndAttachBandsTakeTheirFields) {
-  const Package package =
-      ReadBody("RING R Arc 1 2 3 4 5 6\nSRING G xy 11 12 13 14 15 16\nDAP D 1 2 3 4 5 6\n");
-  EXPECT_EQ(Ring(package.Rings[0]), "'Arc' 1 2 3 4 5 6");
-  EXPECT_EQ(package.SRings[0].Name + Ring(package.SRings[0]), "G'xy' 11 12 13 14 15 16");
-  const DapRec& band = package.Daps[0];
-  EXPECT_EQ(Fields(band.Name, band.D1, band.D2, band.D3, band.D4, band.D5), "'D' 1 2 3 4 5");
 }
 
 }  // namespace

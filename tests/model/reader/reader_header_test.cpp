@@ -1,5 +1,3 @@
-#include <sys/stat.h>
-
 #include "tests/model/package_text.h"
 
 namespace model {
@@ -91,16 +89,6 @@ TEST_F(ReaderHeader, ScalarsSurviveASecondLoadAndAreDividedAgain) {
   const Package package = Read("COMPL 200\nCOMPZ 7\n");
   EXPECT_EQ(Fields(package.Technology, package.UnitScale), "'FLIP_CHIP' 100");
   EXPECT_EQ(Scalars(package), "2 0.02 0.07 0 0.04 0 0.005 0 30");
-}
-
-TEST_F(ReaderHeader, NothingToReadGivesNoPackage) {
-  EXPECT_FALSE(reader::ReadPackage(before));  // no such file
-  ASSERT_EQ(mkfifo(before.PackagePath.c_str(), 0600), 0);
-  EXPECT_FALSE(reader::ReadPackage(before)) << "a pipe is not a file; reading it would wait for a writer";
-  before.PackagePath = folder / "";
-  EXPECT_FALSE(reader::ReadPackage(before)) << "a folder is not a file";
-  before.PackagePath = "";
-  EXPECT_FALSE(reader::ReadPackage(before));
 }
 
 }  // namespace

@@ -43,19 +43,19 @@ class ReaderSurvival : public PackageText {
 };
 
 TEST_F(ReaderSurvival, FilesWithoutRecordsGiveAnEmptyPackage) {
-  constexpr std::size_t kTenMegabytes = 10'000'000;
+  constexpr std::size_t kBytes = 2'000'000;
   const std::pair<const char*, std::string> cases[] = {
       {"empty", ""},
       {"no line end", "CBP A 1 2"},
-      {"line ends", std::string(kTenMegabytes, '\n')},
-      {"returns", std::string(kTenMegabytes, '\r')},
-      {"blanks", std::string(kTenMegabytes, ' ')},
-      {"NUL bytes", std::string(kTenMegabytes, '\0')},
-      {"bytes beyond ASCII", std::string(kTenMegabytes, '\xff')},
-      {"one word", std::string(kTenMegabytes, 'C')},
-      {"one line of words", Repeated("CBP ", kTenMegabytes / 4)},
-      {"ignored lines", Repeated("XYZ A 1 2\n", 1'000'000)},
-      {"a body without a header", Repeated("CBP A 1 2\n", 1'000'000)},
+      {"line ends", std::string(kBytes, '\n')},
+      {"returns", std::string(kBytes, '\r')},
+      {"blanks", std::string(kBytes, ' ')},
+      {"NUL bytes", std::string(kBytes, '\0')},
+      {"bytes beyond ASCII", std::string(kBytes, '\xff')},
+      {"one word", std::string(kBytes, 'C')},
+      {"one line of words", Repeated("CBP ", kBytes / 4)},
+      {"ignored lines", Repeated("XYZ A 1 2\n", kBytes / 10)},
+      {"a body without a header", Repeated("CBP A 1 2\n", kBytes / 10)},
   };
   for (const auto& [what, text] : cases) {
     const Package package = ReadInTime(text, text, what);
@@ -90,6 +90,7 @@ std::string Numbered(const char* line, std::size_t records, bool backwards = fal
 }
 
 TEST_F(ReaderSurvival, TablesHaveNoLimitOf16BitsAndFillInLinearTime) {
+  constexpr std::size_t kRecords = 40'000;
   static constexpr Kind kKinds[] = {
       {"die pads", "", "CBP N# 1 2 # 3 4 0 L ROUND\n", [](const Package& p) { return p.Bonds.Count(); }},
       {"die pads of one name", "", "CBP N 1 2 # 3 4 0 L ROUND\n",
@@ -113,19 +114,17 @@ TEST_F(ReaderSurvival, TablesHaveNoLimitOf16BitsAndFillInLinearTime) {
       {"attach bands", "", "DAP D 1 2 3 4 5\n", [](const Package& p) { return p.Daps.Count(); }},
   };
   for (const Kind& kind : kKinds) {
-    for (const std::size_t records : {32'767U, 32'768U, 40'000U}) {
-      const Package package = ReadInTime("COMPZ 1\n"s + kind.before + Numbered(kind.line, records),
-                                         Numbered("N# T#\n", records, true), kind.what);
-      EXPECT_EQ(kind.count(package), records) << kind.what;
-    }
+    const Package package = ReadInTime("COMPZ 1\n"s + kind.before + Numbered(kind.line, kRecords),
+                                       Numbered("N# T#\n", kRecords, true), kind.what);
+    EXPECT_EQ(kind.count(package), kRecords) << kind.what;
   }
 }
 
 TEST(ParameterFileSurvival, LongFilesTakeLinearTime) {
   ExpectInTime("parameters", [] {
-    EXPECT_EQ(setup::ReadParameters(Repeated("Material=Cu\r\n", 500'000)).size(), 500'000U);
-    EXPECT_TRUE(setup::ReadParameters(std::string(10'000'000, '=')).empty());
-    EXPECT_TRUE(setup::ReadParameters(std::string(10'000'000, '\n')).empty());
+    EXPECT_EQ(setup::ReadParameters(Repeated("Material=Cu\r\n", 100'000)).size(), 100'000U);
+    EXPECT_TRUE(setup::ReadParameters(std::string(2'000'000, '=')).empty());
+    EXPECT_TRUE(setup::ReadParameters(std::string(2'000'000, '\n')).empty());
   });
 }
 

@@ -21,22 +21,6 @@ TEST_F(ReaderText, ACarriageReturnAloneDoesNotEndALine) {
   EXPECT_TRUE(Read("COMPZ 1\rCBP A 1 2\r").Bonds.Empty()) << "all of it is one line, with the height 1CBP";
 }
 
-TEST_F(ReaderText, MissingFieldsAreEmptyAndFurtherOnesDropped) {
-  const Package package =
-      ReadBody("CBP A 1 2 0 3 4 0 L ROUND\nCBP\nSBP A 1 2 0 3 4 5 ROUND 0 T more and more\n");
-  ASSERT_EQ(package.Bonds.Count(), 2U);
-  const BondRec& bare = package.Bonds[1];
-  EXPECT_EQ(Fields(bare.Name, bare.DieX, bare.DieSide, bare.DieShape), "'' 0 '' ''")
-      << "not those of the line before";
-  EXPECT_EQ(package.Bonds[0].Tier, "T");
-}
-
-TEST_F(ReaderText, UnreadableNumbersAreZero) {
-  const Package package = ReadBody("CBP A 1,5 x7 0 2,5mil -,5 0 L ROUND\n");
-  const BondRec& bond = package.Bonds[0];
-  EXPECT_EQ(Fields(bond.DieX, bond.DieY, bond.DieSizeX, bond.DieSizeY), "1.5 0 2.5 -0.5");
-}
-
 TEST_F(ReaderText, OrdinaryBytesStayAsTheyAre) {
   // NUL, byte 26, a no-break space and letters beyond ASCII are parts of a name like any other.
   for (const std::string_view name :

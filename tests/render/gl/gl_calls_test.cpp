@@ -24,12 +24,22 @@ class GlCallsTest : public GlTest {
 };
 
 TEST_F(GlCallsTest, QuadSetsItsNormalOnceAndItsMaterialBeforeEachCorner) {
-  model::DrawQuad(pen, {0, 0, 7}, {2, 0, 7}, {2, 3, 7}, {0, 3, 7}, "DarkBlue");
-  const std::string material = "  glMaterialfv(GL_FRONT, GL_AMBIENT_AND_DIFFUSE, 0, 0, 0.5, 1)\n";
-  std::string expected = "glBegin(GL_QUADS)\n  glNormal3f(0, 1, 0)\n";
-  for (const char* corner : {"0, 7, 0", "2, 7, 0", "2, 7, 3", "0, 7, 3"})
-    expected += material + "  glVertex3f(" + corner + ")\n";
-  EXPECT_EQ(Calls(), expected + "glEnd()\n");
+  // "Black" is never the very dark blue of the second entry of that name; a name that is unknown is black
+  // too.
+  for (const auto& [name, rgb] : {std::pair("DarkBlue", "0, 0, 0.5"),
+                                  {"DarkCyan", "0, 0.5, 0.5"},
+                                  {"LightCyan", "0.5, 1, 1"},
+                                  {"Black", "0, 0, 0"},
+                                  {"white", "0, 0, 0"}}) {
+    // In the scene u = (0 0 4) and v = (3 4 0), so u x v = (-16 12 0), of length 20; the normal is the other
+    // way.
+    model::DrawQuad(pen, {0, 0, 7}, {0, 4, 7}, {3, 4, 11}, {3, 0, 11}, name);
+    std::string expected = "glBegin(GL_QUADS)\n  glNormal3f(0.8, -0.6, 0)\n";
+    for (const char* corner : {"0, 7, 0", "0, 7, 4", "3, 11, 4", "3, 11, 0"})
+      ((expected += "  glMaterialfv(GL_FRONT, GL_AMBIENT_AND_DIFFUSE, ") += rgb) +=
+          std::string(", 1)\n  glVertex3f(") + corner + ")\n";
+    EXPECT_EQ(Calls(), expected + "glEnd()\n");
+  }
 }
 
 TEST_F(GlCallsTest, StripIsTwoPixelsWideWithBothSidesInOneMaterial) {

@@ -7,7 +7,6 @@
 #include <string>
 
 #include "model/files.h"
-#include "shell/help/rtf_words.h"
 
 namespace shell {
 namespace {
@@ -126,18 +125,6 @@ TEST(Rtf, CharactersOfEverySpelling) {
               {R"({\rtf1 \u55357?x\u56832?\u55357?})", "<>\uFFFDx\uFFFD\uFFFD|"}});
 }
 
-TEST(Rtf, EachWordIsAboutTheRunOrTheParagraphOrNeither) {
-  const std::tuple<const char*, bool, bool> words[] = {
-      {"b", true, false},  {"plain", true, false}, {"fs", true, false}, {"qc", false, true},
-      {"tx", false, true}, {"pard", false, true},  {"u", false, false}};
-  for (const auto& [name, run, paragraph] : words) {
-    help::RunFormat runFormat;
-    help::ParagraphFormat paragraphFormat;
-    EXPECT_EQ(help::ApplyToRun({name, 1}, {}, runFormat), run) << name;
-    EXPECT_EQ(help::ApplyToParagraph({name, 1}, paragraphFormat), paragraph) << name;
-  }
-}
-
 TEST(Rtf, TextOutsideThePageIsNotShown) {
   ExpectEach(
       {{R"({\rtf1{\stylesheet{\s1\b heading 1;}}{\info{\title T}{\author A}}{\*\generator x{y}z;}\pard\s1 a})",
@@ -172,38 +159,24 @@ TEST(Rtf, HugeInputTakesLinearTimeAndBoundedRoom) {
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
 }
 
-/// The page's bold headings and its text, and that it was made for the reader: ASCII, closed, no leftovers.
-struct Page {
-  explicit Page(const std::string& name) : Bytes(model::ReadWholeFile(YAX_HELP_FOLDER "/" + name)) {
-    const help::RichText text = help::ReadRtf(Bytes).value();
-    for (const help::Paragraph& paragraph : text.Paragraphs) {
-      const bool heading = !paragraph.Runs.empty() && paragraph.Runs[0].Format.Size > 24;
-      for (const help::Run& run : paragraph.Runs) {
-        Text += run.Text;
-        if (heading) Headings += run.Text;
-      }
-      Text += "\n";
-      if (heading) Headings += "\n";
-    }
-  }
-  std::string Bytes, Text, Headings;
-};
-
 TEST(HelpPages, AreWholeAndHoldTheirHeadings) {
   const std::pair<const char*, std::vector<const char*>> pages[] = {
       {"NavHelp.rtf", {"Navigation", "Keys", "Mouse", "Wheel", "Buttons", "Scroll bars", "Reset"}},
       {"YaxViewHelp.rtf",
        {"Viewer", "Menu", "Package file", "Net types", "Wire bond setup", "Wire list", "Estimator", "flat"}}};
   for (const auto& [name, headings] : pages) {
-    const Page page(name);
-    for (const char* heading : headings)
-      EXPECT_NE(page.Headings.find(heading), std::string::npos) << name << ": " << heading;
-    EXPECT_TRUE(std::all_of(page.Bytes.begin(), page.Bytes.end(), [](char c) {
-      return c == '\n' || (c >= ' ' && c <= '~');
-    })) << name;
+    const std::string bytes = model::ReadWholeFile(std::string(YAX_HELP_FOLDER "/") + name);
+    EXPECT_EQ(
+        std::count_if(bytes.begin(), bytes.end(), [](char c) { return c != '\n' && (c < ' ' || c > '~'); }),
+        0);
+    std::string text, large;
+    const help::RichText page = help::ReadRtf(bytes).value();
+    for (const help::Paragraph& paragraph : page.Paragraphs)
+      for (const help::Run& run : paragraph.Runs) (run.Format.Size > 24 ? large : text) += run.Text + "\n";
+    for (const char* heading : headings) EXPECT_NE(large.find(heading), std::string::npos) << heading;
     // The last brace of the file closes the first: nothing after it, and nothing of the page is lost before.
-    EXPECT_TRUE(page.Text.ends_with("End of this page.\n")) << name;
-    EXPECT_EQ(page.Text.find_first_of("\\{}"), std::string::npos) << name;
+    EXPECT_TRUE(text.ends_with("End of this page.\n")) << name;
+    EXPECT_EQ((text + large).find_first_of("\\{}"), std::string::npos) << name;
   }
 }
 

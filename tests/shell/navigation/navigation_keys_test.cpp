@@ -81,22 +81,6 @@ TEST_F(NavigationKeys, ArrowsGoOnFromTheOtherEndOfTheBar) {
   }
 }
 
-TEST_F(NavigationKeys, ShiftAloneShowsTheUpArrowOutsideWalkMode) {
-  view->Form_KeyDown(16, navigation::kShift);
-  EXPECT_EQ(counts.pointer, navigation::Pointer::kUpArrow);
-  counts = {};
-  view->Form_KeyUp(17, navigation::kShift);  // another key goes up while Shift is held
-  EXPECT_FALSE(counts.pointer.has_value());
-  view->Form_KeyUp(16, 0);
-  EXPECT_EQ(counts.pointer, navigation::Pointer::kDefault);
-
-  view->WalkMode = true;
-  counts = {};
-  view->Form_KeyDown(16, navigation::kShift);
-  view->Form_KeyUp(16, 0);
-  EXPECT_FALSE(counts.pointer.has_value());
-}
-
 TEST_F(NavigationKeys, FaultsEndAKeySilentlyAndKeepTheChangesSoFar) {
   constexpr std::int16_t most = std::numeric_limits<std::int16_t>::max();
   constexpr std::int16_t least = std::numeric_limits<std::int16_t>::min();
