@@ -77,7 +77,8 @@ class Navigation {
 
   /// Moves one step, whatever the size of `delta`: in when it is positive, out when it is negative.
   void WheelMoved(std::int32_t delta);
-  /// Moves for "IN", "OUT", "LEFT", "RIGHT", "UP" or "DOWN"; ignores any other text.
+  /// Moves for "IN", "OUT", "LEFT", "RIGHT", "UP" or "DOWN"; ignores any other text. Deliberate: no control
+  /// calls it.
   void NavigateByKey(std::string_view keyword);
 
   void cmdForward_Click() { Move_Camera_In(0); }
