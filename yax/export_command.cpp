@@ -37,18 +37,14 @@ ExportFormat ExportFormatOf(const std::string& output) {
   throw Unusable({.File = output}, "unknown export format", "use .glb, .obj, .html or -");
 }
 
-/// Writes both files or neither: the one that names the other comes last.
+/// Writes both files or neither; for an .obj on a stream, the .mtl first.
 void WriteObj(const MeshScene& scene, const std::string& output) {
   const std::string materialFile = std::filesystem::path(output).replace_extension(".mtl").string();
-  std::error_code ignored;
-  const bool isNew = !std::filesystem::exists(materialFile, ignored);
-  WriteOutput(materialFile, MtlText(scene));
-  try {
-    WriteOutput(output, ObjText(scene, std::string(model::FileNameOf(materialFile))));
-  } catch (...) {
-    if (isNew) std::filesystem::remove(materialFile, ignored);
-    throw;
-  }
+  const std::string materials = MtlText(scene);
+  const std::string objects = ObjText(scene, std::string(model::FileNameOf(materialFile)));
+  if (!IsStream(output)) return WriteOutputs({{materialFile, materials}, {output, objects}});
+  WriteOutput(materialFile, materials);
+  WriteOutput(output, objects);
 }
 
 void WriteMeshes(const OpenedPackage& opened, const ExportOptions& options) {

@@ -146,6 +146,11 @@ TEST_F(YaxTest, ExportsAnObjectWithItsColoursBesideIt) {
   ASSERT_EQ(Yax("export -o " + (folder / "a.b.obj") + " " + one).status, 0);
   EXPECT_NE(GetFile(folder / "a.b.obj").find("\nmtllib a.b.mtl\n"), std::string::npos);
   EXPECT_NE(GetFile(folder / "a.b.mtl").find("newmtl rgb_255_255_0\n"), std::string::npos);
+  // When one file cannot be written, the other is not replaced.
+  ASSERT_EQ(std::system(("mkdir " + (folder / "c.obj")).c_str()), 0);
+  PutFile(folder / "c.mtl", "of an earlier export");
+  EXPECT_EQ(Yax("export -o " + (folder / "c.obj") + " " + one).status, 2);
+  EXPECT_EQ(GetFile(folder / "c.mtl"), "of an earlier export");
 }
 
 TEST_F(YaxTest, DrawsTheWiresOfTheFindingsOnly) {
