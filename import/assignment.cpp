@@ -8,6 +8,7 @@
 #include <set>
 #include <utility>
 
+#include "import/argument_error.h"
 #include "import/lef_def_words.h"
 #include "import/order_match.h"
 
@@ -152,9 +153,9 @@ void Assigner::TakeTable() {
     if (ownTable && own == die_.PadOfRow.end()) continue;
     const std::optional<std::size_t> pad = ownTable ? own->second : FindPad(row.PadName, row.PadNumber);
     if (!pad)
-      throw ImportError({request_.TableFile, row.Row},
-                        "there is no pad " + Quoted(row.PadName.empty() ? row.PadNumber : row.PadName),
-                        row.MayBeHeader ? kAdviceOnPadOrHeader : kAdviceOnPads);
+      throw model::InputError({request_.TableFile, row.Row},
+                              "there is no pad " + Quoted(row.PadName.empty() ? row.PadNumber : row.PadName),
+                              row.MayBeHeader ? kAdviceOnPadOrHeader : kAdviceOnPads);
     if (!excepted[*pad]) TakeRow(row, *pad);
   }
 }
@@ -175,10 +176,11 @@ void Assigner::TakeRow(const BondRow& row, std::size_t pad) {
       partners.OnPaddle = true;
       partners.PaddleRow = row.Row;
     } else if (!lead) {
-      throw ImportError({request_.TableFile, row.Row}, "there is no lead " + Quoted(word), kAdviceOnLeads);
+      throw model::InputError({request_.TableFile, row.Row}, "there is no lead " + Quoted(word),
+                              kAdviceOnLeads);
     } else if (unused_.contains(*lead)) {
-      throw ImportError({request_.TableFile, row.Row}, "lead " + Quoted(word) + " is in --unused",
-                        "remove it from the row or from --unused");
+      throw model::InputError({request_.TableFile, row.Row}, "lead " + Quoted(word) + " is in --unused",
+                              "remove it from the row or from --unused");
     } else {
       Meet(pad, *lead);
     }
@@ -238,7 +240,7 @@ glm::dvec2 Assigner::DownFrom(std::size_t number) const {
   const std::size_t row = partners_[number].PaddleRow;
   const auto refuse = [&](const std::string& why, const std::string& advice) {
     const std::string what = "pad " + Quoted(pad.Name) + " cannot be bonded down: " + why;
-    if (row != 0) throw ImportError({request_.TableFile, row}, what, advice);
+    if (row != 0) throw model::InputError({request_.TableFile, row}, what, advice);
     throw ArgumentError("bond", what, advice);
   };
   if (!frame_.DiePaddle) refuse("the package has no paddle", "bond it to a lead");

@@ -41,12 +41,12 @@ struct Assignment {
 };
 
 /// Needs   pads with unique names and edges
-/// Faults  ImportError when the request names a pad or lead that does not exist, or a down bond has no room
+/// Faults  InputError when the request names a pad or lead that does not exist, or a down bond has no room
 Assignment Assigned(const Die& die, const LeadFrame& frame, const BondRequest& request);
 
 /// Where a wire lands on a lead: `land` from its inner end, else half its length or 0.2 mm, whichever is
 /// less.
-/// Faults  ImportError when the lead is shorter than that
+/// Faults  InputError when the lead is shorter than that
 glm::dvec2 LandingOn(const Lead& lead, const std::optional<double>& land);
 
 /// Where a wire straight out from the pad lands on the paddle, outside the die: halfway to the paddle's edge,

@@ -254,8 +254,8 @@ std::string Maker::Summary() const {
 Bonded Maker::Run() {
   const std::size_t bonds = chip_.Chip.Pads.size() + chip_.Bonds.Wires.size();
   if (chip_.Chip.Pads.size() > kMostPads || bonds > 2 * kMostPads)
-    throw ImportError({chip_.Chip.File}, "it has more than " + std::to_string(kMostPads) + " pads",
-                      "choose some of them with --pads");
+    throw model::InputError({chip_.Chip.File}, "it has more than " + std::to_string(kMostPads) + " pads",
+                            "choose some of them with --pads");
   MakeHeader();
   for (const DiePad& pad : chip_.Chip.Pads) names_.insert(pad.Name);
   met_.resize(chip_.Frame.Leads.size());

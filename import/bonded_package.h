@@ -36,7 +36,7 @@ struct Bonded {
 
 /// Makes the package, with lengths in units of `unit` millimetres, which messages call `unitName`. A second
 /// wire from a pad repeats the pad as NAME_2. Wires without length, or from the origin, are left out.
-/// Faults  ImportError when there are more pads than a package can show
+/// Faults  InputError when there are more pads than a package can show
 Bonded BondedPackage(const BondedChip& chip, double unit, const std::string& unitName);
 
 }  // namespace importer

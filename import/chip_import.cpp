@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "import/argument_error.h"
 #include "import/kicad_footprint.h"
 #include "import/names.h"
 #include "import/package_generator.h"

@@ -34,7 +34,7 @@ struct Imported {
   std::vector<SourceNote> Notes;  ///< among them what was assumed for values not given
 };
 
-/// Faults  ImportError, or ArgumentError with the option's name
+/// Faults  InputError; for the value of an option ArgumentError
 Imported ImportChip(const ImportRequest& request);
 
 /// The leads of the package that `package` describes, with the die at the origin and not turned.

@@ -66,8 +66,8 @@ DefChip DefReader::Read() {
   while (!ReadSection()) {
   }
   if (chip_.UnitsPerMicron == 0.0)
-    throw ImportError({file_}, "it has no line UNITS DISTANCE MICRONS",
-                      "add it, so that lengths have a unit");
+    throw model::InputError({file_}, "it has no line UNITS DISTANCE MICRONS",
+                            "add it, so that lengths have a unit");
   for (const Cell& cell : cells_) AddPinsOf(cell);
   return std::move(chip_);
 }

@@ -22,7 +22,7 @@ struct DefChip {
 };
 
 /// Reads   UNITS, DIEAREA, PINS and COMPONENTS; skips all other sections
-/// Faults  ImportError with the line when a number cannot be read, an orientation is unknown, or the text
+/// Faults  InputError with the line when a number cannot be read, an orientation is unknown, or the text
 ///         ends before "END DESIGN"
 DefChip ReadDef(std::string_view text, const std::string& file, const LefLibrary& library);
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "import/box.h"
-#include "import/import_error.h"
+#include "model/input_error.h"
 
 namespace importer {
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "import/argument_error.h"
 #include "import/def_reader.h"
 #include "import/names.h"
 #include "import/pad_table.h"
@@ -62,7 +63,7 @@ Die DieFromDef(const DieRequest& request) {
                             std::to_string(chip.CellsInLibrary) + " of them in a --lef)";
   if (!chip.Area) {
     if (!request.DieSize)
-      throw ImportError({request.File}, "it has no DIEAREA", "give the die's size with --die-size");
+      throw model::InputError({request.File}, "it has no DIEAREA", "give the die's size with --die-size");
     for (const Terminal& terminal : chip.Terminals)
       for (const PinShape& shape : terminal.Shapes)
         chip.Area = chip.Area ? Around(*chip.Area, shape.Place) : shape.Place;
@@ -72,26 +73,28 @@ Die DieFromDef(const DieRequest& request) {
   MoveToMiddle(chip.Terminals, area.Middle(), units);
   Die die = DieOf(request, chip.Terminals, area.Size() / units, "DIEAREA");
   if (die.Pads.empty() && chip.Pins + chip.Cells == 0)
-    throw ImportError({request.File}, "it has neither pins nor cells", "give the DEF of the pad frame");
+    throw model::InputError({request.File}, "it has neither pins nor cells", "give the DEF of the pad frame");
   if (die.Pads.empty())
-    throw ImportError({request.File}, "no pads found among " + found,
-                      chip.CellsInLibrary < chip.Cells && chip.CellsInLibrary == 0
-                          ? "give the LEF of the pad cells with --lef, or a smaller --pad-min"
-                          : kLessStrict);
+    throw model::InputError({request.File}, "no pads found among " + found,
+                            chip.CellsInLibrary < chip.Cells && chip.CellsInLibrary == 0
+                                ? "give the LEF of the pad cells with --lef, or a smaller --pad-min"
+                                : kLessStrict);
   return die;
 }
 
 const LefMacro& MacroOf(const DieRequest& request, const LefLibrary& library) {
-  if (library.empty()) throw ImportError({request.File}, "it has no MACRO", "give the LEF of the whole chip");
+  if (library.empty())
+    throw model::InputError({request.File}, "it has no MACRO", "give the LEF of the whole chip");
   if (request.Macro.empty()) {
     if (library.size() == 1) return library.begin()->second;
     std::vector<std::string> names;
     for (const auto& [name, macro] : library) names.push_back(name);
-    throw ImportError({request.File}, "it has several macros: " + Listed(names), "choose one with --macro");
+    throw model::InputError({request.File}, "it has several macros: " + Listed(names),
+                            "choose one with --macro");
   }
   const auto found = library.find(request.Macro);
   if (found == library.end())
-    throw ImportError({request.File}, "it has no macro " + Quoted(request.Macro), "correct --macro");
+    throw model::InputError({request.File}, "it has no macro " + Quoted(request.Macro), "correct --macro");
   return found->second;
 }
 
@@ -100,28 +103,28 @@ Die DieFromLef(const DieRequest& request) {
   ReadLef(ReadSource(request.File), request.File, library);
   const LefMacro& macro = MacroOf(request, library);
   std::vector<Terminal> pins = macro.Pins;
-  const SourcePlace place{request.File, macro.Line};
+  const model::FilePlace place{request.File, macro.Line};
   if (pins.empty())
-    throw ImportError(place, "the macro " + Quoted(macro.Name) + " has no pins",
-                      "give the LEF of the whole chip");
+    throw model::InputError(place, "the macro " + Quoted(macro.Name) + " has no pins",
+                            "give the LEF of the whole chip");
   if (!request.DieSize && !(macro.Size.x > 0.0 && macro.Size.y > 0.0))
-    throw ImportError(place, "the macro " + Quoted(macro.Name) + " has no SIZE",
-                      "give the die's size with --die-size");
+    throw model::InputError(place, "the macro " + Quoted(macro.Name) + " has no SIZE",
+                            "give the die's size with --die-size");
   MoveToMiddle(pins, macro.Size / 2.0, 1000.0);
   const std::size_t shapes = ShapeCount(pins);
   const std::size_t count = pins.size();
   Die die = DieOf(request, pins, macro.Size / 1000.0, "the macro's SIZE");
   if (die.Pads.empty())
-    throw ImportError(place,
-                      "no pads found among " + Counted(count, "pin", "pins") + " with " +
-                          Counted(shapes, "shape", "shapes"),
-                      kLessStrict);
+    throw model::InputError(place,
+                            "no pads found among " + Counted(count, "pin", "pins") + " with " +
+                                Counted(shapes, "shape", "shapes"),
+                            kLessStrict);
   return die;
 }
 
 void CheckSize(const Die& die) {
   if (!(die.Size.x > 0.0 && die.Size.y > 0.0))
-    throw ImportError({die.File}, "the die has no size", "give it with --die-size");
+    throw model::InputError({die.File}, "the die has no size", "give it with --die-size");
 }
 
 }  // namespace
@@ -137,8 +140,9 @@ bool IsTableFile(const std::string& file) {
 void RefuseKind(const std::string& file, const std::string& wanted) {
   for (const std::string_view workbook : {".XLSX", ".XLS", ".XLSM", ".ODS"})
     if (EndsWith(file, workbook))
-      throw ImportError({file}, "workbooks of spreadsheet programs cannot be read", "save the sheet as CSV");
-  throw ImportError({file}, "its name does not end in " + wanted, "give a file of one of these kinds");
+      throw model::InputError({file}, "workbooks of spreadsheet programs cannot be read",
+                              "save the sheet as CSV");
+  throw model::InputError({file}, "its name does not end in " + wanted, "give a file of one of these kinds");
 }
 
 Die ReadDie(const DieRequest& request) {

@@ -283,7 +283,8 @@ LeadFrame Footprint::Frame(bool onBoard) {
   DropVias();
   LeadFrame frame{.File = file_, .Leads = {}, .DiePaddle = {}};
   if (pads_.empty())
-    throw ImportError({file_, span_.Line}, "the footprint has no pads", "give one with a pad for each lead");
+    throw model::InputError({file_, span_.Line}, "the footprint has no pads",
+                            "give one with a pad for each lead");
   const glm::dvec2 middle = Middle();
   if (middle != glm::dvec2(0.0))
     frame.Notes.push_back("the footprint's origin is not in its middle; the die is placed in the middle");
@@ -298,8 +299,8 @@ LeadFrame Footprint::Frame(bool onBoard) {
     frame.Leads.push_back(std::move(lead));
   }
   if (frame.Leads.empty())
-    throw ImportError({file_, span_.Line}, "none of the footprint's pads is a lead",
-                      "give one with a numbered pad for each lead");
+    throw model::InputError({file_, span_.Line}, "none of the footprint's pads is a lead",
+                            "give one with a numbered pad for each lead");
   RefuseDuplicates(frame);
   // Turning the package is turning the die the other way.
   PlaceDie(frame, -degrees_, glm::dvec2(0.0));
@@ -314,16 +315,16 @@ bool IsFootprint(std::string_view name) { return name == "footprint" || name == 
 LeadFrame FootprintOf(std::string_view text, const std::string& file) {
   const ElementSpan whole = WholeElement(text, file);
   if (!IsFootprint(whole.Name))
-    throw ImportError({file, whole.Line}, "it does not hold a footprint",
-                      "give a .kicad_mod file, or a board's footprint as FILE.kicad_pcb:REFERENCE");
+    throw model::InputError({file, whole.Line}, "it does not hold a footprint",
+                            "give a .kicad_mod file, or a board's footprint as FILE.kicad_pcb:REFERENCE");
   return Footprint(whole, file).Frame(false);
 }
 
 LeadFrame FootprintOnBoard(std::string_view text, const std::string& file, const std::string& reference) {
   const ElementSpan board = WholeElement(text, file);
   if (board.Name != "kicad_pcb")
-    throw ImportError({file, board.Line}, "it does not hold a board",
-                      "give a .kicad_pcb file of KiCad 5 or later");
+    throw model::InputError({file, board.Line}, "it does not hold a board",
+                            "give a .kicad_pcb file of KiCad 5 or later");
   std::vector<std::string> others;
   for (const ElementSpan& element : ElementsWithin(board)) {
     if (!IsFootprint(element.Name)) continue;
@@ -332,8 +333,8 @@ LeadFrame FootprintOnBoard(std::string_view text, const std::string& file, const
     if (found == reference) return footprint.Frame(true);
     others.push_back(found);
   }
-  throw ImportError({file}, "no footprint has the reference " + Quoted(reference),
-                    others.empty() ? "the board has no footprints" : "it has " + Listed(others));
+  throw model::InputError({file}, "no footprint has the reference " + Quoted(reference),
+                          others.empty() ? "the board has no footprints" : "it has " + Listed(others));
 }
 
 }  // namespace importer

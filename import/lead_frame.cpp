@@ -4,8 +4,8 @@
 #include <unordered_map>
 #include <utility>
 
-#include "import/import_error.h"
 #include "import/names.h"
+#include "model/input_error.h"
 
 namespace importer {
 
@@ -66,8 +66,8 @@ void RefuseDuplicates(const LeadFrame& frame) {
   for (const Lead& lead : frame.Leads) {
     const auto [before, isNew] = seen.try_emplace(lead.Label(), &lead);
     if (!isNew)
-      throw ImportError({frame.File, lead.Row}, "duplicate lead " + Quoted(lead.Label()),
-                        "give each lead another number");
+      throw model::InputError({frame.File, lead.Row}, "duplicate lead " + Quoted(lead.Label()),
+                              "give each lead another number");
   }
 }
 

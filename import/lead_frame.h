@@ -56,7 +56,7 @@ std::vector<std::string> NameLeads(LeadFrame& frame);
 /// Mirrors the package, to see it from below: left and right change places.
 void Mirror(LeadFrame& frame);
 
-/// Faults  ImportError when two leads have the same number, or, without numbers, the same name
+/// Faults  InputError when two leads have the same number, or, without numbers, the same name
 void RefuseDuplicates(const LeadFrame& frame);
 
 }  // namespace importer

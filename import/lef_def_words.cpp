@@ -96,7 +96,7 @@ bool LefDefWords::Next() {
 bool LefDefWords::Is(std::string_view keyword) const { return model::EqualsUpper(word_, keyword); }
 
 void LefDefWords::Fail(const std::string& what, const std::string& advice) const {
-  throw ImportError({file_, line_}, what, advice);
+  throw model::InputError({file_, line_}, what, advice);
 }
 
 std::string_view LefDefWords::Take() {

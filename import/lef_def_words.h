@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "import/box.h"
-#include "import/import_error.h"
+#include "model/input_error.h"
 
 namespace importer {
 
@@ -32,7 +32,7 @@ class LefDefWords {
   bool Is(std::string_view keyword) const;
 
   // Each reads on from the current word.
-  // Faults  ImportError with the line, when what follows is something else, or the text ends
+  // Faults  InputError with the line, when what follows is something else, or the text ends
 
   /// Goes to the next word; the text must not end here.
   std::string_view Take();

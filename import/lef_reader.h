@@ -23,7 +23,7 @@ using LefLibrary = std::map<std::string, LefMacro, std::less<>>;
 /// Adds the macros of a LEF text. The last of several macros with one name counts, as in the programs that
 /// read these files.
 /// Reads   MACRO with ORIGIN, SIZE, PIN, USE, PORT, LAYER, RECT and POLYGON; skips everything else
-/// Faults  ImportError with the line when a number cannot be read, or the text ends within a macro
+/// Faults  InputError with the line when a number cannot be read, or the text ends within a macro
 void ReadLef(std::string_view text, const std::string& file, LefLibrary& library);
 
 }  // namespace importer

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "import/import_error.h"
+#include "import/argument_error.h"
 #include "import/source_file.h"
 #include "model/text.h"
 

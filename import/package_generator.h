@@ -16,7 +16,7 @@ bool IsOutline(std::string_view text);
 /// Outer ends are on the body's edge. Inner tips are a lead's length from the edge or, with `tip=`, on the
 /// square or rectangle at that distance from the centre; the leads then fan in.
 /// Units   `unit` is the unit of all lengths in the text, in millimetres
-/// Faults  ImportError when a part is missing, unknown, not a number, or does not fit
+/// Faults  ArgumentError when a part is missing, unknown, not a number, or does not fit
 LeadFrame Outlined(const std::string& text, double unit);
 
 /// "WxL" as two lengths above 0; nothing for any other text.

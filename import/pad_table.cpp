@@ -124,8 +124,8 @@ class FingerReader {
 
 LeadFrame FingerReader::Read() {
   if (!table_.HasHeader() || !roles_.SubsX || !roles_.SubsY)
-    throw ImportError({frame_.File}, table_.WithUnknownColumns("it does not say where the fingers are"),
-                      kAdviceOnPlaces);
+    throw model::InputError({frame_.File}, table_.WithUnknownColumns("it does not say where the fingers are"),
+                            kAdviceOnPlaces);
   NoteUnknownColumns(table_, frame_.Notes);
   const glm::dvec2 origin = OriginOf(table_, list_ ? roles_.DieX : roles_.SubsX,
                                      list_ ? roles_.DieY : roles_.SubsY, dieSize_ / unit_);
@@ -188,12 +188,13 @@ void FingerReader::AddLead(Lead lead, const glm::dvec2& middle) {
 
 Die DieFromTable(const DieRequest& request) {
   if (!request.DieSize)
-    throw ImportError({request.File}, "a table of pads does not say how large the die is", "give --die-size");
+    throw model::InputError({request.File}, "a table of pads does not say how large the die is",
+                            "give --die-size");
   const TextTable table(ReadSource(request.File), request.File);
   const Roles roles = RolesOf(table);
   if (!roles.DieX || !roles.DieY)
-    throw ImportError({request.File}, table.WithUnknownColumns("it does not say where the pads are"),
-                      kAdviceOnPlaces);
+    throw model::InputError({request.File}, table.WithUnknownColumns("it does not say where the pads are"),
+                            kAdviceOnPlaces);
   const glm::dvec2 origin = OriginOf(table, roles.DieX, roles.DieY, *request.DieSize / request.TableUnit);
   Die die{.File = request.File, .Pads = {}, .Size = *request.DieSize};
   NoteUnknownColumns(table, die.Notes);
@@ -222,8 +223,8 @@ Die DieFromTable(const DieRequest& request) {
     if (isNew || !hasLeads) die.Pads.push_back(std::move(pad));
   }
   if (die.Pads.empty())
-    throw ImportError({request.File}, "no pads found in " + Counted(table.Rows().size(), "row", "rows"),
-                      "give a row for each pad, or other --pads");
+    throw model::InputError({request.File}, "no pads found in " + Counted(table.Rows().size(), "row", "rows"),
+                            "give a row for each pad, or other --pads");
   if (!request.PadSize) GuessSizes(die, "--pad-size");
   return die;
 }
@@ -255,8 +256,8 @@ std::vector<BondRow> BondsFromTable(const std::string& file) {
   const Roles roles = RolesOf(table);
   const bool hasLeads = roles.Lead || roles.LeadName;
   if (!hasLeads || (!roles.PadName && !roles.PadNumber))
-    throw ImportError({file}, table.WithUnknownColumns("it does not say which pad meets which lead"),
-                      "give it the columns pad and lead");
+    throw model::InputError({file}, table.WithUnknownColumns("it does not say which pad meets which lead"),
+                            "give it the columns pad and lead");
   std::vector<BondRow> bonds;
   for (const TableRow& row : table.Rows()) {
     BondRow bond{.PadName = table.Field(row, roles.PadName),

@@ -13,12 +13,12 @@
 namespace importer {
 
 /// The pads of a table.
-/// Faults  ImportError with the row
+/// Faults  InputError with the row
 Die DieFromTable(const DieRequest& request);
 
 /// The fingers of a table. Places relative to a corner need the die's size.
 /// Units   `unit` is the table's unit in millimetres
-/// Faults  ImportError with the row
+/// Faults  InputError with the row
 LeadFrame FingersFromTable(const std::string& file, double unit, const glm::dvec2& dieSize);
 
 /// One row of a table of bonds, as its words.
@@ -29,7 +29,7 @@ struct BondRow {
   bool MayBeHeader = false;  ///< the first row of a table in which no header was found
 };
 
-/// Faults  ImportError with the row
+/// Faults  InputError with the row
 std::vector<BondRow> BondsFromTable(const std::string& file);
 
 /// The words of a field that holds leads: several between commas; none for "0", "NC" or an empty field.

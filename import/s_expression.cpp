@@ -138,13 +138,13 @@ ElementSpan WholeElement(std::string_view text, const std::string& file) {
   if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
   Scanner scanner(text, 1);
   if (!scanner.SkipBlanks() || scanner.Letter() != '(')
-    throw ImportError({file, scanner.Line()}, "it does not begin with a bracket",
-                      "give a file of KiCad 5 or later");
+    throw model::InputError({file, scanner.Line()}, "it does not begin with a bracket",
+                            "give a file of KiCad 5 or later");
   const std::size_t start = scanner.At();
   const std::size_t line = scanner.Line();
   if (!scanner.SkipElement())
-    throw ImportError({file, scanner.Line()}, "the file ends within brackets or quotes",
-                      "fetch or write the whole file again");
+    throw model::InputError({file, scanner.Line()}, "the file ends within brackets or quotes",
+                            "fetch or write the whole file again");
   const std::string_view element = text.substr(start, scanner.At() - start);
   return {element, NameOf(element), line};
 }
@@ -184,7 +184,7 @@ SExpression::SExpression(const ElementSpan& span, const std::string& file) : fil
 }
 
 void SExpression::Fail(const std::string& what, const std::string& advice) const {
-  throw ImportError({file_, line_}, what, advice);
+  throw model::InputError({file_, line_}, what, advice);
 }
 
 std::string SExpression::Word(std::size_t number) const {

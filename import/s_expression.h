@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "import/import_error.h"
+#include "model/input_error.h"
 
 struct elt;
 
@@ -22,7 +22,7 @@ struct ElementSpan {
 };
 
 /// The element with which a text begins.
-/// Faults  ImportError with the line when the text begins with something else, or brackets or quotes are not
+/// Faults  InputError with the line when the text begins with something else, or brackets or quotes are not
 /// closed
 ElementSpan WholeElement(std::string_view text, const std::string& file);
 
@@ -33,7 +33,7 @@ std::vector<ElementSpan> ElementsWithin(const ElementSpan& outer);
 /// A parsed element.
 class SExpression {
  public:
-  /// Faults  ImportError with the line when the library cannot read it, or it is too large or too deep to be
+  /// Faults  InputError with the line when the library cannot read it, or it is too large or too deep to be
   /// parsed
   SExpression(const ElementSpan& span, const std::string& file);
 
@@ -44,7 +44,7 @@ class SExpression {
   /// The last of them; empty when there is none.
   std::string LastWordOf(std::string_view name) const;
   /// The numbers that such an element begins with.
-  /// Faults  ImportError with the line when there are fewer than `least`
+  /// Faults  InputError with the line when there are fewer than `least`
   std::vector<double> NumbersOf(std::string_view name, std::size_t least) const;
   /// The same as a point; the origin when there is no such element.
   glm::dvec2 PointOf(std::string_view name) const;

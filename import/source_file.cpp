@@ -49,7 +49,7 @@ std::string Quoted(std::string_view word) {
 
 std::string Unzipped(std::string_view bytes, const std::string& path) {
   const auto damaged = [&path](const char* what) {
-    return ImportError({path}, what, "fetch or pack the file again");
+    return model::InputError({path}, what, "fetch or pack the file again");
   };
   Inflater inflater;
   if (!inflater.Ready()) throw std::bad_alloc();
@@ -77,12 +77,12 @@ std::string Unzipped(std::string_view bytes, const std::string& path) {
 }
 
 std::string ReadSource(const std::string& path) {
-  if (!model::FileExists(path)) throw ImportError({path}, "there is no such file", "correct its path");
+  if (!model::FileExists(path)) throw model::InputError({path}, "there is no such file", "correct its path");
   std::string bytes;
   try {
     bytes = model::ReadWholeFile(path);
   } catch (const model::FileFault& fault) {
-    throw ImportError({path}, fault.Kind(), "give a file that can be read");
+    throw model::InputError({path}, fault.Kind(), "give a file that can be read");
   }
   return bytes.starts_with("\x1f\x8b") ? Unzipped(bytes, path) : bytes;
 }

@@ -5,16 +5,16 @@
 #include <string>
 #include <string_view>
 
-#include "import/import_error.h"
+#include "model/input_error.h"
 
 namespace importer {
 
 /// The whole source. What begins like a gzip file is unpacked.
-/// Faults  ImportError when it cannot be read, is damaged, or holds more than 256 megabytes
+/// Faults  InputError when it cannot be read, is damaged, or holds more than 256 megabytes
 std::string ReadSource(const std::string& path);
 
 /// Unpacks a gzip file of one or more members.
-/// Faults  ImportError, with `path` in its message, as above
+/// Faults  InputError, with `path` in its message, as above
 std::string Unzipped(std::string_view bytes, const std::string& path);
 
 /// The whole of `text` as a number; nothing when it is not a number, or is beyond 1e12, which no length in

@@ -141,7 +141,7 @@ void Parse(std::string_view text, RowParser& parser) {
 TextTable::TextTable(std::string_view text, std::string file) : file_(std::move(file)) {
   if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
   if (text.find('\0') != std::string_view::npos)
-    throw ImportError({file_}, "it is not plain text", "save the table as CSV in UTF-8");
+    throw model::InputError({file_}, "it is not plain text", "save the table as CSV in UTF-8");
   std::size_t best = 0;
   std::size_t openSince = 0;
   for (const char separator : {'\t', ';', ',', kBlankRuns}) {
@@ -174,8 +174,8 @@ TextTable::TextTable(std::string_view text, std::string file) : file_(std::move(
   }
   if (!header_.empty()) TakeSurplus();
   if (best == 0 && openSince != 0)
-    throw ImportError({file_, openSince}, "a quote is not closed", "close it, or remove it");
-  if (best == 0) throw ImportError({file_}, "its columns are not clear", std::string(kAdviceOnHeader));
+    throw model::InputError({file_, openSince}, "a quote is not closed", "close it, or remove it");
+  if (best == 0) throw model::InputError({file_}, "its columns are not clear", std::string(kAdviceOnHeader));
 }
 
 void TextTable::TakeSurplus() {
@@ -242,7 +242,7 @@ std::optional<double> TextTable::NumberIfAny(const TableRow& row, std::optional<
 }
 
 void TextTable::Fail(const TableRow& row, const std::string& what, const std::string& advice) const {
-  throw ImportError({file_, row.Line}, what, advice);
+  throw model::InputError({file_, row.Line}, what, advice);
 }
 
 }  // namespace importer

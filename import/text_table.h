@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "import/import_error.h"
+#include "model/input_error.h"
 
 namespace importer {
 
@@ -20,7 +20,7 @@ struct TableRow {
 /// The rows of a table below its header. Without a header it has two or five columns.
 class TextTable {
  public:
-  /// Faults  ImportError with the row, when a quote is not closed, or there is neither a header nor two or
+  /// Faults  InputError with the row, when a quote is not closed, or there is neither a header nor two or
   /// five columns
   TextTable(std::string_view text, std::string file);
 
@@ -41,7 +41,7 @@ class TextTable {
 
   /// The field, empty where the row ends before it or there is no such column.
   const std::string& Field(const TableRow& row, std::optional<std::size_t> column) const;
-  /// Faults  ImportError with the row when the field is not a number
+  /// Faults  InputError with the row when the field is not a number
   double Number(const TableRow& row, std::size_t column) const;
   /// The same, or nothing for an empty field.
   std::optional<double> NumberIfAny(const TableRow& row, std::optional<std::size_t> column) const;

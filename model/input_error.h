@@ -5,6 +5,7 @@
 #include <exception>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace model {
 
@@ -20,10 +21,14 @@ std::string MessageText(const FilePlace& place, std::string_view what, std::stri
 /// Unusable input; what() is its MessageText.
 class InputError : public std::exception {
  public:
-  InputError(const FilePlace& place, std::string_view what, std::string_view advice)
-      : text_(MessageText(place, what, advice)) {}
+  InputError(FilePlace place, std::string_view what, std::string_view advice)
+      : Place(std::move(place)), What(what), Advice(advice), text_(MessageText(Place, What, Advice)) {}
 
   const char* what() const noexcept override { return text_.c_str(); }
+
+  FilePlace Place;
+  std::string What;
+  std::string Advice;  ///< what to do; may be empty
 
  private:
   std::string text_;

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "import/argument_error.h"
 #include "import/chip_import.h"
 #include "import/package_generator.h"
 #include "import/source_file.h"
@@ -213,8 +214,6 @@ Status Import(CLI::App& command, ImportOptions& options) {
     imported = importer::ImportChip(request);
   } catch (const importer::ArgumentError& error) {
     Refuse(options, error.Option, error.What, error.Advice);
-  } catch (const importer::ImportError& error) {
-    throw Unusable({error.Place.File, error.Place.Line}, error.What, error.Advice);
   }
   Write(options.Output, imported.Made.Package);
   const std::string output = options.Output == "-" ? "standard output" : options.Output;
