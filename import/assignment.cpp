@@ -11,6 +11,7 @@
 #include "import/argument_error.h"
 #include "import/lef_def_words.h"
 #include "import/order_match.h"
+#include "model/text.h"
 
 namespace importer {
 
@@ -111,7 +112,7 @@ std::optional<std::size_t> Assigner::FindLead(const std::string& word) const {
 void Assigner::TakeUnused() {
   for (const std::string& word : request_.Unused) {
     const std::optional<std::size_t> lead = FindLead(word);
-    if (!lead) throw ArgumentError("unused", "there is no lead " + Quoted(word), kAdviceOnLeads);
+    if (!lead) throw ArgumentError("unused", "there is no lead " + model::Quoted(word), kAdviceOnLeads);
     taken_[*lead] = true;
     unused_.insert(*lead);
   }
@@ -125,10 +126,10 @@ void Assigner::Meet(std::size_t pad, std::size_t lead) {
 void Assigner::TakeException(const std::string& text) {
   const std::size_t equals = text.rfind('=');
   if (equals == std::string::npos)
-    throw ArgumentError("bond", Quoted(text) + " has no '='", "write PAD=LEAD, PAD=PADDLE or PAD=");
+    throw ArgumentError("bond", model::Quoted(text) + " has no '='", "write PAD=LEAD, PAD=PADDLE or PAD=");
   const std::string name = text.substr(0, equals);
   const std::optional<std::size_t> pad = FindPad(name, name);
-  if (!pad) throw ArgumentError("bond", "there is no pad " + Quoted(name), kAdviceOnPads);
+  if (!pad) throw ArgumentError("bond", "there is no pad " + model::Quoted(name), kAdviceOnPads);
   partners_[*pad].Decided = true;
   for (const std::string& word : LeadWords(text.substr(equals + 1))) {
     if (word == "PADDLE") {
@@ -136,7 +137,7 @@ void Assigner::TakeException(const std::string& text) {
       continue;
     }
     const std::optional<std::size_t> lead = FindLead(word);
-    if (!lead) throw ArgumentError("bond", "there is no lead " + Quoted(word), kAdviceOnLeads);
+    if (!lead) throw ArgumentError("bond", "there is no lead " + model::Quoted(word), kAdviceOnLeads);
     Meet(*pad, *lead);
   }
 }
@@ -153,9 +154,10 @@ void Assigner::TakeTable() {
     if (ownTable && own == die_.PadOfRow.end()) continue;
     const std::optional<std::size_t> pad = ownTable ? own->second : FindPad(row.PadName, row.PadNumber);
     if (!pad)
-      throw model::InputError({request_.TableFile, row.Row},
-                              "there is no pad " + Quoted(row.PadName.empty() ? row.PadNumber : row.PadName),
-                              row.MayBeHeader ? kAdviceOnPadOrHeader : kAdviceOnPads);
+      throw model::InputError(
+          {request_.TableFile, row.Row},
+          "there is no pad " + model::Quoted(row.PadName.empty() ? row.PadNumber : row.PadName),
+          row.MayBeHeader ? kAdviceOnPadOrHeader : kAdviceOnPads);
     if (!excepted[*pad]) TakeRow(row, *pad);
   }
 }
@@ -176,10 +178,11 @@ void Assigner::TakeRow(const BondRow& row, std::size_t pad) {
       partners.OnPaddle = true;
       partners.PaddleRow = row.Row;
     } else if (!lead) {
-      throw model::InputError({request_.TableFile, row.Row}, "there is no lead " + Quoted(word),
+      throw model::InputError({request_.TableFile, row.Row}, "there is no lead " + model::Quoted(word),
                               kAdviceOnLeads);
     } else if (unused_.contains(*lead)) {
-      throw model::InputError({request_.TableFile, row.Row}, "lead " + Quoted(word) + " is in --unused",
+      throw model::InputError({request_.TableFile, row.Row},
+                              "lead " + model::Quoted(word) + " is in --unused",
                               "remove it from the row or from --unused");
     } else {
       Meet(pad, *lead);
@@ -239,7 +242,7 @@ glm::dvec2 Assigner::DownFrom(std::size_t number) const {
   const DiePad& pad = die_.Pads[number];
   const std::size_t row = partners_[number].PaddleRow;
   const auto refuse = [&](const std::string& why, const std::string& advice) {
-    const std::string what = "pad " + Quoted(pad.Name) + " cannot be bonded down: " + why;
+    const std::string what = "pad " + model::Quoted(pad.Name) + " cannot be bonded down: " + why;
     if (row != 0) throw model::InputError({request_.TableFile, row}, what, advice);
     throw ArgumentError("bond", what, advice);
   };
@@ -312,7 +315,7 @@ glm::dvec2 LandingOn(const Lead& lead, const std::optional<double>& land) {
   if (length == 0.0) return lead.Inner;
   const double distance = land.value_or(std::min(length / 2.0, kUsual));
   if (distance > length + kSlack)
-    throw ArgumentError("land", "it is longer than lead " + Quoted(lead.Label()), "give less");
+    throw ArgumentError("land", "it is longer than lead " + model::Quoted(lead.Label()), "give less");
   return lead.Inner + along * (distance / length);
 }
 

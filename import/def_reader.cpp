@@ -5,6 +5,7 @@
 
 #include "import/lef_def_words.h"
 #include "import/orientation.h"
+#include "model/text.h"
 
 namespace importer {
 
@@ -146,7 +147,7 @@ void DefReader::ReadItems(std::string_view section, ReadItem&& readItem) {
       words_.TakeKeyword(section);
       return words_.LetQuotesSpanLines(false);
     } else {
-      words_.Fail(Quoted(words_.Word()) + " does not begin an item of " + std::string(section),
+      words_.Fail(model::Quoted(words_.Word()) + " does not begin an item of " + std::string(section),
                   "begin each item with '-' and end it with ';'");
     }
   }
@@ -209,7 +210,8 @@ Placement DefReader::TakePlacement() {
   placement.At = TakePoint();
   const std::optional<Orientation> turn = OrientationOf(words_.Take());
   if (!turn)
-    words_.Fail(Quoted(words_.Word()) + " is not an orientation", "write N, S, E, W, FN, FS, FE or FW");
+    words_.Fail(model::Quoted(words_.Word()) + " is not an orientation",
+                "write N, S, E, W, FN, FS, FE or FW");
   placement.Turn = *turn;
   return placement;
 }

@@ -94,7 +94,8 @@ const LefMacro& MacroOf(const DieRequest& request, const LefLibrary& library) {
   }
   const auto found = library.find(request.Macro);
   if (found == library.end())
-    throw model::InputError({request.File}, "it has no macro " + Quoted(request.Macro), "correct --macro");
+    throw model::InputError({request.File}, "it has no macro " + model::Quoted(request.Macro),
+                            "correct --macro");
   return found->second;
 }
 
@@ -105,10 +106,10 @@ Die DieFromLef(const DieRequest& request) {
   std::vector<Terminal> pins = macro.Pins;
   const model::FilePlace place{request.File, macro.Line};
   if (pins.empty())
-    throw model::InputError(place, "the macro " + Quoted(macro.Name) + " has no pins",
+    throw model::InputError(place, "the macro " + model::Quoted(macro.Name) + " has no pins",
                             "give the LEF of the whole chip");
   if (!request.DieSize && !(macro.Size.x > 0.0 && macro.Size.y > 0.0))
-    throw model::InputError(place, "the macro " + Quoted(macro.Name) + " has no SIZE",
+    throw model::InputError(place, "the macro " + model::Quoted(macro.Name) + " has no SIZE",
                             "give the die's size with --die-size");
   MoveToMiddle(pins, macro.Size / 2.0, 1000.0);
   const std::size_t shapes = ShapeCount(pins);

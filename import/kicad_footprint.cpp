@@ -11,6 +11,7 @@
 #include "import/names.h"
 #include "import/s_expression.h"
 #include "import/source_file.h"
+#include "model/text.h"
 
 namespace importer {
 
@@ -42,7 +43,7 @@ glm::dvec2 Up(const glm::dvec2& point) { return {point.x, -point.y}; }
 
 double AngleIn(const std::string& word, const SExpression& element) {
   const std::optional<double> degrees = NumberIn(word);
-  if (!degrees) element.Fail("the angle " + Quoted(word) + " is not a number", "correct it");
+  if (!degrees) element.Fail("the angle " + model::Quoted(word) + " is not a number", "correct it");
   return *degrees;
 }
 
@@ -333,7 +334,7 @@ LeadFrame FootprintOnBoard(std::string_view text, const std::string& file, const
     if (found == reference) return footprint.Frame(true);
     others.push_back(found);
   }
-  throw model::InputError({file}, "no footprint has the reference " + Quoted(reference),
+  throw model::InputError({file}, "no footprint has the reference " + model::Quoted(reference),
                           others.empty() ? "the board has no footprints" : "it has " + Listed(others));
 }
 

@@ -6,6 +6,7 @@
 
 #include "import/names.h"
 #include "model/input_error.h"
+#include "model/text.h"
 
 namespace importer {
 
@@ -66,7 +67,7 @@ void RefuseDuplicates(const LeadFrame& frame) {
   for (const Lead& lead : frame.Leads) {
     const auto [before, isNew] = seen.try_emplace(lead.Label(), &lead);
     if (!isNew)
-      throw model::InputError({frame.File, lead.Row}, "duplicate lead " + Quoted(lead.Label()),
+      throw model::InputError({frame.File, lead.Row}, "duplicate lead " + model::Quoted(lead.Label()),
                               "give each lead another number");
   }
 }

@@ -106,13 +106,14 @@ std::string_view LefDefWords::Take() {
 
 double LefDefWords::Number() const {
   const std::optional<double> number = NumberIn(word_);
-  if (!number) Fail(Quoted(word_) + " is not a number", "correct it");
+  if (!number) Fail(model::Quoted(word_) + " is not a number", "correct it");
   return *number;
 }
 
 void LefDefWords::TakeKeyword(std::string_view keyword) {
   Take();
-  if (!Is(keyword)) Fail("expected '" + std::string(keyword) + "' but found " + Quoted(word_), "correct it");
+  if (!Is(keyword))
+    Fail("expected " + model::Quoted(keyword) + " but found " + model::Quoted(word_), "correct it");
 }
 
 std::string Unescaped(std::string_view word) {

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "import/lef_def_words.h"
+#include "model/text.h"
 
 namespace importer {
 
@@ -75,7 +76,8 @@ void LefReader::AddEach(Terminal& pin, const Box& first, bool repeated) {
   const auto count = [this] {
     const double number = words_.TakeNumber();
     if (!(number >= 1.0 && number <= kMost && number == std::floor(number)))
-      words_.Fail(Quoted(words_.Word()) + " is not a number of repetitions", "give a whole number from 1 on");
+      words_.Fail(model::Quoted(words_.Word()) + " is not a number of repetitions",
+                  "give a whole number from 1 on");
     return static_cast<std::size_t>(number);
   };
   words_.TakeKeyword("DO");

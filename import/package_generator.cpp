@@ -53,7 +53,7 @@ void TakePart(std::string_view key, std::string_view text, LeadOutline& outline)
     outline.Length = sized().x;
     outline.Width = sized().y;
   } else {
-    Refuse("there is no part " + Quoted(key), kForm);
+    Refuse("there is no part " + model::Quoted(key), kForm);
   }
 }
 
@@ -71,7 +71,7 @@ LeadOutline Parsed(std::string_view text) {
     }
     const std::optional<double> count = first ? NumberIn(part) : std::nullopt;
     if (!count || !(*count >= 4.0 && *count <= 4000.0 && *count == std::floor(*count)))
-      Refuse(Quoted(part) + " is not a number of leads from 4 to 4000", kForm);
+      Refuse(model::Quoted(part) + " is not a number of leads from 4 to 4000", kForm);
     outline.Count = static_cast<std::size_t>(*count);
   }
   return outline;

@@ -38,7 +38,8 @@ std::string TierOf(const TextTable& table, const TableRow& row, Column column) {
   const std::optional<double> tier = NumberIn(table.Field(row, column));
   if (!tier) return "1";
   if (!(*tier >= 1.0 && *tier <= 4.0 && *tier == std::floor(*tier)))
-    table.Fail(row, "there is no tier " + Quoted(table.Field(row, column)), "number tiers from 1 to 4");
+    table.Fail(row, "there is no tier " + model::Quoted(table.Field(row, column)),
+               "number tiers from 1 to 4");
   return std::to_string(static_cast<int>(*tier));
 }
 

@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "import/source_file.h"
+#include "model/text.h"
 
 namespace importer {
 
@@ -205,7 +206,7 @@ std::string SExpression::LastWordOf(std::string_view name) const {
 std::vector<double> SExpression::NumbersOf(std::string_view name, std::size_t least) const {
   std::vector<double> numbers = NumbersIn(WordsOf(name));
   if (numbers.size() < least)
-    Fail("'" + std::string(name) + "' needs " + std::to_string(least) + " numbers here", "correct it");
+    Fail(model::Quoted(name) + " needs " + std::to_string(least) + " numbers here", "correct it");
   return numbers;
 }
 

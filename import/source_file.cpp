@@ -37,16 +37,6 @@ class Inflater {
 
 }  // namespace
 
-std::string Quoted(std::string_view word) {
-  constexpr std::size_t kMost = 60;
-  std::string shown = "'";
-  for (const char letter : word.substr(0, kMost)) {
-    const bool control = static_cast<unsigned char>(letter) < ' ' || letter == '\x7f';
-    shown += control ? '?' : letter;
-  }
-  return shown + (word.size() > kMost ? "...'" : "'");
-}
-
 std::string Unzipped(std::string_view bytes, const std::string& path) {
   const auto damaged = [&path](const char* what) {
     return model::InputError({path}, what, "fetch or pack the file again");

@@ -212,7 +212,7 @@ std::string TextTable::UnknownColumns() const {
   std::vector<std::string> unknown;
   for (std::size_t i = 0; i < header_.size(); ++i)
     if (!header_[i].empty() && !IsKnownColumn(header_[i]) && !IsNeedlessColumn(header_[i]))
-      unknown.push_back(Quoted(asWritten_[i]));
+      unknown.push_back(model::Quoted(asWritten_[i]));
   return unknown.empty() ? ""
                          : Counted(unknown.size(), "unknown column ", "unknown columns ") + Listed(unknown);
 }
@@ -232,7 +232,7 @@ double TextTable::Number(const TableRow& row, std::size_t column) const {
   // A decimal comma is possible where the comma is not the separator.
   if (separator_ != ',') std::replace(text.begin(), text.end(), ',', '.');
   const std::optional<double> number = NumberIn(text);
-  if (!number) Fail(row, Quoted(text) + " is not a number", "correct it");
+  if (!number) Fail(row, model::Quoted(text) + " is not a number", "correct it");
   return *number;
 }
 

@@ -38,7 +38,7 @@ std::string Joined(const std::vector<std::string>& words, const std::string& bet
 }
 
 /// The text in single quotes, with `special` characters also escaped with a backslash.
-std::string Quoted(const std::string& text, const std::string& special = {}) {
+std::string ShellQuoted(const std::string& text, const std::string& special = {}) {
   std::string quoted = "'";
   for (const char letter : text) {
     if (special.find(letter) != std::string::npos) quoted += '\\';
@@ -48,7 +48,7 @@ std::string Quoted(const std::string& text, const std::string& special = {}) {
 }
 
 std::string BashReply(const Value& value) {
-  if (!value.choices.empty()) return "_yax_words " + Quoted(Joined(value.choices, " "));
+  if (!value.choices.empty()) return "_yax_words " + ShellQuoted(Joined(value.choices, " "));
   return value.IsFile() ? "_yax_files" : ":";
 }
 
@@ -65,7 +65,7 @@ std::string BashCases(const std::string& level, const std::vector<Word>& words) 
     for (const std::string& name : word.names) patterns.push_back(level + "," + name + ",*");
     cases += "    " + Joined(patterns, "|") + ") " + BashReply(word.value) + " ;;\n";
   }
-  cases += "    " + level + ",*,-*) _yax_words " + Quoted(Joined(names, " ")) + " ;;\n";
+  cases += "    " + level + ",*,-*) _yax_words " + ShellQuoted(Joined(names, " ")) + " ;;\n";
   return cases + "    " + level + ",*) " + place + " ;;\n";
 }
 
@@ -74,7 +74,7 @@ std::string ZshArgument(const Word& word) {
   const std::string action = !value.choices.empty() ? "(" + Joined(value.choices, " ") + ")"
                              : value.IsFile()       ? "_files"
                                                     : " ";
-  if (word.names.empty()) return Quoted("*:" + value.name + ":" + action);
+  if (word.names.empty()) return ShellQuoted("*:" + value.name + ":" + action);
   std::string tail = "[";
   for (const char letter : word.description) {
     if (letter == '[' || letter == ']' || letter == ':') tail += '\\';
@@ -84,22 +84,22 @@ std::string ZshArgument(const Word& word) {
   if (!value.name.empty()) tail += ":" + value.name + ":" + action;
   std::vector<std::string> arguments;
   for (const std::string& name : word.names)
-    arguments.push_back(Quoted("(" + Joined(word.names, " ") + ")" + name + tail));
+    arguments.push_back(ShellQuoted("(" + Joined(word.names, " ") + ")" + name + tail));
   return Joined(arguments, " ");
 }
 
 std::string FishOption(const std::string& condition, const Word& word) {
-  std::string line = "complete -c yax -n " + Quoted(condition);
+  std::string line = "complete -c yax -n " + ShellQuoted(condition);
   for (const std::string& name : word.names)
     line += name.starts_with("--") ? " -l " + name.substr(2) : " -s " + name.substr(1);
   if (word.value.IsFile()) {
     line += word.names.empty() ? " -F" : " -r -F";
   } else if (!word.value.choices.empty()) {
-    line += (word.names.empty() ? " -a " : " -x -a ") + Quoted(Joined(word.value.choices, " "));
+    line += (word.names.empty() ? " -a " : " -x -a ") + ShellQuoted(Joined(word.value.choices, " "));
   } else if (!word.value.name.empty()) {
     line += " -x";
   }
-  return line + " -d " + Quoted(word.description, "\\") + "\n";
+  return line + " -d " + ShellQuoted(word.description, "\\") + "\n";
 }
 
 }  // namespace
@@ -125,7 +125,7 @@ std::string BashCompletion(const CLI::App& program) {
          "  done\n"
          "  case $command,$before,$current in\n"
          "    ,*) _yax_words " +
-         Quoted(Joined(top, " ")) + " ;;\n" + cases +
+         ShellQuoted(Joined(top, " ")) + " ;;\n" + cases +
          "  esac\n"
          "}\n"
          "complete -o filenames -F _yax yax\n";
@@ -135,7 +135,7 @@ std::string ZshCompletion(const CLI::App& program) {
   std::string commands;
   std::string cases;
   for (const CLI::App* command : program.get_subcommands({})) {
-    commands += "    " + Quoted(command->get_name() + ":" + command->get_description()) + "\n";
+    commands += "    " + ShellQuoted(command->get_name() + ":" + command->get_description()) + "\n";
     cases += "    " + command->get_name() + ")\n      _arguments -S";
     for (const Word& word : WordsOf(*command)) cases += " \\\n        " + ZshArgument(word);
     cases += "\n      ;;\n";
@@ -169,8 +169,8 @@ std::string FishCompletion(const CLI::App& program) {
   for (const Word& word : WordsOf(program)) text += FishOption("__fish_use_subcommand", word);
   for (const CLI::App* command : program.get_subcommands({})) {
     const std::string& name = command->get_name();
-    text += "complete -c yax -n __fish_use_subcommand -a " + Quoted(name) + " -d " +
-            Quoted(command->get_description(), "\\") + "\n";
+    text += "complete -c yax -n __fish_use_subcommand -a " + ShellQuoted(name) + " -d " +
+            ShellQuoted(command->get_description(), "\\") + "\n";
     for (const Word& word : WordsOf(*command))
       text += FishOption("__fish_seen_subcommand_from " + name, word);
   }

@@ -38,12 +38,13 @@ sheet::Paper PaperOf(const std::string& text) {
     if (paper.Name == text) return paper;
   const std::size_t by = text.find('x');
   if (by == std::string::npos)
-    throw Unusable(CommandLine(), "--sheet '" + text + "' is not a sheet size",
+    throw Unusable(CommandLine(), "--sheet " + model::Quoted(text) + " is not a sheet size",
                    "use a4, a3, a2, letter, tabloid, or WxH in millimetres");
   sheet::Paper paper{"", DoubleOf("--sheet", text.substr(0, by)), DoubleOf("--sheet", text.substr(by + 1))};
   // A PDF page ends at 200 inches.
   if (!(paper.Width >= 20.0 && paper.Height >= 20.0 && paper.Width <= 5080.0 && paper.Height <= 5080.0))
-    throw Unusable(CommandLine(), "--sheet '" + text + "' is out of range", "each side can be 20 to 5080 mm");
+    throw Unusable(CommandLine(), "--sheet " + model::Quoted(text) + " is out of range",
+                   "each side can be 20 to 5080 mm");
   return paper;
 }
 

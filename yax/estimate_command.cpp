@@ -152,7 +152,8 @@ Command AddEstimate(CLI::App& program) {
           [options](const std::string& text) {
             const double least = DoubleOf("--coupling", text);
             if (!(least >= 0.0 && least <= 1.0))
-              throw Unusable(CommandLine(), "--coupling '" + text + "' is not from 0 to 1", "0 writes all");
+              throw Unusable(CommandLine(), "--coupling " + model::Quoted(text) + " is not from 0 to 1",
+                             "0 writes all");
             options->coupling = least;
           },
           "Smallest coupling to write to a subcircuit, 0 to 1 (default: 0.1; 0 writes all). Couplings of "

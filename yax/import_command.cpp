@@ -14,6 +14,7 @@
 #include "model/faults.h"
 #include "model/files.h"
 #include "model/reader/package_writer.h"
+#include "model/text.h"
 #include "yax/command_list.h"
 #include "yax/options/recipe.h"
 #include "yax/output.h"
@@ -58,7 +59,8 @@ void TakeItem(CLI::App& command, const RecipeItem& item, ImportOptions& options)
   const std::string& file = options.Recipe;
   CLI::Option* const option = command.get_option_no_throw("--" + item.Key);
   if (option == nullptr || item.Key == "recipe" || item.Key == "help" || item.Key == "version")
-    throw Unusable({file}, "unknown key '" + item.Key + "'", "see yax import --help for the options' names");
+    throw Unusable({file}, "unknown key " + model::Quoted(item.Key),
+                   "see yax import --help for the options' names");
   // The command line overrides the recipe.
   if (option->count() > 0) return;
   // An empty list sets nothing.
@@ -99,34 +101,33 @@ class Values {
 
   double Number(const std::string& option, const std::string& text) const {
     const std::optional<double> number = importer::NumberIn(text);
-    if (!number)
-      Refuse(options_, option, importer::Quoted(text) + " is not a number", "give one such as 0.28");
+    if (!number) Refuse(options_, option, model::Quoted(text) + " is not a number", "give one such as 0.28");
     return *number;
   }
   double Above0(const std::string& option, const std::string& text) const {
     const double number = Number(option, text);
     if (!(number > 0.0))
-      Refuse(options_, option, importer::Quoted(text) + " is not above 0", "give one such as 0.28");
+      Refuse(options_, option, model::Quoted(text) + " is not above 0", "give one such as 0.28");
     return number;
   }
   double AtLeast(const std::string& option, const std::string& text, int least) const {
     const double number = Number(option, text);
     if (!(number >= least))
-      Refuse(options_, option, importer::Quoted(text) + " is below " + std::to_string(least),
+      Refuse(options_, option, model::Quoted(text) + " is below " + std::to_string(least),
              "give " + std::to_string(least) + " or more");
     return number;
   }
   glm::dvec2 Size(const std::string& option, const std::string& text) const {
     const std::optional<glm::dvec2> size = importer::SizeIn(text);
     if (!size)
-      Refuse(options_, option, importer::Quoted(text) + " is not two lengths above 0",
+      Refuse(options_, option, model::Quoted(text) + " is not two lengths above 0",
              "give two such as 3.6x5.2");
     return *size;
   }
   glm::dvec2 Place(const std::string& option, const std::string& text) const {
     const std::size_t comma = text.find(',');
     if (comma == std::string::npos)
-      Refuse(options_, option, importer::Quoted(text) + " is not X,Y", "give two lengths such as 0.1,-0.2");
+      Refuse(options_, option, model::Quoted(text) + " is not X,Y", "give two lengths such as 0.1,-0.2");
     return {Number(option, text.substr(0, comma)), Number(option, text.substr(comma + 1))};
   }
   std::regex Pattern(const std::string& option, const std::string& text, std::regex::flag_type flags) const {
@@ -136,7 +137,7 @@ class Values {
       if (text.size() <= kLongest) return std::regex(text, flags);
     } catch (const std::regex_error&) {
     }
-    Refuse(options_, option, importer::Quoted(text) + " is not a regular expression", "correct it");
+    Refuse(options_, option, model::Quoted(text) + " is not a regular expression", "correct it");
   }
 
  private:
