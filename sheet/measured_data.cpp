@@ -32,7 +32,7 @@ class Collector {
   void Add(const char* label, const std::string& value) { facts_.push_back({label, value}); }
 
   std::string Number(double fileUnits) const {
-    return Decimal(fileUnits * in_.NumberScale, in_.Unit == "mm" ? 4 : in_.Unit == "mil" ? 2 : 1);
+    return Decimal(fileUnits * in_.NumberScale, DecimalsOf(in_.Unit));
   }
   std::string Length(double fileUnits) const { return Number(fileUnits) + " " + in_.Unit; }
 

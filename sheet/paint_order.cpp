@@ -44,4 +44,9 @@ std::string Decimal(double value, int decimals) {
   return text == "-0" ? "0" : text;
 }
 
+int DecimalsOf(const std::string& unit) {
+  if (unit == "mm") return 4;
+  return unit == "mil" ? 2 : 1;
+}
+
 }  // namespace sheet

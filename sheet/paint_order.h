@@ -17,4 +17,7 @@ std::vector<double> DashLengths(Dash pattern);
 /// At most `decimals` decimals without trailing zeros; a point in every locale; never "-0".
 std::string Decimal(double value, int decimals);
 
+/// The number of decimals for a resolution of about a ten-thousandth of a millimetre.
+int DecimalsOf(const std::string& unit);
+
 }  // namespace sheet

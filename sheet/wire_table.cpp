@@ -17,9 +17,6 @@ constexpr double kHeading = 9.0;  ///< height of the heading over the table
 
 double RowHeight(double size) { return 1.55 * size; }
 
-/// The number of decimals for a resolution of about a ten-thousandth of a millimetre.
-int DecimalsOf(const std::string& unit) { return unit == "mm" ? 4 : unit == "mil" ? 2 : 1; }
-
 std::string Fixed(double value, int decimals) {
   std::string text = Decimal(value, decimals);
   if (decimals == 0) return text;
