@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "analysis/units.h"
 #include "model/input_error.h"
 
 namespace analysis {
@@ -44,7 +45,8 @@ struct RuleKind {
 std::span<const RuleKind> RuleKinds();
 const RuleKind& KindOf(RuleName name);
 
-enum class LimitUnit { None, Millimetre, Micrometre, Mil, DieHeight, Degree };
+/// The unit of a limit; a length has one of the units of package files.
+enum class LimitUnit { None, Length, DieHeight, Degree };
 
 enum class RuleLevel { Note, Finding, Error };
 
@@ -53,6 +55,7 @@ struct Rule {
   RuleName Name = RuleName::MaxLength;
   double Limit = 0.0;
   LimitUnit Unit = LimitUnit::None;
+  std::optional<LengthUnit> Length = {};  ///< the unit of a length
   bool Plan = false;
   std::string Tier, NetType;  ///< only these wires and pads; empty for all
   RuleLevel Level = RuleLevel::Finding;

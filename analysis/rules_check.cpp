@@ -38,12 +38,8 @@ PlanBox BoxOf(const PlanRectangle& shape) {
 /// The limit in file units; degrees and numbers of wires stay.
 double LimitOf(const Rule& rule, const RuleInputs& inputs) {
   switch (rule.Unit) {
-    case LimitUnit::Millimetre:
-      return rule.Limit / inputs.Millimetres;
-    case LimitUnit::Micrometre:
-      return rule.Limit * 1e-3 / inputs.Millimetres;
-    case LimitUnit::Mil:
-      return rule.Limit * 25.4e-3 / inputs.Millimetres;
+    case LimitUnit::Length:
+      return rule.Limit * rule.Length->Millimetres / inputs.Millimetres;
     case LimitUnit::DieHeight:
       return rule.Limit * std::fabs(double(inputs.Package.CompZ)) * double(inputs.Package.UnitScale);
     case LimitUnit::None:

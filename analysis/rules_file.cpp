@@ -28,14 +28,7 @@ constexpr std::array<RuleKind, 15> kKinds{
      {RuleName::PadToEdge, "pad-to-edge", Quantity::Length, false},
      {RuleName::MaxWires, "max-wires", Quantity::Count, false}}};
 
-struct UnitWord {
-  LimitUnit Unit;
-  std::string_view Word;
-};
-constexpr std::array<UnitWord, 4> kLengthUnits{{{LimitUnit::Millimetre, "mm"},
-                                                {LimitUnit::Micrometre, "um"},
-                                                {LimitUnit::Mil, "mil"},
-                                                {LimitUnit::DieHeight, "die-height"}}};
+constexpr std::string_view kDieHeight = "die-height", kDegree = "deg";
 
 /// Begins the line that names the set.
 constexpr std::string_view kSetWord = "rules";
@@ -124,18 +117,17 @@ const RuleKind& TakeKind(Words& words) {
 void TakeUnit(const RuleKind& kind, Words& words, Rule& rule) {
   if (kind.Limit == Quantity::Angle) {
     const std::string_view word = words.Need("the limit has no unit", "write deg");
-    if (word != "deg") words.Fail("unknown unit " + model::Quoted(word), "write deg");
+    if (word != kDegree) words.Fail("unknown unit " + model::Quoted(word), "write deg");
     rule.Unit = LimitUnit::Degree;
     return;
   }
   const std::string_view word = words.Need("the limit has no unit", "write mm, um, mil or die-height");
+  rule.Length = UnitNamed(word);
+  rule.Unit = rule.Length ? LimitUnit::Length : LimitUnit::DieHeight;
+  if (rule.Length || word == kDieHeight) return;
   std::vector<std::string_view> names;
-  for (const UnitWord& unit : kLengthUnits) {
-    names.push_back(unit.Word);
-    if (unit.Word != word) continue;
-    rule.Unit = unit.Unit;
-    return;
-  }
+  for (const LengthUnit& unit : kLengthUnits) names.emplace_back(unit.Name);
+  names.push_back(kDieHeight);
   words.Fail("unknown unit " + model::Quoted(word), "write " + std::string(Nearest(word, names)));
 }
 
@@ -192,8 +184,7 @@ void TakeLevel(Words& words, Rule& rule) {
   const std::string_view word = words.Take();
   if (kind.Limit == Quantity::None && NumberOf(word))
     words.Fail(std::string(kind.Word) + " takes no limit", "remove " + model::Quoted(word));
-  if (word == "deg" || std::any_of(kLengthUnits.begin(), kLengthUnits.end(),
-                                   [&](const UnitWord& unit) { return unit.Word == word; }))
+  if (word == kDegree || word == kDieHeight || UnitNamed(word))
     words.Fail(std::string(kind.Word) + (kind.Limit == Quantity::None || kind.Limit == Quantity::Count
                                              ? " takes no unit"
                                              : " takes only one unit"),
@@ -269,9 +260,9 @@ std::string RuleText(const Rule& rule) {
     text += ' ';
     text.append(digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), rule.Limit).ptr);
   }
-  if (rule.Unit == LimitUnit::Degree) text += " deg";
-  for (const UnitWord& unit : kLengthUnits)
-    if (unit.Unit == rule.Unit) (text += ' ') += unit.Word;
+  if (rule.Unit == LimitUnit::Degree) (text += ' ') += kDegree;
+  if (rule.Unit == LimitUnit::DieHeight) (text += ' ') += kDieHeight;
+  if (rule.Length) (text += ' ') += rule.Length->Name;
   if (rule.Plan) text += " plan";
   if (!rule.Tier.empty()) text += " tier " + rule.Tier;
   if (!rule.NetType.empty()) text += " net " + rule.NetType;

@@ -5,11 +5,7 @@
 namespace analysis {
 
 std::optional<LengthUnit> UnitNamed(std::string_view name) {
-  constexpr double kMetresPerMil = 25.4e-6;
-  constexpr LengthUnit kUnits[] = {{"mil", 1.0, kMetresPerMil, 4},
-                                   {"mm", 1e-3 / kMetresPerMil, 1e-3, 6},
-                                   {"um", 1e-6 / kMetresPerMil, 1e-6, 3}};
-  for (const LengthUnit& unit : kUnits)
+  for (const LengthUnit& unit : kLengthUnits)
     if (name == unit.Name) return unit;
   return std::nullopt;
 }

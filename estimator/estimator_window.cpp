@@ -8,6 +8,7 @@
 #include <new>
 #include <utility>
 
+#include "analysis/units.h"
 #include "formats/cost_table.h"
 #include "model/faults.h"
 #include "model/files.h"
@@ -67,7 +68,8 @@ void EstimatorWindow::AddBar() {
   connect(search_, &QLineEdit::textChanged, this, [this](const QString& text) { filter_->Search(text); });
   auto* const label = new QLabel(QStringLiteral(" &Unit of the package: "));
   label->setBuddy(unit_);
-  unit_->addItems({QStringLiteral("mil"), QStringLiteral("mm"), QStringLiteral("um")});
+  for (const analysis::LengthUnit& unit : analysis::kLengthUnits)
+    unit_->addItem(QString::fromLatin1(unit.Name));
   bar->addWidget(label);
   bar->addWidget(unit_);
   connect(unit_, &QComboBox::textActivated, this, [this](const QString& name) {

@@ -148,9 +148,8 @@ Status Diagram(const DiagramOptions& options) {
   const Judgement judgement = Judge(options, opened, wires);
   // DXF is true to size: its numbers are in the drawing's unit, and it has the plan once.
   const bool trueToSize = options.format == Format::Dxf;
-  const double millimetres = unit.Metres * 1e3;
   const std::string shown = trueToSize ? "mm" : unit.Name;
-  const double numberScale = trueToSize ? millimetres : 1.0;
+  const double numberScale = trueToSize ? unit.Millimetres : 1.0;
   const std::vector<sheet::Fact> facts = sheet::MeasuredData(
       {opened.Package, wires, opened.Settings, shown, numberScale, judgement.Rules, judgement.Verdict});
   const sheet::Drawing drawing =
@@ -162,7 +161,7 @@ Status Diagram(const DiagramOptions& options) {
                          .Title = options.title,
                          .FileName = std::string(model::FileNameOf(options.package.File)),
                          .Digest = DigestOf(options.package.File),
-                         .Millimetres = millimetres,
+                         .Millimetres = unit.Millimetres,
                          .Unit = shown,
                          .NumberScale = numberScale,
                          .Paper = options.paper,

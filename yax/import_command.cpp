@@ -17,6 +17,7 @@
 #include "model/text.h"
 #include "yax/command_list.h"
 #include "yax/options/recipe.h"
+#include "yax/options/unit_option.h"
 #include "yax/output.h"
 
 namespace yax {
@@ -28,7 +29,8 @@ struct ImportOptions {
   std::string Output, Recipe;
   std::string Die, DieHeight, Package, Macro, Pads, PadMin = "20", PadAspect = "2", PadSize, DieSize;
   std::vector<std::string> Lefs, Exceptions, Unused;
-  std::string Rotate = "0", Offset, Bonds = "order", Land, Power, Ground, Unit = "mm";
+  std::string Rotate = "0", Offset, Bonds = "order", Land, Power, Ground;
+  std::optional<analysis::LengthUnit> Unit = analysis::UnitNamed("mm");
   std::set<std::string> FromRecipe;
 };
 
@@ -144,8 +146,6 @@ class Values {
   const ImportOptions& options_;
 };
 
-double MillimetresOf(const std::string& unit) { return unit == "mil" ? 0.0254 : unit == "um" ? 1e-3 : 1.0; }
-
 importer::BondRequest BondsOf(const ImportOptions& options, const Values& values, double unit) {
   importer::BondRequest bonds{.Exceptions = options.Exceptions, .Unused = options.Unused};
   if (options.Bonds == "order") {
@@ -174,8 +174,8 @@ importer::ImportRequest RequestOf(const ImportOptions& options) {
                      "give it, or a recipe that does");
   constexpr auto kRules = std::regex::ECMAScript;
   importer::ImportRequest request;
-  request.Unit = MillimetresOf(options.Unit);
-  request.UnitName = options.Unit;
+  request.Unit = options.Unit->Millimetres;
+  request.UnitName = options.Unit->Name;
   request.Chip.File = options.Die;
   request.Chip.LefFiles = options.Lefs;
   request.Chip.Macro = options.Macro;
@@ -266,9 +266,8 @@ void AddBondOptions(CLI::App& command, ImportOptions& options) {
       "Names of power nets, if the chip's file gives no type (default: names that begin like VDD, VCC)");
   add("--ground", options.Ground, "REGEX",
       "Names of ground nets, tried before --power (default: names that begin like VSS, GND)");
-  add("--unit", options.Unit, "",
-      "The unit of lengths in these options and in tables, and of the package (default: mm)")
-      ->check(CLI::IsMember(std::vector<std::string>{"mm", "um", "mil"}));
+  AddUnitOption(command, "The unit of lengths in these options and in tables, and of the package (default: mm)",
+                options.Unit);
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "yax/command_list.h"
 #include "yax/options/opened_package.h"
 #include "yax/options/option_text.h"
+#include "yax/options/unit_option.h"
 #include "yax/output.h"
 
 namespace yax {
@@ -24,8 +25,9 @@ struct WiresOptions {
   std::string format = "csv";
   bool json = false;
   bool summary = false;
-  std::string unit = "units";
   std::optional<float> longest, widest;
+
+  std::string UnitName() const { return package.Unit ? package.Unit->Name : "units"; }
 };
 
 /// Reports every row above a limit.
@@ -44,7 +46,7 @@ Status Judge(const OpenedPackage& opened, const std::vector<analysis::WireRow>& 
              "move its pad or its end");
   };
   for (const analysis::WireRow& row : rows) {
-    judge(row, "length", row.Length, options.unit, options.longest);
+    judge(row, "length", row.Length, options.UnitName(), options.longest);
     judge(row, "angle", row.Angle, "degrees", options.widest);
   }
   return status;
@@ -55,8 +57,9 @@ std::string TextOf(const OpenedPackage& opened, const std::vector<analysis::Wire
   if (options.format == "bond-list") return formats::BondList({opened.Package, opened.Lines, loops, rows});
   if (options.format == "net-list") return formats::NetList({opened.Package, opened.Lines, loops, rows});
   const std::vector<analysis::WireGroup> groups = analysis::GroupsOf(rows);
-  if (options.json) return formats::WiresJson(options.summary ? nullptr : &rows, groups, options.unit);
-  return options.summary ? formats::GroupsCsv(groups, options.unit) : formats::WiresCsv(rows, options.unit);
+  if (options.json) return formats::WiresJson(options.summary ? nullptr : &rows, groups, options.UnitName());
+  return options.summary ? formats::GroupsCsv(groups, options.UnitName())
+                         : formats::WiresCsv(rows, options.UnitName());
 }
 
 Status Wires(const WiresOptions& options) {
@@ -90,10 +93,8 @@ Command AddWires(CLI::App& program) {
       ->check(CLI::IsMember(std::vector<std::string>{"csv", "bond-list", "net-list"}));
   command->add_flag("--json", options->json, "Write wires and summary as JSON instead of CSV");
   command->add_flag("--summary", options->summary, "Write only a summary per tier and net type");
-  command
-      ->add_option("--unit", options->unit,
-                   "Length unit of the file, for the columns' names; does not convert values")
-      ->check(CLI::IsMember(std::vector<std::string>{"mil", "mm", "um"}));
+  AddUnitOption(*command, "Length unit of the file, for the columns' names; does not convert values",
+                options->package.Unit);
   AddLimit(*command, "--limit-length", "UNITS", "Report wires whose loop is longer", options->longest);
   AddLimit(*command, "--limit-angle", "DEGREES", "Report wires with a larger angle to their edge's normal",
            options->widest);

@@ -126,7 +126,7 @@ TEST_F(ImportProgram, RefusesWithOneLineAndWritesNothing) {
       {most + die + "--pad-size 0x5", "yax: --pad-size: '0x5' is not two lengths above 0; "},
       {most + die + "--land -1", "yax: --land: '-1' is below 0; "},
       {most + die + "--rotate 45", "--rotate: 45 not in {0,90,180,270}"},
-      {most + die + "--unit inch", "--unit: inch not in {mm,um,mil}"},
+      {most + die + "--unit inch", "--unit: inch not in {mil,mm,um}"},
       {"--recipe " + (folder / "none.recipe"), "none.recipe: there is no such file; "},
       {"--die-height 1 --die-size 1x1 " + die + "--package a.kicad_pcb",
        "yax: --package: a board has many footprints; "},

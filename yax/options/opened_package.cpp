@@ -6,6 +6,7 @@
 
 #include "analysis/fault_advice.h"
 #include "model/faults.h"
+#include "yax/options/unit_option.h"
 
 namespace yax {
 
@@ -14,11 +15,8 @@ void AddPackageOption(CLI::App& command, PackageOptions& options) {
 }
 
 void AddUnitOption(CLI::App& command, PackageOptions& options) {
-  command
-      .add_option_function<std::string>(
-          "--unit", [&options](const std::string& text) { options.Unit = analysis::UnitNamed(text); },
-          "The length unit of the file (default: mil, in which wire diameters are)")
-      ->check(CLI::IsMember(std::vector<std::string>{"mil", "mm", "um"}));
+  AddUnitOption(command, "The length unit of the file (default: mil, in which wire diameters are)",
+                options.Unit);
 }
 
 model::Package LoadPackage(const std::string& name, model::reader::ReadObserver* observer) {

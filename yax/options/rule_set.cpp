@@ -22,7 +22,7 @@ analysis::RulesReport MeasureRules(const RulesOptions& options, const OpenedPack
                                             .Lines = opened.Lines,
                                             .Loops = loops,
                                             .Nets = options.Nets,
-                                            .Millimetres = opened.Unit().Metres * 1e3,
+                                            .Millimetres = opened.Unit().Millimetres,
                                             .WireDiameter = opened.WireDiameter()});
 }
 

@@ -45,7 +45,7 @@ std::string DiagramOf(const OpenedPackage& opened, const std::vector<analysis::W
                               .Title = {},
                               .FileName = std::string(model::FileNameOf(opened.Package.PackagePath)),
                               .Digest = DigestOf(opened.Package.PackagePath),
-                              .Millimetres = unit.Metres * 1e3,
+                              .Millimetres = unit.Millimetres,
                               .Unit = unit.Name,
                               .NumberScale = 1.0,
                               .Paper = {.Name = "a3"},
