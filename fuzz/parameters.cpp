@@ -54,9 +54,9 @@ void ExpectNumbers(const model::WireBondSettings& settings) {
     Expect(std::isfinite(value), "settings are numbers");
 }
 
-void ReadByYax(const std::string& path) {
+void ReadByYax(std::string_view text) {
   try {
-    const yax::LoopValues values = yax::ReadParameterFile(path);
+    const yax::LoopValues values = yax::ReadParameterText("a.zu", text);
     for (const auto& value :
          {values.WireDiameter, values.Frequency, values.BaseLoopHeight, values.StackLoopHeight,
           values.BaseExtension, values.StackExtension, values.StitchExtension})
@@ -75,7 +75,8 @@ constexpr char kPackage[] =
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const MemoryFile file;
-  if (!file.Put({reinterpret_cast<const char*>(data), size})) return -1;
+  const std::string_view text(reinterpret_cast<const char*>(data), size);
+  if (!file.Put(text)) return -1;
   static const model::Package read = model::reader::ParsePackage({}, {kPackage, std::nullopt});
   model::Package package = read;
   model::WireBondSettings settings;
@@ -91,6 +92,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const setup::PicturePoint& point : shape.Points)
       Expect(std::isfinite(point.X) && std::isfinite(point.Y), "pictured points are finite");
   setup::ParameterFileName(package.PackagePath);
-  ReadByYax(file.Path());
+  ReadByYax(text);
   return 0;
 }

@@ -136,7 +136,7 @@ std::vector<double> NumbersIn(const std::vector<std::string>& words) {
 }  // namespace
 
 ElementSpan WholeElement(std::string_view text, const std::string& file) {
-  if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
+  text = model::WithoutByteOrderMark(text);
   Scanner scanner(text, 1);
   if (!scanner.SkipBlanks() || scanner.Letter() != '(')
     throw model::InputError({file, scanner.Line()}, "it does not begin with a bracket",

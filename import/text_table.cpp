@@ -139,7 +139,7 @@ void Parse(std::string_view text, RowParser& parser) {
 }  // namespace
 
 TextTable::TextTable(std::string_view text, std::string file) : file_(std::move(file)) {
-  if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
+  text = model::WithoutByteOrderMark(text);
   if (text.find('\0') != std::string_view::npos)
     throw model::InputError({file_}, "it is not plain text", "save the table as CSV in UTF-8");
   std::size_t best = 0;

@@ -36,6 +36,11 @@ std::string Quoted(std::string_view word) {
   return quoted + (word.size() > kMost ? "...'" : "'");
 }
 
+std::string_view WithoutByteOrderMark(std::string_view text) {
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  return text.starts_with(kByteOrderMark) ? text.substr(kByteOrderMark.size()) : text;
+}
+
 std::string_view FileNameOf(std::string_view path) {
   const std::size_t separator = path.rfind('/');
   return separator == std::string_view::npos ? path : path.substr(separator + 1);

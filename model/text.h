@@ -19,6 +19,9 @@ bool EqualsUpper(std::string_view text, std::string_view upper);
 /// characters as "?".
 std::string Quoted(std::string_view word);
 
+/// Text without the byte order mark that some editors put at its start.
+std::string_view WithoutByteOrderMark(std::string_view text);
+
 /// The part of a path after its last separator, or all of it.
 std::string_view FileNameOf(std::string_view path);
 

@@ -11,12 +11,11 @@
 #include "import/chip_import.h"
 #include "import/package_generator.h"
 #include "import/source_file.h"
-#include "model/faults.h"
-#include "model/files.h"
 #include "model/reader/package_writer.h"
 #include "model/text.h"
 #include "yax/command_list.h"
 #include "yax/options/recipe.h"
+#include "yax/options/text_file.h"
 #include "yax/options/unit_option.h"
 #include "yax/output.h"
 
@@ -85,15 +84,8 @@ void TakeItem(CLI::App& command, const RecipeItem& item, ImportOptions& options)
 
 void TakeRecipe(CLI::App& command, ImportOptions& options) {
   if (options.Recipe.empty()) return;
-  if (!model::FileExists(options.Recipe))
-    throw Unusable({options.Recipe}, "there is no such file", "correct its path");
-  std::string text;
-  try {
-    text = model::ReadWholeFile(options.Recipe);
-  } catch (const model::FileFault& fault) {
-    throw Unusable({options.Recipe}, fault.Kind(), "give a file that can be read");
-  }
-  for (const RecipeItem& item : ReadRecipe(text, options.Recipe)) TakeItem(command, item, options);
+  for (const RecipeItem& item : ReadRecipe(TextOf(options.Recipe), options.Recipe))
+    TakeItem(command, item, options);
 }
 
 /// Converts the texts of options to values; messages name the option.

@@ -62,7 +62,7 @@ void AddLoopOptions(CLI::App& command, LoopOptions& options) {
   LoopValues& values = options.Values;
   // CLI11 takes options in the order in which they are added, so a setting given singly overrides the file's.
   AddFileOption(command, "--zu", "A parameter file whose settings override these",
-                [&values](const std::string& file) { values = ReadParameterFile(file); })
+                [&values](const std::string& file) { values = ReadParameterText(file, TextOf(file)); })
       ->group(kLoopsGroup);
   AddValue(command, "--base-loop-height", "UNITS", "Height of the base die's loops, in the file's units",
            values.BaseLoopHeight);

@@ -30,8 +30,6 @@ std::string_view WithoutComment(std::string_view line) {
 }  // namespace
 
 std::vector<RecipeItem> ReadRecipe(std::string_view text, const std::string& file) {
-  // Skip the byte order mark that some editors write.
-  if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
   std::string plain;
   model::Lines lines(text);
   std::string_view line;

@@ -10,6 +10,7 @@
 
 #include "model/faults.h"
 #include "model/files.h"
+#include "model/text.h"
 #include "yax/messages.h"
 
 namespace yax {
@@ -38,9 +39,7 @@ CLI::Option* AddFileOption(CLI::App& command, const char* name, const char* desc
 }
 
 std::string TextOf(const std::string& file) {
-  constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
-  const std::string bytes = BytesOf(file);
-  return bytes.substr(bytes.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0);
+  return std::string(model::WithoutByteOrderMark(BytesOf(file)));
 }
 
 std::string DigestOf(const std::string& file) {

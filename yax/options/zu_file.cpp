@@ -1,19 +1,9 @@
 #include "yax/options/zu_file.h"
 
-#include "model/faults.h"
-#include "model/files.h"
 #include "model/text.h"
 #include "yax/messages.h"
 
 namespace yax {
-
-LoopValues ReadParameterFile(const std::string& path) {
-  try {
-    return ReadParameterText(path, model::ReadToEnd(path));
-  } catch (const model::FileFault& fault) {
-    throw Unusable({.File = path}, fault.Kind(), "give the path of a .zu file");
-  }
-}
 
 LoopValues ReadParameterText(const std::string& name, std::string_view text) {
   return setup::ReadParameterValues(text, name, [&name](const setup::ParameterLine& line) {

@@ -12,10 +12,8 @@ namespace yax {
 /// package's name: the command line names the package.
 /// Deliberate: unlike the window's load, which spells two keys differently from its save, this reads the base
 /// and the stitch extension.
-/// Faults  Unusable when the file cannot be read, or a value is not valid
-LoopValues ReadParameterFile(const std::string& path);
-
-/// The same from the text; messages use `name`. Reports and ignores a line without a known key.
+/// Messages use `name`. Reports and ignores a line without a known key.
+/// Faults  Unusable when a value is not valid
 LoopValues ReadParameterText(const std::string& name, std::string_view text);
 
 }  // namespace yax
