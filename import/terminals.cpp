@@ -180,9 +180,8 @@ std::vector<DiePad> PadsOf(const std::vector<Terminal>& terminals, const PadRule
 }
 
 bool Matches(const std::string& name, const std::regex& pattern) {
-  constexpr std::size_t kMost = 1000;
-  return std::regex_search(name.begin(),
-                           name.begin() + static_cast<std::ptrdiff_t>(std::min(name.size(), kMost)), pattern);
+  const std::size_t length = std::min(name.size(), model::kMostForRegex);
+  return std::regex_search(name.begin(), name.begin() + static_cast<std::ptrdiff_t>(length), pattern);
 }
 
 std::size_t ShapeCount(const std::vector<Terminal>& terminals) {

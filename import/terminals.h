@@ -39,8 +39,7 @@ struct PadRule {
 /// overlap are one pad.
 std::vector<DiePad> PadsOf(const std::vector<Terminal>& terminals, const PadRule& rule);
 
-/// True when the pattern matches within the first thousand characters of the name: std::regex recurses for
-/// each of them.
+/// True when the pattern matches within the first kMostForRegex letters of the name.
 bool Matches(const std::string& name, const std::regex& pattern);
 
 /// The number of shapes of all terminals.

@@ -22,6 +22,9 @@ std::string Quoted(std::string_view word);
 /// Text without the byte order mark that some editors put at its start.
 std::string_view WithoutByteOrderMark(std::string_view text);
 
+/// The most letters of a pattern, and of a text to search: std::regex recurses for each of them.
+inline constexpr std::size_t kMostForRegex = 1000;
+
 /// The part of a path after its last separator, or all of it.
 std::string_view FileNameOf(std::string_view path);
 

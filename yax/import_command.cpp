@@ -125,10 +125,8 @@ class Values {
     return {Number(option, text.substr(0, comma)), Number(option, text.substr(comma + 1))};
   }
   std::regex Pattern(const std::string& option, const std::string& text, std::regex::flag_type flags) const {
-    // Limit the length: std::regex runs out of stack on long nested patterns.
-    constexpr std::size_t kLongest = 1000;
     try {
-      if (text.size() <= kLongest) return std::regex(text, flags);
+      if (text.size() <= model::kMostForRegex) return std::regex(text, flags);
     } catch (const std::regex_error&) {
     }
     Refuse(options_, option, model::Quoted(text) + " is not a regular expression", "correct it");

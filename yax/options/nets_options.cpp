@@ -1,7 +1,7 @@
 #include "yax/options/nets_options.h"
 
 #include <CLI/CLI.hpp>
-#include <cstddef>
+#include <string>
 
 #include "model/text.h"
 #include "yax/messages.h"
@@ -11,8 +11,10 @@ namespace yax {
 namespace {
 
 std::regex PatternOf(const std::string& text) {
-  if (text.size() > analysis::kLongestNetName)
-    throw Unusable(CommandLine(), "--net-pattern is longer than 1000 characters", "give a shorter one");
+  if (text.size() > model::kMostForRegex)
+    throw Unusable(CommandLine(),
+                   "--net-pattern is longer than " + std::to_string(model::kMostForRegex) + " characters",
+                   "give a shorter one");
   try {
     const std::regex pattern(text);
     if (pattern.mark_count() > 0) return pattern;
