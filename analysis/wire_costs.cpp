@@ -27,9 +27,8 @@ void AddCouplings(const Inductances& inductances, double least, const std::vecto
 }  // namespace
 
 std::optional<double> ResistivityOf(std::string_view material) {
-  if (material == "Au") return 2.21e-8;
-  if (material == "Al") return 2.65e-8;
-  if (material == "Cu") return 1.72e-8;
+  for (const model::WireMaterial& known : model::kWireMaterials)
+    if (material == known.Name) return known.Resistivity;
   return std::nullopt;
 }
 

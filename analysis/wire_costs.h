@@ -15,7 +15,7 @@
 
 namespace analysis {
 
-/// The resistivity of a wire material that the settings name "Au", "Al" or "Cu".
+/// The resistivity of one of kWireMaterials; nothing for any other name.
 /// Units   ohm metres at room temperature
 std::optional<double> ResistivityOf(std::string_view material);
 

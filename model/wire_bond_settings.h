@@ -1,16 +1,26 @@
 /// The material of the bond wires and the shape of their loops.
 #pragma once
 
+#include <array>
 #include <string>
 
 #include "model/package.h"
 
 namespace model {
 
+struct WireMaterial {
+  const char* Name;
+  double Resistivity;  ///< ohm metres at room temperature
+};
+
+/// The materials of wires, in the order in which a choice lists them.
+inline constexpr std::array<WireMaterial, 3> kWireMaterials{
+    {{"Au", 2.21e-8}, {"Al", 2.65e-8}, {"Cu", 1.72e-8}}};
+
 /// Units: loop heights and extensions in file units (the drawing divides them by UnitScale).
 /// A height or extension of 0 is unset.
 struct WireBondSettings {
-  std::string Material;          ///< "Au", "Al" or "Cu"
+  std::string Material;          ///< the name of one of kWireMaterials
   float WireDiameter = 0.0F;     ///< mils
   float Frequency = 0.0F;        ///< hertz
   float BaseLoopHeight = 0.0F;   ///< wires of the base die

@@ -61,8 +61,8 @@ bool BeginsNumber(std::string_view text) {
 }
 
 std::string MaterialOf(const model::FilePlace& place, std::string_view value) {
-  for (const char* material : {"Au", "Al", "Cu"})
-    if (model::UpperCase(value) == model::UpperCase(material)) return material;
+  for (const model::WireMaterial& material : model::kWireMaterials)
+    if (model::UpperCase(value) == model::UpperCase(material.Name)) return material.Name;
   throw model::InputError(place, model::Quoted(value) + " is not a wire material", "write Au, Al or Cu");
 }
 

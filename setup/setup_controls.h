@@ -11,7 +11,6 @@ namespace setup {
 /// The arrays of option buttons.
 enum class OptionArray { M, WD, FQ, LH };
 
-inline constexpr std::array<const char*, 3> kMCaptions = {"Au", "Al", "Cu"};
 inline constexpr std::array<const char*, 7> kWDCaptions = {"0.5",  "0.7", "0.8",   "1.0",
                                                            "1.25", "1.5", "Custom"};
 /// Deliberate: hertz is the last index, though the window shows it first.

@@ -37,7 +37,7 @@ void SetupForm::FillFromSettings() {
 
 void SetupForm::ReadControls(model::WireBondSettings& settings) const {
   for (std::size_t i = 0; i < controls_.M.size(); ++i)
-    if (controls_.M[i]) settings.Material = kMCaptions[i];
+    if (controls_.M[i]) settings.Material = model::kWireMaterials[i].Name;
   for (std::size_t i = 0; i < kCustomWD; ++i)
     if (controls_.WD[i]) settings.WireDiameter = model::ToNumber(kWDCaptions[i]);
   if (controls_.WD[kCustomWD]) settings.WireDiameter = model::ToNumber(controls_.WDc.Text);
@@ -72,8 +72,8 @@ void SetupForm::ShowLoops(const model::WireBondSettings& loops) {
 }
 
 void SetupForm::SelectMaterial(std::string_view upperCaseName) {
-  for (std::size_t i = 0; i < kMCaptions.size(); ++i)
-    if (upperCaseName == model::UpperCase(kMCaptions[i])) SelectOnly(controls_.M, i);
+  for (std::size_t i = 0; i < model::kWireMaterials.size(); ++i)
+    if (upperCaseName == model::UpperCase(model::kWireMaterials[i].Name)) SelectOnly(controls_.M, i);
 }
 
 void SetupForm::SelectDiameter(float diameter) {

@@ -200,7 +200,7 @@ QGroupBox* SetupWindow::MakeMaterial() {
   QGroupBox* frame = MakeFrame("Material ");
   auto* rows = new QVBoxLayout(frame);
   for (std::size_t i = 0; i < M_.size(); ++i)
-    rows->addWidget(MakeOption(M_, i, kMCaptions[i], frame, [this, i] { form_.M_Click(i); }));
+    rows->addWidget(MakeOption(M_, i, model::kWireMaterials[i].Name, frame, [this, i] { form_.M_Click(i); }));
   rows->addStretch();
   return frame;
 }

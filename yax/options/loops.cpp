@@ -9,18 +9,17 @@
 #include "yax/messages.h"
 #include "yax/options/option_text.h"
 #include "yax/options/text_file.h"
+#include "yax/options/wires_options.h"
 #include "yax/options/zu_file.h"
 
 namespace yax {
 
 namespace {
 
-constexpr char kLoopsGroup[] = "Wires";
-
 void AddValue(CLI::App& command, const char* name, const char* unit, const char* description,
               std::optional<float>& value) {
   const auto take = [name, &value](const std::string& text) { value = NumberOf(name, text); };
-  command.add_option_function<std::string>(name, take, description)->type_name(unit)->group(kLoopsGroup);
+  command.add_option_function<std::string>(name, take, description)->type_name(unit)->group(kWiresGroup);
 }
 
 using Measure = std::optional<float> model::LoopShape::*;
@@ -42,7 +41,13 @@ void AddTierLoops(CLI::App& command, const char* name, const char* description, 
       ->type_name("TIER=UNITS,...")
       ->delimiter(',')
       ->allow_extra_args(false)
-      ->group(kLoopsGroup);
+      ->group(kWiresGroup);
+}
+
+std::vector<std::string> MaterialNames() {
+  std::vector<std::string> names;
+  for (const model::WireMaterial& material : model::kWireMaterials) names.emplace_back(material.Name);
+  return names;
 }
 
 void Give(const model::LoopShape& shape, model::LoopShape& own) {
@@ -58,12 +63,12 @@ void AddLoopOptions(CLI::App& command, LoopOptions& options) {
           "--loops", [&options](const std::string& text) { options.DieHeight = text == "die-height"; },
           "Heights and extensions: as in the window after a load (the default), or the dies' heights")
       ->check(CLI::IsMember(std::vector<std::string>{"window", "die-height"}))
-      ->group(kLoopsGroup);
+      ->group(kWiresGroup);
   LoopValues& values = options.Values;
   // CLI11 takes options in the order in which they are added, so a setting given singly overrides the file's.
   AddFileOption(command, "--zu", "A parameter file whose settings override these",
                 [&values](const std::string& file) { values = ReadParameterText(file, TextOf(file)); })
-      ->group(kLoopsGroup);
+      ->group(kWiresGroup);
   AddValue(command, "--base-loop-height", "UNITS", "Height of the base die's loops, in the file's units",
            values.BaseLoopHeight);
   AddValue(command, "--base-extension", "UNITS", "How far the base die's loops run level",
@@ -79,15 +84,15 @@ void AddLoopOptions(CLI::App& command, LoopOptions& options) {
           },
           "How far the stacked die's loops run level; edge: to the base die's edge")
       ->type_name("UNITS|edge")
-      ->group(kLoopsGroup);
+      ->group(kWiresGroup);
   AddValue(command, "--stitch-extension", "UNITS", "How far stitches run level", values.StitchExtension);
   AddTierLoops(command, "--tier-loop-height", "Height of a tier's loops, in place of the die's",
                &model::LoopShape::Height, options.Tiers);
   AddTierLoops(command, "--tier-extension", "How far a tier's loops run level, in place of the die's",
                &model::LoopShape::Extension, options.Tiers);
   command.add_option("--material", values.Material, "Material of the wires; changes no picture")
-      ->check(CLI::IsMember(std::vector<std::string>{"Au", "Al", "Cu"}))
-      ->group(kLoopsGroup);
+      ->check(CLI::IsMember(MaterialNames()))
+      ->group(kWiresGroup);
   AddValue(command, "--wire-diameter", "MILS",
            "The wires' diameter, for clearances and exports; changes no picture", values.WireDiameter);
   AddValue(command, "--frequency", "HERTZ", "The signals' frequency; changes no picture", values.Frequency);

@@ -10,8 +10,6 @@ namespace yax {
 
 namespace {
 
-constexpr char kWiresGroup[] = "Wires";
-
 std::string FirstLetter(const std::string& word) { return model::UpperCase(word.substr(0, 1)); }
 
 std::string NotANet(const std::string& word) {

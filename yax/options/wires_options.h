@@ -13,6 +13,9 @@ class App;
 
 namespace yax {
 
+/// The group of the options for wires in the help.
+inline constexpr char kWiresGroup[] = "Wires";
+
 /// Filters of the wire list. Each adds the wires that it matches, like the list's buttons with Shift; without
 /// a filter all wires are chosen.
 struct WireOptions {
