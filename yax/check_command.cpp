@@ -19,12 +19,12 @@ namespace yax {
 namespace {
 
 struct CheckOptions {
-  std::vector<std::string> files;
-  bool notes = false;
-  bool json = false;
-  RulesOptions rules;
-  PackageOptions package;  ///< of each file
-  PictureOptions picture;
+  std::vector<std::string> Files;
+  bool Notes = false;
+  bool Json = false;
+  RulesOptions Rules;
+  PackageOptions Package;  ///< of each file
+  PictureOptions Picture;
 };
 
 using Offenders = model::WireSelection;
@@ -59,11 +59,11 @@ analysis::Diagnostics CheckFile(const CheckOptions& options, const std::string& 
   analysis::LineCheck lines(file);
   model::Package package = LoadPackage(file, &lines);
   analysis::Diagnostics found = analysis::CheckPackage(package, lines);
-  if (options.rules.File.empty()) return found;
-  OpenedPackage opened(options.package, std::move(package), lines.Lines());
-  opened.Selection = AddRules(options.rules, opened, found);
+  if (options.Rules.File.empty()) return found;
+  OpenedPackage opened(options.Package, std::move(package), lines.Lines());
+  opened.Selection = AddRules(options.Rules, opened, found);
   found.Sort();
-  if (!options.picture.File.empty()) WritePicture(opened, options.picture);
+  if (!options.Picture.File.empty()) WritePicture(opened, options.Picture);
   return found;
 }
 
@@ -72,11 +72,11 @@ bool IsClean(const analysis::Diagnostics& found) {
 }
 
 Status CheckOne(const CheckOptions& options) {
-  const analysis::Diagnostics found = CheckFile(options, options.files.front());
-  if (options.json) {
-    WriteOutput("-", formats::JsonOf(found, options.notes));
+  const analysis::Diagnostics found = CheckFile(options, options.Files.front());
+  if (options.Json) {
+    WriteOutput("-", formats::JsonOf(found, options.Notes));
   } else {
-    std::fputs(formats::MessagesOf(found, options.notes).c_str(), stderr);
+    std::fputs(formats::MessagesOf(found, options.Notes).c_str(), stderr);
     WriteOutput("-", formats::SummaryOf(found));
   }
   return IsClean(found) ? Status::Done : Status::Findings;
@@ -87,7 +87,7 @@ Status CheckSeveral(const CheckOptions& options) {
   Status status = Status::Done;
   std::vector<analysis::Diagnostics> all;
   std::size_t unclean = 0;
-  for (const std::string& file : options.files) {
+  for (const std::string& file : options.Files) {
     try {
       all.push_back(CheckFile(options, file));
     } catch (const Unusable& unusable) {
@@ -96,15 +96,15 @@ Status CheckSeveral(const CheckOptions& options) {
       continue;
     }
     if (!IsClean(all.back())) ++unclean;
-    if (options.json) continue;
-    std::fputs(formats::MessagesOf(all.back(), options.notes).c_str(), stderr);
+    if (options.Json) continue;
+    std::fputs(formats::MessagesOf(all.back(), options.Notes).c_str(), stderr);
     WriteOutput("-", file + ": " + formats::SummaryOf(all.back()));
   }
-  if (options.json) {
-    WriteOutput("-", formats::JsonOf(all, options.notes));
+  if (options.Json) {
+    WriteOutput("-", formats::JsonOf(all, options.Notes));
   } else {
-    const std::size_t unusable = options.files.size() - all.size();
-    WriteOutput("-", std::to_string(options.files.size()) + " files, " + std::to_string(unclean) +
+    const std::size_t unusable = options.Files.size() - all.size();
+    WriteOutput("-", std::to_string(options.Files.size()) + " files, " + std::to_string(unclean) +
                          " with errors or findings" +
                          (unusable == 0 ? "" : ", " + std::to_string(unusable) + " unusable") + "\n");
   }
@@ -112,10 +112,10 @@ Status CheckSeveral(const CheckOptions& options) {
 }
 
 Status Check(const CheckOptions& options) {
-  if (!options.picture.File.empty() && (options.rules.File.empty() || options.files.size() > 1))
+  if (!options.Picture.File.empty() && (options.Rules.File.empty() || options.Files.size() > 1))
     throw Unusable(CommandLine(), "--picture draws what --rules finds in one package",
                    "give --rules and a single file, or leave it out");
-  return options.files.size() == 1 ? CheckOne(options) : CheckSeveral(options);
+  return options.Files.size() == 1 ? CheckOne(options) : CheckSeveral(options);
 }
 
 }  // namespace
@@ -124,16 +124,16 @@ Command AddCheck(CLI::App& program) {
   CLI::App* const command = program.add_subcommand(
       "check", "Report what the viewer ignores or cannot draw, and which rules are broken");
   const auto options = std::make_shared<CheckOptions>();
-  command->add_option("FILE.yax", options->files, "The packages to read")->type_name("FILE")->required();
-  command->add_flag("--notes", options->notes,
+  command->add_option("FILE.yax", options->Files, "The packages to read")->type_name("FILE")->required();
+  command->add_flag("--notes", options->Notes,
                     "List pads without a wire or a substrate pad, and net types without a wire");
-  command->add_flag("--json", options->json, "Write everything as JSON on standard output");
-  AddRulesOptions(*command, options->rules);
+  command->add_flag("--json", options->Json, "Write everything as JSON on standard output");
+  AddRulesOptions(*command, options->Rules);
   AddPictureFile(*command, "Draw the package with only the wires that break a rule, .png or .bmp",
-                 options->picture);
-  AddUnitOption(*command, options->package);
-  AddLoopOptions(*command, options->package.Loops);
-  AddPictureOptions(*command, options->picture);
+                 options->Picture);
+  AddUnitOption(*command, options->Package);
+  AddLoopOptions(*command, options->Package.Loops);
+  AddPictureOptions(*command, options->Picture);
   return {command, [options] { return Check(*options); }};
 }
 

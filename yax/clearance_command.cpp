@@ -16,13 +16,13 @@ namespace yax {
 namespace {
 
 struct ClearanceOptions {
-  PackageOptions package;
-  std::string output = "-";
-  bool json = false;
-  bool all = false;
-  std::optional<double> limit;
-  analysis::NetRule nets;
-  PictureOptions picture;
+  PackageOptions Package;
+  std::string Output = "-";
+  bool Json = false;
+  bool All = false;
+  std::optional<double> Limit;
+  analysis::NetRule Nets;
+  PictureOptions Picture;
 };
 
 /// The wires of the findings.
@@ -34,19 +34,19 @@ model::WireSelection OffendersOf(const analysis::Clearances& clearances) {
 }
 
 Status Clearance(const ClearanceOptions& options) {
-  OpenedPackage opened(options.package);
+  OpenedPackage opened(options.Package);
   const analysis::LengthUnit unit = opened.Unit();
   const analysis::Clearances clearances =
-      analysis::MeasureClearances(opened.Loops(), {.Nets = options.nets,
+      analysis::MeasureClearances(opened.Loops(), {.Nets = options.Nets,
                                                    .WireDiameter = opened.WireDiameter(),
-                                                   .Limit = options.limit,
-                                                   .All = options.all});
-  if (!options.picture.File.empty()) {
+                                                   .Limit = options.Limit,
+                                                   .All = options.All});
+  if (!options.Picture.File.empty()) {
     opened.Selection = OffendersOf(clearances);
-    WritePicture(opened, options.picture);
+    WritePicture(opened, options.Picture);
   }
-  WriteOutput(options.output,
-              options.json ? formats::JsonOf(clearances, unit) : formats::ColumnsOf(clearances, unit));
+  WriteOutput(options.Output,
+              options.Json ? formats::JsonOf(clearances, unit) : formats::ColumnsOf(clearances, unit));
   const bool clear = clearances.Count(analysis::Finding::Touching) == 0 &&
                      clearances.Count(analysis::Finding::BelowLimit) == 0;
   return clear ? Status::Done : Status::Findings;
@@ -58,23 +58,23 @@ Command AddClearance(CLI::App& program) {
   CLI::App* const command =
       program.add_subcommand("clearance", "Measure the clearance between wires of different nets");
   const auto options = std::make_shared<ClearanceOptions>();
-  AddPackageOption(*command, options->package);
-  command->add_option("-o,--output", options->output, "Output file (default: -, standard output)")
+  AddPackageOption(*command, options->Package);
+  command->add_option("-o,--output", options->Output, "Output file (default: -, standard output)")
       ->type_name("FILE");
-  command->add_flag("--json", options->json, "Write JSON instead of columns");
+  command->add_flag("--json", options->Json, "Write JSON instead of columns");
   command
       ->add_option_function<std::string>(
-          "--limit", [options](const std::string& text) { options->limit = DoubleOf("--limit", text); },
+          "--limit", [options](const std::string& text) { options->Limit = DoubleOf("--limit", text); },
           "Also report pairs closer than this, in file units, not only those that touch")
       ->type_name("UNITS");
-  command->add_flag("--all", options->all,
+  command->add_flag("--all", options->All,
                     "List every finding, not only each wire's pair with its nearest other one");
   AddPictureFile(*command, "Draw the package with only the wires of the findings, .png or .bmp",
-                 options->picture);
-  AddUnitOption(*command, options->package);
-  AddNetOptions(*command, options->nets);
-  AddLoopOptions(*command, options->package.Loops);
-  AddPictureOptions(*command, options->picture);
+                 options->Picture);
+  AddUnitOption(*command, options->Package);
+  AddNetOptions(*command, options->Nets);
+  AddLoopOptions(*command, options->Package.Loops);
+  AddPictureOptions(*command, options->Picture);
   return {command, [options] { return Clearance(*options); }};
 }
 

@@ -10,24 +10,24 @@ namespace yax {
 namespace {
 
 /// The value of an option, or a positional argument.
-struct Value {
-  std::string name;  ///< empty for a flag
-  std::vector<std::string> choices;
-  bool IsFile() const { return choices.empty() && name == "FILE"; }
+struct OptionValue {
+  std::string Name;  ///< empty for a flag
+  std::vector<std::string> Choices;
+  bool IsFile() const { return Choices.empty() && Name == "FILE"; }
 };
 
 struct Word {
-  std::vector<std::string> names;  ///< with their dashes; empty for a positional argument
-  std::string description;
-  Value value;
+  std::vector<std::string> Names;  ///< with their dashes; empty for a positional argument
+  std::string Description;
+  OptionValue Value;
 };
 
 std::vector<Word> WordsOf(const CLI::App& level) {
   std::vector<Word> words;
   for (const CLI::Option* option : level.get_options()) {
     Word word{{}, option->get_description(), {ValueNameOf(*option), ChoicesOf(*option)}};
-    for (const std::string& name : option->get_snames()) word.names.push_back("-" + name);
-    for (const std::string& name : option->get_lnames()) word.names.push_back("--" + name);
+    for (const std::string& name : option->get_snames()) word.Names.push_back("-" + name);
+    for (const std::string& name : option->get_lnames()) word.Names.push_back("--" + name);
     words.push_back(word);
   }
   return words;
@@ -47,8 +47,8 @@ std::string ShellQuoted(const std::string& text, const std::string& special = {}
   return quoted + "'";
 }
 
-std::string BashReply(const Value& value) {
-  if (!value.choices.empty()) return "_yax_words " + ShellQuoted(Joined(value.choices, " "));
+std::string BashReply(const OptionValue& value) {
+  if (!value.Choices.empty()) return "_yax_words " + ShellQuoted(Joined(value.Choices, " "));
   return value.IsFile() ? "_yax_files" : ":";
 }
 
@@ -58,48 +58,48 @@ std::string BashCases(const std::string& level, const std::vector<Word>& words) 
   std::vector<std::string> names;
   std::string place = ":";
   for (const Word& word : words) {
-    if (word.names.empty()) place = BashReply(word.value);
-    names.insert(names.end(), word.names.begin(), word.names.end());
-    if (word.names.empty() || word.value.name.empty()) continue;
+    if (word.Names.empty()) place = BashReply(word.Value);
+    names.insert(names.end(), word.Names.begin(), word.Names.end());
+    if (word.Names.empty() || word.Value.Name.empty()) continue;
     std::vector<std::string> patterns;
-    for (const std::string& name : word.names) patterns.push_back(level + "," + name + ",*");
-    cases += "    " + Joined(patterns, "|") + ") " + BashReply(word.value) + " ;;\n";
+    for (const std::string& name : word.Names) patterns.push_back(level + "," + name + ",*");
+    cases += "    " + Joined(patterns, "|") + ") " + BashReply(word.Value) + " ;;\n";
   }
   cases += "    " + level + ",*,-*) _yax_words " + ShellQuoted(Joined(names, " ")) + " ;;\n";
   return cases + "    " + level + ",*) " + place + " ;;\n";
 }
 
 std::string ZshArgument(const Word& word) {
-  const Value& value = word.value;
-  const std::string action = !value.choices.empty() ? "(" + Joined(value.choices, " ") + ")"
+  const OptionValue& value = word.Value;
+  const std::string action = !value.Choices.empty() ? "(" + Joined(value.Choices, " ") + ")"
                              : value.IsFile()       ? "_files"
                                                     : " ";
-  if (word.names.empty()) return ShellQuoted("*:" + value.name + ":" + action);
+  if (word.Names.empty()) return ShellQuoted("*:" + value.Name + ":" + action);
   std::string tail = "[";
-  for (const char letter : word.description) {
+  for (const char letter : word.Description) {
     if (letter == '[' || letter == ']' || letter == ':') tail += '\\';
     tail += letter;
   }
   tail += "]";
-  if (!value.name.empty()) tail += ":" + value.name + ":" + action;
+  if (!value.Name.empty()) tail += ":" + value.Name + ":" + action;
   std::vector<std::string> arguments;
-  for (const std::string& name : word.names)
-    arguments.push_back(ShellQuoted("(" + Joined(word.names, " ") + ")" + name + tail));
+  for (const std::string& name : word.Names)
+    arguments.push_back(ShellQuoted("(" + Joined(word.Names, " ") + ")" + name + tail));
   return Joined(arguments, " ");
 }
 
 std::string FishOption(const std::string& condition, const Word& word) {
   std::string line = "complete -c yax -n " + ShellQuoted(condition);
-  for (const std::string& name : word.names)
+  for (const std::string& name : word.Names)
     line += name.starts_with("--") ? " -l " + name.substr(2) : " -s " + name.substr(1);
-  if (word.value.IsFile()) {
-    line += word.names.empty() ? " -F" : " -r -F";
-  } else if (!word.value.choices.empty()) {
-    line += (word.names.empty() ? " -a " : " -x -a ") + ShellQuoted(Joined(word.value.choices, " "));
-  } else if (!word.value.name.empty()) {
+  if (word.Value.IsFile()) {
+    line += word.Names.empty() ? " -F" : " -r -F";
+  } else if (!word.Value.Choices.empty()) {
+    line += (word.Names.empty() ? " -a " : " -x -a ") + ShellQuoted(Joined(word.Value.Choices, " "));
+  } else if (!word.Value.Name.empty()) {
     line += " -x";
   }
-  return line + " -d " + ShellQuoted(word.description, "\\") + "\n";
+  return line + " -d " + ShellQuoted(word.Description, "\\") + "\n";
 }
 
 }  // namespace
@@ -112,7 +112,7 @@ std::string BashCompletion(const CLI::App& program) {
     cases += BashCases(command->get_name(), WordsOf(*command));
   }
   std::vector<std::string> top = commands;
-  for (const Word& word : WordsOf(program)) top.insert(top.end(), word.names.begin(), word.names.end());
+  for (const Word& word : WordsOf(program)) top.insert(top.end(), word.Names.begin(), word.Names.end());
   return "_yax_words() { mapfile -t COMPREPLY < <(compgen -W \"$1\" -- \"$current\"); }\n"
          "_yax_files() { mapfile -t COMPREPLY < <(compgen -f -- \"$current\"); }\n"
          "_yax() {\n"

@@ -23,13 +23,13 @@ namespace yax {
 
 namespace {
 
-enum class Format { Pdf, Svg, Dxf };
+enum class DiagramFormat { Pdf, Svg, Dxf };
 
-Format FormatOf(const std::string& output) {
+DiagramFormat FormatOf(const std::string& output) {
   const std::string ending = model::UpperCase(std::filesystem::path(output).extension().string());
-  if (output == "-" || ending == ".PDF") return Format::Pdf;
-  if (ending == ".SVG") return Format::Svg;
-  if (ending == ".DXF") return Format::Dxf;
+  if (output == "-" || ending == ".PDF") return DiagramFormat::Pdf;
+  if (ending == ".SVG") return DiagramFormat::Svg;
+  if (ending == ".DXF") return DiagramFormat::Dxf;
   throw Unusable({.File = output}, "unknown diagram format", "use .pdf, .svg or .dxf");
 }
 
@@ -70,16 +70,16 @@ std::vector<std::string> LinesOf(const std::string& text) {
 }
 
 struct DiagramOptions {
-  PackageOptions package;
-  std::string output;
-  Format format = Format::Pdf;
-  sheet::Paper paper = PaperOf("a3");
-  std::optional<double> scale;
-  sheet::Split split = sheet::Split::None;
-  bool table = false;
-  sheet::TitleFields title;
-  std::vector<std::string> notes;
-  RulesOptions rules;
+  PackageOptions Package;
+  std::string Output;
+  DiagramFormat Format = DiagramFormat::Pdf;
+  sheet::Paper Paper = PaperOf("a3");
+  std::optional<double> Scale;
+  sheet::Split Split = sheet::Split::None;
+  bool Table = false;
+  sheet::TitleFields Title;
+  std::vector<std::string> Notes;
+  RulesOptions Rules;
 };
 
 /// The results of the rules, for the sheet.
@@ -93,11 +93,11 @@ struct Judgement {
 Judgement Judge(const DiagramOptions& options, const OpenedPackage& opened,
                 std::vector<sheet::DiagramWire>& wires) {
   Judgement judgement;
-  if (options.rules.File.empty()) return judgement;
+  if (options.Rules.File.empty()) return judgement;
   const std::vector<analysis::WireLoop> loops = opened.AllLoops();
-  const analysis::RuleSet& set = options.rules.Set;
-  const analysis::RulesReport report = MeasureRules(options.rules, opened, loops);
-  judgement.Rules = set.Name.empty() ? std::string(model::FileNameOf(options.rules.File)) : set.Name;
+  const analysis::RuleSet& set = options.Rules.Set;
+  const analysis::RulesReport report = MeasureRules(options.Rules, opened, loops);
+  judgement.Rules = set.Name.empty() ? std::string(model::FileNameOf(options.Rules.File)) : set.Name;
   std::set<model::RecordPlace> offenders;
   std::vector<std::size_t> counts(set.Rules.size());
   for (const analysis::RuleRemark& remark : report.Remarks) {
@@ -125,9 +125,9 @@ sheet::Drawing DrawingOf(const OpenedPackage& opened, const sheet::DiagramInputs
   }
 }
 
-std::string BytesOf(const sheet::Drawing& drawing, Format format) {
-  if (format == Format::Pdf) return sheet::PdfOf(drawing);
-  return format == Format::Svg ? sheet::SvgOf(drawing) : sheet::DxfOf(drawing);
+std::string BytesOf(const sheet::Drawing& drawing, DiagramFormat format) {
+  if (format == DiagramFormat::Pdf) return sheet::PdfOf(drawing);
+  return format == DiagramFormat::Svg ? sheet::SvgOf(drawing) : sheet::DxfOf(drawing);
 }
 
 void ReportBoxes(const sheet::Drawing& drawing, const std::string& file) {
@@ -141,13 +141,13 @@ void ReportBoxes(const sheet::Drawing& drawing, const std::string& file) {
 }
 
 Status Diagram(const DiagramOptions& options) {
-  const OpenedPackage opened(options.package);
+  const OpenedPackage opened(options.Package);
   const analysis::LengthUnit unit = opened.Unit();
   const std::vector<analysis::WireLoop> loops = opened.Loops();
   std::vector<sheet::DiagramWire> wires = sheet::DiagramWiresOf(opened.Package, loops, opened.Lines);
   const Judgement judgement = Judge(options, opened, wires);
   // DXF is true to size: its numbers are in the drawing's unit, and it has the plan once.
-  const bool trueToSize = options.format == Format::Dxf;
+  const bool trueToSize = options.Format == DiagramFormat::Dxf;
   const std::string shown = trueToSize ? "mm" : unit.Name;
   const double numberScale = trueToSize ? unit.Millimetres : 1.0;
   const std::vector<sheet::Fact> facts = sheet::MeasuredData(
@@ -156,49 +156,49 @@ Status Diagram(const DiagramOptions& options) {
       DrawingOf(opened, {.Package = opened.Package,
                          .Wires = wires,
                          .Facts = facts,
-                         .Notes = options.notes,
+                         .Notes = options.Notes,
                          .Findings = judgement.Lines,
-                         .Title = options.title,
-                         .FileName = std::string(model::FileNameOf(options.package.File)),
-                         .Digest = DigestOf(options.package.File),
+                         .Title = options.Title,
+                         .FileName = std::string(model::FileNameOf(options.Package.File)),
+                         .Digest = DigestOf(options.Package.File),
                          .Millimetres = unit.Millimetres,
                          .Unit = shown,
                          .NumberScale = numberScale,
-                         .Paper = options.paper,
-                         .Scale = options.scale,
-                         .Into = trueToSize ? sheet::Split::None : options.split,
-                         .Table = options.table});
-  WriteOutput(options.output, BytesOf(drawing, options.format));
-  if (options.format == Format::Pdf) ReportBoxes(drawing, options.package.File);
+                         .Paper = options.Paper,
+                         .Scale = options.Scale,
+                         .Into = trueToSize ? sheet::Split::None : options.Split,
+                         .Table = options.Table});
+  WriteOutput(options.Output, BytesOf(drawing, options.Format));
+  if (options.Format == DiagramFormat::Pdf) ReportBoxes(drawing, options.Package.File);
   return judgement.Keeps ? Status::Done : Status::Findings;
 }
 
 void AddSheetOptions(CLI::App& command, DiagramOptions& options) {
   command
       .add_option_function<std::string>(
-          "--sheet", [&options](const std::string& text) { options.paper = PaperOf(text); },
+          "--sheet", [&options](const std::string& text) { options.Paper = PaperOf(text); },
           "Sheet size: a4, a3 (the default), a2, letter, tabloid, or WxH in mm")
       ->type_name("SIZE");
   command
       .add_option_function<std::string>(
-          "--scale", [&options](const std::string& text) { options.scale = ScaleOf(text); },
+          "--scale", [&options](const std::string& text) { options.Scale = ScaleOf(text); },
           "fit (the default): the largest of 50 20 10 5 2 1 : 1 that fits; or N for N : 1")
       ->type_name("fit|N");
   command
       .add_option_function<std::string>(
-          "--split", [&options](const std::string& text) { options.split = SplitOf(text); },
+          "--split", [&options](const std::string& text) { options.Split = SplitOf(text); },
           "A sheet for each tier or net type, the other wires in grey")
       ->check(CLI::IsMember(std::vector<std::string>{"none", "tier", "net-type"}));
-  command.add_flag("--table", options.table, "Further sheets with a table of all wires");
+  command.add_flag("--table", options.Table, "Further sheets with a table of all wires");
 }
 
 void AddTextOptions(CLI::App& command, DiagramOptions& options) {
   AddFileOption(
       command, "--title", "Fields of the title block, as KEY = value lines",
-      [&options](const std::string& file) { sheet::ReadTitleFields(file, TextOf(file), options.title); });
+      [&options](const std::string& file) { sheet::ReadTitleFields(file, TextOf(file), options.Title); });
   // CLI11 takes options in the order in which they are added, so a field set singly overrides the file's.
   const auto set = [&options](const std::vector<std::string>& settings) {
-    for (const std::string& setting : settings) sheet::SetTitleField(CommandLine(), setting, options.title);
+    for (const std::string& setting : settings) sheet::SetTitleField(CommandLine(), setting, options.Title);
   };
   command
       .add_option_function<std::vector<std::string>>(
@@ -207,7 +207,7 @@ void AddTextOptions(CLI::App& command, DiagramOptions& options) {
       ->type_name("KEY=TEXT")
       ->allow_extra_args(false);
   AddFileOption(command, "--notes", "A text file to print on the sheet",
-                [&options](const std::string& file) { options.notes = LinesOf(TextOf(file)); });
+                [&options](const std::string& file) { options.Notes = LinesOf(TextOf(file)); });
 }
 
 }  // namespace
@@ -216,23 +216,23 @@ Command AddDiagram(CLI::App& program) {
   CLI::App* const command =
       program.add_subcommand("diagram", "Draw the bonding diagram for the assembly house");
   const auto options = std::make_shared<DiagramOptions>();
-  AddPackageOption(*command, options->package);
+  AddPackageOption(*command, options->Package);
   command
       ->add_option_function<std::string>(
           "-o,--output",
           [options](const std::string& file) {
-            options->output = file;
-            options->format = FormatOf(file);
+            options->Output = file;
+            options->Format = FormatOf(file);
           },
           "The sheets, as .pdf, .svg or .dxf; - for a PDF on standard output")
       ->type_name("FILE")
       ->required();
   AddSheetOptions(*command, *options);
   AddTextOptions(*command, *options);
-  AddRulesOptions(*command, options->rules);
-  AddUnitOption(*command, options->package);
-  AddLoopOptions(*command, options->package.Loops);
-  AddWireOptions(*command, options->package.Wires);
+  AddRulesOptions(*command, options->Rules);
+  AddUnitOption(*command, options->Package);
+  AddLoopOptions(*command, options->Package.Loops);
+  AddWireOptions(*command, options->Package.Wires);
   return {command, [options] { return Diagram(*options); }};
 }
 

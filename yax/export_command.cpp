@@ -22,11 +22,11 @@ namespace {
 enum class ExportFormat { Glb, Obj, Html };
 
 struct ExportOptions {
-  PackageOptions package;
-  std::string output;
-  ExportFormat format = ExportFormat::Glb;
-  render::Appearance appearance;
-  analysis::NetRule nets;
+  PackageOptions Package;
+  std::string Output;
+  ExportFormat Format = ExportFormat::Glb;
+  render::Appearance Appearance;
+  analysis::NetRule Nets;
 };
 
 ExportFormat ExportFormatOf(const std::string& output) {
@@ -51,22 +51,22 @@ void WriteMeshes(const OpenedPackage& opened, const ExportOptions& options) {
   const analysis::LengthUnit unit = opened.Unit();
   const double scale = double(opened.Package.UnitScale);
   render::MeshPen pen(opened.Package, opened.WireDiameter() / 2.0 / scale,
-                      [&options](const std::string& name) { return analysis::NetOf(options.nets, name); });
-  render::Scene(opened.Inputs(options.appearance), pen).DrawPackage();
+                      [&options](const std::string& name) { return analysis::NetOf(options.Nets, name); });
+  render::Scene(opened.Inputs(options.Appearance), pen).DrawPackage();
   const MeshScene scene{.Name = std::string(model::FileNameOf(opened.Package.PackagePath)),
-                        .groups = pen.Groups(),
+                        .Groups = pen.Groups(),
                         .FileUnits = scale,
                         .Metres = scale * unit.Metres,
                         .UnitName = unit.Name};
-  if (options.format == ExportFormat::Obj) return WriteObj(scene, options.output);
-  WriteOutput(options.output, GlbBytes(scene));
+  if (options.Format == ExportFormat::Obj) return WriteObj(scene, options.Output);
+  WriteOutput(options.Output, GlbBytes(scene));
 }
 
 Status Export(const ExportOptions& options) {
-  const OpenedPackage opened(options.package);
+  const OpenedPackage opened(options.Package);
   try {
-    if (options.format == ExportFormat::Html)
-      WriteOutput(options.output, PageOf(opened, options.nets));
+    if (options.Format == ExportFormat::Html)
+      WriteOutput(options.Output, PageOf(opened, options.Nets));
     else
       WriteMeshes(opened, options);
   } catch (const model::Fault& fault) {
@@ -81,22 +81,22 @@ Command AddExport(CLI::App& program) {
   CLI::App* const command = program.add_subcommand(
       "export", "Write the package as meshes for other programs, or as a page for any browser");
   const auto options = std::make_shared<ExportOptions>();
-  AddPackageOption(*command, options->package);
+  AddPackageOption(*command, options->Package);
   command
       ->add_option_function<std::string>(
           "-o,--output",
           [options](const std::string& file) {
-            options->output = file;
-            options->format = ExportFormatOf(file);
+            options->Output = file;
+            options->Format = ExportFormatOf(file);
           },
           "The meshes: .glb, or .obj with an .mtl beside it; - for .glb on standard output. Or a page: .html")
       ->type_name("FILE")
       ->required();
-  AddUnitOption(*command, options->package);
-  AddNetOptions(*command, options->nets);
-  AddBackgroundOption(*command, options->appearance);
-  AddLoopOptions(*command, options->package.Loops);
-  AddWireOptions(*command, options->package.Wires);
+  AddUnitOption(*command, options->Package);
+  AddNetOptions(*command, options->Nets);
+  AddBackgroundOption(*command, options->Appearance);
+  AddLoopOptions(*command, options->Package.Loops);
+  AddWireOptions(*command, options->Package.Wires);
   return {command, [options] { return Export(*options); }};
 }
 

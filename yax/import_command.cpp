@@ -256,7 +256,8 @@ void AddBondOptions(CLI::App& command, ImportOptions& options) {
       "Names of power nets, if the chip's file gives no type (default: names that begin like VDD, VCC)");
   add("--ground", options.Ground, "REGEX",
       "Names of ground nets, tried before --power (default: names that begin like VSS, GND)");
-  AddUnitOption(command, "The unit of lengths in these options and in tables, and of the package (default: mm)",
+  AddUnitOption(command,
+                "The unit of lengths in these options and in tables, and of the package (default: mm)",
                 options.Unit);
 }
 

@@ -11,8 +11,8 @@ namespace yax {
 namespace {
 
 struct RenderOptions {
-  PackageOptions package;
-  PictureOptions picture;
+  PackageOptions Package;
+  PictureOptions Picture;
 };
 
 }  // namespace
@@ -21,13 +21,13 @@ Command AddRender(CLI::App& program) {
   CLI::App* const command =
       program.add_subcommand("render", "Draw a picture of the package, without a display");
   const auto options = std::make_shared<RenderOptions>();
-  AddPackageOption(*command, options->package);
+  AddPackageOption(*command, options->Package);
   command
       ->add_option_function<std::string>(
           "-o,--output",
           [options, command](const std::string& file) {
-            options->picture.File = file;
-            if (command->count("--format") == 0) options->picture.Format = PictureFormatOf(file);
+            options->Picture.File = file;
+            if (command->count("--format") == 0) options->Picture.Format = PictureFormatOf(file);
           },
           "The picture, .png or .bmp; - for standard output, a PNG without --format")
       ->type_name("FILE")
@@ -36,15 +36,15 @@ Command AddRender(CLI::App& program) {
       ->add_option_function<std::string>(
           "--format",
           [options](const std::string& text) {
-            options->picture.Format = text == "bmp" ? PictureFormat::Bmp : PictureFormat::Png;
+            options->Picture.Format = text == "bmp" ? PictureFormat::Bmp : PictureFormat::Png;
           },
           "Picture format (default: by the ending of the output's name)")
       ->check(CLI::IsMember(std::vector<std::string>{"png", "bmp"}));
-  AddPictureOptions(*command, options->picture);
-  AddLoopOptions(*command, options->package.Loops);
-  AddWireOptions(*command, options->package.Wires);
+  AddPictureOptions(*command, options->Picture);
+  AddLoopOptions(*command, options->Package.Loops);
+  AddWireOptions(*command, options->Package.Wires);
   const auto run = [options] {
-    WritePicture(OpenedPackage(options->package), options->picture);
+    WritePicture(OpenedPackage(options->Package), options->Picture);
     return Status::Done;
   };
   return {command, run};

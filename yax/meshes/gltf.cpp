@@ -97,7 +97,7 @@ bool HasMesh(const MeshGroup& group) {
 template <class Visit>
 void Gltf::ForEachMesh(Visit&& visit) const {
   for (const bool nets : {false, true})
-    for (const MeshGroup& group : scene_.groups)
+    for (const MeshGroup& group : scene_.Groups)
       for (const auto& [paint, mesh] : group.Meshes)
         if (group.IsNet == nets && !mesh.Triangles.empty()) visit(paint, mesh);
 }
@@ -161,7 +161,7 @@ void Gltf::AppendMeshes(std::string& text) const {
   std::size_t accessor = 0;
   List meshes(text);
   for (const bool nets : {false, true}) {
-    for (const MeshGroup& group : scene_.groups) {
+    for (const MeshGroup& group : scene_.Groups) {
       if (group.IsNet != nets || !HasMesh(group)) continue;
       meshes.Next() += "{";
       if (!group.Name.empty()) text += "\"name\":" + JsonPiece(group.Name) + ",";
@@ -194,7 +194,7 @@ void Gltf::AppendNodes(std::string& text) const {
   std::size_t count = 1, mesh = 0;
   for (const bool nets : {false, true}) {
     const std::size_t first = count;
-    for (const MeshGroup& group : scene_.groups) {
+    for (const MeshGroup& group : scene_.Groups) {
       if (group.IsNet != nets) continue;
       nodes += ",{";
       List fields(nodes);
@@ -273,7 +273,7 @@ std::string GlbBytes(const MeshScene& scene) {
   Gltf gltf(scene);
   std::string file;
   // Reserved memory costs nothing until it is written; growing the text would copy the whole file.
-  file.reserve(gltf.BufferBytes() + 4096 * (scene.groups.size() + 4));
+  file.reserve(gltf.BufferBytes() + 4096 * (scene.Groups.size() + 4));
   file.append(kHeader + kChunkHeader, '\0');
   gltf.AppendJson({}, file);
   while (file.size() % 4 != 0) file += ' ';

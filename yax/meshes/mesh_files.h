@@ -11,7 +11,7 @@ namespace yax {
 /// A package as meshes.
 struct MeshScene {
   std::string Name;
-  const std::vector<render::MeshGroup>& groups;
+  const std::vector<render::MeshGroup>& Groups;
   double FileUnits = 1.0;  ///< a scene unit in file units
   double Metres = 1.0;     ///< a scene unit in metres
   const char* UnitName;    ///< name of the file unit

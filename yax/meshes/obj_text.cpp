@@ -32,7 +32,7 @@ std::string MaterialName(const model::Colour& paint) {
 std::string ObjText(const MeshScene& scene, const std::string& materialFile) {
   std::string text = "# " + scene.Name + ", in " + scene.UnitName + ", y up\nmtllib " + materialFile + "\n";
   std::size_t first = 1;  // the format counts points from 1 through the whole file
-  for (const render::MeshGroup& group : scene.groups) {
+  for (const render::MeshGroup& group : scene.Groups) {
     text += "o " + NameOf(group) + "\n";
     for (const auto& [paint, mesh] : group.Meshes) {
       text += "usemtl " + MaterialName(paint) + "\n";
@@ -55,7 +55,7 @@ std::string ObjText(const MeshScene& scene, const std::string& materialFile) {
 
 std::string MtlText(const MeshScene& scene) {
   std::map<std::string, model::Colour> materials;
-  for (const render::MeshGroup& group : scene.groups)
+  for (const render::MeshGroup& group : scene.Groups)
     for (const auto& [paint, mesh] : group.Meshes) materials.emplace(MaterialName(paint), paint);
   std::string text;
   for (const auto& [name, paint] : materials) {

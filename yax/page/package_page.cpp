@@ -81,14 +81,14 @@ std::string PageOf(const OpenedPackage& opened, const analysis::NetRule& nets) {
   const std::vector<analysis::WireRow> rows = analysis::MeasureLengths(opened.Package, chosen);
   return PageHtml({.Title = name,
                    .Unit = unit.Name,
-                   .model = model,
-                   .gltf = GltfText({.Name = name,
-                                     .groups = model.Groups,
+                   .Model = model,
+                   .Gltf = GltfText({.Name = name,
+                                     .Groups = model.Groups,
                                      .FileUnits = scale,
                                      .Metres = scale * unit.Metres,
                                      .UnitName = unit.Name}),
-                   .wires = rows,
-                   .nearest = nearest,
+                   .Wires = rows,
+                   .Nearest = nearest,
                    .Diagram = DiagramOf(opened, chosen)});
 }
 

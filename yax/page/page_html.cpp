@@ -49,11 +49,11 @@ std::string PackageJson(const PageInputs& inputs) {
             {"tubeSides", render::kTubeSides},
             {"light", Json::array()},
             {"wires", Json::array()}};
-  for (const model::Colour& paint : inputs.model.Light) json["light"].push_back(Bytes(paint));
-  for (const analysis::WireRow& row : inputs.wires) {
-    const auto found = inputs.nearest.find(row.Place);
-    const NearestWire nearest = found == inputs.nearest.end() ? NearestWire{} : found->second;
-    const WireTriangles& triangles = inputs.model.Wires.at(row.Place);
+  for (const model::Colour& paint : inputs.Model.Light) json["light"].push_back(Bytes(paint));
+  for (const analysis::WireRow& row : inputs.Wires) {
+    const auto found = inputs.Nearest.find(row.Place);
+    const NearestWire nearest = found == inputs.Nearest.end() ? NearestWire{} : found->second;
+    const WireTriangles& triangles = inputs.Model.Wires.at(row.Place);
     json["wires"].push_back({row.Name, row.OtherName, row.Tier, row.NetType, row.Length, row.Angle,
                              nearest.Clearance, nearest.Name, triangles.Mesh, triangles.First,
                              triangles.Count});
@@ -78,7 +78,7 @@ std::string PartOf(const PageInputs& inputs, std::string_view name) {
   if (name == "STYLE") return kPageStyle;
   if (name == "SCRIPT") return kPageScript;
   if (name == "PACKAGE") return PackageJson(inputs);
-  if (name == "MODEL") return InElement(inputs.gltf);
+  if (name == "MODEL") return InElement(inputs.Gltf);
   if (inputs.Diagram.empty()) return "";
   return name == "DIAGRAM_TAB" ? kDiagramTab : DiagramPanel(inputs.Diagram);
 }

@@ -22,15 +22,15 @@ using NearestWires = std::map<model::RecordPlace, NearestWire>;
 struct PageInputs {
   std::string Title;  ///< the name of the package's file
   std::string Unit;   ///< of lengths in the rows
-  const PageModel& model;
-  const std::string& gltf;  ///< the model's groups as glTF
-  const std::vector<analysis::WireRow>& wires;
-  const NearestWires& nearest;
+  const PageModel& Model;
+  const std::string& Gltf;  ///< the model's groups as glTF
+  const std::vector<analysis::WireRow>& Wires;
+  const NearestWires& Nearest;
   std::string Diagram = {};  ///< the bonding diagram as SVG; when empty the page has no tab for it
 };
 
 /// The whole file: viewer, meshes and wires. Escapes all names, so they always show as text.
-/// Needs   a wire of the model for each of `wires`
+/// Needs   a wire of the model for each of `Wires`
 std::string PageHtml(const PageInputs& inputs);
 
 }  // namespace yax

@@ -18,16 +18,16 @@ constexpr int kCompression = 1;
 /// The bytes being written. libpng reports errors by longjmp, so routines that call it must not have local
 /// variables with destructors.
 struct Target {
-  std::string bytes;
-  bool complete = true;
+  std::string Bytes;
+  bool Complete = true;
 };
 
 void Append(png_structp png, png_bytep data, std::size_t length) noexcept {
   auto* const target = static_cast<Target*>(png_get_io_ptr(png));
   try {
-    if (target->complete) target->bytes.append(reinterpret_cast<const char*>(data), length);
+    if (target->Complete) target->Bytes.append(reinterpret_cast<const char*>(data), length);
   } catch (const std::bad_alloc&) {
-    target->complete = false;
+    target->Complete = false;
   }
 }
 
@@ -64,8 +64,8 @@ std::string PngBytes(const render::PixelSize& size, const RowReader& read) {
   Target target;
   const bool written = info != nullptr && Write(png, info, size, read, band, target);
   png_destroy_write_struct(&png, &info);
-  if (!written || !target.complete) throw std::bad_alloc();
-  return target.bytes;
+  if (!written || !target.Complete) throw std::bad_alloc();
+  return target.Bytes;
 }
 
 }  // namespace yax
