@@ -69,11 +69,14 @@ std::string BashCases(const std::string& level, const std::vector<Word>& words) 
   return cases + "    " + level + ",*) " + place + " ;;\n";
 }
 
+std::string ZshAction(const OptionValue& value) {
+  if (!value.Choices.empty()) return "(" + Joined(value.Choices, " ") + ")";
+  return value.IsFile() ? "_files" : " ";
+}
+
 std::string ZshArgument(const Word& word) {
   const OptionValue& value = word.Value;
-  const std::string action = !value.Choices.empty() ? "(" + Joined(value.Choices, " ") + ")"
-                             : value.IsFile()       ? "_files"
-                                                    : " ";
+  const std::string action = ZshAction(value);
   if (word.Names.empty()) return ShellQuoted("*:" + value.Name + ":" + action);
   std::string tail = "[";
   for (const char letter : word.Description) {

@@ -9,6 +9,15 @@
 
 namespace yax {
 
+namespace {
+
+std::string CompletionFor(const std::string& shell, const CLI::App& program) {
+  if (shell == "bash") return BashCompletion(program);
+  return shell == "zsh" ? ZshCompletion(program) : FishCompletion(program);
+}
+
+}  // namespace
+
 Command AddCompletion(CLI::App& program) {
   CLI::App* const command = program.add_subcommand("completion", "Write a shell's completion script");
   const auto shell = std::make_shared<std::string>();
@@ -16,9 +25,7 @@ Command AddCompletion(CLI::App& program) {
       ->required()
       ->check(CLI::IsMember(std::vector<std::string>{"bash", "zsh", "fish"}));
   const auto run = [shell, &program] {
-    WriteOutput("-", *shell == "bash"  ? BashCompletion(program)
-                     : *shell == "zsh" ? ZshCompletion(program)
-                                       : FishCompletion(program));
+    WriteOutput("-", CompletionFor(*shell, program));
     return Status::Done;
   };
   return {command, run};
