@@ -37,7 +37,8 @@ const char* NameOf(Finding kind) {
   return "ok";
 }
 
-/// The number as shown.
+/// The number as shown. The JSON library takes no format: it writes the fewest digits that identify a number,
+/// so the text is read back.
 double ShownLength(double length, const LengthUnit& unit) {
   const std::string text = LengthText(length, unit);
   double shown = 0.0;
