@@ -185,6 +185,28 @@ void FingerReader::AddLead(Lead lead, const glm::dvec2& middle) {
   if (isNew || !list_) frame_.Leads.push_back(std::move(lead));
 }
 
+DiePad NamedPad(const TextTable& table, const Roles& roles, const TableRow& row) {
+  DiePad pad{.Name = table.Field(row, roles.PadName), .Number = table.Field(row, roles.PadNumber)};
+  if (pad.Name.empty()) pad.Name = pad.Number;
+  if (pad.Name.empty()) table.Fail(row, "the pad has no name", "give it one in a column such as name or pad");
+  return pad;
+}
+
+/// Takes the rest of the pad: place, size, net type and side.
+void TakeRest(const TextTable& table, const Roles& roles, const TableRow& row, const glm::dvec2& origin,
+              double unit, DiePad& pad) {
+  const glm::dvec2 place{table.Number(row, *roles.DieX), table.Number(row, *roles.DieY)};
+  pad.Middle = (place + origin) * unit;
+  // In a list with both ends the columns of sizes are those of the fingers.
+  if (!roles.HasBothEnds())
+    pad.Size = glm::dvec2(table.NumberIfAny(row, roles.Width).value_or(0.0),
+                          table.NumberIfAny(row, roles.Height).value_or(0.0)) *
+               unit;
+  if (pad.Size.x < 0.0 || pad.Size.y < 0.0) table.Fail(row, "the pad's size is negative", "correct it");
+  pad.Type = NetTypeOf(table.Field(row, roles.Type));
+  pad.Side = SideOf(table.Field(row, roles.Side));
+}
+
 }  // namespace
 
 Die DieFromTable(const DieRequest& request) {
@@ -201,22 +223,10 @@ Die DieFromTable(const DieRequest& request) {
   NoteUnknownColumns(table, die.Notes);
   std::map<std::pair<double, double>, std::size_t> places;
   for (const TableRow& row : table.Rows()) {
-    DiePad pad{.Name = table.Field(row, roles.PadName), .Number = table.Field(row, roles.PadNumber)};
-    if (pad.Name.empty()) pad.Name = pad.Number;
-    if (pad.Name.empty())
-      table.Fail(row, "the pad has no name", "give it one in a column such as name or pad");
+    DiePad pad = NamedPad(table, roles, row);
     if (request.Rule.Names && !Matches(pad.Name, *request.Rule.Names)) continue;
     if (HasNoPlace(table, row, roles.DieX, roles.DieY, die.Notes)) continue;
-    const glm::dvec2 place{table.Number(row, *roles.DieX), table.Number(row, *roles.DieY)};
-    pad.Middle = (place + origin) * request.TableUnit;
-    // In a list with both ends the columns of sizes are those of the fingers.
-    if (!roles.HasBothEnds())
-      pad.Size = glm::dvec2(table.NumberIfAny(row, roles.Width).value_or(0.0),
-                            table.NumberIfAny(row, roles.Height).value_or(0.0)) *
-                 request.TableUnit;
-    if (pad.Size.x < 0.0 || pad.Size.y < 0.0) table.Fail(row, "the pad's size is negative", "correct it");
-    pad.Type = NetTypeOf(table.Field(row, roles.Type));
-    pad.Side = SideOf(table.Field(row, roles.Side));
+    TakeRest(table, roles, row, origin, request.TableUnit, pad);
     // In a list of wires a pad comes once for each of its wires.
     const auto [at, isNew] = places.try_emplace({pad.Middle.x, pad.Middle.y}, die.Pads.size());
     const bool hasLeads = roles.Lead || roles.LeadName;
