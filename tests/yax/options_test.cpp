@@ -85,7 +85,9 @@ std::string TextOf(const model::WireBondSettings& settings) {
 
 TEST(LoopOptions, StartAsTheWindowOrAtTheDieHeightAndTakeSingleSettingsLast) {
   const TemporaryFolder folder;
-  PutFile(folder / "a.zu", "BaseLoopHeight=7\r\nBaseExtension=8\r\n");
+  PutFile(folder / "a.zu",
+          "\xEF\xBB\xBF"
+          "BaseExtension=8\r\nBaseLoopHeight=7\r\n");
   const auto settings = [](const Arguments& arguments) {
     return TextOf(SettingsOf(Parsed(AddLoopOptions, arguments), TwoDice()));
   };
