@@ -144,7 +144,7 @@ TEST_F(ImportProgram, RefusesWithOneLineAndWritesNothing) {
       {"die = d\ndie-height = 1\npackage = p\ndie-size = 5\n", "die-size: '5' is not two lengths above 0; "},
       {"package = qfn:4,body=9x9\n", "package: it takes one value; put a text with commas"},
       {"die = a\nmacro = m\ndie = b\n", "die is there twice; "},
-      {"unit = inch\n", "unit: inch not in {mm,um,mil}; "}};
+      {"unit = inch\n", "unit: inch not in {mil,mm,um}; "}};
   for (const auto& [text, message] : recipes)
     expectRefusal("--recipe " + PutFile(folder / "a.recipe", text), std::string("a.recipe: ") + message);
 }
