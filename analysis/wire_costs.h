@@ -34,7 +34,7 @@ struct WireCost {
 
 struct WireCosts {
   std::vector<WireCost> Rows;
-  bool Coupled = false;             ///< couplings were worked out
+  bool Coupled = false;             ///< couplings were computed
   std::vector<Coupling> Couplings;  ///< at least as large as asked for
   std::size_t LeftOut = 0;          ///< number of smaller ones
   double LargestLeftOut = 0.0;      ///< absolute value

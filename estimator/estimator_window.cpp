@@ -128,7 +128,7 @@ EstimatorWindow::Result EstimatorWindow::WorkOut(const Request& request) {
   try {
     result.Found = Work(request);
     if (analysis::WireWithoutCost(result.Found.Costs))
-      result.Problem = result.Found.PackageFile + ": its wires are too long or too thin to be worked out";
+      result.Problem = result.Found.PackageFile + ": its wires are too long or too thin to compute";
     else
       result.Texts = TextsOf(result.Found.Costs);
   } catch (const std::bad_alloc&) {

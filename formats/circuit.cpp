@@ -36,7 +36,7 @@ std::string OneLine(std::string name) {
 }
 
 std::string LeftOutText(const analysis::WireCosts& costs, double least) {
-  if (!costs.Coupled && costs.Rows.size() > 1) return "the couplings, which were not worked out";
+  if (!costs.Coupled && costs.Rows.size() > 1) return "the couplings, which were not computed";
   if (costs.LeftOut == 0) return "nothing";
   if (costs.LeftOut == 1)
     return "1 coupling below " + NineDigits(least) + ", of " + NineDigits(costs.LargestLeftOut);

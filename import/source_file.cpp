@@ -67,7 +67,7 @@ std::string Unzipped(std::string_view bytes, const std::string& path) {
 }
 
 std::string ReadSource(const std::string& path) {
-  if (!model::FileExists(path)) throw model::InputError({path}, "there is no such file", "correct its path");
+  if (!model::FileExists(path)) throw model::InputError({path}, "no such file", "correct its path");
   std::string bytes;
   try {
     bytes = model::ReadWholeFile(path);

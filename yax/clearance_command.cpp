@@ -67,8 +67,7 @@ Command AddClearance(CLI::App& program) {
           "--limit", [options](const std::string& text) { options->Limit = DoubleOf("--limit", text); },
           "Also report pairs closer than this, in file units, not only those that touch")
       ->type_name("UNITS");
-  command->add_flag("--all", options->All,
-                    "List every finding, not only each wire's pair with its nearest other one");
+  command->add_flag("--all", options->All, "List all findings, not only each wire's nearest pair");
   AddPictureFile(*command, "Draw the package with only the wires of the findings, .png or .bmp",
                  options->Picture);
   AddUnitOption(*command, options->Package);

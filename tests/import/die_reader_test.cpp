@@ -216,7 +216,7 @@ TEST_F(DieReaderTest, NamesTheFaultAndItsLine) {
   for (const auto& [file, text, message] : cases)
     EXPECT_EQ(Refused(file, text).substr(0, message.size()), message) << text;
   EXPECT_EQ(RefusalOf([&] { ReadDie({.File = folder / "none.def"}); }),
-            "none.def: there is no such file; correct its path");
+            "none.def: no such file; correct its path");
   for (const char* const file : {"a.lef", "a.csv"})
     EXPECT_EQ(RefusalOf([&] { ReadDie({.File = file, .LefFiles = {"b.lef"}}); }),
               "--lef: only a DEF places cells of another file; remove it, or give a DEF as --die");

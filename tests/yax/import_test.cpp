@@ -127,7 +127,7 @@ TEST_F(ImportProgram, RefusesWithOneLineAndWritesNothing) {
       {most + die + "--land -1", "yax: --land: '-1' is below 0; "},
       {most + die + "--rotate 45", "--rotate: 45 not in {0,90,180,270}"},
       {most + die + "--unit inch", "--unit: inch not in {mil,mm,um}"},
-      {"--recipe " + (folder / "none.recipe"), "none.recipe: there is no such file; "},
+      {"--recipe " + (folder / "none.recipe"), "none.recipe: no such file; "},
       {"--die-height 1 --die-size 1x1 " + die + "--package a.kicad_pcb",
        "yax: --package: a board has many footprints; "},
   };

@@ -31,8 +31,8 @@ CLI::Option* AddView(CLI::App& command, render::Viewpoint& viewpoint) {
       if (text == name) viewpoint.View = view;
   };
   return command
-      .add_option_function<std::string>("--view", take,
-                                        "A view that shows the whole package (default: the window's)")
+      .add_option_function<std::string>(
+          "--view", take, "A view that shows the whole package (default: the window's start view)")
       ->check(CLI::IsMember(names))
       ->group(kCameraGroup);
 }
@@ -64,7 +64,7 @@ void AddCameraOptions(CLI::App& command, render::Viewpoint& viewpoint) {
       [&viewpoint](const char* name, const std::string& text) {
         viewpoint.Rotation.RotYaw = NumberOf(name, text);
       });
-  add("--cam", "X,Y,Z", "Where the eye stands, whole numbers (default: 0,0,5)",
+  add("--cam", "X,Y,Z", "Position of the camera, whole numbers (default: 0,0,5)",
       [&viewpoint](const char* name, const std::string& text) {
         const std::array<std::int16_t, 3> eye = Whole16TripleOf(name, text);
         viewpoint.Camera.CamX = eye[0];
@@ -75,7 +75,8 @@ void AddCameraOptions(CLI::App& command, render::Viewpoint& viewpoint) {
       [&viewpoint](const char* name, const std::string& text) {
         viewpoint.Camera.CamYaw = NumberOf(name, text);
       });
-  add("--look", "HEIGHT", "The target's height over the eye, 100 units away, a whole number (default: 0)",
+  add("--look", "HEIGHT",
+      "Height of the target above the camera, 100 units away, a whole number (default: 0)",
       [&viewpoint](const char* name, const std::string& text) {
         viewpoint.Camera.CamLook = Whole16Of(name, text);
         CheckTarget(viewpoint.Camera);

@@ -61,7 +61,7 @@ void AddLoopOptions(CLI::App& command, LoopOptions& options) {
   command
       .add_option_function<std::string>(
           "--loops", [&options](const std::string& text) { options.DieHeight = text == "die-height"; },
-          "Heights and extensions: as in the window after a load (the default), or the dies' heights")
+          "Heights and extensions: as in the window after a load (default), or the dies' heights")
       ->check(CLI::IsMember(std::vector<std::string>{"window", "die-height"}))
       ->group(kWiresGroup);
   LoopValues& values = options.Values;

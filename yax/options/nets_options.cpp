@@ -32,7 +32,7 @@ void AddNetOptions(CLI::App& command, analysis::NetRule& rule) {
   command
       .add_option_function<std::string>(
           "--net-pattern", [&rule](const std::string& text) { rule.Pattern = PatternOf(text); },
-          "A name that matches belongs to the net in the first group; any other name is a separate net")
+          "The net of a wire is the first group of this pattern in its name, else the whole name")
       ->type_name("REGEX");
 }
 

@@ -44,7 +44,7 @@ void AddBackgroundOption(CLI::App& command, render::Appearance& appearance) {
             const std::int16_t component = text == "black" ? 0 : 1;
             appearance = {text == "black", component, component, component};
           },
-          "Background, on which colours depend (default: black)")
+          "Background; changes the colours of dies, pads and wires (default: black)")
       ->check(CLI::IsMember(std::vector<std::string>{"black", "white"}))
       ->group(kPictureGroup);
 }

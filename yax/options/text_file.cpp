@@ -20,7 +20,7 @@ namespace {
 std::string BytesOf(const std::string& file) {
   std::error_code ignored;
   if (!std::filesystem::exists(file, ignored))
-    throw Unusable({.File = file}, "there is no such file", "give the path of a text file");
+    throw Unusable({.File = file}, "no such file", "give the path of a text file");
   try {
     return model::ReadToEnd(file);
   } catch (const model::FileFault& fault) {

@@ -36,7 +36,7 @@ void Select(const model::Package& package, const std::string& filter, Matches&& 
 }  // namespace
 
 void AddWireOptions(CLI::App& command, WireOptions& options) {
-  command.add_option("--tier", options.Tiers, "Only wires of these tiers, as the wire list counts them")
+  command.add_option("--tier", options.Tiers, "Only wires of these tiers, as in the wire list")
       ->type_name("TIER,...")
       ->delimiter(',')
       ->allow_extra_args(false)
