@@ -9,7 +9,7 @@
 
 namespace setup {
 
-SetupForm::SetupForm(model::WireBondSettings& settings, model::Package& package, FileDialog& dialog,
+SetupForm::SetupForm(model::WireBondSettings& settings, const model::Package& package, FileDialog& dialog,
                      Estimator& estimator)
     : settings_(settings), package_(package), dialog_(dialog), estimator_(estimator) {}
 
@@ -119,8 +119,7 @@ void SetupForm::TakeParameter(const Parameter& parameter, const std::string& fol
   const std::string value(parameter.Value);
   switch (parameter.Key) {
     case ParameterKey::YaxFile:
-      package_.PackagePath = folder + value;
-      return;
+      return Actions.SetPackagePath(folder + value);
     case ParameterKey::Material:
       return SelectMaterial(model::UpperCase(value));
     case ParameterKey::WireDiameter:

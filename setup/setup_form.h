@@ -17,9 +17,10 @@ namespace setup {
 
 /// Calls from the form to its window and to the view.
 struct SetupActions {
-  model::Callback<> RebuildAndRepaint;  ///< the scene list, then the main window
-  model::Callback<> ControlsChanged;    ///< the window shows the controls' values
-  model::Callback<> UnloadWindow;       ///< hides the window, if there is one
+  model::Callback<> RebuildAndRepaint;                 ///< the scene list, then the main window
+  model::Callback<> ControlsChanged;                   ///< the window shows the controls' values
+  model::Callback<> UnloadWindow;                      ///< hides the window, if there is one
+  model::Callback<const std::string&> SetPackagePath;  ///< a parameter file names the package to load next
   model::Callback<OptionArray, std::size_t> FocusOption;
 };
 
@@ -29,7 +30,7 @@ struct SetupActions {
 /// The seven buttons trap every fault; option clicks, field edits and activation let faults through.
 class SetupForm {
  public:
-  SetupForm(model::WireBondSettings& settings, model::Package& package, FileDialog& dialog,
+  SetupForm(model::WireBondSettings& settings, const model::Package& package, FileDialog& dialog,
             Estimator& estimator);
 
   SetupActions Actions;
@@ -107,7 +108,7 @@ class SetupForm {
   void Changed() const;
 
   model::WireBondSettings& settings_;
-  model::Package& package_;
+  const model::Package& package_;
   FileDialog& dialog_;
   Estimator& estimator_;
   SetupControls controls_;

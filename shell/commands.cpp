@@ -61,7 +61,7 @@ void Commands::ChoosePackage() {
 }
 
 void Commands::LoadPackage(const std::string& path) {
-  form_.Package().PackagePath = path;
+  form_.SetPackagePath(path);
   form_.SkipStartup = true;
   form_.Form_Load();
 }

@@ -67,7 +67,9 @@ class MainForm {
   bool SkipStartup = false;
 
   const std::string& ProgramFolder() const { return startUp_.ProgramFolder; }
-  model::Package& Package() { return package_; }
+  const model::Package& Package() const { return package_; }
+  /// Names the file that the next load reads, unless the start-up routine chooses another.
+  void SetPackagePath(const std::string& path) { package_.PackagePath = path; }
   model::WireBondSettings& Settings() { return settings_; }
   model::WireSelection& Selection() { return selection_; }
   navigation::Navigation& Navigator() { return navigation_; }

@@ -105,6 +105,7 @@ void MainWindow::WireForm() {
   };
   actions.ResetWireBondSetup = [this] { setupForm_.RunCommand3(); };
   setupForm_.Actions.RebuildAndRepaint = [this] { form_.RebuildAndRepaint(); };
+  setupForm_.Actions.SetPackagePath = [this](const std::string& path) { form_.SetPackagePath(path); };
   wireListForm_.Actions.RebuildAndRepaint = [this] { end_.Run([this] { form_.RebuildAndRepaint(); }); };
 }
 

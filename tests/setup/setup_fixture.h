@@ -22,6 +22,7 @@ class SetupFormTest : public testing::Test {
       ++rebuilds;
       if (faultOnRebuild) throw model::Overflow();
     };
+    form.Actions.SetPackagePath = [this](const std::string& path) { package.PackagePath = path; };
     form.Actions.UnloadWindow = [this] { ++unloads; };
     form.Actions.ControlsChanged = [this] { ++changes; };
   }

@@ -1,5 +1,6 @@
 #include "shell/main_form.h"
 
+#include <limits>
 #include <set>
 
 #include "gl_recorder/gl_test.h"
@@ -193,14 +194,14 @@ TEST_F(MainFormTest, TooLittleMemoryIsAFault) {
 }
 
 TEST_F(MainFormTest, TrappedFaultLeavesTheProgramAlive) {
-  Load(kGood);
+  Load(std::string(kGood) + "CBP A 0 0 0 1 1 0 L NONE\nWB A 1 1 0 2 1 0 0\n");
   // A rebuild that faults keeps the list shown.
-  form->Package().Rings.Spare().Kind = "ARC";
-  form->Package().Rings.Grow();
+  form->Settings().BaseLoopHeight = std::numeric_limits<float>::infinity();
   end.RunTrapped([this] { form->RebuildAndRepaint(); });
   Steps();
   form->Form_Paint();
   EXPECT_EQ(Steps(), "gluLookAt\nglRotatef(90, 0.1, 0, 0)\nglCallList(1)\nSwapBuffers\n");
+  form->Settings() = {};
   // A load that faults has a fresh context, without a list.
   File("board.yax", kFaulty);
   end.RunTrapped([this] { form->Form_Load(); });
@@ -220,12 +221,12 @@ TEST_F(MainFormTest, StartUpTakesTheCommandLineThenTheFileShownThenTheSample) {
   // Without a command line a file opened by menu stays through later loads.
   Start("").Form_Load();
   EXPECT_EQ(form->Package().PackagePath, Folder() + "/AAAc.yax");
-  form->Package().PackagePath = other;
+  form->SetPackagePath(other);
   form->Form_Load();
   EXPECT_EQ(form->Package().PackagePath, other);
   // With one it gives way: only the load that skips the start-up routine keeps it.
   Start('"' + board + '"').Form_Load();
-  form->Package().PackagePath = other;
+  form->SetPackagePath(other);
   form->SkipStartup = true;
   form->Form_Load();
   EXPECT_EQ(form->Package().PackagePath, other);
