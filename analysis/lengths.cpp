@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <glm/geometric.hpp>
 #include <map>
 #include <string_view>
 #include <tuple>
@@ -19,19 +18,6 @@ namespace {
 using model::BondRec;
 using model::RecordTable;
 using model::WireNameRec;
-
-double LengthOf(const WireLoop& loop) {
-  double length = 0.0;
-  for (std::size_t k = 1; k < loop.Points.size(); ++k)
-    length += glm::distance(loop.Points[k - 1], loop.Points[k]);
-  return length;
-}
-
-double TopOf(const WireLoop& loop) {
-  double top = loop.Points.front().z;
-  for (const glm::dvec3& point : loop.Points) top = std::max(top, point.z);
-  return top;
-}
 
 class Measures {
  public:
@@ -86,7 +72,7 @@ WireRow Measures::RowOf(const WireLoop& loop) const {
   }
   const glm::dvec3& start = loop.Points.front();
   const glm::dvec3& end = loop.Points.back();
-  row.PlanLength = model::SevenDigits(glm::distance(glm::dvec2(start), glm::dvec2(end)));
+  row.PlanLength = model::SevenDigits(PlanLengthOf(loop));
   row.Length = model::SevenDigits(LengthOf(loop));
   row.Angle = AngleOf(loop);
   row.StartHeight = model::SevenDigits(start.z);

@@ -87,8 +87,6 @@ class RulesCheck {
   void CheckPadRow(const Rule& rule, const std::vector<std::size_t>& row);
   void CheckWiresOnLeads(const Rule& rule);
 
-  double LengthOf(std::size_t wire, bool plan) const;
-  double HeightOf(std::size_t wire) const;
   Segment InPlan(std::size_t wire) const;
   bool AnyPairOfWires(const Rule& rule) const;
   const std::vector<WirePair>& WirePairs();
@@ -131,11 +129,15 @@ void RulesCheck::Check(const Rule& rule) {
   switch (rule.Name) {
     case RuleName::MaxLength:
     case RuleName::MinLength:
-      return CheckWires(rule, [&](std::size_t wire) { return LengthOf(wire, rule.Plan); });
+      return CheckWires(rule, [&](std::size_t wire) {
+        return rule.Plan ? PlanLengthOf(in_.Loops[wire]) : LengthOf(in_.Loops[wire]);
+      });
     case RuleName::MaxAngle:
       return CheckWires(rule, [&](std::size_t wire) { return rows_[wire].Angle; });
     case RuleName::MaxLoopHeight:
-      return CheckWires(rule, [&](std::size_t wire) { return HeightOf(wire); });
+      // Above the wire's start.
+      return CheckWires(
+          rule, [&](std::size_t wire) { return TopOf(in_.Loops[wire]) - in_.Loops[wire].Points.front().z; });
     case RuleName::NoCrossing:
       return CheckCrossings(rule);
     case RuleName::WireGap:
@@ -161,22 +163,6 @@ void RulesCheck::Check(const Rule& rule) {
     case RuleName::MaxWires:
       return CheckWiresOnLeads(rule);
   }
-}
-
-double RulesCheck::LengthOf(std::size_t wire, bool plan) const {
-  const auto& points = in_.Loops[wire].Points;
-  if (plan) return glm::distance(glm::dvec2(points.front()), glm::dvec2(points.back()));
-  double length = 0.0;
-  for (std::size_t k = 1; k < points.size(); ++k) length += glm::distance(points[k - 1], points[k]);
-  return length;
-}
-
-/// The height of the loop's highest point above the wire's start.
-double RulesCheck::HeightOf(std::size_t wire) const {
-  const auto& points = in_.Loops[wire].Points;
-  double top = points.front().z;
-  for (const glm::dvec3& point : points) top = std::max(top, point.z);
-  return top - points.front().z;
 }
 
 void RulesCheck::CheckWires(const Rule& rule, const std::function<double(std::size_t)>& valueOf) {

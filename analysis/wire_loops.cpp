@@ -1,5 +1,9 @@
 #include "analysis/wire_loops.h"
 
+#include <algorithm>
+#include <glm/geometric.hpp>
+#include <glm/vec2.hpp>
+
 namespace analysis {
 
 namespace {
@@ -27,6 +31,23 @@ std::vector<WireLoop> WireLoopsOf(const model::WireInputs& inputs) {
     }
   });
   return loops;
+}
+
+double LengthOf(const WireLoop& loop) {
+  double length = 0.0;
+  for (std::size_t k = 1; k < loop.Points.size(); ++k)
+    length += glm::distance(loop.Points[k - 1], loop.Points[k]);
+  return length;
+}
+
+double PlanLengthOf(const WireLoop& loop) {
+  return glm::distance(glm::dvec2(loop.Points.front()), glm::dvec2(loop.Points.back()));
+}
+
+double TopOf(const WireLoop& loop) {
+  double top = loop.Points.front().z;
+  for (const glm::dvec3& point : loop.Points) top = std::max(top, point.z);
+  return top;
 }
 
 }  // namespace analysis

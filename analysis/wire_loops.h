@@ -22,4 +22,11 @@ struct WireLoop {
 /// Faults  as model::ForEachWire
 std::vector<WireLoop> WireLoopsOf(const model::WireInputs& inputs);
 
+/// The length of the loop in space.
+double LengthOf(const WireLoop& loop);
+/// The distance of the loop's ends as seen from above.
+double PlanLengthOf(const WireLoop& loop);
+/// The height of the loop's highest point.
+double TopOf(const WireLoop& loop);
+
 }  // namespace analysis
