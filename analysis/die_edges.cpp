@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <glm/geometric.hpp>
+#include <glm/trigonometric.hpp>
 #include <limits>
-#include <numbers>
 
 namespace analysis {
 
@@ -13,7 +13,7 @@ namespace {
 using model::Side;
 
 glm::dvec2 Turned(const glm::dvec2& point, double degrees) {
-  const double angle = degrees * std::numbers::pi / 180.0;
+  const double angle = glm::radians(degrees);
   return {point.x * std::cos(angle) - point.y * std::sin(angle),
           point.x * std::sin(angle) + point.y * std::cos(angle)};
 }
@@ -67,7 +67,7 @@ glm::dvec2 NormalOfNearestEdge(const DieOutline& die, const glm::dvec2& point) {
 }
 
 double AngleBetween(const glm::dvec2& a, const glm::dvec2& b) {
-  return std::atan2(std::fabs(a.x * b.y - a.y * b.x), glm::dot(a, b)) * 180.0 / std::numbers::pi;
+  return glm::degrees(std::atan2(std::fabs(a.x * b.y - a.y * b.x), glm::dot(a, b)));
 }
 
 }  // namespace analysis

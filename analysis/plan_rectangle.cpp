@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <glm/geometric.hpp>
+#include <glm/trigonometric.hpp>
 #include <limits>
-#include <numbers>
 
 namespace analysis {
 
@@ -45,7 +45,7 @@ double PlanRectangle::ShorterSide() const { return 2.0 * std::min(Half.x, Half.y
 double PlanRectangle::LongerSide() const { return 2.0 * std::max(Half.x, Half.y); }
 
 glm::dvec2 AxisAt(double degrees) {
-  const double radians = degrees * std::numbers::pi / 180.0;
+  const double radians = glm::radians(degrees);
   return {std::cos(radians), std::sin(radians)};
 }
 

@@ -2,7 +2,7 @@
 
 #include <cmath>
 #include <glm/geometric.hpp>
-#include <numbers>
+#include <glm/trigonometric.hpp>
 #include <unordered_set>
 
 #include "import/crossings.h"
@@ -122,7 +122,7 @@ void Maker::AddWire(model::BondRec& bond, const Wire& wire) {
   if (length > longest_) longestName_ = bond.Name;
   longest_ = std::max(longest_, length);
   const double straight = glm::clamp(glm::dot(run, NormalOfSide(pad.Side)) / length, -1.0, 1.0);
-  widest_ = std::max(widest_, std::acos(straight) * 180.0 / std::numbers::pi);
+  widest_ = std::max(widest_, glm::degrees(std::acos(straight)));
 }
 
 /// The substrate pad. Its angle counts clockwise, from x for pads on the left and right edges, else from y.
@@ -131,7 +131,7 @@ void Maker::AddLead(model::BondRec& bond, const Lead& lead) const {
   const glm::dvec2 along = lead.Outer - lead.Inner;
   const double length = glm::length(along);
   const bool point = length == 0.0 || lead.Width == 0.0;
-  const double degrees = point ? 0.0 : std::atan2(along.y, along.x) * 180.0 / std::numbers::pi;
+  const double degrees = point ? 0.0 : glm::degrees(std::atan2(along.y, along.x));
   const bool fromX = bond.DieSide == "L" || bond.DieSide == "R";
   const double angle = LineDegrees(fromX || point ? -degrees : 90.0 - degrees);
   bond.SubX = Length((lead.Inner.x + lead.Outer.x) / 2.0);

@@ -2,7 +2,7 @@
 
 #include <cmath>
 #include <glm/common.hpp>
-#include <numbers>
+#include <glm/trigonometric.hpp>
 
 namespace importer {
 
@@ -34,7 +34,7 @@ glm::dvec2 Turned(const glm::dvec2& point, double degrees) {
         return point;
     }
   }
-  const double radians = degrees * std::numbers::pi / 180.0;
+  const double radians = glm::radians(degrees);
   return {point.x * std::cos(radians) - point.y * std::sin(radians),
           point.x * std::sin(radians) + point.y * std::cos(radians)};
 }

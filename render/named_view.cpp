@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <glm/geometric.hpp>
-#include <numbers>
+#include <glm/trigonometric.hpp>
 
 namespace render {
 
@@ -97,7 +97,7 @@ Eye FitPen::Fit(NamedView view, const PixelSize& size) const {
   for (const model::SceneVector& point : points_) points.push_back(axes.Seen(point));
   if (points.empty()) points.push_back({});
 
-  const double upSlope = std::tan(kFieldOfView / 2.0 * std::numbers::pi / 180.0) / kMargin;
+  const double upSlope = std::tan(glm::radians(kFieldOfView / 2.0)) / kMargin;
   const double rightSlope = upSlope * double(size.Width) / double(std::max(size.Height, 1));
   const auto [farthest, nearest] = std::minmax_element(
       points.begin(), points.end(), [](const glm::dvec3& a, const glm::dvec3& b) { return a[2] < b[2]; });
