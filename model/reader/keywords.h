@@ -1,8 +1,11 @@
-/// The keywords of a package file.
+/// The keywords of a package file, and the order of a die pad's sizes.
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
+
+#include "model/side.h"
 
 namespace model::reader {
 
@@ -36,6 +39,14 @@ constexpr bool IsOfHeader(Keyword keyword) {
   return keyword >= Keyword::Technology && keyword <= Keyword::SdYOffset;
 }
 constexpr bool IsOfBody(Keyword keyword) { return keyword >= Keyword::Cbp; }
+
+/// Whether the line of a die pad gives its size along y before the size along x.
+/// Deliberate: on the base die the side letter, in upper case only, decides; on the stacked die they are
+/// always exchanged.
+constexpr bool SizesExchanged(bool stacked, std::string_view dieSide) {
+  const std::optional<Side> side = ExactSideOf(dieSide);
+  return stacked || (side && !IsUpright(*side));
+}
 
 /// Encodes a word as one number, so that a single comparison recognizes it: letters in either case and "_"
 /// are the digits 1 to 27 in base 28, and 64 bits hold 13 of them. Returns 0 for any other word.

@@ -6,7 +6,6 @@
 
 #include "model/files.h"
 #include "model/reader/package_reader.h"
-#include "model/side.h"
 
 namespace model::reader {
 
@@ -93,10 +92,7 @@ void PackageReader::ReadDiePad(bool stacked) {
   bond.DieY = Scaled(3);
   // Deliberate: pads of the stacked die take the base die's height too.
   bond.DieZ = package_.CompZ;
-  // Deliberate: on the base die the side letter, in upper case only, decides whether the sizes are exchanged;
-  // on the stacked die they always are.
-  const std::optional<Side> side = ExactSideOf(tokens_[8]);
-  const bool exchanged = stacked || (side && !IsUpright(*side));
+  const bool exchanged = SizesExchanged(stacked, tokens_[8]);
   bond.DieSizeX = Scaled(exchanged ? 6 : 5);
   bond.DieSizeY = Scaled(exchanged ? 5 : 6);
   bond.DieSide = tokens_[8];

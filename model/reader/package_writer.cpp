@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "model/numbers.h"
+#include "model/reader/keywords.h"
 #include "model/reader/package_header.h"
 
 namespace model::reader {
@@ -99,8 +100,7 @@ void PackageWriter::WriteHeader() {
 void PackageWriter::WritePads(const Table<BondRec>& bonds, bool stacked) {
   std::size_t number = 0;
   for (const BondRec& bond : bonds) {
-    // The reader exchanges the sizes by these rules.
-    const bool exchanged = stacked || bond.DieSide == "T" || bond.DieSide == "B";
+    const bool exchanged = SizesExchanged(stacked, bond.DieSide);
     Line(stacked ? "SD_CBP" : "CBP",
          {bond.Name, Length(bond.DieX), Length(bond.DieY), bond.Name.empty() ? "0" : std::to_string(++number),
           Length(exchanged ? bond.DieSizeY : bond.DieSizeX),
