@@ -260,9 +260,9 @@ std::string RuleText(const Rule& rule) {
     text += ' ';
     text.append(digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), rule.Limit).ptr);
   }
-  if (rule.Unit == LimitUnit::Degree) (text += ' ') += kDegree;
-  if (rule.Unit == LimitUnit::DieHeight) (text += ' ') += kDieHeight;
-  if (rule.Length) (text += ' ') += rule.Length->Name;
+  if (rule.Unit == LimitUnit::Degree) text.append(" ").append(kDegree);
+  if (rule.Unit == LimitUnit::DieHeight) text.append(" ").append(kDieHeight);
+  if (rule.Length) text.append(" ").append(rule.Length->Name);
   if (rule.Plan) text += " plan";
   if (!rule.Tier.empty()) text += " tier " + rule.Tier;
   if (!rule.NetType.empty()) text += " net " + rule.NetType;

@@ -94,7 +94,7 @@ void DropLastCharacter(std::string_view& text) {
 std::string ParameterText(const model::Package& package, const model::WireBondSettings& settings) {
   std::string text;
   const auto line = [&](std::string_view key, std::string_view value) {
-    ((text += key) += value) += kNewLine;
+    text.append(key).append(value).append(kNewLine);
   };
   line("YAXFile=", model::FileNameOf(package.PackagePath));
   line("Material=", settings.Material);

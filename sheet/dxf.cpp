@@ -132,7 +132,7 @@ class Writer {
   static std::string Number(double value) { return Decimal(value, 9); }
 
   void Pair(int code, std::string_view value) {
-    ((dxf_ += std::to_string(code)) += '\n').append(value) += '\n';
+    dxf_.append(std::to_string(code)).append("\n").append(value).append("\n");
   }
   void Start(const char* section) {
     Pair(0, "SECTION");

@@ -61,10 +61,10 @@ class ShapeWriter {
   void operator()(const Area& area) const {
     svg_ += "<path fill-rule=\"evenodd\" d=\"";
     for (const std::vector<glm::dvec2>& outline : area.Outlines) {
-      char step = 'M';
+      const char* step = "M";
       for (const glm::dvec2& point : outline) {
-        (((svg_ += step) += Number(point.x)) += ' ') += Y(point);
-        step = 'L';
+        svg_.append(step).append(Number(point.x)).append(" ").append(Y(point));
+        step = "L";
       }
       svg_ += 'Z';
     }

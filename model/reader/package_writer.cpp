@@ -79,7 +79,7 @@ void PackageWriter::Line(std::string_view keyword, std::vector<std::string> fiel
       empty, fields.end(), [](const std::string& field) { return field.empty() || field == "0"; });
   if (nothingBehind) fields.erase(empty, fields.end());
   text_ += keyword;
-  for (const std::string& field : fields) (text_ += ' ') += FieldName(field);
+  for (const std::string& field : fields) text_.append(" ").append(FieldName(field));
   text_ += '\n';
 }
 
@@ -171,7 +171,7 @@ std::string NetTypesText(const Package& package) {
   for (const WireNameRec& entry : package.WireNames) {
     // The reader gives a type to the first entry of its name.
     if (entry.NetType.empty() || !written.insert(entry.Name).second) continue;
-    (((text += FieldName(entry.Name)) += ' ') += FieldName(entry.NetType)) += '\n';
+    text.append(FieldName(entry.Name)).append(" ").append(FieldName(entry.NetType)).append("\n");
   }
   return text;
 }

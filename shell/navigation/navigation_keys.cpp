@@ -67,6 +67,20 @@ void TurnCamera(Navigation& view, int arrow) {
   }
 }
 
+/// The arrow picture with the direction of an arrow key.
+int ArrowPictureOf(int arrow) {
+  switch (arrow) {
+    case kLeft:
+      return 0;
+    case kRight:
+      return 1;
+    case kUp:
+      return 2;
+    default:
+      return 3;
+  }
+}
+
 }  // namespace
 
 void Navigation::Form_KeyDown(int keyCode, int shift) {
@@ -162,8 +176,7 @@ void Navigation::PressArrow(int keyCode, int shift) {
       if (keyCode == kDown) Move_Camera_Out(0);
       break;
     case kCtrl + kAlt:
-      // Left, up, right and down are arrow pictures 0, 2, 1 and 3.
-      Slide(keyCode == kLeft ? 0 : keyCode == kRight ? 1 : keyCode == kUp ? 2 : 3);
+      Slide(ArrowPictureOf(keyCode));
       break;
     default:
       break;

@@ -117,7 +117,7 @@ class List {
 };
 
 void AppendPoint(const char* name, const model::SceneVector& point, std::string& text) {
-  ((text += ",\"") += name) += "\":[";
+  text.append(",\"").append(name).append("\":[");
   List list(text);
   for (const float coordinate : {point.X, point.Y, point.Z}) list.Next() += JsonPiece(double(coordinate));
   text += ']';
@@ -211,7 +211,7 @@ void Gltf::AppendNodes(std::string& text) const {
   if (!parents.empty()) root["children"] = parents;
   if (!scene_.Name.empty()) root["name"] = scene_.Name;
   root["scale"] = {scene_.Metres, scene_.Metres, scene_.Metres};
-  (text += JsonPiece(root)) += nodes;
+  text.append(JsonPiece(root)).append(nodes);
 }
 
 void Gltf::AppendJson(const std::string& uri, std::string& text) {
@@ -227,7 +227,7 @@ void Gltf::AppendJson(const std::string& uri, std::string& text) {
                       {"byteOffset", pointBytes_},
                       {"target", kTriangles}}});
   text += ",\"buffers\":[{\"byteLength\":" + std::to_string(BufferBytes());
-  if (!uri.empty()) ((text += ",\"uri\":\"") += uri) += '"';
+  if (!uri.empty()) text.append(",\"uri\":\"").append(uri).append("\"");
   text += "}],\"extensionsUsed\":[\"KHR_materials_unlit\"],\"materials\":[";
   AppendMaterials(text);
   text += "],\"meshes\":[";

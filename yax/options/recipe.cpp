@@ -33,7 +33,7 @@ std::vector<RecipeItem> ReadRecipe(std::string_view text, const std::string& fil
   std::string plain;
   model::Lines lines(text);
   std::string_view line;
-  while (lines.Next(line)) (plain += WithoutComment(line)) += '\n';
+  while (lines.Next(line)) plain.append(WithoutComment(line)).append("\n");
   CLI::ConfigBase format;
   // A byte that does not occur in text: comments are already removed.
   format.comment('\x01');
