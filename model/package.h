@@ -1,44 +1,12 @@
 /// The package in memory: the scalars and record tables that a package file fills and the drawing reads.
 #pragma once
 
-#include <cstddef>
 #include <string>
-#include <utility>
-#include <vector>
 
-#include "model/large_pages.h"
 #include "model/record_place.h"
+#include "model/table.h"
 
 namespace model {
-
-/// A growable table with lower bound 0 that always ends in one spare, zero-filled record.
-/// The real records are 0 .. UpperBound() - 1; iteration and Count() see only those.
-template <class Record>
-class Table {
- public:
-  std::size_t UpperBound() const { return records_.size() - 1; }
-  std::size_t Count() const { return UpperBound(); }
-  bool Empty() const { return Count() == 0; }
-
-  Record& operator[](std::size_t index) { return records_[index]; }
-  const Record& operator[](std::size_t index) const { return records_[index]; }
-
-  /// The record that the reader fills next.
-  Record& Spare() { return records_.back(); }
-  /// Makes the spare record a real one and appends a new spare.
-  void Grow() { records_.emplace_back(); }
-  /// Makes room for `count` real records at once.
-  void Reserve(std::size_t count) { records_.reserve(count + 1); }
-
-  auto begin() { return records_.begin(); }
-  auto end() { return records_.end() - 1; }
-  auto begin() const { return records_.begin(); }
-  auto end() const { return records_.end() - 1; }
-
- private:
-  using Records = std::vector<Record, LargePages<Record>>;
-  Records records_ = Records(1);
-};
 
 /// One bond: its die pad, its substrate pad and its wire. Lengths in file units / UnitScale. Without the
 /// alignment a record has 264 bytes, and reading takes 8 % longer.

@@ -1,4 +1,4 @@
-/// The open and save dialogs as an interface for the handlers.
+/// The open and save dialogs as an interface for the handlers of setup and of shell, which includes setup.
 #pragma once
 
 #include <optional>

@@ -1,4 +1,4 @@
-/// The reader's state from line to line.
+/// The reader's state from line to line, for the reader's sources; all others include read_package.h.
 #pragma once
 
 #include <cstdint>
