@@ -28,6 +28,20 @@ void ShowCritical(const std::string& title, const std::string& text) {
   }
 }
 
+/// Chooses the platform that Qt uses: X, unless the user has chosen another. Returns false when that cannot
+/// show the view; the platform is then one that can show a message.
+bool ChoosePlatform(const std::vector<std::string>& arguments, const shell::ui::DisplayConnection& display) {
+  constexpr char kPlatform[] = "QT_QPA_PLATFORM";
+  if (qEnvironmentVariableIsEmpty(kPlatform)) qputenv(kPlatform, "xcb");
+  // Qt aborts when it cannot connect to a display, so try first.
+  const bool onX = shell::QtOption(arguments, "platform") == nullptr && qgetenv(kPlatform) == "xcb";
+  if (!onX || display.Answers()) return true;
+  // Wayland without X cannot show the view, but it can show the message. Without Qt's Wayland plugin, stderr
+  // gets it.
+  qputenv(kPlatform, qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ? "offscreen" : "wayland;offscreen");
+  return false;
+}
+
 /// Catches faults that escape a handler: Qt does not support exceptions in its event loop.
 class Application final : public QApplication {
  public:
@@ -54,23 +68,13 @@ int main(int argc, char** argv) {
     return std::fputs(answer.c_str(), stdout) >= 0 ? 0 : 1;
   // Ignore SIGXFSZ: the file-size limit should be a reported write error, not a kill.
   std::signal(SIGXFSZ, SIG_IGN);
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "xcb");
 
   int status = 0;
   shell::ProgramEnd end;
   end.ShowCritical = ShowCritical;
   end.Leave = [&status](int with) { status = with; };
-  // Qt aborts when it cannot connect to a display, so try first.
-  const bool onX = shell::QtOption(arguments, "platform") == nullptr && qgetenv("QT_QPA_PLATFORM") == "xcb";
   const shell::ui::DisplayConnection display(shell::QtOption(arguments, "display"));
-  const bool drawable = !onX || display.Answers();
-  // Wayland without X cannot show the view, but it can show the message. Without Qt's Wayland plugin, stderr
-  // gets it.
-  if (!drawable && !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
-    qputenv("QT_QPA_PLATFORM", "wayland;offscreen");
-  else if (!drawable)
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-
+  const bool drawable = ChoosePlatform(arguments, display);
   Application application(argc, argv, end);
   if (!drawable) {
     end.FatalError("Could not retrieve pixel format!");

@@ -92,6 +92,23 @@ ViewControls::ViewControls(navigation::Navigation& navigation, ProgramEnd& end, 
       ScrollYaw(new BoundScrollBar(navigation.ScrollYaw, Qt::Horizontal, "Yaw", end, parent)),
       Dummy(new DummyBox(parent)),
       Strip(new QWidget(parent)) {
+  auto* const row = new QHBoxLayout(Strip);
+  row->setContentsMargins(4, 4, 4, 4);
+  row->setSpacing(4);
+  AddButtons(navigation, end, *row);
+  row->addStretch();
+  for (int index = 0; index < 4; ++index) {
+    auto* const arrow = new ArrowPicture(index, Strip);
+    QObject::connect(arrow, &QPushButton::clicked, Strip,
+                     [&navigation, &end, index] { end.Run([&] { navigation.Trans_Click(index); }); });
+    row->addWidget(arrow);
+  }
+  row->addWidget(Dummy);
+  navigation.Actions.FocusDummy = [this] { Dummy->setFocus(); };
+  Dummy->Clicked = [&navigation, &end] { end.Run([&] { navigation.Dummy_Click(); }); };
+}
+
+void ViewControls::AddButtons(navigation::Navigation& navigation, ProgramEnd& end, QHBoxLayout& row) const {
   struct Button {
     const char* Caption;
     const char* Description;
@@ -105,9 +122,6 @@ ViewControls::ViewControls(navigation::Navigation& navigation, ProgramEnd& end, 
       {"U", "Tilts the camera up", &navigation::Navigation::cmdUp_Click},
       {"D", "Tilts the camera down", &navigation::Navigation::cmdDown_Click},
   };
-  auto* const row = new QHBoxLayout(Strip);
-  row->setContentsMargins(4, 4, 4, 4);
-  row->setSpacing(4);
   for (const Button& button : kButtons) {
     auto* const push = new QPushButton(button.Caption, Strip);
     push->setFocusPolicy(Qt::NoFocus);
@@ -117,18 +131,8 @@ ViewControls::ViewControls(navigation::Navigation& navigation, ProgramEnd& end, 
     push->setFixedWidth(push->fontMetrics().horizontalAdvance(push->text()) + 24);
     QObject::connect(push, &QPushButton::clicked, Strip,
                      [&navigation, &end, click = button.Click] { end.Run([&] { (navigation.*click)(); }); });
-    row->addWidget(push);
+    row.addWidget(push);
   }
-  row->addStretch();
-  for (int index = 0; index < 4; ++index) {
-    auto* const arrow = new ArrowPicture(index, Strip);
-    QObject::connect(arrow, &QPushButton::clicked, Strip,
-                     [&navigation, &end, index] { end.Run([&] { navigation.Trans_Click(index); }); });
-    row->addWidget(arrow);
-  }
-  row->addWidget(Dummy);
-  navigation.Actions.FocusDummy = [this] { Dummy->setFocus(); };
-  Dummy->Clicked = [&navigation, &end] { end.Run([&] { navigation.Dummy_Click(); }); };
 }
 
 }  // namespace shell::ui

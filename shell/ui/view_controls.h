@@ -8,6 +8,8 @@
 #include "model/callback.h"
 #include "shell/navigation/navigation.h"
 
+class QHBoxLayout;
+
 namespace shell {
 class ProgramEnd;
 }  // namespace shell
@@ -62,6 +64,9 @@ class ViewControls {
   BoundScrollBar* ScrollYaw;
   DummyBox* Dummy;
   QWidget* Strip;  ///< the buttons and arrows
+
+ private:
+  void AddButtons(navigation::Navigation& navigation, ProgramEnd& end, QHBoxLayout& row) const;
 };
 
 }  // namespace shell::ui
