@@ -5,8 +5,8 @@ namespace model {
 namespace {
 
 struct NamedColour {
-  std::string_view name;
-  Colour colour;
+  std::string_view Name;
+  model::Colour Colour;
 };
 
 constexpr NamedColour kColours[] = {
@@ -32,7 +32,7 @@ constexpr NamedColour kColours[] = {
 
 Colour ColourOf(std::string_view name) {
   for (const NamedColour& entry : kColours) {
-    if (entry.name == name) return entry.colour;
+    if (entry.Name == name) return entry.Colour;
   }
   return {};
 }

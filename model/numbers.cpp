@@ -12,11 +12,11 @@ namespace model {
 
 namespace {
 
-/// A number in decimal: 0.d1d2d3... times 10 to the power `point`.
+/// A number in decimal: 0.d1d2d3... times 10 to the power `Point`.
 struct Decimal {
-  bool negative = false;
-  std::string digits;
-  int point = 0;
+  bool Negative = false;
+  std::string Digits;
+  int Point = 0;
 };
 
 /// `digits` significant digits; with 0, as many as distinguish this single from its neighbours.
@@ -31,29 +31,29 @@ Decimal ToDecimal(float value, int digits) {
   const std::size_t e = all.find('e');
   Decimal decimal;
   for (const char c : all.substr(0, e)) {
-    if (c == '-') decimal.negative = true;
-    if (c >= '0' && c <= '9') decimal.digits += c;
+    if (c == '-') decimal.Negative = true;
+    if (c >= '0' && c <= '9') decimal.Digits += c;
   }
   const std::size_t exponent = e + (all[e + 1] == '+' ? 2 : 1);
-  std::from_chars(all.data() + exponent, all.data() + all.size(), decimal.point);
-  ++decimal.point;
+  std::from_chars(all.data() + exponent, all.data() + all.size(), decimal.Point);
+  ++decimal.Point;
   return decimal;
 }
 
 /// Rounds to `decimals` places after the point, halves away from zero.
 void RoundTo(Decimal& decimal, int decimals) {
-  const int keep = decimal.point + decimals;
-  if (keep >= static_cast<int>(decimal.digits.size())) return;
-  const bool up = keep >= 0 && decimal.digits[static_cast<std::size_t>(keep)] >= '5';
-  decimal.digits.resize(static_cast<std::size_t>(std::max(keep, 0)));
+  const int keep = decimal.Point + decimals;
+  if (keep >= static_cast<int>(decimal.Digits.size())) return;
+  const bool up = keep >= 0 && decimal.Digits[static_cast<std::size_t>(keep)] >= '5';
+  decimal.Digits.resize(static_cast<std::size_t>(std::max(keep, 0)));
   if (!up) return;
-  auto digit = decimal.digits.rbegin();
-  while (digit != decimal.digits.rend() && *digit == '9') *digit++ = '0';
-  if (digit != decimal.digits.rend()) {
+  auto digit = decimal.Digits.rbegin();
+  while (digit != decimal.Digits.rend() && *digit == '9') *digit++ = '0';
+  if (digit != decimal.Digits.rend()) {
     ++*digit;
   } else {
-    decimal.digits.insert(decimal.digits.begin(), '1');
-    ++decimal.point;
+    decimal.Digits.insert(decimal.Digits.begin(), '1');
+    ++decimal.Point;
   }
 }
 
@@ -61,17 +61,17 @@ void RoundTo(Decimal& decimal, int decimals) {
 std::string Layout(const Decimal& decimal, int decimals) {
   std::string whole;
   std::string fraction;
-  for (int place = std::min(decimal.point, 0);
-       place < static_cast<int>(decimal.digits.size()) || place < decimal.point; ++place) {
-    const bool given = place >= 0 && place < static_cast<int>(decimal.digits.size());
-    (place < decimal.point ? whole : fraction) +=
-        given ? decimal.digits[static_cast<std::size_t>(place)] : '0';
+  for (int place = std::min(decimal.Point, 0);
+       place < static_cast<int>(decimal.Digits.size()) || place < decimal.Point; ++place) {
+    const bool given = place >= 0 && place < static_cast<int>(decimal.Digits.size());
+    (place < decimal.Point ? whole : fraction) +=
+        given ? decimal.Digits[static_cast<std::size_t>(place)] : '0';
   }
   fraction.erase(fraction.find_last_not_of('0') + 1);
   whole.erase(0, std::min(whole.find_first_not_of('0'), whole.size()));
   const bool zero = whole.empty() && fraction.empty();
   if (static_cast<int>(fraction.size()) < decimals) fraction.resize(static_cast<std::size_t>(decimals), '0');
-  std::string text = decimal.negative && !zero ? "-" : "";
+  std::string text = decimal.Negative && !zero ? "-" : "";
   text += whole.empty() ? "0" : whole;
   if (!fraction.empty()) text += "." + fraction;
   return text;

@@ -8,7 +8,7 @@ namespace render {
 namespace {
 
 struct RimPoint {
-  double sine, cosine;
+  double Sine, Cosine;
 };
 
 constexpr std::size_t kRimPoints = std::tuple_size_v<model::DiscRim>;
@@ -30,8 +30,8 @@ void Scene::DrawCircle(float centreX, float centreZ, float y, float diameter) {
   const double radius = double(diameter) / 2.0;
   model::DiscRim rim;
   for (std::size_t point = 0; point < kRimPoints; ++point) {
-    rim[point] = {model::Single(double(centreX) + radius * kUnitRim[point].sine), y,
-                  model::Single(double(centreZ) + radius * kUnitRim[point].cosine)};
+    rim[point] = {model::Single(double(centreX) + radius * kUnitRim[point].Sine), y,
+                  model::Single(double(centreZ) + radius * kUnitRim[point].Cosine)};
   }
   pen_.Disc(rim);
 }

@@ -54,7 +54,7 @@ void Scene::DrawDiePad(std::size_t i) {
 }
 
 void Scene::DrawSDDiePads() {
-  AuxPoints.resize(in_.Package.SDBonds.Count());
+  AuxPoints_.resize(in_.Package.SDBonds.Count());
   for (std::size_t i = 0; i < in_.Package.SDBonds.Count(); ++i)
     model::AtRecord(in_.Package, {model::RecordTable::SDBonds, i}, [&] { DrawSDDiePad(i); });
 }
@@ -66,7 +66,7 @@ void Scene::DrawSDDiePad(std::size_t i) {
   if (IsRectangle(bond)) {
     const double z = level + kClearance + double(in_.Package.SDCompZ);
     const auto at = [&](std::size_t k) {
-      return Corner(double(AuxPoints[i][k]), double(AuxPoints[i][4 + k]), z);
+      return Corner(double(AuxPoints_[i][k]), double(AuxPoints_[i][4 + k]), z);
     };
     DrawQuad(at(2), at(3), at(0), at(1), "Blue");
   } else if (IsRound(bond)) {

@@ -54,8 +54,8 @@ namespace {
 ///     |  c  |      x to the right, y up
 ///     0 --- 1
 struct Rectangle {
-  std::array<float, 4> x;
-  std::array<float, 4> y;
+  std::array<float, 4> X;
+  std::array<float, 4> Y;
 
   Rectangle(float centreX, float centreY, float sizeX, float sizeY) {
     const auto relative = [](float centre, double halfSize) {
@@ -66,8 +66,8 @@ struct Rectangle {
     const float x2 = relative(centreX, double(sizeX) / 2.0);
     const float y1 = relative(centreY, -double(sizeY) / 2.0);
     const float y2 = relative(centreY, double(sizeY) / 2.0);
-    x = {x1, x2, x2, x1};
-    y = {y1, y1, y2, y2};
+    X = {x1, x2, x2, x1};
+    Y = {y1, y1, y2, y2};
   }
 };
 
@@ -78,23 +78,23 @@ void Scene::RotateSDCorners() {
   const Turn turn(package.SDRotation);
   const Rectangle die(package.SDXOffset, package.SDYOffset, package.SDCompW, package.SDCompL);
   for (std::size_t k = 0; k < 4; ++k) {
-    SDCornerX[k] = turn.X(package.SDXOffset, die.x[k], die.y[k]);
-    SDCornerY[k] = turn.Y(package.SDYOffset, die.x[k], die.y[k]);
+    SDCornerX_[k] = turn.X(package.SDXOffset, die.X[k], die.Y[k]);
+    SDCornerY_[k] = turn.Y(package.SDYOffset, die.X[k], die.Y[k]);
   }
-  AuxPoints.resize(package.SDBonds.Count());
+  AuxPoints_.resize(package.SDBonds.Count());
   for (std::size_t i = 0; i < package.SDBonds.Count(); ++i)
     model::AtRecord(package, {model::RecordTable::SDBonds, i}, [&] { RotateSDPad(i, turn); });
 }
 
 void Scene::RotateSDPad(std::size_t i, const Turn& turn) {
   const model::BondRec& bond = in_.Package.SDBonds[i];
-  std::array<float, 10>& points = AuxPoints[i];
+  std::array<float, 10>& points = AuxPoints_[i];
   const float centreX = bond.DieX;
   const float centreY = -bond.DieY;
   const Rectangle pad(centreX, centreY, bond.DieSizeX, bond.DieSizeY);
   for (std::size_t k = 0; k < 4; ++k) {
-    points[k] = turn.X(centreX, pad.x[k], pad.y[k]);
-    points[4 + k] = turn.Y(centreY, pad.x[k], pad.y[k]);
+    points[k] = turn.X(centreX, pad.X[k], pad.Y[k]);
+    points[4 + k] = turn.Y(centreY, pad.X[k], pad.Y[k]);
   }
   // The fifth point, (0, 2 * DieY) from the centre, is turned too though nothing draws it: like the others it
   // faults beyond the range of a single.
@@ -109,7 +109,7 @@ void Scene::DrawSDDie() {
   const double bottom = double(in_.Package.CompZ);
   const double top = bottom + double(in_.Package.SDCompZ);
   const auto at = [&](std::size_t k, double z) {
-    return Corner(double(SDCornerX[k]), double(SDCornerY[k]), z);
+    return Corner(double(SDCornerX_[k]), double(SDCornerY_[k]), z);
   };
 
   DrawQuad(at(2, top), at(3, top), at(0, top), at(1, top), "Gray");

@@ -4,7 +4,7 @@ namespace render {
 
 void Scene::DrawPackage() {
   const model::Package& package = in_.Package;
-  AuxPoints.clear();
+  AuxPoints_.clear();
   DrawDie();
   // Not "greater than": a negative width is a stacked die too.
   if (package.SDCompW != 0.0F) DrawSDDie();

@@ -44,8 +44,8 @@ class Scene {
   void DrawDiePads();
   /// The stacked die's pads. Needs RotateSDCorners to have run, which DrawSDDie does.
   void DrawSDDiePads();
-  /// Turns the stacked die's corners (into SDCornerX, SDCornerY) and, each about its own centre, its pads
-  /// (into AuxPoints).
+  /// Turns the stacked die's corners (into SDCornerX_, SDCornerY_) and, each about its own centre, its pads
+  /// (into AuxPoints_).
   void RotateSDCorners();
 
   /// The die attach area.
@@ -108,15 +108,15 @@ class Scene {
 
   SceneInputs in_;
   model::Pen& pen_;
-  std::array<float, 4> SDCornerX{};
-  std::array<float, 4> SDCornerY{};
+  std::array<float, 4> SDCornerX_{};
+  std::array<float, 4> SDCornerY_{};
   /// For each pad of the stacked die its four turned corners, X then Y, then a fifth turned point that
   /// nothing draws. All 0 where no stacked die turns them.
-  std::vector<std::array<float, 10>> AuxPoints;
+  std::vector<std::array<float, 10>> AuxPoints_;
   /// Corners P1 to P4 of the substrate pad being drawn. Deliberate: kept from pad to pad, table to table and
   /// build to build; a pad on no edge is drawn with the corners of the pad before it.
   std::array<PlanPoint, 4> padCorners_{};
-  model::WireStrip WirePoints{};  ///< the wire being drawn, in scene coordinates
+  model::WireStrip WirePoints_{};  ///< the wire being drawn, in scene coordinates
 };
 
 /// The bulge of a bowed side at position p along it: h at the side's middle, 0 at its corners.

@@ -13,7 +13,7 @@ std::uint32_t& NameIndex::SlotOf(std::string_view name, std::size_t hash) {
     std::uint32_t& number = slots_[slot];
     if (number == NamePlaces::kNone) return number;
     const Entry& entry = entries_[number];
-    if (entry.hash == hash && entry.name == name) return number;
+    if (entry.Hash == hash && entry.Name == name) return number;
   }
 }
 
@@ -25,7 +25,7 @@ void NameIndex::Reserve(std::size_t names) {
 /// Files mostly list pads, wires and net types in the same order, so the entry after the last one found is
 /// tried first.
 bool NameIndex::IsNext(std::string_view name) {
-  if (last_ + 1 >= entries_.size() || entries_[last_ + 1].name != name) return false;
+  if (last_ + 1 >= entries_.size() || entries_[last_ + 1].Name != name) return false;
   ++last_;
   return true;
 }
@@ -52,7 +52,7 @@ void NameIndex::Widen(std::size_t slots) {
   slots_.assign(slots, NamePlaces::kNone);
   const std::size_t mask = slots_.size() - 1;
   for (std::uint32_t number = 0; number < entries_.size(); ++number) {
-    std::size_t slot = entries_[number].hash & mask;
+    std::size_t slot = entries_[number].Hash & mask;
     while (slots_[slot] != NamePlaces::kNone) slot = (slot + 1) & mask;
     slots_[slot] = number;
   }

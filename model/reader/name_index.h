@@ -12,10 +12,10 @@ namespace model::reader {
 struct NamePlaces {
   static constexpr std::uint32_t kNone = UINT32_MAX;
 
-  std::uint32_t firstBond = kNone, lastBond = kNone;
-  std::uint32_t firstSDBond = kNone, lastSDBond = kNone;
-  std::uint32_t firstWire = kNone;
-  std::uint32_t firstSRing = kNone;
+  std::uint32_t FirstBond = kNone, LastBond = kNone;
+  std::uint32_t FirstSDBond = kNone, LastSDBond = kNone;
+  std::uint32_t FirstWire = kNone;
+  std::uint32_t FirstSRing = kNone;
 };
 
 /// A hash table of names. The names are views: the text they stand in must outlive the index.
@@ -29,13 +29,13 @@ class NameIndex {
   std::uint32_t Add(std::string_view name);
   /// The index of the name's places, or NamePlaces::kNone for an unknown name.
   std::uint32_t Find(std::string_view name);
-  NamePlaces& At(std::uint32_t number) { return entries_[number].places; }
+  NamePlaces& At(std::uint32_t number) { return entries_[number].Places; }
 
  private:
   struct Entry {
-    std::string_view name;
-    std::size_t hash;
-    NamePlaces places;
+    std::string_view Name;
+    std::size_t Hash;
+    NamePlaces Places;
   };
 
   bool IsNext(std::string_view name);

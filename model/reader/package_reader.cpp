@@ -100,9 +100,9 @@ void PackageReader::ReadDiePad(bool stacked) {
 
   NamePlaces& places = index_.At(index_.Add(tokens_[1]));
   const auto number = static_cast<std::uint32_t>(table.UpperBound());
-  std::uint32_t& first = stacked ? places.firstSDBond : places.firstBond;
+  std::uint32_t& first = stacked ? places.FirstSDBond : places.FirstBond;
   if (first == NamePlaces::kNone) first = number;
-  (stacked ? places.lastSDBond : places.lastBond) = number;
+  (stacked ? places.LastSDBond : places.LastBond) = number;
   table.Grow();
 }
 
@@ -110,8 +110,8 @@ void PackageReader::ReadDiePad(bool stacked) {
 RecordPlace PackageReader::BondPlace(std::uint32_t name, BondPart part) {
   if (name == NamePlaces::kNone) return {};
   const NamePlaces& places = index_.At(name);
-  if (places.firstBond != NamePlaces::kNone) return {RecordTable::Bonds, places.firstBond, part};
-  if (places.firstSDBond != NamePlaces::kNone) return {RecordTable::SDBonds, places.firstSDBond, part};
+  if (places.FirstBond != NamePlaces::kNone) return {RecordTable::Bonds, places.FirstBond, part};
+  if (places.FirstSDBond != NamePlaces::kNone) return {RecordTable::SDBonds, places.FirstSDBond, part};
   return {};
 }
 
@@ -124,8 +124,8 @@ BondRec* PackageReader::BondAt(const RecordPlace& place) {
 const BondRec* PackageReader::LastBond(std::uint32_t name) {
   if (name == NamePlaces::kNone) return nullptr;
   const NamePlaces& places = index_.At(name);
-  if (places.lastSDBond != NamePlaces::kNone) return &package_.SDBonds[places.lastSDBond];
-  if (places.lastBond != NamePlaces::kNone) return &package_.Bonds[places.lastBond];
+  if (places.LastSDBond != NamePlaces::kNone) return &package_.SDBonds[places.LastSDBond];
+  if (places.LastBond != NamePlaces::kNone) return &package_.Bonds[places.LastBond];
   return nullptr;
 }
 
@@ -183,8 +183,8 @@ void PackageReader::AddWireName(const RecordPlace& wire, std::uint32_t name, std
   entry.Name2 = text2;
   wirePlaces_.push_back(name);
   NamePlaces& places = index_.At(name);
-  if (places.firstWire == NamePlaces::kNone)
-    places.firstWire = static_cast<std::uint32_t>(package_.WireNames.UpperBound());
+  if (places.FirstWire == NamePlaces::kNone)
+    places.FirstWire = static_cast<std::uint32_t>(package_.WireNames.UpperBound());
   package_.WireNames.Grow();
 }
 
@@ -211,15 +211,15 @@ void PackageReader::ReadSRing() {
   ring.Width = Scaled(7);
   ring.Param = Scaled(8);
   NamePlaces& places = index_.At(index_.Add(tokens_[1]));
-  if (places.firstSRing == NamePlaces::kNone)
-    places.firstSRing = static_cast<std::uint32_t>(package_.SRings.UpperBound());
+  if (places.FirstSRing == NamePlaces::kNone)
+    places.FirstSRing = static_cast<std::uint32_t>(package_.SRings.UpperBound());
   package_.SRings.Grow();
 }
 
 /// The ring that an SRSEG line names: the first of that name.
 RecordPlace PackageReader::RingPlace(std::uint32_t name) {
-  if (name == NamePlaces::kNone || index_.At(name).firstSRing == NamePlaces::kNone) return {};
-  return {RecordTable::SRings, index_.At(name).firstSRing};
+  if (name == NamePlaces::kNone || index_.At(name).FirstSRing == NamePlaces::kNone) return {};
+  return {RecordTable::SRings, index_.At(name).FirstSRing};
 }
 
 void PackageReader::ReadSegment() {
@@ -246,8 +246,8 @@ void PackageReader::ReadDap() {
 
 Package ParsePackage(const PackageScalars& before, PackageBytes bytes, ReadObserver* observer) {
   PackageReader reader(before, observer);
-  reader.ReadText(std::move(bytes.package));
-  if (bytes.netTypes) reader.ReadSideFile(*bytes.netTypes);
+  reader.ReadText(std::move(bytes.PackageFile));
+  if (bytes.SideFile) reader.ReadSideFile(*bytes.SideFile);
   reader.SetWireTiers();
   return std::move(reader.Result());
 }
@@ -257,7 +257,7 @@ std::optional<Package> ReadPackage(const PackageScalars& before, ReadObserver* o
   if (path.empty() || !FileExists(path)) return std::nullopt;
   PackageBytes bytes{ReadWholeFile(path), std::nullopt};
   const std::string sideFile = path + ".vu";
-  if (FileExists(sideFile)) bytes.netTypes = ReadWholeFile(sideFile);
+  if (FileExists(sideFile)) bytes.SideFile = ReadWholeFile(sideFile);
   return ParsePackage(before, std::move(bytes), observer);
 }
 

@@ -11,8 +11,8 @@ namespace model::reader {
 
 /// The contents of a package's files.
 struct PackageBytes {
-  std::string package;
-  std::optional<std::string> netTypes;  ///< the side file, if it exists
+  std::string PackageFile;
+  std::optional<std::string> SideFile;  ///< with the net types, if it exists
 };
 
 /// Parses any bytes as a package. Scalars that they do not set keep the values of `before`, and are divided

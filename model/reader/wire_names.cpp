@@ -13,9 +13,9 @@ namespace {
 LineFate TakeNetType(const Tokens& tokens, NameIndex& index, Package& package) {
   if (tokens.Found() != 2) return LineFate::NotTwoFields;
   const std::uint32_t name = index.Find(tokens[0]);
-  if (name == NamePlaces::kNone || index.At(name).firstWire == NamePlaces::kNone)
+  if (name == NamePlaces::kNone || index.At(name).FirstWire == NamePlaces::kNone)
     return LineFate::NamesNothing;
-  package.WireNames[index.At(name).firstWire].NetType = tokens[1];
+  package.WireNames[index.At(name).FirstWire].NetType = tokens[1];
   return LineFate::Taken;
 }
 
@@ -50,8 +50,8 @@ void SetTiers(const std::vector<std::uint32_t>& wirePlaces, NameIndex& index, Pa
       lowestNumber = tierNumber;
     }
   };
-  copyFrom(package.Bonds, &NamePlaces::firstBond);
-  copyFrom(package.SDBonds, &NamePlaces::firstSDBond);
+  copyFrom(package.Bonds, &NamePlaces::FirstBond);
+  copyFrom(package.SDBonds, &NamePlaces::FirstSDBond);
   if (lowest != "0") return;
   for (WireNameRec& entry : package.WireNames)
     entry.Tier = GeneralText(Single(double(ToNumber(entry.Tier)) + 1.0));

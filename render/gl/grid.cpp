@@ -34,8 +34,8 @@ void Grid::BuildGrid() {
 
 void Grid::DisplayGrid() const {
   struct Wall {
-    GLfloat x, y, z;
-    GLfloat axisX, axisY, axisZ;
+    GLfloat X, Y, Z;
+    GLfloat AxisX, AxisY, AxisZ;
   };
   constexpr Wall kWalls[] = {
       {0.0F, 50.0F, -50.0F, 1.0F, 0.0F, 0.0F},
@@ -54,9 +54,9 @@ void Grid::DisplayGrid() const {
   glCallList(list);
   for (const Wall& wall : kWalls) {
     glPushMatrix();
-    glTranslatef(wall.x, wall.y, wall.z);
+    glTranslatef(wall.X, wall.Y, wall.Z);
     glPushMatrix();
-    glRotatef(90.0F, wall.axisX, wall.axisY, wall.axisZ);
+    glRotatef(90.0F, wall.AxisX, wall.AxisY, wall.AxisZ);
     glCallList(list);
     glPopMatrix();
     glPopMatrix();
