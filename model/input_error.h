@@ -16,7 +16,13 @@ struct FilePlace {
 };
 
 /// "file:line: what; advice". The advice says what to do and may be empty.
-std::string MessageText(const FilePlace& place, std::string_view what, std::string_view advice);
+inline std::string MessageText(const FilePlace& place, std::string_view what, std::string_view advice) {
+  std::string text = place.File.empty() ? "''" : place.File;
+  if (place.Line != 0) text += ":" + std::to_string(place.Line);
+  text.append(": ").append(what);
+  if (!advice.empty()) text.append("; ").append(advice);
+  return text;
+}
 
 /// Unusable input; what() is its MessageText.
 class InputError : public std::exception {

@@ -1,19 +1,19 @@
 #include "shell/ui/about_window.h"
 
+#include <QApplication>
 #include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QLabel>
 
 #include "model/version.h"
 #include "shell/title.h"
-#include "shell/ui/program_icon.h"
 
 namespace shell::ui {
 
 AboutWindow::AboutWindow(QWidget* owner) : QDialog(owner) {
   setWindowTitle("About");
   auto* const picture = new QLabel(this);
-  picture->setPixmap(ProgramIcon().pixmap(64, 64));
+  picture->setPixmap(QApplication::windowIcon().pixmap(64, 64));
   auto* const version = new QLabel(QString(shell::kProgramTitle) + " Version " + model::kVersionText, this);
   version->setTextInteractionFlags(Qt::TextSelectableByMouse);
   auto* const words = new QLabel("Shows an integrated-circuit package in three dimensions.", this);

@@ -1,4 +1,4 @@
-/// The About window.
+/// The About window, which shows the icon of the application.
 #pragma once
 
 #include <QDialog>

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QIcon>
 #include <QMimeData>
 #include <QScreen>
 #include <QStandardPaths>
@@ -15,13 +16,19 @@
 #include "shell/ui/about_window.h"
 #include "shell/ui/gl_view.h"
 #include "shell/ui/help_window.h"
-#include "shell/ui/program_icon.h"
 #include "shell/ui/window_place.h"
 #include "shell/ui/wire_list_window.h"
 
 namespace shell::ui {
 
 namespace {
+
+/// The desktop icon in the sizes that window managers ask for.
+QIcon ProgramIcon() {
+  QIcon icon;
+  for (const int side : {16, 24, 32, 48, 64, 128}) icon.addFile(QString(":/icon/%1.png").arg(side));
+  return icon;
+}
 
 /// The folder for the parameter file when the program's folder is not writable.
 std::string UserFolder() {
