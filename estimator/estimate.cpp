@@ -48,8 +48,7 @@ model::Package ReadPackage(const std::string& file) {
   model::PackageScalars before;
   before.PackagePath = file;
   std::optional<model::Package> package = model::reader::ReadPackage(before);
-  // A package has a COMPZ line, and after that line the height is never 0.
-  if (!package || package->CompZ == 0.0F)
+  if (!package || !model::reader::HasCompZLine(*package))
     throw model::InputError({.File = file}, "it has no COMPZ line", "give the path of a .yax file");
   return *std::move(package);
 }

@@ -25,4 +25,8 @@ Package ParsePackage(const PackageScalars& before, PackageBytes bytes, ReadObser
 /// Faults  FileFault when a file exists but cannot be opened or read
 std::optional<Package> ReadPackage(const PackageScalars& before, ReadObserver* observer = nullptr);
 
+/// Whether the file of a package that was read with fresh scalars has a COMPZ line: only that line sets the
+/// height, and never to 0.
+inline bool HasCompZLine(const Package& package) { return package.CompZ != 0.0F; }
+
 }  // namespace model::reader

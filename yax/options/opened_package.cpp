@@ -33,8 +33,7 @@ model::Package LoadPackage(const std::string& name, model::reader::ReadObserver*
   if (!package && std::filesystem::exists(name, ignored))
     throw Unusable(file, "it is not a regular file", "give the path of a .yax file");
   if (!package) throw Unusable(file, "no such file", "give the path of a .yax file");
-  // Only a COMPZ line sets the height, and never to 0.
-  if (package->CompZ == 0.0F)
+  if (!model::reader::HasCompZLine(*package))
     throw Unusable(file, "it has no COMPZ line", "begin with a header that ends in a COMPZ line");
   return *std::move(package);
 }
