@@ -2,13 +2,19 @@
 
 #include <dlfcn.h>
 
+#include <filesystem>
+#include <system_error>
+
 namespace sheet {
 
 namespace {
 
 const Typesetting& Load() {
-  // The loader replaces $ORIGIN by the program's folder. The module stays loaded until the program ends.
-  void* const module = dlopen("$ORIGIN/../lib/yax/typesetting.so", RTLD_NOW | RTLD_LOCAL);
+  std::error_code ignored;
+  const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", ignored);
+  const std::string path = (program.parent_path().parent_path() / "lib/yax/typesetting.so").string();
+  // The module stays loaded until the program ends.
+  void* const module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
   void* const entry = module == nullptr ? nullptr : dlsym(module, kTypesettingEntry);
   if (entry == nullptr) throw TypesettingFault(dlerror());
   return *reinterpret_cast<const Typesetting* (*)()>(entry)();
