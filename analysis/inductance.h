@@ -7,8 +7,8 @@
 #include <optional>
 #include <vector>
 
+#include "analysis/conductor_impedance.h"
 #include "analysis/filaments.h"
-#include "analysis/round_conductor.h"
 
 namespace analysis {
 

@@ -1,4 +1,4 @@
-#include "analysis/round_conductor.h"
+#include "analysis/conductor_impedance.h"
 
 #include <cmath>
 #include <complex>
