@@ -1,4 +1,4 @@
-/// The commands of the program: one routine and one source for each.
+/// The commands of the program: one routine and one source, NAME_command.cpp, for each.
 #pragma once
 
 #include <functional>
@@ -30,7 +30,7 @@ Command AddImport(CLI::App& program);
 Command AddDiagram(CLI::App& program);
 Command AddCompletion(CLI::App& program);
 
-/// Every command, in the order in which the help lists them.
+/// Every command, in the order in which the help lists them; program.cpp has the list.
 std::vector<Command> AddCommands(CLI::App& program);
 
 }  // namespace yax
