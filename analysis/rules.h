@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -41,8 +40,6 @@ struct RuleKind {
   bool HasPlan;  ///< may be measured seen from above
 };
 
-/// All rules, in the order of their names.
-std::span<const RuleKind> RuleKinds();
 const RuleKind& KindOf(RuleName name);
 
 /// The unit of a limit; a length has one of the units of package files.

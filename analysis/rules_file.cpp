@@ -226,8 +226,6 @@ std::string RestOf(std::string_view line) {
 
 }  // namespace
 
-std::span<const RuleKind> RuleKinds() { return kKinds; }
-
 const RuleKind& KindOf(RuleName name) { return kKinds[static_cast<std::size_t>(name)]; }
 
 RuleSet ReadRules(const std::string& file, std::string_view text) {

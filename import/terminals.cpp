@@ -14,7 +14,7 @@ namespace {
 struct Found {
   DiePad Pad;
   Box Place;
-  bool OfCell = false, Named = false, Wanted = false;
+  bool Named = false, Wanted = false;
 };
 
 class PadSearch {

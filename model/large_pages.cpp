@@ -1,15 +1,12 @@
 #include "model/large_pages.h"
 
-#ifdef __linux__
 #include <sys/mman.h>
-#endif
 
 #include <cstdlib>
 
 namespace model {
 
 void* AllocateLarge(std::size_t size) {
-#ifdef __linux__
   constexpr std::size_t kLargePage = std::size_t{2} << 20;
   if (size >= kLargePage) {
     const std::size_t whole = (size + kLargePage - 1) / kLargePage * kLargePage;
@@ -19,7 +16,6 @@ void* AllocateLarge(std::size_t size) {
     madvise(memory, whole, MADV_HUGEPAGE);
     return memory;
   }
-#endif
   void* const memory = std::malloc(size);
   if (memory == nullptr) throw std::bad_alloc();
   return memory;

@@ -10,9 +10,6 @@ char Upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + '
 
 bool IsBlank(char c) { return c == ' ' || c == '\t'; }
 
-/// True for a byte that is not blank; the first comparison decides for nearly all letters.
-bool IsOfWord(char c) { return static_cast<unsigned char>(c) > ' ' || !IsBlank(c); }
-
 }  // namespace
 
 std::string UpperCase(std::string_view text) {
@@ -59,7 +56,7 @@ void Tokens::SplitLine(std::string_view line) {
     while (at != end && IsBlank(*at)) ++at;
     if (at == end) break;
     const char* const start = at;
-    while (at != end && IsOfWord(*at)) ++at;
+    while (at != end && !IsBlank(*at)) ++at;
     if (found_ < kCount) fields_[found_] = std::string_view(start, static_cast<std::size_t>(at - start));
     ++found_;
   }

@@ -14,6 +14,10 @@ xdotool windowfocus --sync "$window" key Escape
 ends "the installed viewer" 0
 "$prefix/bin/yax" check "$prefix/share/doc/yaxview/examples/bga332.yax" >/dev/null
 expect "yax check: status" $? 0
+# The diagram's text needs the module in lib/yax.
+"$prefix/bin/yax" diagram --unit mm -o "$folder/diagram.pdf" "$prefix/share/doc/yaxview/examples/bga332.yax"
+expect "yax diagram: status" $? 0
+expect "yax diagram: file" "$(head -c 5 "$folder/diagram.pdf")" %PDF-
 for file in man/man1/yax-render.1 man/man1/yaxview.1 man/man5/yax.5 mime/packages/yax.xml doc/yaxview/guide.html \
   bash-completion/completions/yax zsh/site-functions/_yax fish/vendor_completions.d/yax.fish; do
   grep -q . "$prefix/share/$file"

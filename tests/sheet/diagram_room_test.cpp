@@ -57,7 +57,7 @@ TEST(DiagramRoom, KeepsMarksOfATinyDieApart) {
     const TemporaryFolder folder;
     Drawn drawn(PutPackage(folder, Wire("A", 0.5, "1") + Wire("B", -0.5, "2")));
     const Drawing drawing = drawn.On(PaperNamed("a4"), scale);
-    ExpectNoOverlap(drawing, std::to_string(scale));
+    EXPECT_GT(ExpectNoOverlap(drawing, std::to_string(scale)), 10U);
     for (const Text& text : OfLayer<Text>(drawing, 0, "NUMBERS")) EXPECT_GE(text.Size, 1.4);
     // None of them lies on a wire or lead: these run from 1.9 to 4.5 at y of 0.5 and -0.5.
     for (const char* layer : {"NUMBERS", "DIE"})

@@ -94,6 +94,7 @@ TEST(LabelPlacement, LeadersOfAFanDoNotCross) {
     wishes.push_back({glm::dvec2(50.0, 30.0) + way * (k % 3 == 0 ? 8.0 : 25.0), way});
   }
   const std::vector<LabelPlace> places = PlaceLabels(wishes, kRoom);
+  ASSERT_EQ(places.size(), 60U);
   const auto side = [](const glm::dvec2& a, const glm::dvec2& b, const glm::dvec2& c) {
     return (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x);
   };

@@ -60,6 +60,7 @@ TEST_F(HelpWindowTest, TabsLineUpWhateverTheIndents) {
   ui::PourRichText(text, 1.0 / 15, *Text().document());
   Text().document()->setTextWidth(600);
   const double margin = Text().document()->documentMargin();
+  ASSERT_EQ(Text().document()->blockCount(), 5);
   for (QTextBlock block = Text().document()->begin(); block.isValid(); block = block.next())
     EXPECT_NEAR(XOf(block, static_cast<int>(block.text().indexOf('x'))), margin + 200, 1.0)
         << block.blockNumber();
