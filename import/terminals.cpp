@@ -121,7 +121,6 @@ void PadSearch::AddPads(const Terminal& terminal) {
     pads_.push_back(
         {{.Name = terminal.Name, .Middle = box.Middle(), .Size = box.Size(), .Type = terminal.Type},
          box,
-         terminal.IsCell(),
          false,
          IsWanted(terminal)});
 }
@@ -166,7 +165,6 @@ void PadSearch::AddPin(const Terminal& pin) {
     } else {
       pads_.push_back({{.Name = pin.Name, .Middle = box.Middle(), .Size = box.Size(), .Type = pin.Type},
                        box,
-                       false,
                        true,
                        true});
     }
