@@ -1,6 +1,7 @@
+#include "sheet/diagram_wires.h"
+
 #include "analysis/lengths.h"
 #include "analysis/wire_numbers.h"
-#include "sheet/bonding_diagram.h"
 
 namespace sheet {
 

@@ -6,7 +6,8 @@
 
 #include "model/package.h"
 #include "model/wire_bond_settings.h"
-#include "sheet/bonding_diagram.h"
+#include "sheet/diagram_inputs.h"
+#include "sheet/diagram_wires.h"
 
 namespace sheet {
 

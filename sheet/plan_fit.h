@@ -4,6 +4,7 @@
 #include <optional>
 #include <vector>
 
+#include "sheet/diagram_inputs.h"
 #include "sheet/labels.h"
 #include "sheet/pencil.h"
 

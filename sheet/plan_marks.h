@@ -2,7 +2,7 @@
 #pragma once
 
 #include "model/package.h"
-#include "sheet/bonding_diagram.h"
+#include "sheet/diagram_inputs.h"
 #include "sheet/labels.h"
 #include "sheet/pencil.h"
 

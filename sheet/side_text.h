@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "sheet/bonding_diagram.h"
+#include "sheet/diagram_inputs.h"
 #include "sheet/pencil.h"
 
 namespace sheet {

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string>
 
-#include "sheet/bonding_diagram.h"
+#include "sheet/diagram_inputs.h"
 #include "sheet/pencil.h"
 
 namespace sheet {

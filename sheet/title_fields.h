@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "model/input_error.h"
-#include "sheet/bonding_diagram.h"
+#include "sheet/diagram_inputs.h"
 
 namespace sheet {
 

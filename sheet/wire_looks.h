@@ -5,7 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "sheet/bonding_diagram.h"
+#include "sheet/diagram_wires.h"
+#include "sheet/drawing.h"
 
 namespace sheet {
 

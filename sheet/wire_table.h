@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "sheet/bonding_diagram.h"
+#include "sheet/diagram_inputs.h"
 #include "sheet/pencil.h"
 
 namespace sheet {

@@ -11,6 +11,7 @@
 #include "analysis/wire_loops.h"
 #include "model/text.h"
 #include "sheet/bonding_diagram.h"
+#include "sheet/diagram_wires.h"
 #include "sheet/measured_data.h"
 #include "sheet/title_fields.h"
 #include "yax/command_list.h"

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "sheet/bonding_diagram.h"
+#include "sheet/diagram_wires.h"
 #include "sheet/measured_data.h"
 #include "tests/refusal.h"
 #include "tests/temporary_folder.h"

@@ -7,6 +7,7 @@
 #include "formats/clearance_table.h"
 #include "model/text.h"
 #include "sheet/bonding_diagram.h"
+#include "sheet/diagram_wires.h"
 #include "sheet/measured_data.h"
 #include "yax/meshes/mesh_files.h"
 #include "yax/messages.h"
