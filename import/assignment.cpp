@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "import/argument_error.h"
-#include "import/lef_def_words.h"
+#include "import/names.h"
 #include "import/order_match.h"
 #include "model/text.h"
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "import/argument_error.h"
+#include "import/die_reader.h"
 #include "import/kicad_footprint.h"
 #include "import/names.h"
 #include "import/package_generator.h"

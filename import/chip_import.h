@@ -6,7 +6,7 @@
 
 #include "import/assignment.h"
 #include "import/bonded_package.h"
-#include "import/die_reader.h"
+#include "import/die.h"
 
 namespace importer {
 

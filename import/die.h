@@ -1,7 +1,9 @@
-/// The chip of an import: its size and its pads, as values.
+/// The chip of an import, as values: its file and options, its size, its pads.
 #pragma once
 
 #include <cstddef>
+#include <optional>
+#include <regex>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -24,6 +26,23 @@ struct DiePad {
   glm::dvec2 Middle{0.0}, Size{0.0};  ///< sizes along x and y
   NetType Type = NetType::Unknown;
   char Side = 0;  ///< the die's edge, 'L', 'R', 'T' or 'B'; 0 until it is known
+};
+
+/// Which shapes are bond pads.
+struct PadRule {
+  double Least = 0.02;  ///< smallest side, in millimetres
+  double Aspect = 2.0;  ///< largest ratio of the longer side to the shorter one
+  std::optional<std::regex> Names = std::nullopt;
+};
+
+/// The die's file, and the values given with it. Lengths in millimetres.
+struct DieRequest {
+  std::string File;
+  std::vector<std::string> LefFiles = {};
+  std::string Macro = {};
+  PadRule Rule = {};
+  std::optional<glm::dvec2> PadSize = std::nullopt, DieSize = std::nullopt;
+  double TableUnit = 1.0;  ///< a table's unit, in millimetres
 };
 
 struct Die {

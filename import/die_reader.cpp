@@ -7,6 +7,7 @@
 #include "import/names.h"
 #include "import/pad_table.h"
 #include "import/source_file.h"
+#include "import/terminals.h"
 #include "model/text.h"
 
 namespace importer {

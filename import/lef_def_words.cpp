@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "import/names.h"
 #include "import/source_file.h"
 #include "model/text.h"
 
@@ -114,16 +115,6 @@ void LefDefWords::TakeKeyword(std::string_view keyword) {
   Take();
   if (!Is(keyword))
     Fail("expected " + model::Quoted(keyword) + " but found " + model::Quoted(word_), "correct it");
-}
-
-std::string Unescaped(std::string_view word) {
-  std::string name;
-  name.reserve(word.size());
-  for (std::size_t at = 0; at < word.size(); ++at) {
-    if (word[at] == '\\' && at + 1 < word.size()) ++at;
-    name += word[at];
-  }
-  return name;
 }
 
 std::string LefDefWords::TakeName() {

@@ -68,9 +68,6 @@ class LefDefWords {
   bool quotesSpanLines_ = false;
 };
 
-/// A name without the backslashes that escape its characters.
-std::string Unescaped(std::string_view word);
-
 /// The points of an outline: its box, and the area that it encloses.
 class Outline {
  public:

@@ -45,6 +45,16 @@ FieldNames FieldNamesOf(const std::vector<std::string>& given, Repeat repeat, co
   return fields;
 }
 
+std::string Unescaped(std::string_view word) {
+  std::string name;
+  name.reserve(word.size());
+  for (std::size_t at = 0; at < word.size(); ++at) {
+    if (word[at] == '\\' && at + 1 < word.size()) ++at;
+    name += word[at];
+  }
+  return name;
+}
+
 std::string Listed(const std::vector<std::string>& names) {
   constexpr std::size_t kMost = 8;
   std::string list;

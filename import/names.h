@@ -1,7 +1,9 @@
 /// Names of pads and leads as a package can hold them, and lists of names for messages.
 #pragma once
 
+#include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace importer {
@@ -27,6 +29,9 @@ std::string FreeName(const std::string& name, const Taken& taken, std::size_t nu
   for (; taken.contains(free); ++number) free = name + "_" + std::to_string(number);
   return free;
 }
+
+/// A name of a LEF or DEF file without the backslashes that escape its characters.
+std::string Unescaped(std::string_view word);
 
 /// Names of things in a message: the first ones, and how many more there are.
 std::string Listed(const std::vector<std::string>& names);

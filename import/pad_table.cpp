@@ -9,6 +9,7 @@
 #include "import/column_roles.h"
 #include "import/names.h"
 #include "import/source_file.h"
+#include "import/terminals.h"
 #include "model/numbers.h"
 #include "model/text.h"
 

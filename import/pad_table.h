@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "import/die.h"
-#include "import/die_reader.h"
 #include "import/lead_frame.h"
 #include "import/text_table.h"
 

@@ -2,9 +2,9 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
 #include <regex>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "import/die.h"
@@ -25,13 +25,6 @@ struct Terminal {
   std::vector<PinShape> Shapes = {};
 
   bool IsCell() const { return !Macro.empty(); }
-};
-
-/// Which shapes are bond pads.
-struct PadRule {
-  double Least = 0.02;  ///< smallest side, in millimetres
-  double Aspect = 2.0;  ///< largest ratio of the longer side to the shorter one
-  std::optional<std::regex> Names = std::nullopt;
 };
 
 /// The bond pads: the shapes that keep the rule, on the one layer that has most of them. A pin on a cell's

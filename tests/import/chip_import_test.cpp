@@ -1,6 +1,7 @@
 #include "import/chip_import.h"
 
 #include "import/crossings.h"
+#include "import/terminals.h"
 #include "model/numbers.h"
 #include "tests/import/import_fixture.h"
 
