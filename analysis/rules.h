@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "analysis/units.h"
-#include "model/input_error.h"
 
 namespace analysis {
 

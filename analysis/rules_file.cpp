@@ -5,6 +5,7 @@
 #include <numeric>
 
 #include "analysis/rules.h"
+#include "model/input_error.h"
 #include "model/text.h"
 
 namespace analysis {

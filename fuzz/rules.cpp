@@ -7,6 +7,7 @@
 
 #include "analysis/rules.h"
 #include "fuzz/expect.h"
+#include "model/input_error.h"
 
 namespace {
 

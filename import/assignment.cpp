@@ -11,6 +11,8 @@
 #include "import/argument_error.h"
 #include "import/names.h"
 #include "import/order_match.h"
+#include "import/pad_table.h"
+#include "model/input_error.h"
 #include "model/text.h"
 
 namespace importer {

@@ -7,7 +7,6 @@
 
 #include "import/die.h"
 #include "import/lead_frame.h"
-#include "import/pad_table.h"
 
 namespace importer {
 

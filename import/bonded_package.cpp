@@ -8,6 +8,7 @@
 #include "import/crossings.h"
 #include "import/names.h"
 #include "import/terminals.h"
+#include "model/input_error.h"
 #include "model/numbers.h"
 #include "model/reader/package_writer.h"
 

@@ -5,6 +5,7 @@
 
 #include "import/lef_def_words.h"
 #include "import/orientation.h"
+#include "model/input_error.h"
 #include "model/text.h"
 
 namespace importer {

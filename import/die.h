@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "import/box.h"
-#include "model/input_error.h"
 
 namespace importer {
 

@@ -8,6 +8,7 @@
 #include "import/pad_table.h"
 #include "import/source_file.h"
 #include "import/terminals.h"
+#include "model/input_error.h"
 #include "model/text.h"
 
 namespace importer {

@@ -11,6 +11,7 @@
 #include "import/names.h"
 #include "import/s_expression.h"
 #include "import/source_file.h"
+#include "model/input_error.h"
 #include "model/text.h"
 
 namespace importer {

@@ -10,6 +10,8 @@
 #include "import/names.h"
 #include "import/source_file.h"
 #include "import/terminals.h"
+#include "import/text_table.h"
+#include "model/input_error.h"
 #include "model/numbers.h"
 #include "model/text.h"
 

@@ -1,13 +1,14 @@
 /// Tables of pads, of bond fingers, and of bonds.
 #pragma once
 
-#include <optional>
+#include <cstddef>
+#include <glm/vec2.hpp>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "import/die.h"
 #include "import/lead_frame.h"
-#include "import/text_table.h"
 
 namespace importer {
 

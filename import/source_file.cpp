@@ -9,6 +9,7 @@
 
 #include "model/faults.h"
 #include "model/files.h"
+#include "model/input_error.h"
 
 namespace importer {
 

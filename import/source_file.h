@@ -5,8 +5,6 @@
 #include <string>
 #include <string_view>
 
-#include "model/input_error.h"
-
 namespace importer {
 
 /// The whole source. What begins like a gzip file is unpacked.

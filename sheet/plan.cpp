@@ -6,6 +6,7 @@
 #include <numbers>
 
 #include "analysis/pads.h"
+#include "sheet/pencil.h"
 
 namespace sheet {
 

@@ -1,8 +1,11 @@
 /// A package from above without its wires: dies, pads, rings and bands.
 #pragma once
 
+#include <variant>
+#include <vector>
+
 #include "model/package.h"
-#include "sheet/pencil.h"
+#include "sheet/drawing.h"
 
 namespace sheet {
 

@@ -3,6 +3,7 @@
 
 #include "model/arithmetic.h"
 #include "model/text.h"
+#include "sheet/pencil.h"
 #include "sheet/plan.h"
 
 namespace sheet {

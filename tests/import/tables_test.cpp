@@ -1,4 +1,6 @@
 #include "import/text_table.h"
+
+#include "import/pad_table.h"
 #include "model/numbers.h"
 #include "tests/import/import_fixture.h"
 
