@@ -57,7 +57,7 @@ std::string HelpFormat::make_option_desc(const CLI::Option* option) const {
   return option->get_description() + (mark ? " (required)" : "");
 }
 
-std::string MistakeIn(const CLI::Option& option, const CLI::ParseError& stop) {
+std::string MistakeInValues(const CLI::Option& option, const CLI::ParseError& stop) {
   const int most = option.get_items_expected_max();  // 0 for flags, which may be repeated
   if (most > 0 && static_cast<int>(option.count()) > most)
     return option.get_name() + " is given more than once";

@@ -24,6 +24,6 @@ std::vector<std::string> ChoicesOf(const CLI::Option& option);
 std::string ValueNameOf(const CLI::Option& option);
 
 /// The mistake in an option's values; empty when `stop` is about something else.
-std::string MistakeIn(const CLI::Option& option, const CLI::ParseError& stop);
+std::string MistakeInValues(const CLI::Option& option, const CLI::ParseError& stop);
 
 }  // namespace yax

@@ -74,7 +74,7 @@ void TakeItem(CLI::App& command, const RecipeItem& item, ImportOptions& options)
   try {
     option->run_callback();
   } catch (const CLI::ParseError& error) {
-    std::string what = MistakeIn(*option, error);
+    std::string what = MistakeInValues(*option, error);
     if (what.empty()) what = error.what();
     // The message begins with the option's name, but a recipe has keys without dashes.
     throw Unusable({file}, what.starts_with("--" + item.Key) ? what.substr(2) : item.Key + ": " + what,

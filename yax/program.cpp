@@ -29,7 +29,7 @@ std::string MistakeIn(const std::vector<std::string>& arguments, const CLI::App&
   if (arguments.empty()) return "a command is missing";
   if (commands.empty()) return "unknown command " + model::Quoted(arguments.front());
   for (const CLI::Option* option : commands.front()->get_options())
-    if (std::string mistake = MistakeIn(*option, stop); !mistake.empty()) return mistake;
+    if (std::string mistake = MistakeInValues(*option, stop); !mistake.empty()) return mistake;
   std::string what = stop.what();
   std::replace(what.begin(), what.end(), '\n', ' ');
   return what;
