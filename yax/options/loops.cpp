@@ -83,7 +83,7 @@ void AddLoopOptions(CLI::App& command, LoopOptions& options) {
             values.StackExtension =
                 text == "edge" ? model::kEdgeOfBaseDie : NumberOf("--stack-extension", text);
           },
-          "Distance from the pad at which the stacked die's loops begin to descend; edge: the base die's "
+          "Distance from the pad at which the stacked die's loops begin to descend; edge: at the base die's "
           "edge")
       ->type_name("UNITS|edge")
       ->group(kWiresGroup);
