@@ -147,8 +147,8 @@ void DrawingCheck::CheckDiePads(const model::Table<BondRec>& bonds, RecordTable 
       NothingOfZero(line, pad + " shows nothing: its size is 0", "give fields 5 and 6 a size");
     } else if (model::IsWireBonded(package_) && !model::SideOf(bond.DieSide)) {
       Nothing(line,
-              pad + " lies on no edge, " + Quoted(bond.DieSide) +
-                  ": a substrate pad would be drawn over the one before it",
+              pad + " has the edge letter " + Quoted(bond.DieSide) +
+                  ": its substrate pad would cover the previous one",
               "write L, R, T or B");
     }
   }

@@ -120,8 +120,7 @@ void LineCheck::CheckNumbers(const LineNote& note) {
 void LineCheck::CheckHeaderLine(const LineNote& note) {
   const std::string keyword = WordOf(note);
   if (const std::size_t before = lines_.OfHeader(keyword))
-    Add("duplicate", note.Line, keyword + " again: it replaces that of " + OnLine(before),
-        "keep one of them");
+    Add("duplicate", note.Line, keyword + " replaces the one on " + OnLine(before), "keep one of them");
   if (keyword == "COMPZ" && model::ToNumber(note.Fields[1]) == 0.0F && !ExplainsZeros(note.Line))
     Add("zero-height", note.Line, "a COMPZ of 0 is read as 1", "give the base die's height");
 }
@@ -147,22 +146,23 @@ void LineCheck::CheckPad(const LineNote& note) {
     repeatedPads_.push_back({Severity::Finding,
                              "duplicate",
                              {found_.File, note.Line},
-                             WordOf(note) + " " + Quoted(note.Fields[1]) +
-                                 " again: SBP and WB lines reach only the pad of " + OnLine(before),
+                             "duplicate " + WordOf(note) + " " + Quoted(note.Fields[1]) +
+                                 ": SBP and WB lines apply only to the pad on " + OnLine(before),
                              "give it another name"});
 }
 
 void LineCheck::CheckPartOfBond(const LineNote& note) {
   if (const std::size_t before = lines_.Of(note.Record))
     Add("duplicate", note.Line,
-        WordOf(note) + " " + Quoted(note.Fields[1]) + " again: it replaces that of " + OnLine(before),
+        WordOf(note) + " " + Quoted(note.Fields[1]) + " replaces the one on " + OnLine(before),
         "keep one of them, or give its pad another name");
 }
 
 void LineCheck::CheckSRing(const LineNote& note) {
   if (const std::size_t before = LineBefore(rings_, Word(note.Fields[1]), note.Line))
     Add("duplicate", note.Line,
-        "SRING " + Quoted(note.Fields[1]) + " again: SRSEG lines reach only that of " + OnLine(before),
+        "duplicate SRING " + Quoted(note.Fields[1]) + ": SRSEG lines apply only to the one on " +
+            OnLine(before),
         "give it another name");
 }
 
@@ -203,7 +203,8 @@ void LineCheck::OnSideFileLine(const LineNote& note) {
   NetType& before = netTypes_[name];
   // The same type once more, say for a wire and a stitch of one name, changes nothing.
   if (before.Line != 0 && before.Type != note.Fields[1])
-    add("duplicate", Quoted(name) + " again: its net type replaces that on " + OnLine(before.Line),
+    add("duplicate",
+        "duplicate " + Quoted(name) + ": its net type replaces the one on " + OnLine(before.Line),
         "keep one of them");
   before = {Word(note.Fields[1]), note.Line};
 }

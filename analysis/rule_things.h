@@ -47,7 +47,7 @@ struct RuleThings {
 RuleThings RuleThingsOf(const model::Package& package, const RecordLines& lines,
                         const std::vector<WireRow>& rows);
 
-/// Whether the rule's tier or net type, if it has one, is that of the thing, or of a record of the lead.
+/// True when the rule names no tier or net type, or the thing's (for a lead: that of any of its records).
 bool AppliesTo(const Rule& rule, const RuleThing& thing);
 bool AppliesTo(const Rule& rule, const RuleLead& lead);
 

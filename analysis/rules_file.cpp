@@ -143,7 +143,7 @@ void TakeLimit(const RuleKind& kind, Words& words, Rule& rule) {
   rule.Limit = *value;
   if (kind.Limit != Quantity::Count) return TakeUnit(kind, words, rule);
   if (*value < 1.0 || *value != std::floor(*value) || *value > 1e9)
-    words.Fail("the limit " + model::Quoted(word) + " is not a whole number from 1",
+    words.Fail("the limit " + model::Quoted(word) + " is not a whole number of at least 1",
                "write a number such as 2");
 }
 
@@ -191,9 +191,9 @@ void TakeLevel(Words& words, Rule& rule) {
                                              : " takes only one unit"),
                "remove " + model::Quoted(word));
   if (word == "plan" && !kind.HasPlan)
-    words.Fail("plan does not go with " + std::string(kind.Word), "leave it out");
+    words.Fail(std::string(kind.Word) + " does not take 'plan'", "leave it out");
   if (std::find(kWords.begin(), kWords.end(), word) != kWords.end())
-    words.Fail(model::Quoted(word) + " stands in the wrong place",
+    words.Fail(model::Quoted(word) + " is in the wrong place",
                "write [plan] [tier N | net TYPE] [note|finding|error]");
   words.Fail("unknown word " + model::Quoted(word),
              "write " + std::string(Nearest(word, kWords)) + ", or leave it out");
@@ -238,7 +238,8 @@ RuleSet ReadRules(const std::string& file, std::string_view text) {
     Words words(line, {file, ++number});
     if (words.Done()) continue;
     if (words.Peek() == kSetWord) {
-      if (!first) words.Fail("the set is named twice, or behind its first rule", "name it in the first line");
+      if (!first)
+        words.Fail("'rules TEXT' is allowed in the first line only", "remove this line or move it there");
       set.Name = RestOf(line);
       if (set.Name.empty()) words.Fail("the set has no name", "write rules TEXT");
     } else {

@@ -68,7 +68,7 @@ void SegmentTree::Enclose(Node& node) const {
     if (pieces_[i].Net != node.Net) node.Net = kNone;
 }
 
-/// Weights a width less the more it lies along the bundle: splitting pieces that lie side by side helps a
+/// The axis to split. Widths along the bundle count less: splitting pieces that lie side by side helps a
 /// search, splitting pieces that follow one another hardly does.
 int SegmentTree::WidestOf(const Node& node) {
   const glm::dvec3 along = node.Axis.B - node.Axis.A;

@@ -21,8 +21,8 @@ std::optional<double> ResistivityOf(std::string_view material);
 
 /// Up to this many wires, couplings are computed by default. They take 0.7 seconds of processor time.
 inline constexpr std::size_t kMostCoupledByDefault = 1000;
-/// More wires than this are refused when couplings are asked for. This many take 16 seconds of processor
-/// time, and a gigabyte when a circuit has all couplings.
+/// The most wires for which couplings are computed: they take 16 seconds of processor time, and a gigabyte
+/// when a circuit has all couplings.
 inline constexpr std::size_t kMostCoupled = 5000;
 
 struct WireCost {
@@ -53,7 +53,7 @@ WireCosts CostsOf(const model::Package& package, const std::vector<WireLoop>& lo
 /// The same costs, with only the couplings of at least this size.
 WireCosts Reduced(WireCosts costs, double leastCoupling);
 
-/// The first wire so large or thin that its costs are beyond the numbers of a table.
+/// The first wire whose costs do not fit the table's numbers.
 std::optional<std::size_t> WireWithoutCost(const WireCosts& costs);
 
 }  // namespace analysis

@@ -14,7 +14,8 @@ class Emission final : public model::Pen {
  public:
   explicit Emission(const render::SceneInputs& inputs);
 
-  /// Makes the calls. Needs   a current context
+  /// Makes the calls.
+  /// Needs   a current context
   void Emit() const;
   /// Compiles and draws the calls as a fresh list, and empties the previous one.
   void BuildList();

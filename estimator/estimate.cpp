@@ -31,17 +31,16 @@ setup::ParameterValues ReadParameters(const std::string& file) {
 
 std::string PackageFileOf(const Request& request, const setup::ParameterValues& values) {
   if (!values.PackageName || values.PackageName->empty())
-    throw model::InputError({.File = request.ParameterFile}, "it names no package",
+    throw model::InputError({.File = request.ParameterFile}, "it has no YAXFile line with a name",
                             "add a line YAXFile=NAME");
   const std::filesystem::path beside = std::filesystem::path(request.ParameterFile).parent_path();
   for (const std::filesystem::path& folder : {std::filesystem::path(request.Folder), beside}) {
     const std::string file = folder / *values.PackageName;
     if (model::FileExists(file)) return file;
   }
-  throw model::InputError(
-      {.File = *values.PackageName},
-      "there is no such package in " + request.Folder + " or beside " + request.ParameterFile,
-      "put it there, or start the estimator in the package's folder");
+  throw model::InputError({.File = *values.PackageName},
+                          "not found in " + request.Folder + " or beside " + request.ParameterFile,
+                          "put it there, or start the estimator in the package's folder");
 }
 
 model::Package ReadPackage(const std::string& file) {

@@ -317,7 +317,8 @@ glm::dvec2 LandingOn(const Lead& lead, const std::optional<double>& land) {
   if (length == 0.0) return lead.Inner;
   const double distance = land.value_or(std::min(length / 2.0, kUsual));
   if (distance > length + kSlack)
-    throw ArgumentError("land", "it is longer than lead " + model::Quoted(lead.Label()), "give less");
+    throw ArgumentError("land", "the distance is longer than lead " + model::Quoted(lead.Label()),
+                        "give a smaller one");
   return lead.Inner + along * (distance / length);
 }
 

@@ -214,8 +214,8 @@ void Maker::Judge() {
   std::vector<std::string> over;
   for (const std::size_t pad : chip_.Bonds.PadsWithoutLead) over.push_back(chip_.Chip.Pads[pad].Name);
   if (!over.empty())
-    made_.Findings.push_back(Counted(over.size(), "pad meets", "pads meet") + " no lead: " + Listed(over) +
-                             "; bond with --bond PAD=LEAD, or leave free with --bond PAD=");
+    made_.Findings.push_back(Counted(over.size(), "pad is", "pads are") + " not bonded to a lead: " +
+                             Listed(over) + "; bond with --bond PAD=LEAD, or leave free with --bond PAD=");
   std::vector<std::size_t> netted;
   for (const std::size_t lead : free_) {
     const bool asked =

@@ -34,7 +34,7 @@ void MoveToMiddle(std::vector<Terminal>& terminals, const glm::dvec2& middle, do
                      (shape.Place.High - middle) / unitsPerMillimetre};
 }
 
-/// An option that has no effect on this file was meant for another one.
+/// Refuses options that this kind of file does not use.
 void RefuseNeedless(const DieRequest& request, bool isDef, bool isLef) {
   if (!isDef && !request.LefFiles.empty())
     throw ArgumentError("lef", "only a DEF places cells of another file",

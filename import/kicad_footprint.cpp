@@ -317,7 +317,7 @@ bool IsFootprint(std::string_view name) { return name == "footprint" || name == 
 LeadFrame FootprintOf(std::string_view text, const std::string& file) {
   const ElementSpan whole = WholeElement(text, file);
   if (!IsFootprint(whole.Name))
-    throw model::InputError({file, whole.Line}, "it does not hold a footprint",
+    throw model::InputError({file, whole.Line}, "it is not a footprint",
                             "give a .kicad_mod file, or a board's footprint as FILE.kicad_pcb:REFERENCE");
   return Footprint(whole, file).Frame(false);
 }
@@ -325,7 +325,7 @@ LeadFrame FootprintOf(std::string_view text, const std::string& file) {
 LeadFrame FootprintOnBoard(std::string_view text, const std::string& file, const std::string& reference) {
   const ElementSpan board = WholeElement(text, file);
   if (board.Name != "kicad_pcb")
-    throw model::InputError({file, board.Line}, "it does not hold a board",
+    throw model::InputError({file, board.Line}, "it is not a board",
                             "give a .kicad_pcb file of KiCad 5 or later");
   std::vector<std::string> others;
   for (const ElementSpan& element : ElementsWithin(board)) {

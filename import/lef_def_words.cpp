@@ -101,7 +101,7 @@ void LefDefWords::Fail(const std::string& what, const std::string& advice) const
 }
 
 std::string_view LefDefWords::Take() {
-  if (!Next()) Fail("the file ends in the middle of a statement", "fetch or write the whole file again");
+  if (!Next()) Fail("the file ends in the middle of a statement", "the file may be cut off; get it again");
   return word_;
 }
 
@@ -146,7 +146,7 @@ void LefDefWords::SkipSection(std::string_view name) {
   bool end = false;
   while (!(end && Is(name))) {
     end = Is("END");
-    if (!Next()) Fail("the file ends within " + std::string(name), "fetch or write the whole file again");
+    if (!Next()) Fail("the file ends within " + std::string(name), "the file may be cut off; get it again");
   }
 }
 

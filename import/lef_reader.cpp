@@ -77,7 +77,7 @@ void LefReader::AddEach(Terminal& pin, const Box& first, bool repeated) {
     const double number = words_.TakeNumber();
     if (!(number >= 1.0 && number <= kMost && number == std::floor(number)))
       words_.Fail(model::Quoted(words_.Word()) + " is not a number of repetitions",
-                  "give a whole number from 1 on");
+                  "give a whole number of at least 1");
     return static_cast<std::size_t>(number);
   };
   words_.TakeKeyword("DO");

@@ -79,7 +79,8 @@ class MarkRows {
     bits_.resize(bits_.size() + (width + 63) / 64);
   }
   void Mark(std::size_t at, bool mark) { bits_[starts_.back() + at / 64] |= std::uint64_t{mark} << at % 64; }
-  /// The last mark of a row at or before `at`. Needs  such a mark
+  /// The last mark of a row at or before `at`.
+  /// Needs  such a mark
   std::size_t LastUpTo(std::size_t row, std::size_t at) const {
     while ((bits_[starts_[row] + at / 64] >> at % 64 & 1) == 0) --at;
     return at;
@@ -90,8 +91,8 @@ class MarkRows {
   std::vector<std::size_t> starts_;
 };
 
-/// Matches all of the few with some of the many. Both are sorted by angle; the indices of the many continue
-/// into a second turn.
+/// Gives each point of the smaller group a partner in the larger. Both are sorted by angle; indices of the
+/// larger group run on into a second turn.
 class CyclicMatch {
  public:
   CyclicMatch(const std::vector<GridPoint>& few, const std::vector<GridPoint>& many)

@@ -270,7 +270,8 @@ std::vector<BondRow> BondsFromTable(const std::string& file) {
   const Roles roles = RolesOf(table);
   const bool hasLeads = roles.Lead || roles.LeadName;
   if (!hasLeads || (!roles.PadName && !roles.PadNumber))
-    throw model::InputError({file}, table.WithUnknownColumns("it does not say which pad meets which lead"),
+    throw model::InputError({file},
+                            table.WithUnknownColumns("it does not say which pad is bonded to which lead"),
                             "give it the columns pad and lead");
   std::vector<BondRow> bonds;
   for (const TableRow& row : table.Rows()) {
@@ -280,7 +281,7 @@ std::vector<BondRow> BondsFromTable(const std::string& file) {
                  .Row = row.Line,
                  .MayBeHeader = !table.HasHeader() && bonds.empty()};
     if (bond.PadName.empty() && bond.PadNumber.empty())
-      table.Fail(row, "the row names no pad", "name one, or remove the row");
+      table.Fail(row, "the row has no pad name or number", "add one, or remove the row");
     bonds.push_back(std::move(bond));
   }
   return bonds;

@@ -145,7 +145,7 @@ ElementSpan WholeElement(std::string_view text, const std::string& file) {
   const std::size_t line = scanner.Line();
   if (!scanner.SkipElement())
     throw model::InputError({file, scanner.Line()}, "the file ends within brackets or quotes",
-                            "fetch or write the whole file again");
+                            "the file may be cut off; get it again");
   const std::string_view element = text.substr(start, scanner.At() - start);
   return {element, NameOf(element), line};
 }

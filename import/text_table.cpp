@@ -115,7 +115,7 @@ std::size_t PlainColumns(std::vector<TableRow>& rows, char separator) {
   return 2;
 }
 
-/// A header outweighs the number of columns that a table without one may have.
+/// Best score of a table without a header (its column count); a header scores higher.
 constexpr std::size_t kBestPlain = 5;
 
 /// Whether each row has blanks within its first field.
@@ -175,7 +175,8 @@ TextTable::TextTable(std::string_view text, std::string file) : file_(std::move(
   if (!header_.empty()) TakeSurplus();
   if (best == 0 && openSince != 0)
     throw model::InputError({file_, openSince}, "a quote is not closed", "close it, or remove it");
-  if (best == 0) throw model::InputError({file_}, "its columns are not clear", std::string(kAdviceOnHeader));
+  if (best == 0)
+    throw model::InputError({file_}, "its columns cannot be recognized", std::string(kAdviceOnHeader));
 }
 
 void TextTable::TakeSurplus() {

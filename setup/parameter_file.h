@@ -66,9 +66,9 @@ struct ParameterValues {
 };
 
 /// The values in a parameter file, with the keys as ParameterText writes them, in any letter case. `file` is
-/// its name in messages; `onUnknown` gets each line without a known key. Deliberate: unlike the window's
-/// load, this reads the base and the stitch extension. Faults  InputError for an unknown material or a value
-/// that is not a number
+/// its name in messages; `onUnknown` gets each line without a known key.
+/// Deliberate: unlike the window's load, this reads the base and the stitch extension.
+/// Faults  InputError for an unknown material or a value that is not a number
 ParameterValues ReadParameterValues(std::string_view text, const std::string& file,
                                     const std::function<void(const ParameterLine&)>& onUnknown = {});
 

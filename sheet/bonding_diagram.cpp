@@ -108,7 +108,7 @@ class Composer {
     Paper paper{"", kWidestPaper, kWidestPaper};
     if (!FitOn(paper))
       throw DoesNotFit(std::string(planFits ? "the table" : "the plan") +
-                       " is larger than any sheet; give a smaller --scale, or see that --unit is right");
+                       " is larger than any sheet; give a smaller --scale, or check --unit");
     const int width = LeastSide(paper, &Paper::Width);
     const int height = LeastSide(paper, &Paper::Height);
     throw DoesNotFit(what + std::to_string(width) + "x" + std::to_string(height), paper);

@@ -105,7 +105,8 @@ double TextWidth(std::string_view words, double size, bool bold = false);
 std::vector<std::string> TextsWithoutGlyphs(const Drawing& drawing);
 
 /// One page for each sheet, fonts embedded. The same drawing gives the same bytes, also from the other
-/// writers. Faults  std::bad_alloc too
+/// writers.
+/// Faults  std::bad_alloc too
 std::string PdfOf(const Drawing& drawing);
 
 /// The sheets one below another, with one group for each layer.

@@ -30,8 +30,8 @@ struct LabelPlace {
 };
 
 /// A place for every wish, or for an evenly spread part when there is no room for all. Orders the labels of
-/// an edge so that their leaders cross as little as possible. Returns  edge by edge, along each from low to
-/// high
+/// an edge so that their leaders cross as little as possible.
+/// Returns  edge by edge, along each from low to high
 std::vector<LabelPlace> PlaceLabels(const std::vector<LabelWish>& wishes, const LabelRoom& room);
 
 /// The point where the leader of a label meets the box.

@@ -79,8 +79,8 @@ Outline Around(const Sides& sides, double out) {
   return outline;
 }
 
-/// A piece of a side. The viewer draws it longer by half the width at both ends, on upright straight sides
-/// shorter.
+/// A piece of a side. The viewer lengthens a piece by half the width at both ends, but shortens it on upright
+/// straight sides.
 Outline PieceOf(const Sides& sides, char side, double from, double to) {
   const bool upright = Sides::IsUpright(side);
   const double step = upright && sides.Bowed() ? -1.0 : 1.0;

@@ -15,7 +15,7 @@ class WireTable {
  public:
   explicit WireTable(const DiagramInputs& inputs);
 
-  /// Whether a row fits.
+  /// Whether the heading and one row fit.
   bool FitsIn(const Box& room) const { return LayoutIn(room).has_value(); }
   /// The number of sheets when each has this room.
   std::size_t Pages(const Box& room) const;

@@ -113,8 +113,7 @@ Status CheckSeveral(const CheckOptions& options) {
 
 Status Check(const CheckOptions& options) {
   if (!options.Picture.File.empty() && (options.Rules.File.empty() || options.Files.size() > 1))
-    throw Unusable(CommandLine(), "--picture draws what --rules finds in one package",
-                   "give --rules and a single file, or leave it out");
+    throw Unusable(CommandLine(), "--picture needs --rules and a single file", "add them or remove it");
   return options.Files.size() == 1 ? CheckOne(options) : CheckSeveral(options);
 }
 

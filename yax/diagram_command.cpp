@@ -137,7 +137,8 @@ void ReportBoxes(const sheet::Drawing& drawing, const std::string& file) {
   const std::size_t others = texts.size() - 1;
   Complain({file},
            "note: no font has all characters of " + model::Quoted(texts.front()) +
-               (others == 0 ? "" : " and " + std::to_string(others) + " more") + "; they show as boxes",
+               (others == 0 ? "" : " and " + std::to_string(others) + " more") +
+               "; missing characters appear as boxes",
            "install a font for this script");
 }
 

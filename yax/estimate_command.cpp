@@ -92,7 +92,7 @@ std::string CircuitOf(const EstimateOptions& options, analysis::WireCosts costs,
   formats::RoundCouplings(costs.Couplings);
   if (!analysis::IsPositiveDefinite(costs.Rows.size(), costs.Couplings))
     throw Unusable({.File = options.Package.File},
-                   "a circuit with only the couplings of at least " + Text(least) + " cannot exist",
+                   "the couplings of at least " + Text(least) + " alone are physically impossible",
                    "give --coupling " +
                        Text(analysis::UsableLeast(costs.Rows.size(), costs.Couplings, least)) +
                        ", or 0 for all");

@@ -1,4 +1,4 @@
-/// Formats the help texts with one line per option, in the form that help2man reads.
+/// Help texts with one line per option, in the form that help2man reads, and messages about options.
 #pragma once
 
 #include <CLI/CLI.hpp>
@@ -22,5 +22,8 @@ std::vector<std::string> ChoicesOf(const CLI::Option& option);
 
 /// The name of an option's value in help and completion; empty for a flag.
 std::string ValueNameOf(const CLI::Option& option);
+
+/// The mistake in an option's values; empty when `stop` is about something else.
+std::string MistakeInValues(const CLI::Option& option, const CLI::ParseError& stop);
 
 }  // namespace yax

@@ -14,6 +14,7 @@
 #include "model/reader/package_writer.h"
 #include "model/text.h"
 #include "yax/command_list.h"
+#include "yax/help_format.h"
 #include "yax/options/recipe.h"
 #include "yax/options/text_file.h"
 #include "yax/options/unit_option.h"
@@ -73,10 +74,10 @@ void TakeItem(CLI::App& command, const RecipeItem& item, ImportOptions& options)
   try {
     option->run_callback();
   } catch (const CLI::ParseError& error) {
-    // CLI11's message begins with the option's name.
-    const std::string name = "--" + item.Key + ": ";
-    const std::string what = error.what();
-    throw Unusable({file}, item.Key + ": " + (what.starts_with(name) ? what.substr(name.size()) : what),
+    std::string what = MistakeInValues(*option, error);
+    if (what.empty()) what = error.what();
+    // The message begins with the option's name, but a recipe has keys without dashes.
+    throw Unusable({file}, what.starts_with("--" + item.Key) ? what.substr(2) : item.Key + ": " + what,
                    "see yax import --help");
   }
   options.FromRecipe.insert(item.Key);
@@ -245,13 +246,13 @@ void AddBondOptions(CLI::App& command, ImportOptions& options) {
       "lead=WIDTH,tip=D, "
       "a .kicad_mod, BOARD.kicad_pcb:REFERENCE, or a table of fingers");
   add("--bonds", options.Bonds, "FILE",
-      "Which pad meets which lead: order (the default), names, none, or a table");
+      "Which pad is bonded to which lead: order (the default), names, none, or a table");
   add("--bond", options.Exceptions, "PAD=LEAD",
       "One bond; overrides --bonds; PAD=PADDLE bonds to the paddle, PAD= leaves the pad free; may be "
       "repeated");
   add("--unused", options.Unused, "LIST", "Leads that stay free, separated by commas")->delimiter(',');
   add("--land", options.Land, "D",
-      "Where wires land, from the leads' inner ends (default: half the lead, at most 0.2 mm)");
+      "Distance from a lead's inner end to its wire (default: half the lead, at most 0.2 mm)");
   add("--power", options.Power, "REGEX",
       "Names of power nets, if the chip's file gives no type (default: names that begin like VDD, VCC)");
   add("--ground", options.Ground, "REGEX",

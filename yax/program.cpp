@@ -28,11 +28,8 @@ std::string MistakeIn(const std::vector<std::string>& arguments, const CLI::App&
   const auto commands = program.get_subcommands();
   if (arguments.empty()) return "a command is missing";
   if (commands.empty()) return "unknown command " + model::Quoted(arguments.front());
-  for (const CLI::Option* option : commands.front()->get_options()) {
-    const int most = option->get_items_expected_max();  // 0 for flags, which may be repeated
-    if (most > 0 && static_cast<int>(option->count()) > most)
-      return option->get_name() + " is given more than once";
-  }
+  for (const CLI::Option* option : commands.front()->get_options())
+    if (std::string mistake = MistakeInValues(*option, stop); !mistake.empty()) return mistake;
   std::string what = stop.what();
   std::replace(what.begin(), what.end(), '\n', ' ');
   return what;

@@ -132,8 +132,7 @@ TEST(Units, AreRequiredWhereMilsMakeNoSense) {
   const auto unit = [&](const char* name) {
     return OpenedPackage({.Unit = analysis::UnitNamed(name)}, package, {}).Unit().Name;
   };
-  EXPECT_EQ(Refusal([&] { unit(""); }),
-            "small.yax: this looks like mm; pass --unit mm, or the unit that the file has")
+  EXPECT_EQ(Refusal([&] { unit(""); }), "small.yax: the die's size suggests mm; pass --unit mm, um or mil")
       << "no die is 19 mil long";
   EXPECT_STREQ(unit("mil"), "mil");
   package.CompW = 2.0F;

@@ -36,7 +36,7 @@ class EstimateTest : public testing::Test {
 };
 
 TEST_F(EstimateTest, LooksForThePackageWhereItIsStartedThenBesideTheParameterFile) {
-  EXPECT_NE(Problem().find("a.yax: there is no such package in"), std::string::npos) << Problem();
+  EXPECT_NE(Problem().find("a.yax: not found in"), std::string::npos) << Problem();
   PutFile(folder / "beside/a.yax", OneWire("40"));
   EXPECT_EQ(Made().PackageFile, folder / "beside/a.yax");
   PutFile(folder / "started/a.yax", OneWire("40"));
@@ -62,7 +62,7 @@ TEST_F(EstimateTest, ReportsUnusableInput) {
   PutFile(File(), "Material=Ag\n");
   EXPECT_NE(Problem().find("a.zu:1: 'Ag' is not a wire material"), std::string::npos);
   PutFile(File(), "Material=Au\n");
-  EXPECT_NE(Problem().find("a.zu: it names no package"), std::string::npos);
+  EXPECT_NE(Problem().find("a.zu: it has no YAXFile line with a name"), std::string::npos);
   PutFile(File(), "YAXFile=a.yax\nWireDiameter=0\n");
   PutFile(folder / "beside/a.yax", OneWire("40"));
   EXPECT_NE(Problem().find("a.zu: the wire diameter is not above 0"), std::string::npos) << Problem();

@@ -90,7 +90,7 @@ TEST_F(ChipImportTest, BondsByTheNamesOfLeads) {
           "11,,VDD,2,.1,.4,.1\n12,,VDD,2,.3,.4,.1\n13,,FREE,0,2,.4,.1\n");
   EXPECT_EQ(Wires(), "A>1 B>2 C>C VDD>11 VDD_2>12");
   ASSERT_EQ(made.Findings.size(), 3U);
-  EXPECT_EQ(made.Findings[1].substr(0, 37), "3 pads meet no lead: GND, E, F; bond ");
+  EXPECT_EQ(made.Findings[1].substr(0, 49), "3 pads are not bonded to a lead: GND, E, F; bond ");
   EXPECT_EQ(made.Findings[2].substr(0, 37), "1 lead with a net stays free: 13; nam");
   // The second pad of a pin gets its own lead, although the first one's lead is nearer.
   request.Package = Put("f.csv", "lead,x,y\nVDD,2,.3\nVDD_2,2,.1\n");
@@ -169,7 +169,7 @@ TEST_F(ChipImportTest, RefusesMissingPadsAndLeads) {
   request.Bonds = {.Unused = {"0"}};
   EXPECT_EQ(Refused().substr(0, 29), "--unused: there is no lead '0");
   request.Bonds = {.Land = 0.5};
-  EXPECT_EQ(Refused(), "--land: it is longer than lead '1'; give less");
+  EXPECT_EQ(Refused(), "--land: the distance is longer than lead '1'; give a smaller one");
 }
 
 TEST_F(ChipImportTest, NotesUnknownColumnsAndTablesWithoutBonds) {

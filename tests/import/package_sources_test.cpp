@@ -162,7 +162,7 @@ TEST(KicadFootprint, NamesTheFaultAndItsLine) {
       {"", "f:1: it does not begin with a bracket; "},
       {"\n(footprint X\n(pad 1", "f:3: the file ends within brackets or quotes; "},
       {"(footprint \"X\n)", "f:2: the file ends within brackets or quotes; "},
-      {"(kicad_sch)", "f:1: it does not hold a footprint; "},
+      {"(kicad_sch)", "f:1: it is not a footprint; "},
       {"(footprint X)", "f:1: the footprint has no pads; "},
       {"(footprint X (pad \"\" smd rect (at 2 0) (size 1 1) (layers F.Cu)))",
        "f:1: none of the footprint's pads is a lead; "},

@@ -41,8 +41,8 @@ TEST(TextTable, DetectsTheDialects) {
 
 TEST(TextTable, NamesTheFault) {
   const std::pair<std::string, std::string> cases[] = {
-      {"", "t.csv: its columns are not clear; "},
-      {"foo,bar,baz\n1,2,3\n", "t.csv: its columns are not clear; "},
+      {"", "t.csv: its columns cannot be recognized; "},
+      {"foo,bar,baz\n1,2,3\n", "t.csv: its columns cannot be recognized; "},
       {"name,x,y\n\"a,1,2\nb,1,2\n", "t.csv:2: a quote is not closed; "},
       {std::string("PK\3\4\0", 5), "t.csv: it is not plain text; "},
   };
@@ -131,10 +131,10 @@ TEST_F(TablesTest, FindBondsByTheirColumns) {
     const BondRow row = BondsFromTable(Put("b.csv", text)).at(0);
     EXPECT_EQ(row.PadName + " " + row.PadNumber + " " + row.Leads.at(0), bond) << text;
   }
-  EXPECT_EQ(
-      RefusalOf([&] { BondsFromTable(Put("b.csv", "pad,net,wohin\nA,VDD,3\n")); }),
-      "b.csv: it does not say which pad meets which lead, and has 1 unknown column 'wohin'; give it the "
-      "columns pad and lead");
+  EXPECT_EQ(RefusalOf([&] { BondsFromTable(Put("b.csv", "pad,net,wohin\nA,VDD,3\n")); }),
+            "b.csv: it does not say which pad is bonded to which lead, and has 1 unknown column 'wohin'; "
+            "give it the "
+            "columns pad and lead");
 }
 
 TEST_F(TablesTest, NameTheRowOfAFault) {

@@ -83,8 +83,7 @@ TEST(DiagramRoom, NamesASheetThatDoesFit) {
     const std::string advice = drawn.RefusalOn(PaperNamed("a4"), scale, table);
     const std::size_t at = advice.rfind(' '), by = advice.rfind('x');
     if (scale == 1000.0) {
-      EXPECT_EQ(advice,
-                "the plan is larger than any sheet; give a smaller --scale, or see that --unit is right");
+      EXPECT_EQ(advice, "the plan is larger than any sheet; give a smaller --scale, or check --unit");
       continue;
     }
     const Paper paper{"", std::stod(advice.substr(at)), std::stod(advice.substr(by + 1))};

@@ -44,7 +44,7 @@ TEST_F(YaxTest, TheExitStatusSeparatesSuccessFindingsAndErrors) {
       {"clearance " + two, 0, " A     B ", ""},
       {"clearance --limit 14.5 " + two, 1, "others below 14.5000 mil: 1", ""},
       {"clearance --wire-diameter 15 " + two, 1, "touching pairs: 1\n", ""},
-      {"clearance " + (folder / "small.yax"), 2, "", "small.yax: this looks like mm; pass --unit"},
+      {"clearance " + (folder / "small.yax"), 2, "", "small.yax: the die's size suggests mm; pass --unit"},
       {"clearance --unit mm " + (folder / "small.yax"), 0, "# wires: 0, diameter: 0.025400 mm", ""},
       {"clearance --net-pattern '(' " + two, 2, "", "'(' is not a regular expression"},
       {"clearance --net-pattern '^V' " + two, 2, "", "'^V' has no group"},
@@ -57,7 +57,9 @@ TEST_F(YaxTest, TheExitStatusSeparatesSuccessFindingsAndErrors) {
        "dot.yax:9: Run-time error: Division by zero (ring 1: its bulge is 0); give field"},
       {"render -o - " + dot, 2, "", "dot.yax:9: "},
       {"diagram --unit mil -o " + (folder / "b.pdf") + " --set part=\xf4\x8f\xbf\xbd " + one, 0, "",
-       "one.yax: note: no font has all characters of '\xf4\x8f\xbf\xbd'; they show as boxes; install a font"},
+       "one.yax: note: no font has all characters of '\xf4\x8f\xbf\xbd'; missing characters appear as boxes; "
+       "install a "
+       "font"},
       {"diagram --unit mil -o " + (folder / "b.svg") + " --set part=\xf4\x8f\xbf\xbd " + one, 0, "", ""},
       {"diagram --unit mil -o " + (folder / "b.pdf") + " --title " + (folder / "absent") + " " + one, 2, "",
        "absent: no such file"},

@@ -118,6 +118,7 @@ TEST_F(ImportProgram, RefusesWithOneLineAndWritesNothing) {
       {most, "yax: --die is missing; "},
       {most + "--die " + (folder / "e.csv"), "e.csv:2: 'zero' is not a number; "},
       {most + die + "--die-height 0", "given more than once"},
+      {most + die + "--land", "yax: --land needs a value (D); "},
       {most + die + "--pads '('", "yax: --pads: '(' is not a regular expression; "},
       {most + die + "--offset 1", "yax: --offset: '1' is not X,Y; "},
       {most + die + "--bond Z=1", "yax: --bond: there is no pad 'Z'; "},
@@ -125,8 +126,8 @@ TEST_F(ImportProgram, RefusesWithOneLineAndWritesNothing) {
       {most + die + "--pad-aspect 0.5", "yax: --pad-aspect: '0.5' is below 1; "},
       {most + die + "--pad-size 0x5", "yax: --pad-size: '0x5' is not two lengths above 0; "},
       {most + die + "--land -1", "yax: --land: '-1' is below 0; "},
-      {most + die + "--rotate 45", "--rotate: 45 not in {0,90,180,270}"},
-      {most + die + "--unit inch", "--unit: inch not in {mil,mm,um}"},
+      {most + die + "--rotate 45", "--rotate '45' is not 0, 90, 180 or 270; "},
+      {most + die + "--unit inch", "--unit 'inch' is not mil, mm or um; "},
       {"--recipe " + (folder / "none.recipe"), "none.recipe: no such file; "},
       {"--die-height 1 --die-size 1x1 " + die + "--package a.kicad_pcb",
        "yax: --package: a board has many footprints; "},
@@ -143,8 +144,8 @@ TEST_F(ImportProgram, RefusesWithOneLineAndWritesNothing) {
       {"colour = 3\n", "unknown key 'colour'; "},
       {"die = d\ndie-height = 1\npackage = p\ndie-size = 5\n", "die-size: '5' is not two lengths above 0; "},
       {"package = qfn:4,body=9x9\n", "package: it takes one value; put a text with commas"},
-      {"die = a\nmacro = m\ndie = b\n", "die is there twice; "},
-      {"unit = inch\n", "unit: inch not in {mil,mm,um}; "}};
+      {"die = a\nmacro = m\ndie = b\n", "duplicate key 'die'; "},
+      {"unit = inch\n", "unit 'inch' is not mil, mm or um; "}};
   for (const auto& [text, message] : recipes)
     expectRefusal("--recipe " + PutFile(folder / "a.recipe", text), std::string("a.recipe: ") + message);
 }

@@ -71,12 +71,13 @@ void AddCameraOptions(CLI::App& command, render::Viewpoint& viewpoint) {
         viewpoint.Camera.CamY = eye[1];
         viewpoint.Camera.CamZ = eye[2];
       });
-  add("--heading", "RADIANS", "Direction of view, counted to the left from the x axis (default: 1.56)",
+  add("--heading", "RADIANS",
+      "Direction of view: angle from the x axis, counter-clockwise seen from above (+y) (default: 1.56)",
       [&viewpoint](const char* name, const std::string& text) {
         viewpoint.Camera.CamYaw = NumberOf(name, text);
       });
   add("--look", "HEIGHT",
-      "Height of the target above the camera, 100 units away, a whole number (default: 0)",
+      "The camera looks at a point 100 units away and this much higher, a whole number (default: 0)",
       [&viewpoint](const char* name, const std::string& text) {
         viewpoint.Camera.CamLook = Whole16Of(name, text);
         CheckTarget(viewpoint.Camera);

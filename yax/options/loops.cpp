@@ -61,18 +61,19 @@ void AddLoopOptions(CLI::App& command, LoopOptions& options) {
   command
       .add_option_function<std::string>(
           "--loops", [&options](const std::string& text) { options.DieHeight = text == "die-height"; },
-          "Heights and extensions: as in the window after a load (default), or the dies' heights")
+          "Initial heights and extensions: as in the window after a load (default), or the height of each "
+          "wire's die")
       ->check(CLI::IsMember(std::vector<std::string>{"window", "die-height"}))
       ->group(kWiresGroup);
   LoopValues& values = options.Values;
   // CLI11 takes options in the order in which they are added, so a setting given singly overrides the file's.
-  AddFileOption(command, "--zu", "A parameter file whose settings override these",
+  AddFileOption(command, "--zu", "Parameter file; overrides --loops, and single options override it",
                 [&values](const std::string& file) { values = ReadParameterText(file, TextOf(file)); })
       ->group(kWiresGroup);
   AddValue(command, "--base-loop-height", "UNITS", "Height of the base die's loops, in the file's units",
            values.BaseLoopHeight);
-  AddValue(command, "--base-extension", "UNITS", "How far the base die's loops run level",
-           values.BaseExtension);
+  AddValue(command, "--base-extension", "UNITS",
+           "Distance from the pad at which the base die's loops begin to descend", values.BaseExtension);
   AddValue(command, "--stack-loop-height", "UNITS", "Height of the stacked die's loops, and of stitches",
            values.StackLoopHeight);
   command
@@ -82,20 +83,24 @@ void AddLoopOptions(CLI::App& command, LoopOptions& options) {
             values.StackExtension =
                 text == "edge" ? model::kEdgeOfBaseDie : NumberOf("--stack-extension", text);
           },
-          "How far the stacked die's loops run level; edge: to the base die's edge")
+          "Distance from the pad at which the stacked die's loops begin to descend; edge: at the base die's "
+          "edge")
       ->type_name("UNITS|edge")
       ->group(kWiresGroup);
-  AddValue(command, "--stitch-extension", "UNITS", "How far stitches run level", values.StitchExtension);
+  AddValue(command, "--stitch-extension", "UNITS",
+           "Distance from the start at which stitches begin to descend", values.StitchExtension);
   AddTierLoops(command, "--tier-loop-height", "Height of a tier's loops, in place of the die's",
                &model::LoopShape::Height, options.Tiers);
-  AddTierLoops(command, "--tier-extension", "How far a tier's loops run level, in place of the die's",
+  AddTierLoops(command, "--tier-extension",
+               "Distance from the pad at which a tier's loops begin to descend, in place of the die's",
                &model::LoopShape::Extension, options.Tiers);
-  command.add_option("--material", values.Material, "Material of the wires; changes no picture")
+  command.add_option("--material", values.Material, "Material of the wires; does not affect pictures")
       ->check(CLI::IsMember(MaterialNames()))
       ->group(kWiresGroup);
   AddValue(command, "--wire-diameter", "MILS",
-           "The wires' diameter, for clearances and exports; changes no picture", values.WireDiameter);
-  AddValue(command, "--frequency", "HERTZ", "The signals' frequency; changes no picture", values.Frequency);
+           "The wires' diameter, for clearances and exports; does not affect pictures", values.WireDiameter);
+  AddValue(command, "--frequency", "HERTZ", "The signals' frequency; does not affect pictures",
+           values.Frequency);
 }
 
 model::WireBondSettings SettingsOf(const LoopOptions& options, const model::Package& package) {

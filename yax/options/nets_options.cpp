@@ -32,7 +32,7 @@ void AddNetOptions(CLI::App& command, analysis::NetRule& rule) {
   command
       .add_option_function<std::string>(
           "--net-pattern", [&rule](const std::string& text) { rule.Pattern = PatternOf(text); },
-          "The net of a wire is the first group of this pattern in its name, else the whole name")
+          "Regular expression for wire names; its first group is the net. Without a match the whole name is")
       ->type_name("REGEX");
 }
 

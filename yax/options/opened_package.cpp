@@ -15,7 +15,7 @@ void AddPackageOption(CLI::App& command, PackageOptions& options) {
 }
 
 void AddUnitOption(CLI::App& command, PackageOptions& options) {
-  AddUnitOption(command, "The length unit of the file (default: mil, in which wire diameters are)",
+  AddUnitOption(command, "Length unit of the file (default: mil); wire diameters are always in mils",
                 options.Unit);
 }
 
@@ -55,8 +55,7 @@ std::vector<analysis::WireLoop> OpenedPackage::LoopsOf(const model::WireInputs& 
 analysis::LengthUnit OpenedPackage::Unit() const {
   if (Options.Unit) return *Options.Unit;
   if (const auto likely = analysis::LikelyUnitOf(Package)) return *likely;
-  throw Unusable({.File = Package.PackagePath}, "this looks like mm",
-                 "pass --unit mm, or the unit that the file has");
+  throw Unusable({.File = Package.PackagePath}, "the die's size suggests mm", "pass --unit mm, um or mil");
 }
 
 double OpenedPackage::WireDiameter() const {

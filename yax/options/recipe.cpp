@@ -44,7 +44,8 @@ std::vector<RecipeItem> ReadRecipe(std::string_view text, const std::string& fil
     if (!item.parents.empty())
       throw Unusable({file}, "a recipe has no sections", "remove the lines in brackets");
     if (!seen.insert(item.name).second)
-      throw Unusable({file}, item.name + " is there twice", "give several values as a list in brackets");
+      throw Unusable({file}, "duplicate key " + model::Quoted(item.name),
+                     "give several values as a list in brackets");
     items.push_back({item.name, item.inputs});
   }
   return items;
