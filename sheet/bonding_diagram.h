@@ -20,7 +20,7 @@ class DoesNotFit : public std::runtime_error {
   std::optional<Paper> Fitting;  ///< a paper that the plan fits on, if there is one
 };
 
-/// Faults  DoesNotFit; DivisionByZero for a bowed ring without bulge
+/// Faults  TypesettingFault; DoesNotFit; DivisionByZero for a bowed ring without bulge
 Drawing BondingDiagram(const DiagramInputs& inputs);
 
 }  // namespace sheet

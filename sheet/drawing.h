@@ -87,16 +87,16 @@ struct Drawing {
   std::size_t LayerOf(std::string_view name);
 };
 
-/// Texts cannot be set or painted: the libraries for it are missing, or fail.
+/// The libraries that set and paint text are missing, or fail.
 class TypesettingFault : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-// These four fault with TypesettingFault.
-
 /// Cleans text for a sheet: bytes that are not UTF-8 become U+FFFD, control characters and line ends blanks.
 std::string CleanText(std::string_view bytes);
+
+// These three fault with TypesettingFault.
 
 /// The width of a text in the font that the PDF file embeds. All writers use it to place texts.
 double TextWidth(std::string_view words, double size, bool bold = false);

@@ -29,8 +29,8 @@ struct LabelPlace {
   double Along = 0.0;  ///< y of the label's middle at the left and right edge, x at the others
 };
 
-/// A place for every wish, or for an evenly spread part when there is no room for all. Orders the labels of
-/// an edge so that their leaders cross as little as possible.
+/// Gives each wish a place; when the room does not suffice, only an evenly spread part of the wishes. Orders
+/// the labels of an edge so that their leaders cross as little as possible.
 /// Returns  edge by edge, along each from low to high
 std::vector<LabelPlace> PlaceLabels(const std::vector<LabelWish>& wishes, const LabelRoom& room);
 
